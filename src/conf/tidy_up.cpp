@@ -7,7 +7,6 @@
 namespace {
 
 constexpr QByteArrayView MissingValue = "[MISSING VALUE!]";
-constexpr int ProgressLines = 4096;
 
 bool IsBlank(char c)
 {
@@ -69,14 +68,10 @@ QByteArray TidyLines(QByteArrayView lines, const ValueColumn& column, const Pass
 {
     QByteArray out;
     out.reserve(lines.size() + lines.size() / 4);
-    int done = 0;
-    for (qsizetype from = 0; from < lines.size(); ++done) {
-        const ByteLine line = TakeLine(lines, from);
+    ForEachLine(lines, progress, [&](const ByteLine& line) {
         AppendTidied(out, line.Text, column);
         out.append(line.Break);
-        if (progress && done % ProgressLines == 0)
-            progress(done);
-    }
+    });
     return out;
 }
 
