@@ -27,10 +27,12 @@ qsizetype CharacterCount(QByteArrayView utf8)
 
 void AppendPadding(QByteArray& out, QByteArrayView key, const ValueColumn& column)
 {
-    if (column.SuperTab)
+    if (column.SuperTab) {
         out.append('\t');
-    else
-        out.append(qMax<qsizetype>(0, column.SpacerWidth - CharacterCount(key) - 1), ' ');
+        return;
+    }
+    const qsizetype length = column.SingleByteText ? key.size() : CharacterCount(key);
+    out.append(qMax<qsizetype>(0, column.SpacerWidth - length - 1), ' ');
 }
 
 /// CleanValue on bytes.
