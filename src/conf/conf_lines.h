@@ -8,6 +8,7 @@ struct ValueColumn
 {
     int SpacerWidth = 43;
     bool SuperTab = false;
+    bool SingleByteText = false; ///< bytes of a pass are Windows-1252, a character each, and not UTF-8
 };
 /// As the settings have it now.
 ValueColumn CurrentValueColumn();

@@ -21,20 +21,19 @@ PassProgress ThrottledProgress(int maximum)
     };
 }
 
+/// Lines first to last, without the break behind the last one.
 QByteArrayView WholeLines(const EditorPane& pane, int first, int last)
 {
     const QByteArrayView all = pane.Bytes();
     const qsizetype from = pane.LineStart(first);
-    const qsizetype to = last + 1 < pane.LineCount() ? pane.LineStart(last + 1) : all.size();
+    if (last + 1 >= pane.LineCount())
+        return all.sliced(from);
+    qsizetype to = pane.LineStart(last + 1);
+    if (to > from && all.at(to - 1) == '\n')
+        --to;
+    if (to > from && all.at(to - 1) == '\r')
+        --to;
     return all.sliced(from, to - from);
-}
-
-/// ReplaceLines takes the lines without the last one's break.
-QByteArrayView WithoutLastBreak(QByteArrayView lines)
-{
-    if (lines.endsWith("\r\n"))
-        return lines.chopped(2);
-    return lines.endsWith('\n') || lines.endsWith('\r') ? lines.chopped(1) : lines;
 }
 
 } // namespace
@@ -65,7 +64,7 @@ void RunPassOnSelection(EditorPane& pane, const LinePass& pass)
     UndoGroup group(pane);
     Host().ShowProgress(lines, 0);
     const QByteArrayView before = WholeLines(pane, selection.StartLine, selection.EndLine);
-    const QByteArray after = pass(WithoutLastBreak(before), ThrottledProgress(lines));
+    const QByteArray after = pass(before, ThrottledProgress(lines));
     pane.ReplaceLines(selection.StartLine, selection.EndLine, after);
     Host().HideProgress();
     pane.SetSel({.StartLine = selection.StartLine, .EndLine = selection.StartLine}, true);

@@ -7,7 +7,6 @@
 namespace {
 
 constexpr QByteArrayView MissingValue = "[MISSING VALUE!]";
-constexpr int ProgressLines = 4096;
 
 bool IsBlank(char c)
 {
@@ -28,10 +27,12 @@ qsizetype CharacterCount(QByteArrayView utf8)
 
 void AppendPadding(QByteArray& out, QByteArrayView key, const ValueColumn& column)
 {
-    if (column.SuperTab)
+    if (column.SuperTab) {
         out.append('\t');
-    else
-        out.append(qMax<qsizetype>(0, column.SpacerWidth - CharacterCount(key) - 1), ' ');
+        return;
+    }
+    const qsizetype length = column.SingleByteText ? key.size() : CharacterCount(key);
+    out.append(qMax<qsizetype>(0, column.SpacerWidth - length - 1), ' ');
 }
 
 /// CleanValue on bytes.
@@ -69,14 +70,10 @@ QByteArray TidyLines(QByteArrayView lines, const ValueColumn& column, const Pass
 {
     QByteArray out;
     out.reserve(lines.size() + lines.size() / 4);
-    int done = 0;
-    for (qsizetype from = 0; from < lines.size(); ++done) {
-        const ByteLine line = TakeLine(lines, from);
+    ForEachLine(lines, progress, [&](const ByteLine& line) {
         AppendTidied(out, line.Text, column);
         out.append(line.Break);
-        if (progress && done % ProgressLines == 0)
-            progress(done);
-    }
+    });
     return out;
 }
 
