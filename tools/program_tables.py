@@ -23,14 +23,14 @@ def make_compat(out):
         "What makes the game print a default conf. A word in double quotes is one argument, without its quotes.",
         "1 graphics, 2 sounds, 3 music, 4 help texts, 5 help animations, 6 editor setup.",
         *numbered("ComType", [f'-e "print {name}.conf"' for name in PRINTED]),
-        "The game's data: the first of these folders that holds FileNameCheck5 counts. A path without \"/\" or \"~/\" in",
-        "front is taken from the folder of the executable.",
+        "The game's data: the first of these folders that holds FileNameCheck5 counts. A path without \"/\" or \"~/\"",
+        "in front is taken from the folder of the executable.",
         *numbered("GameFolder", GAME_FOLDERS),
         "Folders in the game's data.",
         ("DefDocsFolder", "docs"), ("DefGFXFolder", "graphics/gfx_classic"), ("DefSFXFolder", "sounds/snd_classic"),
-        "The proof that a file is the game: 1 its usual name, 2 the argument it is run with, 3 the file that keeps what it",
-        "printed, 4 a folder and 5 the levels folder in its data. One line of the output must be Banner, a blank and a",
-        "version number; warnings may stand before it.",
+        "The proof that a file is the game: 1 its usual name, 2 the argument it is run with, 3 the file that keeps what",
+        "it printed, 4 a folder and 5 the levels folder in its data. One line of the output must be Banner, a blank and",
+        "a version number; warnings may stand before it.",
         *numbered("FileNameCheck", ["rocksndiamonds", "--version", "proof.txt", "graphics", "levels"]),
         ("Banner", "Rocks'n'Diamonds"),
         "The player's own folder, and in it: 2 the settings with the last set played, 3 own level sets, 4 tapes.",
@@ -52,8 +52,8 @@ LAYOUTS = {
     "RND1": [36, 37, 38, 40, 42, 132, 156, 194, 196],
 }
 LAYOUT_REMARKS = {
-    OLD_FORM + "1.0": ["One section a form, named as the file's leading text. Values count bytes from the file's start;",
-                       "NA: the form has no such field. Mapsize is the low half of a 32-bit number."],
+    OLD_FORM + "1.0": ["One section a form, named as the file's leading text. Values count bytes from the file's",
+                       "start; NA: the form has no such field. Mapsize is the low half of a 32-bit number."],
     OLD_FORM + "1.2 AUTH": ["The second layout under the same leading text: files with the chunk AUTH at 158."],
     OLD_FORM + "1.4": ["Mapsize counts cells here, not bytes."],
     "RND1": ["File version 2: chunks HEAD at 28, AUTH at 148, BODY at 188."],
@@ -109,15 +109,15 @@ def make_user(out):
         colours += [(kind + "Colour", colour), (kind + "BackColour", back), (style_key, style)]
     colours += [("WindowColour", PAPER), ("HighlightedLineColour", 0xD4D4D4), ("MainFont", "Courier New"),
                 ("MainFontSize", 9.75), ("MediaListBackColour", PAPER), ("MediaListColour", 0),
-                ("MediaListFontName", "MS Sans Serif"), ("MediaListFontSize", 8.25), ("MediaListFontBold", 0),
-                ("MediaListFontItalic", 0)]
+                ("MediaListFontName", "MS Sans Serif"), ("MediaListFontSize", 8.25), ("MediaListFontBold", False),
+                ("MediaListFontItalic", False)]
     bands = [pair for number, (tag, control, width, row) in enumerate(BANDS, 1)
              for pair in ((f"T{number}", tag), (f"C{number}", control), (f"W{number}", width), (f"N{number}", row))]
     save(out / "user.ini",
          section("Misc", MISC, ["Settings of Gemforge. Flags are 0 or 1."]),
          section("QuickElementTemplate", [(number, 1) for number in range(10)],
-                 ["Lines of a quick element: xpos, ypos, frames, delay, anim_mode, start_frame, name, global_sync, offset,",
-                  "the three of EDITOR."]),
+                 ["Lines of a quick element: xpos, ypos, frames, delay, anim_mode, start_frame, name, global_sync,",
+                  "offset, the three of EDITOR."]),
          section("AutoCompleteTemplate", [(number, 1) for number in range(4)],
                  ["Words of the code list: elements, actions, graphic commands, special words."]),
          section("Nags", [(number, 1) for number in range(5)],
