@@ -5,8 +5,7 @@
 #include <QKeySequence>
 #include <QWidget>
 
-CommandSet::CommandSet(QWidget* window)
-    : QObject(window)
+CommandSet::CommandSet(QWidget* window) : QObject(window)
 {
     for (const MenuRow& menu : MainMenus()) {
         for (const CommandRow& row : menu.Rows) {

@@ -23,8 +23,9 @@ struct BarRow
     const char* Title;
 };
 constexpr BarRow Bars[] = {
-    {ToolStrip::tbFile, "tbFile", "File"}, {ToolStrip::tbEdit, "tbEdit", "Edit"}, {ToolStrip::tbFind, "tbFind", "Find"},
-    {ToolStrip::tbView, "tbView", "View"}, {ToolStrip::tbRnD, "tbRnD", "RnD"},    {ToolStrip::tbExtra, "tbExtra", "Extra"},
+    {ToolStrip::tbFile, "tbFile", "File"}, {ToolStrip::tbEdit, "tbEdit", "Edit"},
+    {ToolStrip::tbFind, "tbFind", "Find"}, {ToolStrip::tbView, "tbView", "View"},
+    {ToolStrip::tbRnD, "tbRnD", "RnD"},    {ToolStrip::tbExtra, "tbExtra", "Extra"},
 };
 constexpr int IconPixels = 20;
 
@@ -47,8 +48,7 @@ std::vector<CoolBarBand> StoredBands(int count)
 }
 
 CoolBar::CoolBar(QMainWindow* owner, const CommandSet& commands, const MenuTree& menus)
-    : window(owner),
-      findBox(new FindBox(owner))
+    : window(owner), findBox(new FindBox(owner))
 {
     for (const BarRow& row : Bars) {
         auto* bar = new QToolBar(QString::fromLatin1(row.Title), window);

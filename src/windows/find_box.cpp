@@ -7,8 +7,7 @@
 #include <QLineEdit>
 #include <QSignalBlocker>
 
-FindBox::FindBox(QWidget* parent)
-    : QComboBox(parent)
+FindBox::FindBox(QWidget* parent) : QComboBox(parent)
 {
     setObjectName(QStringLiteral("cmbFind"));
     setAccessibleName(QStringLiteral("Find"));
@@ -36,22 +35,14 @@ bool FindBox::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::FocusIn)
         Refill();
-    if (event->type() == QEvent::KeyPress && TakeKey(static_cast<QKeyEvent*>(event)->key()))
-        return true;
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            SearchFor(currentText());
+            return true;
+        }
+    }
     return QComboBox::eventFilter(watched, event);
-}
-
-bool FindBox::TakeKey(int key)
-{
-    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-        SearchFor(currentText());
-        return true;
-    }
-    if (key == Qt::Key_Escape) {
-        emit Left();
-        return true;
-    }
-    return false;
 }
 
 void FindBox::Refill()

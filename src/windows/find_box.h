@@ -14,13 +14,9 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
-signals:
-    void Left(); ///< Esc: the user wants back to the text
-
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void Refill();
-    bool TakeKey(int key);
 };

@@ -13,9 +13,9 @@ std::span<const CommandRow> FindCommands()
                    SearchAgain<CmdFindPrevious>},
         CommandRow{"mnuFindReplace", "Replace", "Ctrl+R", tbFind, "replace", nullptr, SeparatorBehind,
                    RunOnPane<CmdReplaceDialog>},
-        CommandRow{"mnuFindGoto", "Goto Line Number", "", tbFind, "goto_line_number", nullptr, NoFlags, [] { CurrentPane().ExecuteCmd(CmdGotoLine, -1); }},
-        CommandRow{"mnuFindGotoTop", "Goto Top", "", tbFind, "goto_top", nullptr, NoFlags,
-                   RunOnPane<CmdDocumentStart>},
+        CommandRow{"mnuFindGoto", "Goto Line Number", "", tbFind, "goto_line_number", nullptr, NoFlags,
+                   [] { CurrentPane().ExecuteCmd(CmdGotoLine, -1); }},
+        CommandRow{"mnuFindGotoTop", "Goto Top", "", tbFind, "goto_top", nullptr, NoFlags, RunOnPane<CmdDocumentStart>},
         CommandRow{"mnuFindGotoBotton", "Goto Bottom", "", tbFind, "goto_bottom", nullptr, NoFlags,
                    RunOnPane<CmdDocumentEnd>},
     };

@@ -25,9 +25,7 @@ QString HelpSubjectOf(const QWidget* part)
     return {};
 }
 
-HelpSubject::HelpSubject(QWidget* watchedWindow)
-    : QObject(watchedWindow),
-      window(watchedWindow)
+HelpSubject::HelpSubject(QWidget* watchedWindow) : QObject(watchedWindow), window(watchedWindow)
 {
     QCoreApplication::instance()->installEventFilter(this);
 }

@@ -11,9 +11,7 @@ namespace {
 class StripWidget : public QWidget
 {
 public:
-    StripWidget(const QString& title, QWidget* parent)
-        : QWidget(parent),
-          caption(title)
+    StripWidget(const QString& title, QWidget* parent) : QWidget(parent), caption(title)
     {
         setAccessibleName(caption);
         setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -64,8 +62,7 @@ private:
 
 } // namespace
 
-MenuStrip::MenuStrip(const QString& control, const QString& caption, QObject* parent)
-    : QWidgetAction(parent)
+MenuStrip::MenuStrip(const QString& control, const QString& caption, QObject* parent) : QWidgetAction(parent)
 {
     setObjectName(control);
     setText(caption);

@@ -10,9 +10,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-RecentPopup::RecentPopup(QWidget* parent)
-    : QFrame(parent),
-      tree(new QTreeWidget(this))
+RecentPopup::RecentPopup(QWidget* parent) : QFrame(parent), tree(new QTreeWidget(this))
 {
     setObjectName(QStringLiteral("RecentBack"));
     setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
@@ -70,10 +68,6 @@ bool RecentPopup::eventFilter(QObject* watched, QEvent* event)
     }
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Escape) {
-            emit Left();
-            return true;
-        }
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
             Choose(tree->currentItem());
             return true;

@@ -20,7 +20,6 @@ public:
 
 signals:
     void Chosen(int index);
-    void Left(); ///< the user wants it gone
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

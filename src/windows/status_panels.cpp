@@ -1,8 +1,8 @@
 #include "windows/status_panels.h"
 
+#include "windows/command_table.h"
 #include "windows/dialog_help.h"
 #include "windows/help_subject.h"
-#include "windows/command_table.h"
 #include "windows/icons.h"
 
 #include <QAccessible>
@@ -33,9 +33,7 @@ constexpr int NoticeMs = 6000, RepaintMs = 50;
 
 } // namespace
 
-StatusPanels::StatusPanels(QWidget* parent)
-    : QStatusBar(parent),
-      progress(new QProgressBar(this))
+StatusPanels::StatusPanels(QWidget* parent) : QStatusBar(parent), progress(new QProgressBar(this))
 {
     setObjectName(QStringLiteral("StatusBar"));
     for (int panel = 1; panel <= int(panels.size()); ++panel) {

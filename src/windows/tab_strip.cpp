@@ -7,9 +7,11 @@
 #include "windows/icons.h"
 
 #include <QHBoxLayout>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QToolButton>
+#include <QToolTip>
 
 namespace {
 
@@ -26,9 +28,7 @@ QToolButton* SmallButton(const QString& icon, const QString& name, QWidget* pare
 
 } // namespace
 
-TabStrip::TabStrip(QWidget* parent)
-    : QWidget(parent),
-      bar(new QTabBar(this))
+TabStrip::TabStrip(QWidget* parent) : QWidget(parent), bar(new QTabBar(this))
 {
     setObjectName(QStringLiteral("ssTxtWindows"));
     SetHelpSubject(this, HelpIdFor("tabs"));
@@ -81,11 +81,6 @@ void TabStrip::SetTab(int tab, const TabFace& face)
     bar->setTabVisible(tab, face.Visible);
 }
 
-void TabStrip::SetTabTip(int tab, const QString& tip)
-{
-    bar->setTabToolTip(tab, tip);
-}
-
 void TabStrip::Select(int tab)
 {
     if (tab == bar->currentIndex()) {
@@ -134,6 +129,12 @@ bool TabStrip::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched != bar)
         return false;
+    if (event->type() == QEvent::ToolTip && TipOf) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        const int tab = bar->tabAt(help->pos());
+        QToolTip::showText(help->globalPos(), tab < 0 ? QString() : TipOf(tab), bar);
+        return true;
+    }
     if (event->type() == QEvent::MouseButtonPress)
         leftDown = static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
     if (event->type() == QEvent::MouseButtonRelease) {
@@ -141,7 +142,8 @@ bool TabStrip::eventFilter(QObject* watched, QEvent* event)
         const Qt::MouseButton button = mouse->button();
         const int tab = bar->tabAt(mouse->position().toPoint());
         // Behind the component's own handling, and behind this event: the document may go with its tab.
-        QMetaObject::invokeMethod(this, [this, button, tab] { Released(button, tab); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this, button, tab] { Released(button, tab); }, Qt::QueuedConnection);
     }
     return false;
 }

@@ -5,6 +5,7 @@
 #include <QTabBar>
 #include <QWidget>
 #include <array>
+#include <functional>
 
 class QToolButton;
 
@@ -18,12 +19,12 @@ public:
     explicit TabStrip(QWidget* parent = nullptr);
 
     void SetTab(int tab, const TabFace& face);
-    /// Full path or a like word about the tab, shown while the mouse rests on it.
-    void SetTabTip(int tab, const QString& tip);
     void Select(int tab); ///< by code: tells Changed, not Activated
     int Selected() const { return bar->currentIndex(); }
     void SelectNext(int step); ///< by key: the next (1) or previous (-1) visible tab, around the ends
     QTabBar* Bar() const { return bar; }
+
+    std::function<QString(int tab)> TipOf; ///< asked when the mouse rests on a tab
 
 signals:
     void Changed(int tab); ///< any change of the selected tab
