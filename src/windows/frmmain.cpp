@@ -28,11 +28,11 @@
 #include <QMimeData>
 #include <QShortcut>
 #include <QStackedWidget>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace {
 
-constexpr int FlashMs = 200;
 constexpr QSize LeastSize{500, 400};
 
 enum KeyPanel { InsertPanel = 4, CapsPanel = 5, NumPanel = 6 };
@@ -104,8 +104,6 @@ void frmmain::ConnectParts()
         const QRect caret = part->inputMethodQuery(Qt::ImCursorRectangle).toRect();
         PopUpEditMenu(part->mapToGlobal(caret.bottomLeft()));
     });
-    tmrFlashTab.setInterval(FlashMs);
-    connect(&tmrFlashTab, &QTimer::timeout, this, &frmmain::FlashStep);
 }
 
 void frmmain::ClaimKeys()
@@ -238,12 +236,6 @@ void frmmain::ToggleInsert()
         if (pane)
             pane->SetOvertype(overtype);
     panels->ShowKey(InsertPanel, !overtype);
-}
-
-void frmmain::FlashStep()
-{
-    if (!FlashTick())
-        tmrFlashTab.stop();
 }
 
 void frmmain::Activated()

@@ -7,7 +7,6 @@
 #include "windows/menu_tree.h"
 
 #include <QMainWindow>
-#include <QTimer>
 #include <array>
 #include <memory>
 
@@ -92,7 +91,6 @@ private:
     void MoveFocus(); ///< F6: pane, find box, tab strip, pane ...
     void Activated();
     void MouseOver(const QString& helpId);
-    void FlashStep();
 
     CommandSet commands;
     MenuTree menus;
@@ -105,7 +103,6 @@ private:
     WindowKeys* keys;
     std::array<std::unique_ptr<EditorPane>, 8> panes;
     std::unique_ptr<EditorPane> buffer;
-    QTimer tmrFlashTab;
     bool mouseInList = false; ///< the mouse has been over the recent list since it opened
     bool overtype = false;
     bool finished = false;

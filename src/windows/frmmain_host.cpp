@@ -29,11 +29,6 @@ int frmmain::SelectedTab() const
     return strip->Selected();
 }
 
-void frmmain::FlashStarted()
-{
-    tmrFlashTab.start();
-}
-
 void frmmain::SetPanel(int panel, const QString& text, int picture)
 {
     panels->SetPanel(panel, text, picture);
