@@ -195,6 +195,9 @@ public:
     virtual void BeginBatch() = 0;
     virtual void EndBatch() = 0;
 
+    virtual bool CodeListOpen() const = 0;
+    virtual void CloseCodeList() = 0; ///< Esc closes the list before it stops anything
+
     std::function<QStringList(EditorPane&)> CodeList;              ///< asked when the list may open; empty answer: none
     std::function<bool(EditorPane&, const QString&)> CodeListPick; ///< item chosen; false: the pane inserts nothing
 
