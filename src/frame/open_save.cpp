@@ -19,18 +19,6 @@ public:
     BusyScope& operator=(const BusyScope&) = delete;
 };
 
-/// Two spellings of one file are one document. -1: no tab has it.
-int TabOf(const QString& path)
-{
-    const QString wanted = paths::Canonical(path);
-    for (int tab = 0; tab < 8; ++tab) {
-        const Document& document = Frame.Documents.at(tab);
-        if (HasFile(document) && paths::Canonical(document.Path) == wanted)
-            return tab;
-    }
-    return -1;
-}
-
 QString Absolute(const QString& path)
 {
     return QDir::isAbsolutePath(path) ? path : QDir::current().absoluteFilePath(path);
@@ -124,6 +112,17 @@ bool Save(const QString& told, bool backup)
 }
 
 } // namespace
+
+int TabOf(const QString& path)
+{
+    const QString wanted = paths::Canonical(path);
+    for (int tab = 0; tab < 8; ++tab) {
+        const Document& document = Frame.Documents.at(tab);
+        if (HasFile(document) && paths::Canonical(document.Path) == wanted)
+            return tab;
+    }
+    return -1;
+}
 
 bool OpenDocument(const QString& told, bool force)
 {
