@@ -19,18 +19,6 @@ public:
     BusyScope& operator=(const BusyScope&) = delete;
 };
 
-/// Two spellings of one file are one document. -1: no tab has it.
-int TabOf(const QString& path)
-{
-    const QString wanted = paths::Canonical(path);
-    for (int tab = 0; tab < 8; ++tab) {
-        const Document& document = Frame.Documents.at(tab);
-        if (HasFile(document) && paths::Canonical(document.Path) == wanted)
-            return tab;
-    }
-    return -1;
-}
-
 QString Absolute(const QString& path)
 {
     return QDir::isAbsolutePath(path) ? path : QDir::current().absoluteFilePath(path);
@@ -101,7 +89,7 @@ bool MayWrite(const QString& path, bool ownPath)
 bool Save(const QString& told, bool backup)
 {
     const QString path = Absolute(paths::ForWriting(told));
-    const int holder = TabOf(path);
+    const int holder = TabWithFile(path);
     const bool ownPath = holder == Frame.CurrentTab;
     if (!MayWrite(path, ownPath) || (backup && !BackupCurrentFile()))
         return false;
@@ -131,7 +119,7 @@ bool OpenDocument(const QString& told, bool force)
     const BusyScope busy;
     const QString existing = paths::Existing(told);
     const QString path = Absolute(existing.isEmpty() ? paths::Inside(told) : existing);
-    const int holder = force ? -1 : TabOf(path);
+    const int holder = force ? -1 : TabWithFile(path);
     if (holder >= 0) {
         Host().SelectTab(holder);
         ActivateTab();
