@@ -1,6 +1,7 @@
 #include "help/contents_pane.h"
 
 #include "help/help_book.h"
+#include "help/hit_delegate.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -31,12 +32,15 @@ ContentsPane::ContentsPane(const HelpBook& pages, QWidget* parent)
     box->setClearButtonEnabled(true);
     box->installEventFilter(this);
     count->setVisible(false);
+    count->setWordWrap(true);
     contents->setHeaderHidden(true);
     contents->setAccessibleName(tr("Contents"));
     contents->setFrameShape(QFrame::NoFrame);
     hits->setAccessibleName(tr("Pages found"));
     hits->setFrameShape(QFrame::NoFrame);
     hits->setUniformItemSizes(true);
+    hits->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    hits->setItemDelegate(new HitDelegate(hits));
     stack->addWidget(contents);
     stack->addWidget(hits);
 
@@ -48,6 +52,7 @@ ContentsPane::ContentsPane(const HelpBook& pages, QWidget* parent)
     setFocusProxy(box);
 
     FillContents();
+    TintBox();
     connect(box, &QLineEdit::textChanged, this, &ContentsPane::ShowHits);
     const auto chooseTree = [this](QTreeWidgetItem* item) {
         if (item && item->data(0, FileRole).isValid())
@@ -98,6 +103,23 @@ bool ContentsPane::eventFilter(QObject* watched, QEvent* event)
     return true;
 }
 
+void ContentsPane::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        TintBox();
+}
+
+void ContentsPane::TintBox()
+{
+    // Some desktops name no colour for it, and it stays black on their dark boxes.
+    QPalette colours = palette();
+    QColor faint = colours.color(QPalette::Text);
+    faint.setAlphaF(0.6F);
+    colours.setColor(QPalette::PlaceholderText, faint);
+    box->setPalette(colours);
+}
+
 void ContentsPane::FillContents()
 {
     QTreeWidgetItem* chapter = nullptr;
@@ -120,8 +142,10 @@ void ContentsPane::ShowHits(const QString& words)
 {
     hits->clear();
     for (const SearchHit& hit : book.Search(words, MostHits)) {
+        auto* item = new QListWidgetItem(hit.Title, hits);
         const QString below = hit.Title == hit.PageTitle ? hit.Excerpt : hit.PageTitle;
-        auto* item = new QListWidgetItem(hit.Title + QLatin1Char('\n') + below, hits);
+        item->setData(HitDelegate::SecondLineRole, below);
+        item->setData(Qt::AccessibleDescriptionRole, below);
         item->setData(FileRole, hit.Place.File);
         item->setData(AnchorRole, hit.Place.Anchor);
         item->setToolTip(hit.Excerpt);
@@ -133,7 +157,6 @@ void ContentsPane::ShowHits(const QString& words)
         count->setText(tr("Nothing found. Try fewer or shorter words."));
     else
         count->setText(hits->count() < MostHits ? tr("%1 found").arg(hits->count()) : tr("The best %1").arg(MostHits));
-    count->setWordWrap(true);
 }
 
 void ContentsPane::FollowKeyFromBox(int key)

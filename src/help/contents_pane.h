@@ -30,9 +30,11 @@ signals:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void FillContents();
+    void TintBox();
     void ShowHits(const QString& words);
     void FollowKeyFromBox(int key);
 

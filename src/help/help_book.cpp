@@ -31,22 +31,26 @@ QString AnchorFor(const PageText& page, const QString& word)
 /// How well a section answers; 0: not at all.
 int Score(const PageSection& section, const QString& pageTitle, const QStringList& words)
 {
-    int score = 1;
+    QString title = section.Title;
+    title.replace(QLatin1Char('_'), QLatin1Char(' '));
+    QString asked = words.join(QLatin1Char(' '));
+    asked.replace(QLatin1Char('_'), QLatin1Char(' '));
+    int score = title.compare(asked, Qt::CaseInsensitive) == 0 ? 200 : 1;
+    bool own = false; // a page's title alone would bring all of its sections
     for (const QString& word : words) {
-        if (section.Title.compare(word, Qt::CaseInsensitive) == 0)
-            score += 100;
-        else if (section.Title.startsWith(word, Qt::CaseInsensitive))
+        if (section.Title.startsWith(word, Qt::CaseInsensitive))
             score += 60;
         else if (section.Title.contains(word, Qt::CaseInsensitive))
             score += 40;
-        else if (pageTitle.contains(word, Qt::CaseInsensitive))
-            score += 10;
         else if (section.Text.contains(word, Qt::CaseInsensitive))
             score += 1;
+        else if (pageTitle.contains(word, Qt::CaseInsensitive))
+            continue;
         else
             return 0;
+        own = true;
     }
-    return score;
+    return own ? score : 0;
 }
 
 QString ExcerptOf(const QString& text, const QString& word)
@@ -116,7 +120,8 @@ std::vector<ContentsLine> HelpBook::Contents() const
     const PageText& page = Page(ContentsPage);
     int section = -1;
     for (const PageLink& link : page.Links) {
-        if (!Has(link.Target))
+        const bool inChapter = page.Sections[size_t(link.Section)].Title != page.Title;
+        if (!inChapter || !Has(link.Target))
             continue;
         if (section != link.Section)
             lines.push_back({page.Sections[size_t(link.Section)].Title, {}});
@@ -140,7 +145,8 @@ std::vector<SearchHit> HelpBook::Search(const QString& words, int most) const
     std::vector<Scored> found;
     for (auto page = pages.cbegin(); page != pages.cend(); ++page)
         for (const PageSection& section : page->Sections)
-            if (const int score = section.Title.isEmpty() ? 0 : Score(section, page->Title, wanted))
+            if (const int score =
+                    section.Title.isEmpty() || page.key() == ContentsPage ? 0 : Score(section, page->Title, wanted))
                 found.push_back({score, &page.key(), &section});
     std::sort(found.begin(), found.end(), [](const Scored& a, const Scored& b) {
         if (a.Score != b.Score)

@@ -39,6 +39,7 @@ public:
     const PageText& Page(const QString& file) const; ///< of a page there is
     QStringList Pages() const;                       ///< files of all pages, sorted
 
+    /// The links of the contents page, below the headings they stand under there.
     std::vector<ContentsLine> Contents() const;
 
     /// Sections that hold every one of the blank-parted words, in any case, best first: words in titles count more

@@ -8,6 +8,7 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QMenuBar>
+#include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QStyle>
@@ -89,7 +90,7 @@ void HelpWindow::MakeActions()
     const Row page[] = {
         {"&Back", keys({"Alt+Left", "Backspace"}), QStyle::SP_ArrowBack, [this] { view->backward(); }},
         {"&Forward", keys({"Alt+Right"}), QStyle::SP_ArrowForward, [this] { view->forward(); }},
-        {"&Contents", keys({"Alt+Home"}), QStyle::SP_DirHomeIcon, [this] { ShowId(QString()); }},
+        {"&Contents", keys({"Alt+Home"}), QStyle::SP_FileDialogListView, [this] { ShowId(QString()); }},
         {"", {}, {}, {}},
         {"&Search All Pages", keys({"Ctrl+Shift+F", "Ctrl+K"}), {}, [this] { contents->FocusSearch(); }},
         {"Find on This &Page", keys({"Ctrl+F"}), QStyle::SP_FileDialogContentsView, [this] { find->Open(); }},
@@ -106,6 +107,7 @@ void HelpWindow::MakeActions()
     auto* bar = addToolBar(tr("Pages"));
     bar->setObjectName(QStringLiteral("pages"));
     bar->setMovable(false);
+    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     const auto fill = [&](QMenu* menu, std::span<const Row> rows) {
         for (const Row& row : rows) {
             if (*row.Caption == 0) {
@@ -143,11 +145,13 @@ void HelpWindow::MakeActions()
 
 void HelpWindow::LayOut()
 {
+    statusBar()->setSizeGripEnabled(false);
     setCentralWidget(split);
     split->setChildrenCollapsible(false);
     split->setStretchFactor(1, 1);
     contents->setMinimumWidth(fontMetrics().averageCharWidth() * 20);
-    resize(fontMetrics().averageCharWidth() * 140, fontMetrics().height() * 42);
+    const QSize roomy(fontMetrics().averageCharWidth() * 140, fontMetrics().height() * 42);
+    resize(roomy.boundedTo(screen()->availableSize() * 0.9));
     split->setSizes({width() * 3 / 10, width() * 7 / 10});
 
     const WindowMemory memory = RecallWindow();
@@ -158,13 +162,13 @@ void HelpWindow::LayOut()
             [this](int percent) { statusBar()->showMessage(tr("Text size %1 %").arg(percent), 2000); });
 }
 
-void HelpWindow::FollowView()
+void HelpWindow::FollowView(const QUrl& source)
 {
-    const QString file = view->Place().File;
+    const QString file = PageView::PlaceOf(source).File;
     if (!book.Has(file))
         return;
     statusBar()->clearMessage();
-    setWindowTitle(tr("%1 - Gemforge Help").arg(book.Page(file).Title));
+    setWindowTitle(file == ContentsPage ? tr("Gemforge Help") : tr("%1 - Gemforge Help").arg(book.Page(file).Title));
     contents->MarkPage(file);
 }
 

@@ -28,7 +28,7 @@ protected:
 private:
     void MakeActions();
     void LayOut();
-    void FollowView();
+    void FollowView(const QUrl& source);
     void Escape();
 
     HelpBook book;

@@ -49,6 +49,7 @@ QString PageStyle(const QPalette& palette)
                                          "th { text-align: left; background-color: %3; }"
                                          "th, td { padding: 3px 10px 3px 4px; }"
                                          ".note { background-color: %3; }"
+                                         ".see { margin-top: 18px; }"
                                          ".faint { color: %4; }");
     return rules.arg(text.name(), Legible(palette.color(QPalette::Link), base).name(), Mixed(base, text, 0.08).name(),
                      Legible(Mixed(text, base, 0.4), base).name());

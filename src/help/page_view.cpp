@@ -48,9 +48,9 @@ void PageView::ShowPlace(const HelpPlace& place)
         verticalScrollBar()->setValue(0);
 }
 
-HelpPlace PageView::Place() const
+HelpPlace PageView::PlaceOf(const QUrl& source)
 {
-    return {FileOf(source()), source().fragment()};
+    return {FileOf(source), source.fragment()};
 }
 
 void PageView::ShowFailure(const QString& title, const QString& text)
@@ -77,6 +77,8 @@ bool PageView::Find(const QString& text, bool backward, bool fromHere)
     QTextDocument::FindFlags flags;
     flags.setFlag(QTextDocument::FindBackward, backward);
     QTextCursor from = textCursor();
+    if (!from.hasSelection())
+        from = cursorForPosition(QPoint(0, 0));
     if (fromHere)
         from.setPosition(from.selectionStart());
     QTextCursor hit = document()->find(text, from, flags);

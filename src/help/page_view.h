@@ -15,7 +15,7 @@ public:
     explicit PageView(const HelpBook& pages, QWidget* parent = nullptr);
 
     void ShowPlace(const HelpPlace& place);
-    HelpPlace Place() const;
+    static HelpPlace PlaceOf(const QUrl& source);
 
     /// Shows a failure in place of a page.
     void ShowFailure(const QString& title, const QString& text);
