@@ -52,9 +52,26 @@ void CloseTab();
 void CloseAllTabs();
 void StopPreview();
 
-/// Flash of a tab: FlashTabCaption starts it, a timer of the window calls FlashTick every 200 ms while it gives true.
+/// Does the slot hold a document with a file?
+bool HasFile(const Document& document);
+
+/// The tab that holds a file, by whatever spelling or link; -1 for none.
+int TabWithFile(const QString& path);
+
+/// Empties a slot: text, undo history and Modified too. All but tab 0 are hidden.
+void EmptySlot(int tab);
+
+int ModifiedTabs(); ///< visible tabs with unsaved text
+
+/// True if the pane's text is saved or the user lets it go (message 8).
+bool MayGiveUp(EditorPane& pane);
+
+/// Status panel 3 and the process's folder follow CurrentFolder and CurrentFile.
+void ShowCurrentPath();
+
+/// Starts the flash of a tab: nine phases of 200 ms, four of them dark.
 void FlashTabCaption(int tab);
-bool FlashTick();
+bool FlashTick(); ///< one phase; true while there are more. Runs by itself.
 
 EditorPane& CurrentPane();
 

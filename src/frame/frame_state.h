@@ -9,11 +9,14 @@
 
 #include <QElapsedTimer>
 #include <array>
+#include <memory>
 #include <vector>
 
 class Asker;
 class HostWindow;
+class IniStore;
 class Recovery;
+struct MediaLists;
 
 /// All state of the application frame: one instance, reset between tests. Folder texts end with "/".
 struct FrameState
@@ -22,6 +25,7 @@ struct FrameState
     QString CommandLine; ///< path of the file to open, absolute; or empty
     QString ProgramFolder, DataFolder, MacrosFolder, HelpExe, HelpZip;
     bool StartingUp = false;
+    bool SettingsReadOnly = false; ///< changes of settings hold in memory only
 
     std::array<Document, 8> Documents;
     int CurrentTab = 0;
@@ -29,6 +33,7 @@ struct FrameState
     QString CurrentFolder, CurrentFile;
     bool DocumentLoading = false, ForceLanguage = false;
     int FlashTab = 0, FlashCount = -1;
+    bool Flashing = false;
 
     int ShowWelcome = 0;
     std::array<QString, 8> ConfNames;
@@ -40,6 +45,8 @@ struct FrameState
     std::vector<RecentEntry> Recent;
 
     MediaPatterns Media; ///< what the three file lists show
+    std::shared_ptr<MediaLists> Lists;
+    std::shared_ptr<IniStore> Ini; ///< of DataFolder
     bool StopRequested = false;
     int RunningWork = 0; ///< macros, child waits, modal windows, open groups; a close waits for 0
 

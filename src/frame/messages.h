@@ -4,7 +4,7 @@
 #include <span>
 
 /// One numbered message. To add one: add its row in messages.cpp, in number order; a number from 300 to 349 for our
-/// own questions; give it a way out if no button is "Cancel" or "Break" and the first button would lose something.
+/// own messages; give it a way out if no button is "Cancel" or "Break" and the first button would lose something.
 struct MessageRow
 {
     int Code;
@@ -47,6 +47,7 @@ enum OwnMessage : int {
     MessageChangedOutside = 300, ///< text: the files; "Load Again_Keep Mine"
     MessageChangeToUtf8 = 301,   ///< text: the file; "Save As UTF-8_Cancel"
     MessageSettingsBroken = 302, ///< text: keys that took the shipped default
-    MessageFolderReadOnly = 303, ///< text: the folder; settings stay in memory
+    MessageFolderReadOnly = 303, ///< text: path and reason; settings stay in memory
     MessageFileVanished = 304,   ///< text: the files
+    MessageNoBackup = 305,       ///< text: path and reason; "Save Without Backup_Cancel"
 };

@@ -7,6 +7,7 @@
 #include <array>
 
 class EditorPane;
+class SettingsReader;
 
 /// One syntax kind: its three keys and the slots of the pane they go to.
 struct SyntaxRow
@@ -36,7 +37,8 @@ struct SettingsRecord
     bool MediaListFontBold = false, MediaListFontItalic = false;
 
     std::array<QString, 7> ComType; ///< 1 to 6
-    QStringList SheetKinds;         ///< endings of tile sheets, lower case, without dot
+    /// Endings of tile sheets, lower case, without dot.
+    QStringList SheetKinds{QStringLiteral("pcx"), QStringLiteral("png")};
     QStringList AnimModes;
     QString RndFolder, RndDocsFolder, RndGfxFolderName, RndSfxFolderName, LevelsFolder;
 };
@@ -60,8 +62,14 @@ public:
 };
 
 void LoadSettings();
+/// Applies the colours, styles and font of a section to a pane, and to the tabs' panes 1 to 7 if told. Keys that are
+/// missing or broken take their shipped value; `reader` notes them.
 void LoadSyntaxColours(EditorPane& pane, const QString& section, bool copyToAllPanes);
-void ApplyViewSetting(int id, int value);
+void LoadSyntaxColours(EditorPane& pane, const QString& section, bool copyToAllPanes, SettingsReader& reader);
+
+/// View settings by number: 1 line numbers, 2 blanks and tabs, 3 colours, 4 undo limit, 5 super tab.
+int ViewSetting(int id);
+void ApplyViewSetting(int id, int value); ///< to all eight panes
 
 /// A view toggle: flips the setting, its check mark and button, writes the key, applies it to all panes.
 struct ViewToggle
