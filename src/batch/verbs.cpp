@@ -1,0 +1,76 @@
+#include "batch/verbs.h"
+
+#include "batch/conf_verbs.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr Verb AllVerbs[] = {
+    {"check", "FILE...",
+     "Prints the first bad line of each file as FILE:LINE: MESSAGE, LINE from 1, one line a message.\n"
+     "The kind of conf follows from the file's name; images are looked for in the file's folder, in the\n"
+     "folder of its \"#!*\" line and in the game's graphics folder.\n"
+     "Ends with 1 if any file has a bad line, else with 0.\n",
+     CheckVerb},
+    {"tidy", "FILE...", "Brings every value of the files to the value column, in place.\n", TidyVerb},
+    {"comment", "FILE A B", "Puts \"#\" in front of lines A to B, counted from 1, in place.\n", CommentVerb},
+    {"uncomment", "FILE A B", "Takes one \"#\" from the front of lines A to B, counted from 1, in place.\n",
+     UncommentVerb},
+};
+
+const Verb* FindVerb(const QString& name)
+{
+    const auto found = std::find_if(std::begin(AllVerbs), std::end(AllVerbs),
+                                    [&](const Verb& verb) { return name == QLatin1String(verb.Name); });
+    return found == std::end(AllVerbs) ? nullptr : found;
+}
+
+void ListVerbs(QTextStream& out)
+{
+    out << "gemforge-batch VERB ARGUMENTS: tools of Gemforge without a window.\n\n";
+    for (const Verb& verb : AllVerbs)
+        out << "  gemforge-batch " << verb.Name << ' ' << verb.Usage << '\n';
+    out << "\ngemforge-batch VERB --help explains a verb. A usage or reading error ends with 2.\n";
+}
+
+bool AsksForHelp(const QString& word)
+{
+    return word == QLatin1String("--help") || word == QLatin1String("-h");
+}
+
+} // namespace
+
+std::span<const Verb> Verbs()
+{
+    return AllVerbs;
+}
+
+VerbResult WrongUsage(const char* verb, const QString& reason, VerbStreams& streams)
+{
+    streams.Err << "gemforge-batch " << verb << ": " << reason << '\n';
+    if (const Verb* row = FindVerb(QString::fromLatin1(verb)))
+        streams.Err << "Use: gemforge-batch " << row->Name << ' ' << row->Usage << '\n';
+    return VerbFailed;
+}
+
+VerbResult RunVerb(const QStringList& arguments, VerbStreams streams)
+{
+    if (arguments.isEmpty()) {
+        ListVerbs(streams.Err);
+        return VerbFailed;
+    }
+    if (AsksForHelp(arguments.first())) {
+        ListVerbs(streams.Out);
+        return VerbDone;
+    }
+    const Verb* verb = FindVerb(arguments.first());
+    if (!verb)
+        return WrongUsage(qPrintable(arguments.first()), QStringLiteral("there is no such verb (see --help)"), streams);
+    const QStringList rest = arguments.mid(1);
+    if (!rest.isEmpty() && AsksForHelp(rest.first())) {
+        streams.Out << "gemforge-batch " << verb->Name << ' ' << verb->Usage << '\n' << verb->Help;
+        return VerbDone;
+    }
+    return verb->Run(rest, streams);
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QStringList>
+#include <QTextStream>
+#include <span>
+
+/// Where a verb speaks: results on Out, usage and reading errors on Err.
+struct VerbStreams
+{
+    QTextStream& Out;
+    QTextStream& Err;
+};
+
+/// What a verb ends with, as the process's exit code.
+enum VerbResult : int { VerbDone = 0, VerbFound = 1, VerbFailed = 2 };
+
+/// One verb of gemforge-batch. To add one: a row in verbs.cpp and its handler in a file of its subject.
+struct Verb
+{
+    const char* Name;
+    const char* Usage; ///< arguments behind the name
+    const char* Help;  ///< what it does, its output and exit codes
+    VerbResult (*Run)(const QStringList& arguments, VerbStreams& streams);
+};
+std::span<const Verb> Verbs();
+
+/// Runs `arguments` (verb first). "--help" alone lists the verbs, behind a verb it explains that one.
+VerbResult RunVerb(const QStringList& arguments, VerbStreams streams);
+
+/// Tells what is wrong with a call and how the verb is used.
+VerbResult WrongUsage(const char* verb, const QString& reason, VerbStreams& streams);

@@ -1,0 +1,8 @@
+#include "conf/element_record.h"
+
+ElementState Conf;
+
+void ResetConf()
+{
+    Conf = ElementState{};
+}

@@ -1,0 +1,163 @@
+#include "conf/line_hints.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr int MostSlips = 2;
+
+/// Typing slips between two words: a letter too many, too few, another or two exchanged. Gives MostSlips + 1 as soon
+/// as the words are known to be farther apart.
+int SlipsBetween(QStringView a, QStringView b)
+{
+    if (qAbs(a.size() - b.size()) > MostSlips)
+        return MostSlips + 1;
+    std::vector<int> older, old(b.size() + 1), now(b.size() + 1);
+    for (qsizetype j = 0; j <= b.size(); ++j)
+        old[j] = int(j);
+    for (qsizetype i = 1; i <= a.size(); ++i) {
+        now[0] = int(i);
+        int least = now[0];
+        for (qsizetype j = 1; j <= b.size(); ++j) {
+            const int other = a[i - 1] == b[j - 1] ? 0 : 1;
+            now[j] = std::min({old[j] + 1, now[j - 1] + 1, old[j - 1] + other});
+            if (i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1])
+                now[j] = std::min(now[j], older[j - 2] + 1);
+            least = std::min(least, now[j]);
+        }
+        if (least > MostSlips)
+            return MostSlips + 1;
+        older = old;
+        old = now;
+    }
+    return old.back();
+}
+
+QString Unknown(const QString& what, QByteArrayView word, const QStringList& known)
+{
+    const QString text = QString::fromUtf8(word);
+    const QString near = NearestWord(text, known);
+    const QString said = what + QStringLiteral(" \"") + text + QStringLiteral("\" is not known.");
+    return near.isEmpty() ? said : said + QStringLiteral(" Did you mean \"") + near + QStringLiteral("\"?");
+}
+
+/// Each part of the key must be a word of the mode: the first an element, the others anything that may follow one.
+QStringList UnknownWords(QByteArrayView key, const HintWords& words)
+{
+    if (words.ElementSet.isEmpty() || key == QByteArrayView("include"))
+        return {};
+    QStringList messages;
+    const QList<QByteArray> parts = key.toByteArray().split('.');
+    if (!words.ElementSet.contains(parts.first()))
+        messages << Unknown(QStringLiteral("The element"), parts.first(), words.Elements);
+    for (const QByteArray& part : parts.mid(1))
+        if (!words.PartSet.contains(part))
+            messages << Unknown(QStringLiteral("The word"), part, words.Parts);
+    return messages;
+}
+
+/// Line number, from 0, of an earlier line with this key; -1 if there is none. `before` ends where the line begins.
+int EarlierLine(QByteArrayView before, QByteArrayView key, int line)
+{
+    const QByteArray wanted = key.toByteArray() + ':';
+    for (qsizetype at = before.size(); (at = before.first(at).lastIndexOf(wanted)) >= 0;) {
+        const bool atLineStart = at == 0 || before.at(at - 1) == '\n' || before.at(at - 1) == '\r';
+        if (atLineStart)
+            return line - int(before.sliced(at).count('\n'));
+    }
+    return -1;
+}
+
+class Hints
+{
+public:
+    Hints(QByteArrayView wholeText, const HintContext& hintContext) : text(wholeText), context(hintContext) {}
+
+    void Look(QByteArrayView line, qsizetype start, int number)
+    {
+        for (const QString& message : CheckLine(line, context.Check))
+            Add(number, HintLevel::Error, message);
+        if (line.size() > LongestGameLine)
+            Add(number, HintLevel::Faint, QStringLiteral("The game reads no more than 1,023 bytes of a line."));
+        const qsizetype colon = line.indexOf(':');
+        const qsizetype cut = line.indexOf('#');
+        if (colon <= 0 || (cut >= 0 && cut < colon))
+            return;
+        if (cut >= 0)
+            Add(number, HintLevel::Faint, QStringLiteral("The game cuts the line at \"#\"."));
+        LookAtKey(line.first(colon), start, number);
+    }
+
+    std::vector<LineHint> Found;
+
+private:
+    void LookAtKey(QByteArrayView key, qsizetype start, int number)
+    {
+        if (key.contains(' ') || key.contains('\t'))
+            return;
+        for (const QString& message : UnknownWords(key, context.Words))
+            Add(number, HintLevel::Faint, message);
+        const qsizetype reach = text.size() > context.WholeFileLimit ? NearReach : start;
+        const QByteArrayView before = text.sliced(qMax<qsizetype>(0, start - reach), qMin(reach, start));
+        const int earlier = EarlierLine(before, key, number);
+        if (earlier >= 0)
+            Add(number, HintLevel::Faint,
+                QStringLiteral("Line %1 has the same key already; the later line counts.").arg(earlier + 1));
+    }
+
+    void Add(int line, HintLevel level, const QString& message) { Found.push_back({line, level, message}); }
+
+    static constexpr qsizetype NearReach = 64 << 10;
+    QByteArrayView text;
+    const HintContext& context;
+};
+
+} // namespace
+
+HintWords MakeHintWords(const std::array<QStringList, WordKindCount>& lists)
+{
+    HintWords words;
+    for (const QString& word : lists[KindElements])
+        if (word != NoWords)
+            words.Elements << word;
+    for (const int kind : {KindActions, KindGraphicComs, KindSpecial})
+        for (const QString& word : lists[kind])
+            if (word != NoWords)
+                words.Parts << word;
+    for (const QString& word : words.Elements)
+        words.ElementSet.insert(word.toUtf8());
+    for (const QString& word : words.Parts)
+        words.PartSet.insert(word.toUtf8());
+    return words;
+}
+
+std::vector<LineHint> HintsForLines(QByteArrayView text, qsizetype start, int first, int last,
+                                    const HintContext& context)
+{
+    Hints hints(text, context);
+    qsizetype from = start;
+    for (int number = first; number <= last; ++number) {
+        const qsizetype lineStart = from;
+        const ByteLine line = TakeLine(text, from);
+        hints.Look(line.Text, lineStart, number);
+        if (line.Break.isEmpty())
+            break;
+    }
+    return std::move(hints.Found);
+}
+
+QString NearestWord(const QString& word, const QStringList& known)
+{
+    QString nearest;
+    // A short word is near to everything: one slip a three letters at most.
+    int fewest = qMin(MostSlips, int(word.size()) / 3) + 1;
+    for (const QString& candidate : known) {
+        const int slips = SlipsBetween(word, candidate);
+        if (slips < fewest) {
+            fewest = slips;
+            nearest = candidate;
+        }
+    }
+    return nearest;
+}

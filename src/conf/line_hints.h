@@ -1,0 +1,47 @@
+#pragma once
+
+#include "conf/check.h"
+#include "frame/vocabulary.h"
+
+#include <QSet>
+#include <vector>
+
+/// What the margin says about lines while the user types. Beside the rules of the check these are things the game
+/// passes over without a word: none of them makes a line wrong by itself.
+
+enum class HintLevel { Faint, Error };
+
+struct LineHint
+{
+    int Line = 0;
+    HintLevel Level = HintLevel::Faint;
+    QString Message;
+
+    bool operator==(const LineHint&) const = default;
+};
+
+/// The words of one mode, made once for many lines.
+struct HintWords
+{
+    QStringList Elements, Parts; ///< first parts; further parts of a key
+    QSet<QByteArray> ElementSet, PartSet;
+};
+HintWords MakeHintWords(const std::array<QStringList, WordKindCount>& lists);
+
+struct HintContext
+{
+    CheckContext Check;
+    HintWords Words;
+    /// Files above this size are searched for a second equal key near the line only.
+    qsizetype WholeFileLimit = 4 << 20;
+};
+
+/// Longest line that the game reads, in bytes (release 4.4.2.1).
+constexpr qsizetype LongestGameLine = 1023;
+
+/// Hints for lines first to last of a text. `start` is where line `first` begins.
+std::vector<LineHint> HintsForLines(QByteArrayView text, qsizetype start, int first, int last,
+                                    const HintContext& context);
+
+/// The known word that differs least from `word`, at most two typing slips away; empty if none is near.
+QString NearestWord(const QString& word, const QStringList& known);

@@ -1,0 +1,71 @@
+#include "conf/line_pass.h"
+
+#include "frame/frame_state.h"
+
+#include <cstring>
+
+namespace {
+
+/// Passes repaint the progress bar at most this often.
+constexpr qint64 ProgressEvery = 50;
+
+PassProgress ThrottledProgress(int maximum)
+{
+    QElapsedTimer timer;
+    timer.start();
+    return [maximum, timer](int done) mutable {
+        if (timer.elapsed() < ProgressEvery)
+            return;
+        timer.restart();
+        Host().ShowProgress(maximum, done);
+    };
+}
+
+/// Lines first to last, without the break behind the last one.
+QByteArrayView WholeLines(const EditorPane& pane, int first, int last)
+{
+    const QByteArrayView all = pane.Bytes();
+    const qsizetype from = pane.LineStart(first);
+    if (last + 1 >= pane.LineCount())
+        return all.sliced(from);
+    qsizetype to = pane.LineStart(last + 1);
+    if (to > from && all.at(to - 1) == '\n')
+        --to;
+    if (to > from && all.at(to - 1) == '\r')
+        --to;
+    return all.sliced(from, to - from);
+}
+
+} // namespace
+
+ByteLine TakeLine(QByteArrayView bytes, qsizetype& from)
+{
+    const char* start = bytes.data() + from;
+    const char* end = bytes.data() + bytes.size();
+    const auto* feed = static_cast<const char*>(std::memchr(start, '\n', size_t(end - start)));
+    const auto* stop = feed ? feed : end;
+    // A lone carriage return ends a line too; the common case is that none stands before the line feed.
+    const auto* back = static_cast<const char*>(std::memchr(start, '\r', size_t(stop - start)));
+    if (back)
+        stop = back;
+    const char* next = stop;
+    if (next < end && *next == '\r')
+        ++next;
+    if (next < end && *next == '\n')
+        ++next;
+    from += next - start;
+    return {QByteArrayView(start, stop - start), QByteArrayView(stop, next - stop)};
+}
+
+void RunPassOnSelection(EditorPane& pane, const LinePass& pass)
+{
+    const Range selection = pane.GetSel(true);
+    const int lines = selection.EndLine - selection.StartLine + 1;
+    UndoGroup group(pane);
+    Host().ShowProgress(lines, 0);
+    const QByteArrayView before = WholeLines(pane, selection.StartLine, selection.EndLine);
+    const QByteArray after = pass(before, ThrottledProgress(lines));
+    pane.ReplaceLines(selection.StartLine, selection.EndLine, after);
+    Host().HideProgress();
+    pane.SetSel({.StartLine = selection.StartLine, .EndLine = selection.StartLine}, true);
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QString>
+
+/// Title of the file dialogs' filter, one for open, save and insert.
+QString DocumentFilter();
+
+void NewDocument(int mode);
+void MakeTemplate(int mode);
+void OpenCommand();
+/// Opens a file in the current tab, or shows the tab that has it unless `force` is set. True if a tab shows it now;
+/// otherwise the reason was told and tab, path and text are as they were.
+bool OpenDocument(const QString& path, bool force);
+void RevertDocument();
+void InsertFileAtCaret();
+void SaveCommand();
+void SaveDocumentAs();
+/// True if the file was written.
+bool SaveDocument(const QString& path);
+/// Copies the file on disk to the first free numbered backup. False if there is a file and it could not be copied,
+/// and the user does not want to save without.
+bool BackupCurrentFile();
+void ApplyInjectPath(const QString& text);
+/// Applies the inject path that line 0 of the current pane holds, if it does.
+void ApplyStoredInjectPath();
+/// The button "<- Inject Path": the Extra folder as a new first line.
+void InsertInjectPath();
+QString UniqueName(const QString& base, bool folder);
+
+/// The tab that has the file, -1: none. Two spellings of one file are one document.
+int TabOf(const QString& path);
+
+/// Notes size and time of a tab's file, so that a change by another program is seen.
+void NoteDiskState(int tab);
+/// Has another program changed or made the tab's file since it was read or written? False if it has gone.
+bool ChangedOnDisk(int tab);
+/// Looks for files that another program has changed or removed since they were read or written; asks once for all.
+/// Call when the main window gets the focus.
+void CheckChangedOutside();

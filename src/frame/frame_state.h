@@ -1,0 +1,72 @@
+#pragma once
+
+#include "frame/documents.h"
+#include "frame/editor_operations.h"
+#include "frame/messages.h"
+#include "frame/recent_list.h"
+#include "frame/settings.h"
+#include "frame/vocabulary.h"
+
+#include <QElapsedTimer>
+#include <array>
+#include <memory>
+#include <vector>
+
+class Asker;
+class HostWindow;
+class IniStore;
+class Recovery;
+struct MediaLists;
+
+/// All state of the application frame: one instance, reset between tests. Folder texts end with "/".
+struct FrameState
+{
+    QElapsedTimer StartTicks;
+    QString CommandLine; ///< path of the file to open, absolute; or empty
+    QString ProgramFolder, DataFolder, MacrosFolder, HelpExe, HelpZip;
+    bool StartingUp = false;
+    bool SettingsReadOnly = false; ///< changes of settings hold in memory only
+
+    std::array<Document, 8> Documents;
+    int CurrentTab = 0;
+    int CurrentMode = ModeGfx;
+    QString CurrentFolder, CurrentFile;
+    bool DocumentLoading = false, ForceLanguage = false;
+    int FlashTab = 0, FlashCount = -1;
+    bool Flashing = false;
+
+    int ShowWelcome = 0;
+    std::array<QString, 8> ConfNames;
+
+    SettingsRecord Settings;
+    WordListTable WordLists;
+    EditorGlobals Globals;
+    MessageRecord Message;
+    std::vector<RecentEntry> Recent;
+
+    MediaPatterns Media; ///< what the three file lists show
+    std::shared_ptr<MediaLists> Lists;
+    std::shared_ptr<IniStore> Ini; ///< of DataFolder
+    bool StopRequested = false;
+    int RunningWork = 0; ///< macros, child waits, modal windows, open groups; a close waits for 0
+
+    HostWindow* Host = nullptr;
+    Asker* Ask = nullptr;
+    Recovery* Keeper = nullptr; ///< null: nothing is kept (batch, most tests)
+};
+extern FrameState Frame;
+void ResetFrame();
+
+void InstallHost(HostWindow& host, Asker& asker);
+HostWindow& Host();
+Asker& Ask();
+
+/// Counts one running piece of work for its scope.
+class WorkScope
+{
+public:
+    WorkScope() { ++Frame.RunningWork; }
+    ~WorkScope() { --Frame.RunningWork; }
+    WorkScope(const WorkScope&) = delete;
+    WorkScope& operator=(const WorkScope&) = delete;
+};

@@ -1,0 +1,215 @@
+#include "frame/media_lists.h"
+
+#include "frame/frame_state.h"
+#include "frame/host_window.h"
+#include "platform/paths.h"
+
+#include <QFile>
+#include <algorithm>
+#include <filesystem>
+
+namespace {
+
+/// Endings of patterns such as "*.pcx;*.png", with their dot.
+QStringList Endings(const QString& patterns)
+{
+    QStringList endings;
+    for (const QString& pattern : patterns.split(u';', Qt::SkipEmptyParts))
+        endings << pattern.trimmed().mid(1);
+    return endings;
+}
+
+QStringList ReadFolder(const QString& folder, const QString& patterns)
+{
+    const QStringList endings = Endings(patterns);
+    QStringList names;
+    std::error_code error;
+    std::filesystem::directory_iterator entry(QFile::encodeName(folder).toStdString(), error);
+    for (const std::filesystem::directory_iterator end; !error && entry != end; entry.increment(error)) {
+        const QString name = QFile::decodeName(entry->path().filename().c_str());
+        const bool fits = std::any_of(endings.begin(), endings.end(), [&](const QString& ending) {
+            return name.endsWith(ending, Qt::CaseInsensitive);
+        });
+        std::error_code unknown;
+        if (fits && entry->is_regular_file(unknown))
+            names << name;
+    }
+    std::sort(names.begin(), names.end(), NaturallyBefore);
+    return names;
+}
+
+/// The same sheet with each other ending.
+QStringList Twins(const QString& value)
+{
+    const QStringList& kinds = Frame.Settings.SheetKinds;
+    QStringList twins;
+    for (const QString& kind : kinds) {
+        if (!value.endsWith(u'.' + kind, Qt::CaseInsensitive))
+            continue;
+        for (const QString& other : kinds)
+            if (other != kind)
+                twins << value.chopped(kind.size()) + other;
+    }
+    return twins;
+}
+
+std::optional<MediaHit> FindExactly(const QString& value)
+{
+    for (int source = 1; source <= 3; ++source) {
+        const MediaListModel& list = Lists().List(source);
+        const int row = list.Find(value);
+        if (row >= 0)
+            return MediaHit{source, row, list.Name(row)};
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+bool NaturallyBefore(const QString& a, const QString& b)
+{
+    qsizetype i = 0, j = 0;
+    const auto skipZeros = [](const QString& text, qsizetype& at) {
+        while (at + 1 < text.size() && text[at] == u'0' && text[at + 1].isDigit())
+            ++at;
+    };
+    const auto digits = [](const QString& text, qsizetype at) {
+        qsizetype end = at;
+        while (end < text.size() && text[end].isDigit())
+            ++end;
+        return end - at;
+    };
+    while (i < a.size() && j < b.size()) {
+        if (a[i].isDigit() && b[j].isDigit()) {
+            skipZeros(a, i);
+            skipZeros(b, j);
+            const qsizetype length = digits(a, i), other = digits(b, j);
+            const int order = length != other ? (length < other ? -1 : 1)
+                                              : QStringView(a).mid(i, length).compare(QStringView(b).mid(j, other));
+            if (order != 0)
+                return order < 0;
+            i += length;
+            j += other;
+        } else {
+            const char16_t left = a[i++].toCaseFolded().unicode(), right = b[j++].toCaseFolded().unicode();
+            if (left != right)
+                return left < right;
+        }
+    }
+    const qsizetype restA = a.size() - i, restB = b.size() - j;
+    return restA != restB ? restA < restB : a < b;
+}
+
+void MediaListModel::Show(const QString& newFolder, const QString& newPatterns)
+{
+    if (newFolder == folder && newPatterns == patterns)
+        return;
+    beginResetModel();
+    folder = newFolder;
+    patterns = newPatterns;
+    isRead = false;
+    endResetModel();
+}
+
+void MediaListModel::Refresh()
+{
+    if (!isRead)
+        return;
+    QStringList now = ReadFolder(folder, patterns);
+    if (now == names)
+        return;
+    beginResetModel();
+    names = std::move(now);
+    endResetModel();
+}
+
+const QStringList& MediaListModel::Names() const
+{
+    if (!isRead)
+        names = folder.isEmpty() ? QStringList() : ReadFolder(folder, patterns);
+    isRead = true;
+    return names;
+}
+
+int MediaListModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : int(Names().size());
+}
+
+QVariant MediaListModel::data(const QModelIndex& index, int role) const
+{
+    const bool shown = role == Qt::DisplayRole || role == Qt::AccessibleTextRole;
+    return index.isValid() && shown ? QVariant(Name(index.row())) : QVariant();
+}
+
+QString MediaListModel::Name(int row) const
+{
+    return Names().value(row);
+}
+
+int MediaListModel::Find(const QString& value) const
+{
+    if (value.isEmpty())
+        return -1;
+    const QStringList& all = Names();
+    const auto hit = std::find_if(all.begin(), all.end(),
+                                  [&](const QString& name) { return name.startsWith(value, Qt::CaseInsensitive); });
+    return hit == all.end() ? -1 : int(hit - all.begin());
+}
+
+MediaListModel& MediaLists::List(int source)
+{
+    return source == 1 ? Base : source == 2 ? Extra : Rnd;
+}
+
+MediaLists& Lists()
+{
+    if (!Frame.Lists)
+        Frame.Lists = std::make_shared<MediaLists>();
+    return *Frame.Lists;
+}
+
+QString MediaPattern(const char* told)
+{
+    const QString pattern = QString::fromLatin1(told);
+    if (pattern != QLatin1StringView("*.pcx"))
+        return pattern;
+    QStringList patterns;
+    for (const QString& kind : Frame.Settings.SheetKinds)
+        patterns << QStringLiteral("*.") + kind;
+    return patterns.join(u';');
+}
+
+void ShowMedia()
+{
+    const ModeRow& mode = Modes().at(Frame.CurrentMode);
+    Frame.Media.BaseFolder = Frame.CurrentFolder;
+    Frame.Media.BasePattern = MediaPattern(mode.BasePattern);
+    Frame.Media.ListPattern = MediaPattern(mode.ListPattern);
+    MediaLists& lists = Lists();
+    lists.Base.Show(Frame.Media.BaseFolder, Frame.Media.BasePattern);
+    lists.Extra.Show(Frame.Media.ExtraFolder, Frame.Media.ListPattern);
+    lists.Rnd.Show(Frame.Media.RndFolder, Frame.Media.ListPattern);
+    Host().MediaChanged();
+}
+
+void RefreshMedia()
+{
+    for (int source = 1; source <= 3; ++source)
+        Lists().List(source).Refresh();
+}
+
+void SetExtraFolder(const QString& folder)
+{
+    Frame.Media.ExtraFolder = folder;
+    ShowMedia();
+}
+
+std::optional<MediaHit> FindImageInLists(const QString& value)
+{
+    std::optional<MediaHit> hit = FindExactly(value);
+    for (const QString& twin : Twins(value))
+        if (!hit)
+            hit = FindExactly(twin);
+    return hit;
+}

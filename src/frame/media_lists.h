@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QAbstractListModel>
+#include <QStringList>
+#include <optional>
+
+/// The files of one folder that fit some patterns ("*.pcx;*.png", case ignored), in the order people count them.
+/// The folder is read when an entry is first asked for and again only by Refresh.
+class MediaListModel : public QAbstractListModel
+{
+    Q_OBJECT
+
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    /// No folder, or none that exists: an empty list. The same folder and patterns again change nothing.
+    void Show(const QString& folder, const QString& patterns);
+    void Refresh();
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+
+    QString Name(int row) const; ///< "" outside
+    QString Folder() const { return folder; }
+
+    /// Row of the first entry that begins with `value`, case ignored; -1 for none and for an empty value.
+    int Find(const QString& value) const;
+
+private:
+    const QStringList& Names() const;
+
+    QString folder, patterns;
+    mutable QStringList names;
+    mutable bool isRead = false;
+};
+
+/// The three file lists beside the text.
+struct MediaLists
+{
+    MediaListModel Base, Extra, Rnd;
+
+    MediaListModel& List(int source); ///< 1 Base, 2 Extra, 3 RnD
+};
+MediaLists& Lists();
+
+/// Brings the three models in line with Frame.Media and tells the host.
+void ShowMedia();
+void RefreshMedia();
+void SetExtraFolder(const QString& folder);
+
+struct MediaHit
+{
+    int Source = 1; ///< as in MediaLists::List
+    int Row = 0;
+    QString Name;
+};
+
+/// The first entry of Base, Extra and, if there is one, RnD that begins with `value`, case ignored. A sheet that no
+/// list has may be there with the other ending, as the game takes it.
+std::optional<MediaHit> FindImageInLists(const QString& value);
+
+/// Patterns of a mode row with the sheet endings of the game's table in place of "*.pcx".
+QString MediaPattern(const char* told);
+
+/// Order of file names: case ignored, numbers by their value.
+bool NaturallyBefore(const QString& a, const QString& b);

@@ -1,0 +1,180 @@
+#include "frame/file_commands.h"
+#include "frame/frame_state.h"
+#include "frame/recovery.h"
+#include "platform/paths.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+const QString Cancel = QStringLiteral("Cancel");
+
+class BusyScope
+{
+public:
+    BusyScope() { Host().BusyPointer(true); }
+    ~BusyScope() { Host().BusyPointer(false); }
+    BusyScope(const BusyScope&) = delete;
+    BusyScope& operator=(const BusyScope&) = delete;
+};
+
+QString Absolute(const QString& path)
+{
+    return QDir::isAbsolutePath(path) ? path : QDir::current().absoluteFilePath(path);
+}
+
+void TakePath(const QString& path)
+{
+    Frame.CurrentFolder = paths::FolderOfPath(path);
+    Frame.CurrentFile = paths::FileNameOfPath(path);
+    ShowCurrentPath();
+}
+
+void NameTab(const QString& caption, const QString& path)
+{
+    Document& document = Frame.Documents.at(Frame.CurrentTab);
+    document.Face.Caption = u' ' + caption.left(10);
+    document.Path = path;
+    ShowTab(Frame.CurrentTab);
+}
+
+void Settle(int tab)
+{
+    Frame.Documents.at(tab).ForeignText = false;
+    NoteDiskState(tab);
+    if (Frame.Keeper)
+        Frame.Keeper->TextSettled(tab);
+}
+
+void ShowText(const QByteArray& bytes)
+{
+    EditorPane& pane = CurrentPane();
+    pane.LoadBytes(bytes);
+    if (pane.LineCount() == 0) {
+        pane.AddText({});
+        pane.ClearUndoBuffer();
+    }
+    pane.SetModified(false);
+    pane.ExecuteCmd(CmdDocumentStart);
+    UpdateCaretStatus(pane);
+}
+
+/// The tab whose file is about to be replaced by another tab's text.
+void GiveWay(int tab)
+{
+    if (Host().Pane(tab).Modified() && Frame.Keeper) {
+        Frame.Keeper->KeepApart(tab);
+        Host().ShowNotice(QStringLiteral("The unsaved text of the replaced tab was kept for recovery."));
+    }
+    EmptySlot(tab);
+}
+
+/// The questions before a save; false: the user does not want it.
+bool MayWrite(const QString& path, bool ownPath)
+{
+    const Document& document = Frame.Documents.at(Frame.CurrentTab);
+    const bool ask = !ownPath || document.ForeignText || ChangedOnDisk(Frame.CurrentTab);
+    if (ask && paths::FileExists(path) && ShowMessage(9) == Cancel)
+        return false;
+    EditorPane& pane = CurrentPane();
+    if (pane.FitsEncoding())
+        return true;
+    if (ShowMessage(MessageChangeToUtf8, paths::Native(path)) == Cancel)
+        return false;
+    pane.SetEncoding(FileEncoding::Utf8);
+    return true;
+}
+
+bool Save(const QString& told, bool backup)
+{
+    const QString path = Absolute(paths::ForWriting(told));
+    const int holder = TabWithFile(path);
+    const bool ownPath = holder == Frame.CurrentTab;
+    if (!MayWrite(path, ownPath) || (backup && !BackupCurrentFile()))
+        return false;
+    // Written before anything gives way, so that a failure leaves every tab as it was.
+    const Result<> written = CurrentPane().SaveFile(path, false);
+    if (!written) {
+        ShowMessage(MessagePathError, written.error().Text());
+        return false;
+    }
+    if (!ownPath) {
+        if (holder >= 0)
+            GiveWay(holder);
+        TakePath(path);
+        SetMode(ModeFromFileName(Frame.CurrentFile.trimmed()));
+        NameTab(paths::Native(path), path);
+    }
+    Settle(Frame.CurrentTab);
+    RecentAdd(path);
+    return true;
+}
+
+} // namespace
+
+int TabOf(const QString& path)
+{
+    const QString wanted = paths::Canonical(path);
+    for (int tab = 0; tab < 8; ++tab) {
+        const Document& document = Frame.Documents.at(tab);
+        if (HasFile(document) && paths::Canonical(document.Path) == wanted)
+            return tab;
+    }
+    return -1;
+}
+
+bool OpenDocument(const QString& told, bool force)
+{
+    StopPreview();
+    const BusyScope busy;
+    const QString existing = paths::Existing(told);
+    const QString path = Absolute(existing.isEmpty() ? paths::Inside(told) : existing);
+    const int holder = force ? -1 : TabWithFile(path);
+    if (holder >= 0) {
+        Host().SelectTab(holder);
+        ActivateTab();
+        FlashTabCaption(holder);
+        return true;
+    }
+    const Result<QByteArray> bytes = paths::ReadWhole(path, paths::LargestDocument);
+    if (!bytes) {
+        ShowMessage(MessagePathError, bytes.error().Text());
+        return false;
+    }
+    TakePath(path);
+    SetMode(ModeFromFileName(Frame.CurrentFile.toLower().trimmed()));
+    ShowText(*bytes);
+    RecentAdd(path);
+    NameTab(RecentDisplayName(path, true), path);
+    Settle(Frame.CurrentTab);
+    ApplyStoredInjectPath();
+    return true;
+}
+
+void SaveCommand()
+{
+    if (Frame.CurrentFile.isEmpty())
+        SaveDocumentAs();
+    else
+        Save(Frame.CurrentFolder + Frame.CurrentFile, Frame.Settings.BackupOnSave == 1);
+}
+
+bool SaveDocument(const QString& path)
+{
+    return Save(path, false);
+}
+
+bool BackupCurrentFile()
+{
+    const QString path = Frame.CurrentFolder + Frame.CurrentFile;
+    if (!paths::FileExists(path))
+        return true;
+    for (int n = 0;; ++n) {
+        const QString backup = path + QStringLiteral("_%1.GemforgeBackup").arg(n, 3, 10, QLatin1Char('0'));
+        if (QFileInfo::exists(backup))
+            continue;
+        const Result<> copied = paths::CopyFileTo(path, backup);
+        return copied || ShowMessage(MessageNoBackup, copied.error().Text()) != Cancel;
+    }
+}

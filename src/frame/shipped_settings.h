@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+
+/// Reads settings as numbers. A key that is missing or no number takes the value that the program was shipped with,
+/// and is noted.
+class SettingsReader
+{
+public:
+    /// Out of bounds: the nearer bound.
+    int Number(const QString& section, const QString& key, int low, int high);
+    int Flag(const QString& section, const QString& key) { return Number(section, key, 0, 1); }
+    double Real(const QString& section, const QString& key);
+    bool Truth(const QString& section, const QString& key); ///< "True", "False", 1 or 0
+    /// A text; a missing key takes the shipped one too, without a note.
+    QString Text(const QString& section, const QString& key);
+
+    const QStringList& Corrected() const { return corrected; } ///< "[section] key"
+
+private:
+    QString Shipped(const QString& section, const QString& key);
+    QString Correct(const QString& section, const QString& key);
+
+    QHash<QString, QString> shipped; ///< filled when first needed
+    QStringList corrected;
+};

@@ -1,0 +1,132 @@
+#include "frame/vocabulary.h"
+
+#include "frame/documents.h"
+#include "frame/frame_state.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int LargestList = 100'000; ///< a broken count must not keep the start busy
+
+/// Where the two first kinds of a mode come from.
+enum class Source {
+    Own,          ///< sections of its own
+    Graphics,     ///< the lists of the graphics mode
+    GraphicsPlus, ///< those and sections of its own behind them
+};
+
+struct LanguageRow
+{
+    int Mode;
+    const char* Prefix; ///< of its section names
+    Source Names;
+    bool Comments; ///< "#" and the two operators are coloured
+};
+
+constexpr LanguageRow LanguageRows[] = {
+    {ModeGfx, "", Source::Own, true},         {ModeSfx, "SFX", Source::GraphicsPlus, true},
+    {ModeMus, "MUS", Source::Own, true},      {ModeLvl, "LVL", Source::Own, true},
+    {ModeHlt, "HLT", Source::Graphics, true}, {ModeHla, "HLA", Source::Graphics, true},
+    {ModeEdi, "EDI", Source::Graphics, true}, {ModeTxt, "TXT", Source::Own, false},
+};
+
+QString SectionName(const LanguageRow& row, int kind)
+{
+    constexpr const char* Graphics[] = {"Elements", "Actions", "GraphicComs", "Special"};
+    constexpr const char* Others[] = {"Elements", "Actions", "Coms", "Special"};
+    return QString::fromLatin1(row.Prefix) + QString::fromLatin1(row.Mode == ModeGfx ? Graphics[kind] : Others[kind]);
+}
+
+QString TableOf(const QString& section)
+{
+    if (section == QLatin1StringView("Elements"))
+        return QStringLiteral("lg_gfxele");
+    for (const char* name : {"Actions", "GraphicComs", "Special"})
+        if (section == QLatin1StringView(name))
+            return QStringLiteral("lg_gfxact");
+    return QStringLiteral("lg_other");
+}
+
+QStringList WordsOf(const LanguageRow& row, int kind)
+{
+    const bool shared = kind == KindElements || kind == KindActions;
+    const QStringList own =
+        shared && row.Names == Source::Graphics ? QStringList() : ReadWordList(SectionName(row, kind));
+    return shared && row.Names != Source::Own ? Frame.WordLists[ModeGfx].at(kind) + own : own;
+}
+
+QString FieldText(const QStringList& words)
+{
+    return words.isEmpty() ? QString() : words.join(u'\n') + u'\n';
+}
+
+LanguageObject LanguageOf(const LanguageRow& row)
+{
+    const auto& words = Frame.WordLists.at(row.Mode);
+    LanguageObject language;
+    language.Keywords = FieldText(words[KindElements]);
+    language.TagEntities = FieldText(words[KindActions]);
+    language.TagElementNames = FieldText(words[KindGraphicComs]);
+    language.TagAttributeNames = FieldText(words[KindSpecial]);
+    if (row.Comments) {
+        language.SingleLineComments = QStringLiteral("#");
+        language.Operators = QStringLiteral(".\n:");
+    }
+    if (row.Mode == ModeGfx)
+        language.StringDelims = QChar(8);
+    return language;
+}
+
+} // namespace
+
+QStringList ReadWordList(const QString& section)
+{
+    const QString table = TableOf(section);
+    const int count = ReadIni(section, QStringLiteral("Count"), table).toInt();
+    QStringList words;
+    for (int i = 1; i <= std::min(count, LargestList); ++i)
+        words << ReadIni(section, QString::number(i), table);
+    return words;
+}
+
+void MakeLanguages()
+{
+    for (const LanguageRow& row : LanguageRows)
+        for (int kind = 0; kind < WordKindCount; ++kind)
+            Frame.WordLists.at(row.Mode).at(kind) = WordsOf(row, kind);
+    Frame.Globals.UnregisterAllLanguages();
+    for (const LanguageRow& row : LanguageRows)
+        Frame.Globals.RegisterLanguage(QString::fromLatin1(Modes().at(row.Mode).Language), LanguageOf(row));
+}
+
+QStringList CodeListWords(int mode)
+{
+    QStringList words;
+    for (int kind = 0; mode != ModeTxt && kind < WordKindCount; ++kind)
+        if (Frame.Settings.AutoCompleteTemplate.at(kind) == 1)
+            words += Frame.WordLists.at(mode).at(kind);
+    words.removeAll(NoWords);
+    return words;
+}
+
+int CodeListChoice(const QStringList& items, const QString& word)
+{
+    const auto hit = std::find_if(items.begin(), items.end(),
+                                  [&](const QString& item) { return item.startsWith(word, Qt::CaseInsensitive); });
+    return hit == items.end() ? 0 : int(hit - items.begin());
+}
+
+bool PickCodeListItem(EditorPane& pane, const QString& item)
+{
+    const UndoGroup group(pane);
+    const Range before = pane.GetSel(true);
+    const Range caret{before.EndLine, before.EndCol, before.EndLine, before.EndCol};
+    pane.ExecuteCmd(CmdWordLeftExtend);
+    const QString word = pane.SelText();
+    const bool otherLine = pane.GetSel(true).StartLine != before.StartLine;
+    if (otherLine || item.left(word.size()) != word)
+        pane.SetSel(caret, false); // no beginning of the item: it goes in behind the word
+    pane.ReplaceSel(item);
+    return false;
+}

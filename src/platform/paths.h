@@ -1,0 +1,67 @@
+#pragma once
+
+#include "platform/result.h"
+
+#include <QByteArrayView>
+
+/// Every look at a path or a file's bytes goes through here. Inside the program "/" parts folders; text from a
+/// macro, an ini or a conf file may hold "\" or "/". Folder texts end with "/" wherever they are stored.
+namespace paths {
+
+/// Told path to the inner form: "\" becomes "/", a leading "~/" the home folder. Touches no disk.
+QString Inside(const QString& told);
+
+/// The path as it stands on disk: exact if it exists, else looked up without regard to letter case, folder by
+/// folder. Empty if there is none or if two names fit.
+QString Existing(const QString& told);
+
+/// For a file that may not exist yet: Existing if it does, else existing parents resolved in the same way and the new
+/// name as given. Where a parent is missing or two names fit, the rest of the path comes back as given.
+QString ForWriting(const QString& told);
+
+/// Links, "." and ".." resolved, so that two spellings of one file compare equal. A path that does not exist
+/// comes back cleaned, its existing parents resolved.
+QString Canonical(const QString& path);
+
+bool FileExists(const QString& told);   ///< a file, by Existing
+bool FolderExists(const QString& told); ///< a folder, by Existing
+
+/// The mount point (or "/") that stands for the "first three characters" of a path.
+QString Root(const QString& path);
+
+/// `folder` with a trailing "/"; empty stays empty.
+QString Closed(const QString& folder);
+
+/// Up to and including the last "/" (or "\"); empty if there is none.
+QString FolderOfPath(const QString& path);
+
+/// The last component; empty if the path ends with a separator.
+QString FileNameOfPath(const QString& path);
+
+/// Name of the folder that holds the path's last component.
+QString ParentName(const QString& path);
+
+/// The path as the desktop shows it.
+QString Native(const QString& path);
+
+/// Writes a file whole or leaves the old one: link resolved, bytes beside the target, every step checked and
+/// synced, permissions, owner and extended attributes kept, renamed over, folder synced. A folder without write
+/// permission whose file is writable is written in place, see in_place.h. Failure: path and the system's reason.
+[[nodiscard]] Result<> WriteWhole(const QString& path, QByteArrayView bytes);
+
+/// The same for what is nobody else's business, such as recovery copies: mode 0600, missing folders made with 0700.
+[[nodiscard]] Result<> WriteWholePrivate(const QString& path, QByteArrayView bytes);
+
+/// Reads a file whole. Fails for a folder, a device, an unreadable file and for more than `limit` bytes.
+[[nodiscard]] Result<QByteArray> ReadWhole(const QString& path, qint64 limit);
+
+/// Copies bytes and permissions to a new path; fails if `to` exists.
+[[nodiscard]] Result<> CopyFileTo(const QString& from, const QString& to);
+
+/// Makes FolderOfPath of `path` the process's current folder, if `path` exists; else nothing changes.
+void ChangeToFolder(const QString& path);
+
+/// Largest file a pane loads.
+constexpr qint64 LargestDocument = qint64(1) << 30;
+
+} // namespace paths

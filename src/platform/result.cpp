@@ -1,0 +1,6 @@
+#include "platform/result.h"
+
+QString Failure::Text() const
+{
+    return Path.isEmpty() ? Reason : Path + QStringLiteral("^^") + Reason;
+}

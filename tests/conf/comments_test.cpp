@@ -1,0 +1,80 @@
+#include "conf/comments.h"
+
+#include "test_support.h"
+
+#include <gtest/gtest.h>
+
+// Catches: a title off its place, a code that leads to another picture, the long form taken too early or too late.
+TEST(Separator, LineAndPictureBelongTogether)
+{
+    const SeparatorMarks marks;
+    const QString line = SeparatorLine(QStringLiteral("Yamyam"), QStringLiteral("a"), marks);
+    EXPECT_EQ(line.size(), 60);
+    EXPECT_EQ(line.left(3), marks.Marker());
+    EXPECT_EQ(line.indexOf(QStringLiteral(" Yamyam ")), 26);
+    EXPECT_EQ(ImageOfSeparator(line), 12);
+    EXPECT_EQ(SeparatorLine(QString(54, u'x'), {}, marks).size(), 59);
+    const QString longest = SeparatorLine(QString(55, u'x'), {}, marks);
+    EXPECT_EQ(longest, marks.Marker() + QLatin1Char(' ') + QString(55, u'x') + QLatin1Char(' '));
+    for (int index = 1; index < IconCount; ++index)
+        EXPECT_EQ(ImageOfSeparator(IconCode(index)), index + 1);
+    EXPECT_EQ(IconCode(0), QString());
+    EXPECT_EQ(ImageOfSeparator(u"#~---"), 1);
+}
+
+// Catches: ordinary comments taken as chapters, marks left in titles, a sort that loses the document's order.
+TEST(FindSeparators, TellsChaptersInOrder)
+{
+    const SeparatorMarks marks;
+    const QByteArray text = "#~---- Zoo ----b\n# plain\n #~-- no\n#~---- Ant ----\r\n";
+    const auto nodes = FindSeparators(text, marks, false);
+    ASSERT_EQ(nodes.size(), 2u);
+    EXPECT_EQ(nodes[0].Text, QStringLiteral("Zoo"));
+    EXPECT_EQ(nodes[0].Image, 13);
+    EXPECT_EQ(FindSeparators(text, marks, true).front().Text, QStringLiteral("Ant"));
+    EXPECT_EQ(LineOfSeparator(text, nodes[1].Line), 3);
+    EXPECT_EQ(LineOfSeparator(text, QStringLiteral("gone")), -1);
+}
+
+// Catches: the empty last line lost or missed, more than one "#" taken, breaks changed, more than one undo step.
+TEST(CommentSelected, PutsAndTakesOneMarkALine)
+{
+    HostScope scope;
+    EditorPane& pane = CurrentPane();
+    const QByteArray before = "a: 1\r\n#b\n\nlast\n";
+    pane.LoadBytes(before);
+    pane.ExecuteCmd(CmdSelectAll);
+    CommentSelected();
+    EXPECT_EQ(pane.FileBytes(), "#a: 1\r\n##b\n#\n#last\n#");
+    EXPECT_EQ(pane.GetSel(true), Range{});
+    pane.ExecuteCmd(CmdSelectAll);
+    UncommentSelected();
+    EXPECT_EQ(pane.FileBytes(), before);
+    pane.ExecuteCmd(CmdUndo);
+    pane.ExecuteCmd(CmdUndo);
+    EXPECT_EQ(pane.FileBytes(), before);
+    EXPECT_FALSE(scope.Host.ProgressShown);
+
+    pane.SetSel({.StartLine = 1, .EndLine = 2}, false);
+    UncommentSelected();
+    EXPECT_EQ(pane.FileBytes(), "a: 1\r\nb\n\nlast\n");
+}
+
+// Catches: the lower separator inside the selection, a walk beyond either end.
+TEST(SelectBetweenComments, TakesTheUpperSeparatorOnly)
+{
+    HostScope scope;
+    Frame.Settings.LineCommentSearchChar = QStringLiteral("~");
+    Frame.Settings.LineCommentLineChar = QStringLiteral("-");
+    EditorPane& pane = CurrentPane();
+    pane.LoadBytes("x\n#~-- A\na: 1\n#~-- B\nb: 1");
+    pane.SetSel({.StartLine = 2, .EndLine = 2}, false);
+    SelectBetweenComments();
+    EXPECT_EQ(pane.GetSel(true), (Range{.StartLine = 1, .EndLine = 3}));
+    pane.SetSel({.StartLine = 4, .EndLine = 4}, false);
+    SelectBetweenComments();
+    EXPECT_EQ(pane.GetSel(true), (Range{.StartLine = 3, .EndLine = 4, .EndCol = 4}));
+    pane.SetSel({}, false);
+    SelectBetweenComments();
+    EXPECT_EQ(pane.GetSel(true), (Range{.StartLine = 0, .EndLine = 1}));
+}

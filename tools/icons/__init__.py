@@ -1,0 +1,1 @@
+"""The drawings of the program's icons, one subject a module; table.py joins them."""
