@@ -1,7 +1,6 @@
 #include "frame/media_lists.h"
 #include "program_scope.h"
 
-#include <QAbstractItemModelTester>
 #include <QElapsedTimer>
 
 using MediaListsTest = FrameTest;
@@ -25,7 +24,6 @@ TEST_F(MediaListsTest, EntriesStandInTheOrderPeopleCount)
         Run.Work.Write(QString::fromLatin1(name), "");
     Run.Work.Write(QStringLiteral("folder.pcx/inner.pcx"), "");
     MediaListModel list;
-    const QAbstractItemModelTester tester(&list, QAbstractItemModelTester::FailureReportingMode::Fatal);
     list.Show(Run.Work.Path(), QStringLiteral("*.pcx;*.png"));
     EXPECT_EQ(NamesOf(list),
               (QStringList{QStringLiteral("alpha.png"), QStringLiteral("tiles1.png"), QStringLiteral("tiles01.pcx"),

@@ -5,7 +5,10 @@
 #include "frame/start_up.h"
 #include "test_support.h"
 
+#include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QFile>
+#include <QThread>
 #include <gtest/gtest.h>
 
 /// A program folder of its own with the shipped tables, and a host without a window.
@@ -75,6 +78,20 @@ public:
     bool SettingsReadOnly = false;
     HostScope Scope;
 };
+
+/// Lets events run until something is so; false after ten seconds.
+template <class Condition>
+bool WaitUntil(Condition condition)
+{
+    QElapsedTimer clock;
+    for (clock.start(); clock.elapsed() < 10'000;) {
+        if (condition())
+            return true;
+        QCoreApplication::processEvents();
+        QThread::msleep(5);
+    }
+    return false;
+}
 
 class FrameTest : public testing::Test
 {
