@@ -97,11 +97,9 @@ def soft_noise(x, y, seed=0, repeat=None):
 class Tile:
     """One tile under work. Painters say for a place whether it is inside and which colour it has."""
 
-    def __init__(self, turn=0):
-        """`turn` in quarter turns clockwise: everything painted is turned around the middle, light included."""
+    def __init__(self):
         self.side = SIZE * FINE
         self.cells = [None] * (self.side * self.side)
-        self.turn = turn % 4
 
     def paint(self, colour, box=(0, 0, SIZE, SIZE)):
         """Paints `colour(x, y)` wherever it gives one (None: leave). `box` limits the places that are asked."""
@@ -111,12 +109,14 @@ class Tile:
             for column in range(x0, x1):
                 found = colour((column + 0.5) / FINE, (row + 0.5) / FINE)
                 if found is not None:
-                    self.cells[self._place(column, row)] = found
+                    self.cells[row * self.side + column] = found
 
-    def _place(self, column, row):
-        for _ in range(self.turn):
-            column, row = self.side - 1 - row, column
-        return row * self.side + column
+    def erase(self, inside, box=(0, 0, SIZE, SIZE)):
+        """Makes the places see-through for which `inside(x, y)` holds."""
+        for row in range(int(box[1] * FINE), int(box[3] * FINE)):
+            for column in range(int(box[0] * FINE), int(box[2] * FINE)):
+                if inside((column + 0.5) / FINE, (row + 0.5) / FINE):
+                    self.cells[row * self.side + column] = None
 
     # Shapes -------------------------------------------------------------------------------------------------------
 
@@ -183,8 +183,8 @@ class Tile:
         return framed
 
     def _pixel(self, x, y):
-        found = [cell for row in range(y * FINE, (y + 1) * FINE)
-                 for cell in self.cells[row * self.side + x * FINE:row * self.side + (x + 1) * FINE] if cell is not None]
+        starts = [row * self.side + x * FINE for row in range(y * FINE, (y + 1) * FINE)]
+        found = [cell for start in starts for cell in self.cells[start:start + FINE] if cell is not None]
         if len(found) * 2 < FINE * FINE:
             return 0
         return nearest([sum(part) / len(found) for part in zip(*found)])

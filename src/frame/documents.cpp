@@ -8,7 +8,7 @@
 namespace {
 
 /// The commands that only some modes have; the first column of each is its menu entry.
-constexpr std::array<const char*, 8> ModeCommands = {"mnuSelectEleBlock", "mnuFinishEle",   "mnuEditAnimation",
+constexpr std::array<const char*, 8> ModeCommands = {"mnuSelectEleBlock", "mnuFinishEle",     "mnuEditAnimation",
                                                      "mnuEditEdCom",      "mnuEDViewElement", "mnuRndFastLoad",
                                                      "mnuRNDLevPal",      "mnuExtraHeadline"};
 
@@ -24,16 +24,11 @@ const std::array<ModeRow, ModeCount>& Modes()
          "Graphics Mode  ",
          Sheets,
          Sheets,
-         {"mnuSelectEleBlock", "mnuFinishEle", "mnuEditAnimation", "mnuEditEdCom", "mnuEDViewElement",
-          "mnuRndFastLoad", "mnuRNDLevPal"},
+         {"mnuSelectEleBlock", "mnuFinishEle", "mnuEditAnimation", "mnuEditEdCom", "mnuEDViewElement", "mnuRndFastLoad",
+          "mnuRNDLevPal"},
          true},
         {"SFX", "Sound Mode  ", "*.wav", Nothing, {"mnuEDViewElement"}, false},
-        {"MUS",
-         "Music Mode  ",
-         "*.wav;*.mp3;*.mid;*.mod;*.mdz;*.s3m;*.xm;*.it",
-         Nothing,
-         {"mnuEDViewElement"},
-         false},
+        {"MUS", "Music Mode  ", "*.wav;*.mp3;*.mid;*.mod;*.mdz;*.s3m;*.xm;*.it", Nothing, {"mnuEDViewElement"}, false},
         {"LVL", "Level Mode  ", "*.level", Nothing, {}, false},
         {"HLT", "HelpText Mode  ", Sheets, Sheets, {}, false},
         {"HLA", "HelpAnim Mode  ", Sheets, Sheets, {}, false},

@@ -55,6 +55,9 @@ void StopPreview();
 /// Does the slot hold a document with a file?
 bool HasFile(const Document& document);
 
+/// The tab that holds a file, by whatever spelling or link; -1 for none.
+int TabWithFile(const QString& path);
+
 /// Empties a slot: text, undo history and Modified too. All but tab 0 are hidden.
 void EmptySlot(int tab);
 

@@ -152,9 +152,8 @@ int MediaListModel::Find(const QString& value) const
     if (value.isEmpty())
         return -1;
     const QStringList& all = Names();
-    const auto hit = std::find_if(all.begin(), all.end(), [&](const QString& name) {
-        return name.startsWith(value, Qt::CaseInsensitive);
-    });
+    const auto hit = std::find_if(all.begin(), all.end(),
+                                  [&](const QString& name) { return name.startsWith(value, Qt::CaseInsensitive); });
     return hit == all.end() ? -1 : int(hit - all.begin());
 }
 

@@ -89,7 +89,7 @@ bool MayWrite(const QString& path, bool ownPath)
 bool Save(const QString& told, bool backup)
 {
     const QString path = Absolute(paths::ForWriting(told));
-    const int holder = TabOf(path);
+    const int holder = TabWithFile(path);
     const bool ownPath = holder == Frame.CurrentTab;
     if (!MayWrite(path, ownPath) || (backup && !BackupCurrentFile()))
         return false;
@@ -130,7 +130,7 @@ bool OpenDocument(const QString& told, bool force)
     const BusyScope busy;
     const QString existing = paths::Existing(told);
     const QString path = Absolute(existing.isEmpty() ? paths::Inside(told) : existing);
-    const int holder = force ? -1 : TabOf(path);
+    const int holder = force ? -1 : TabWithFile(path);
     if (holder >= 0) {
         Host().SelectTab(holder);
         ActivateTab();

@@ -4,6 +4,7 @@
 #include "frame/file_commands.h"
 #include "frame/frame_state.h"
 #include "frame/ini_store.h"
+#include "platform/ini_text.h"
 #include "platform/paths.h"
 
 #include <QSet>
@@ -41,8 +42,8 @@ QStringList PathsOf(const QString& project)
 /// Why a section of this name can not be made; empty if it can.
 QString FaultOfName(const QString& name)
 {
-    if (name.contains(u'[') || name.contains(u']'))
-        return QStringLiteral("The name of a project can't hold \"[\" or \"]\".");
+    if (!IniText::MayBeSection(SectionOf(name)))
+        return QStringLiteral("A project can't have that name.");
     const std::vector<ProjectEntry> all = LoadPrjList();
     const bool taken = std::any_of(all.begin(), all.end(), [&](const ProjectEntry& entry) {
         return entry.Name.compare(name, Qt::CaseInsensitive) == 0;

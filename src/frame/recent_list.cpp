@@ -5,7 +5,6 @@
 #include "frame/ini_store.h"
 #include "platform/paths.h"
 
-#include <QRegularExpression>
 #include <algorithm>
 
 namespace {
@@ -54,8 +53,7 @@ QStringList RecentPaths()
 
 QString RecentDisplayName(const QString& path, bool shortName)
 {
-    static const QRegularExpression separator(QStringLiteral("[/\\\\]"));
-    const QStringList parts = path.split(separator);
+    const QStringList parts = QString(path).replace(u'\\', u'/').split(u'/');
     const QString set = parts.size() < 5 ? QString() : SetName(parts);
     if (set.isEmpty())
         return path;

@@ -14,10 +14,20 @@ struct RecoveredText
     QString DocumentPath; ///< file it belongs to; empty for one that was never saved
     int Mode = 1;
     FileEncoding Encoding = FileEncoding::Utf8;
+    LineBreak LineEnd = LineBreak::CrLf;
     QDateTime Kept;
     QByteArray Bytes;        ///< as the file would have been written
     bool SameAsDisk = false; ///< the file holds these very bytes now
 };
+
+/// How long an edit may wait for its copy, in milliseconds.
+struct RecoveryPace
+{
+    int Quiet = 2'000;      ///< after the last edit
+    int Most = 10'000;      ///< after the first edit that has no copy
+    int MostLarge = 60'000; ///< the same above LargeText bytes
+};
+constexpr qsizetype LargeText = qsizetype(16) << 20;
 
 /// Keeps copies of unsaved text: two seconds after the last edit, ten at most (sixty above 16 MB). One copy of the
 /// bytes is taken on the main thread; a worker writes it, the mark that says it is whole last. Readable by the owner
@@ -27,18 +37,19 @@ class Recovery : public QObject
     Q_OBJECT
 
 public:
-    /// `folder`: where copies lie (the desktop's state folder, or a test's own).
-    explicit Recovery(const QString& folder, QObject* parent = nullptr);
+    /// Copies lie in the folder `recovery` of `stateFolder` (the desktop's state folder, or a test's own).
+    explicit Recovery(const QString& stateFolder, QObject* parent = nullptr, RecoveryPace pace = {});
     ~Recovery() override;
 
     void TextEdited(int tab);  ///< the pane of the tab changed and is Modified
     void TextSettled(int tab); ///< saved, reverted or given up: its copy goes
-    /// Keeps the tab's text under a copy of its own before it is emptied by another's save.
+    /// Keeps the tab's text under a copy of its own before it is emptied by another's save. Written on return.
     void KeepApart(int tab);
     void KeepAllNow(); ///< every modified tab, written before it returns; for close, SIGTERM and log-out
     void WaitForWorker();
 
-    /// Whole copies of runs that have ended. Truncated, foreign or stale data is passed over, never a failure.
+    /// Whole copies of runs that have ended, the newest first. Truncated, foreign or stale data is passed over, never
+    /// a failure.
     std::vector<RecoveredText> FindRecovered() const;
     void Forget(const RecoveredText& text);
 
@@ -46,3 +57,7 @@ private:
     struct Private;
     std::unique_ptr<Private> d;
 };
+
+/// Opens a recovered text as unsaved text of its file, in the tab that has the file, an empty tab or a new one. Its
+/// old copy goes once a new one is written. False if all tabs are taken; the text stays on offer.
+bool TakeRecovered(const RecoveredText& text);

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr const char* Tables[] = {"basic", "compat", "lg_gfxact", "lg_gfxele", "lg_other",
+constexpr const char* Tables[] = {"basic", "compat", "lg_gfxact", "lg_gfxele",  "lg_other",
                                   "links", "user",   "mapele",    "levelheader"};
 
 /// The path told on the command line, absolute; empty for none. A shell that was given no quotes cuts it at blanks.

@@ -16,11 +16,15 @@ struct StartFolders
 /// user's data folder, filled from the installed files.
 StartFolders OrdinaryFolders(const QString& executableFolder);
 
-/// Steps 2 to 13 of the start, without a window. Empty: go on. Otherwise the start has failed; the message was shown.
+/// The start up to the window: folders, the check of tables and help, names of the conf files. `arguments` are those
+/// of the process without its own name; the path among them is made absolute before the folder changes. False: the
+/// start has failed and the message was shown.
 bool PrepareStart(const StartFolders& folders, const QStringList& arguments);
 
-/// The once-only part of the first activation, once the host is there.
+/// The once-only part of the first activation, once the host is there: tabs, languages, settings, recent list and the
+/// first document. Window size and the caption's start-up time are the window's.
 void FinishStart();
 
-/// Welcome, once a run; the caller acts on the answer.
+/// The welcome, once a run, while Frame.ShowWelcome is 1. "OK" and "Don't Show This Again" are done here; the caller
+/// acts on the other answers.
 QString ShowWelcomeMessage();

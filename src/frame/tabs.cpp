@@ -2,6 +2,7 @@
 #include "frame/file_commands.h"
 #include "frame/frame_state.h"
 #include "frame/recovery.h"
+#include "platform/paths.h"
 
 #include <QTimer>
 #include <utility>
@@ -37,6 +38,17 @@ void SelectFirstTab()
 bool HasFile(const Document& document)
 {
     return document.Face.Caption != EmptyCaption && !document.Path.isEmpty();
+}
+
+int TabWithFile(const QString& path)
+{
+    const QString wanted = paths::Canonical(path);
+    for (int tab = 0; tab < 8; ++tab) {
+        const Document& document = Frame.Documents.at(tab);
+        if (HasFile(document) && paths::Canonical(document.Path) == wanted)
+            return tab;
+    }
+    return -1;
 }
 
 void EmptySlot(int tab)

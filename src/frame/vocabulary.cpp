@@ -25,18 +25,17 @@ struct LanguageRow
 };
 
 constexpr LanguageRow LanguageRows[] = {
-    {ModeGfx, "", Source::Own, true},          {ModeSfx, "SFX", Source::GraphicsPlus, true},
-    {ModeMus, "MUS", Source::Own, true},       {ModeLvl, "LVL", Source::Own, true},
-    {ModeHlt, "HLT", Source::Graphics, true},  {ModeHla, "HLA", Source::Graphics, true},
-    {ModeEdi, "EDI", Source::Graphics, true},  {ModeTxt, "TXT", Source::Own, false},
+    {ModeGfx, "", Source::Own, true},         {ModeSfx, "SFX", Source::GraphicsPlus, true},
+    {ModeMus, "MUS", Source::Own, true},      {ModeLvl, "LVL", Source::Own, true},
+    {ModeHlt, "HLT", Source::Graphics, true}, {ModeHla, "HLA", Source::Graphics, true},
+    {ModeEdi, "EDI", Source::Graphics, true}, {ModeTxt, "TXT", Source::Own, false},
 };
 
 QString SectionName(const LanguageRow& row, int kind)
 {
     constexpr const char* Graphics[] = {"Elements", "Actions", "GraphicComs", "Special"};
     constexpr const char* Others[] = {"Elements", "Actions", "Coms", "Special"};
-    return QString::fromLatin1(row.Prefix) +
-           QString::fromLatin1(row.Mode == ModeGfx ? Graphics[kind] : Others[kind]);
+    return QString::fromLatin1(row.Prefix) + QString::fromLatin1(row.Mode == ModeGfx ? Graphics[kind] : Others[kind]);
 }
 
 QString TableOf(const QString& section)
@@ -52,8 +51,8 @@ QString TableOf(const QString& section)
 QStringList WordsOf(const LanguageRow& row, int kind)
 {
     const bool shared = kind == KindElements || kind == KindActions;
-    const QStringList own = shared && row.Names == Source::Graphics ? QStringList()
-                                                                    : ReadWordList(SectionName(row, kind));
+    const QStringList own =
+        shared && row.Names == Source::Graphics ? QStringList() : ReadWordList(SectionName(row, kind));
     return shared && row.Names != Source::Own ? Frame.WordLists[ModeGfx].at(kind) + own : own;
 }
 
@@ -113,9 +112,8 @@ QStringList CodeListWords(int mode)
 
 int CodeListChoice(const QStringList& items, const QString& word)
 {
-    const auto hit = std::find_if(items.begin(), items.end(), [&](const QString& item) {
-        return item.startsWith(word, Qt::CaseInsensitive);
-    });
+    const auto hit = std::find_if(items.begin(), items.end(),
+                                  [&](const QString& item) { return item.startsWith(word, Qt::CaseInsensitive); });
     return hit == items.end() ? 0 : int(hit - items.begin());
 }
 

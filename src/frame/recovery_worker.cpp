@@ -1,0 +1,71 @@
+#include "frame/recovery_worker.h"
+
+namespace recovery {
+
+Worker::Worker(const QString& folder, std::function<void(const Failure&)> onFailure)
+    : run(folder), failed(std::move(onFailure)), thread([this] { Run(); })
+{
+}
+
+Worker::~Worker()
+{
+    {
+        const std::lock_guard lock(guard);
+        ending = true;
+    }
+    changed.notify_all();
+    thread.join();
+}
+
+void Worker::Write(const QString& name, const CopyFacts& facts, const QByteArray& bytes)
+{
+    Order(name, Copy{facts, bytes});
+}
+
+void Worker::Remove(const QString& name)
+{
+    Order(name, std::nullopt);
+}
+
+void Worker::Order(const QString& name, std::optional<Copy> copy)
+{
+    {
+        const std::lock_guard lock(guard);
+        orders.insert_or_assign(name, std::move(copy));
+    }
+    changed.notify_all();
+}
+
+void Worker::Wait()
+{
+    std::unique_lock lock(guard);
+    changed.wait(lock, [this] { return orders.empty() && !busy; });
+}
+
+void Worker::Run()
+{
+    std::unique_lock lock(guard);
+    while (true) {
+        changed.wait(lock, [this] { return ending || !orders.empty(); });
+        if (orders.empty())
+            return;
+        const auto order = orders.extract(orders.begin());
+        busy = true;
+        lock.unlock();
+        Carry(order.key(), order.mapped());
+        lock.lock();
+        busy = false;
+        changed.notify_all();
+    }
+}
+
+void Worker::Carry(const QString& name, const std::optional<Copy>& copy)
+{
+    if (!copy)
+        return run.Remove(name);
+    const Result<> written = run.Write(name, copy->Facts, copy->Bytes);
+    if (!written)
+        failed(written.error());
+}
+
+} // namespace recovery
