@@ -15,7 +15,8 @@ QString Inside(const QString& told);
 /// folder. Empty if there is none or if two names fit.
 QString Existing(const QString& told);
 
-/// For a file that may not exist yet: existing parents resolved as by Existing, the new name as given.
+/// For a file that may not exist yet: Existing if it does, else existing parents resolved in the same way and the new
+/// name as given. Where a parent is missing or two names fit, the rest of the path comes back as given.
 QString ForWriting(const QString& told);
 
 /// Links, "." and ".." resolved, so that two spellings of one file compare equal. A path that does not exist
@@ -45,8 +46,11 @@ QString Native(const QString& path);
 
 /// Writes a file whole or leaves the old one: link resolved, bytes beside the target, every step checked and
 /// synced, permissions, owner and extended attributes kept, renamed over, folder synced. A folder without write
-/// permission whose file is writable is written in place. Failure: path and the system's reason.
+/// permission whose file is writable is written in place, see in_place.h. Failure: path and the system's reason.
 [[nodiscard]] Result<> WriteWhole(const QString& path, QByteArrayView bytes);
+
+/// The same for what is nobody else's business, such as recovery copies: mode 0600, missing folders made with 0700.
+[[nodiscard]] Result<> WriteWholePrivate(const QString& path, QByteArrayView bytes);
 
 /// Reads a file whole. Fails for a folder, a device, an unreadable file and for more than `limit` bytes.
 [[nodiscard]] Result<QByteArray> ReadWhole(const QString& path, qint64 limit);
@@ -54,7 +58,7 @@ QString Native(const QString& path);
 /// Copies bytes and permissions to a new path; fails if `to` exists.
 [[nodiscard]] Result<> CopyFileTo(const QString& from, const QString& to);
 
-/// The process's current folder, if `path` exists; a path that does not changes nothing.
+/// Makes FolderOfPath of `path` the process's current folder, if `path` exists; else nothing changes.
 void ChangeToFolder(const QString& path);
 
 /// Largest file a pane loads.

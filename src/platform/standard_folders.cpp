@@ -1,0 +1,58 @@
+#include "platform/standard_folders.h"
+
+#include <QDir>
+#include <QFile>
+#include <sys/stat.h>
+
+namespace {
+
+/// A relative folder in the variable is to be ignored, says the base directory standard.
+QString Own(const char* variable, QLatin1StringView below)
+{
+    QString base = qEnvironmentVariable(variable);
+    if (!base.startsWith(QLatin1Char('/')))
+        base = QDir::homePath() + QLatin1Char('/') + below;
+    const QString folder = QDir::cleanPath(base) + QLatin1String("/gemforge/");
+    folders::MakePrivate(folder);
+    return folder;
+}
+
+} // namespace
+
+namespace folders {
+
+QString Config()
+{
+    return Own("XDG_CONFIG_HOME", QLatin1StringView(".config"));
+}
+
+QString Data()
+{
+    return Own("XDG_DATA_HOME", QLatin1StringView(".local/share"));
+}
+
+QString State()
+{
+    return Own("XDG_STATE_HOME", QLatin1StringView(".local/state"));
+}
+
+QString Cache()
+{
+    return Own("XDG_CACHE_HOME", QLatin1StringView(".cache"));
+}
+
+bool MakePrivate(const QString& folder)
+{
+    const QByteArray path = QFile::encodeName(QDir::cleanPath(folder));
+    struct stat facts
+    {
+    };
+    if (stat(path, &facts) == 0)
+        return S_ISDIR(facts.st_mode);
+    for (qsizetype end = path.indexOf('/', 1); end > 0; end = path.indexOf('/', end + 1))
+        mkdir(path.left(end), 0700);
+    mkdir(path, 0700);
+    return stat(path, &facts) == 0 && S_ISDIR(facts.st_mode);
+}
+
+} // namespace folders
