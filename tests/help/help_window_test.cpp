@@ -1,3 +1,4 @@
+#include "help/contents_pane.h"
 #include "help/help_window.h"
 #include "help/page_view.h"
 #include "help/running_window.h"
@@ -11,18 +12,17 @@
 #include <QListWidget>
 #include <QLocalServer>
 #include <QScrollBar>
-#include <QSettings>
 #include <QThread>
 #include <functional>
 #include <memory>
 
 namespace {
 
-/// Settings in a folder of the test's own.
+/// Keeps what windows remember in a folder of the test's own.
 class HelpWindowTest : public testing::Test
 {
 protected:
-    HelpWindowTest() { QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path()); }
+    HelpWindowTest() { qputenv("XDG_CONFIG_HOME", QFile::encodeName(folder.path())); }
 
     static PageView& View(HelpWindow& window) { return *window.findChild<PageView*>(); }
 
@@ -57,7 +57,7 @@ TEST_F(HelpWindowTest, AFailureIsShownWithPathAndReason)
     window.ShowId(QStringLiteral("H_main_save"));
     const QString shown = View(window).toPlainText();
     EXPECT_TRUE(shown.contains(QLatin1String("/nowhere/Help.zip"))) << shown;
-    EXPECT_TRUE(shown.contains(QLatin1String("There is no such file."))) << shown;
+    EXPECT_TRUE(shown.contains(QLatin1String("No such file"))) << shown;
 }
 
 // Catches: a word's page that opens at its top, back that loses the place, a link out of the help that is followed.
@@ -93,8 +93,9 @@ TEST_F(HelpWindowTest, SearchIsAllKeyboard)
 {
     HelpWindow window(ShippedBook());
     window.show();
-    auto* box = window.findChild<QLineEdit*>();
-    auto* hits = window.findChild<QListWidget*>();
+    auto* side = window.findChild<ContentsPane*>();
+    auto* box = side->findChild<QLineEdit*>();
+    auto* hits = side->findChild<QListWidget*>();
     box->setText(QStringLiteral("cut append"));
     ASSERT_GT(hits->count(), 1);
     Press(*box, Qt::Key_Return);
