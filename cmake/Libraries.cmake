@@ -16,6 +16,5 @@ function(gemforge_found name header)
 endfunction()
 
 gemforge_found(qscintilla Qsci/qsciscintilla.h qscintilla2_qt6)
-gemforge_found(simpleini SimpleIni.h)
 gemforge_found(expected tl/expected.hpp)
 gemforge_found(x11 X11/XKBlib.h X11)

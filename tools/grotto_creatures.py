@@ -6,7 +6,7 @@ it is.
 
 import math
 
-from pixel_art import SIZE, Tile, ball_light, clamp, mix, noise, shade
+from pixel_art import SIZE, Tile, ball_light, clamp, noise, shade
 
 MIDDLE = SIZE / 2
 TURNS = {"right": 0, "down": 1, "left": 2, "up": 3}
@@ -37,8 +37,10 @@ def worm(way, step, steps=4):
         along = -11.5 + 3.1 * number
         x, y = place(*middle(along), way)
         size = (3.0, 4.2, 4.9, 5.3, 5.4, 5.2, 4.9)[number]
-        tile.ball(x, y, size, size, "glow" if number < 3 else "moss", 0.34 if number < 3 else 0.14, 1.0 if number < 3 else 0.86)
-        if number >= 3:
+        if number < 3:
+            tile.ball(x, y, size, size, "glow", 0.34, 1.0)
+        else:
+            tile.ball(x, y, size, size, "moss", 0.14, 0.86)
             for side in (-1, 1):
                 fx, fy = place(along, middle(along)[1] + side * (size + 0.6 + 0.7 * swing * side), way)
                 tile.ball(fx, fy, 1.5, 1.5, "moss", 0.1, 0.5)
@@ -132,7 +134,8 @@ def spider(step, steps=4):
             lift = swing * (1 if (number + (side > 0)) % 2 else -1)
             kx, ky = 16 + side * (10.2 + 0.4 * number), 9 + 4.2 * number - 2.6 + 1.6 * lift
             fx, fy = 16 + side * (13.6 - 0.5 * (number in (0, 3))), 8 + 6.0 * number + 2.0 * lift
-            tile.line(16 + side * 5, 13 + 2 * number, kx, ky, 2.0, lambda along, across: shade("steel", 0.55 - 0.25 * across))
+            tile.line(16 + side * 5, 13 + 2 * number, kx, ky, 2.0,
+                      lambda along, across: shade("steel", 0.55 - 0.25 * across))
             tile.line(kx, ky, fx, fy, 1.6, lambda along, across: shade("steel", 0.6 - 0.25 * across))
             tile.ball(kx, ky, 1.5, 1.5, "gold", 0.3, 0.9)
     tile.ball(16, 18.5, 8.2, 8.0, "steel", 0.1, 1)
@@ -197,7 +200,8 @@ def _boot(tile, x, y):
 
 
 def _body(tile, lean=0.0):
-    tile.polygon([(11.2 + lean, 17), (20.8 + lean, 17), (22, 27), (10, 27)], lambda x, y: shade("violet", 0.42 - 0.03 * (x - 14)))
+    tile.polygon([(11.2 + lean, 17), (20.8 + lean, 17), (22, 27), (10, 27)],
+                 lambda x, y: shade("violet", 0.42 - 0.03 * (x - 14)))
     tile.ellipse(16, 26.8, 6.0, 2.2, lambda u, v: shade("violet", 0.2 - 0.08 * u))
     tile.line(10.6 + lean, 23.6, 21.4 + lean, 23.6, 2.0, lambda along, across: shade("wood", 0.44 - 0.2 * across))
     tile.ball(16 + lean, 23.6, 1.6, 1.4, "gold", 0.5, 1)
@@ -205,7 +209,8 @@ def _body(tile, lean=0.0):
 
 def _helmet(tile, x, y, lamp_x, lit=True):
     tile.ellipse(x, y, 8.0, 7.0, lambda u, v: shade("gold", 0.1 + 0.8 * ball_light(u, v)) if v < 0.12 else None)
-    tile.line(x - 8.2, y + 0.9, x + 8.2, y + 0.9, 1.9, lambda along, across: shade("gold", 0.5 - 0.3 * across - 0.2 * along))
+    tile.line(x - 8.2, y + 0.9, x + 8.2, y + 0.9, 1.9,
+              lambda along, across: shade("gold", 0.5 - 0.3 * across - 0.2 * along))
     if lamp_x is not None:
         tile.ball(lamp_x, y - 2.6, 2.5, 2.5, "steel", 0.2, 0.9)
         tile.ball(lamp_x, y - 2.6, 1.7, 1.7, "bone" if lit else "steel", 0.8 if lit else 0.2, 1)

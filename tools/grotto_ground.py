@@ -2,7 +2,7 @@
 
 import math
 
-from pixel_art import SIZE, Tile, ball_light, clamp, mix, noise, shade, smooth, soft_noise
+from pixel_art import SIZE, Tile, ball_light, clamp, mix, noise, shade, soft_noise
 
 MIDDLE = SIZE / 2
 
@@ -101,8 +101,8 @@ def draw_rune(tile, glow):
             return shade("glow", 0.4 * halo) if halo > 0.25 else None
         return shade("glow", mix(0.12, 0.95, glow) - 0.1 * off)
     tile.paint(ring)
-    for points in (((16, 22.5), (11.8, 17.5), (13.6, 13.5), (16, 9.5)), ((16, 22.5), (20.2, 17.5), (18.4, 13.5), (16, 9.5)),
-                   ((16, 19.5), (16, 16.5))):
+    for points in (((16, 22.5), (11.8, 17.5), (13.6, 13.5), (16, 9.5)),
+                   ((16, 22.5), (20.2, 17.5), (18.4, 13.5), (16, 9.5)), ((16, 19.5), (16, 16.5))):
         for (x0, y0), (x1, y1) in zip(points, points[1:]):
             tile.line(x0, y0, x1, y1, 1.9, light(0.85))
 
@@ -178,7 +178,8 @@ def splash(step, left):
 def arch(tile, material="stone"):
     """A frame of stones around an opening of 22 by 27."""
     tile.paint(lambda x, y: shade(material, 0.02))
-    stones = [(x, y) for y in (28, 22, 16) for x in (2.6, 29.4)] + [(4.6, 9.6), (10, 4.6), (16, 3), (22, 4.6), (27.4, 9.6)]
+    stones = [(x, y) for y in (28, 22, 16) for x in (2.6, 29.4)]
+    stones += [(4.6, 9.6), (10, 4.6), (16, 3), (22, 4.6), (27.4, 9.6)]
     for number, (x, y) in enumerate(stones):
         base = 0.1 + 0.08 * noise(number, 2, 2)
         tile.ellipse(x, y, 4.1, 3.9, lambda u, v, b=base: shade(material, b + 0.66 * ball_light(u, v, 0.9)))
@@ -186,7 +187,7 @@ def arch(tile, material="stone"):
 
 
 def in_opening(x, y):
-    return y > 6.5 and abs(x - MIDDLE) < 10.4 - max(0, 14 - y) ** 2 / 12 or False
+    return y > 6.5 and abs(x - MIDDLE) < 10.4 - max(0, 14 - y) ** 2 / 12
 
 
 def light_behind(x, y, pulse=1.0):
@@ -206,7 +207,8 @@ def exit_door(gap, pulse=None):
         if side < gap:
             return light_behind(x, y, 0.5 if pulse is None else pulse)
         plank = side - gap
-        light = 0.42 + 0.1 * noise(math.floor(plank / 3.4), 1 if x > MIDDLE else 2, 4) + 0.1 * (soft_noise(x, y / 6, 6) - 0.5)
+        light = 0.42 + 0.1 * noise(math.floor(plank / 3.4), 1 if x > MIDDLE else 2, 4)
+        light += 0.1 * (soft_noise(x, y / 6, 6) - 0.5)
         if plank % 3.4 < 0.6 or plank < 0.5:
             light -= 0.28
         if abs(y - 13) < 1.3 or abs(y - 25) < 1.3:

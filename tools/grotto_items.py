@@ -72,7 +72,8 @@ def pearl(step, steps=4):
 def rock(step, steps=4):
     """A boulder, turned clockwise by one quarter turn in `steps` frames; the light stays."""
     tile, turn = Tile(), math.pi / 2 * step / steps
-    pits = [(0.45, -0.3, 0.26), (-0.4, 0.42, 0.3), (-0.5, -0.38, 0.2), (0.25, 0.56, 0.2), (0.02, 0.04, 0.22), (0.68, 0.25, 0.15)]
+    pits = [(0.45, -0.3, 0.26), (-0.4, 0.42, 0.3), (-0.5, -0.38, 0.2), (0.25, 0.56, 0.2), (0.02, 0.04, 0.22),
+            (0.68, 0.25, 0.15)]
 
     def at(u, v):
         # The pattern repeats with every quarter turn, so that rolling has no jump.
@@ -139,8 +140,8 @@ def dynamite(step=None, steps=6):
     tile = Tile()
     for x in (9.5, 22.5, 16):
         low = 12 if x == 16 else 13
-        tile.paint(lambda px, py, c=x: shade("red", 0.5 - 0.085 * (px - c) ** 2 * (1 if px > c else 0.5) + 0.1 * (px < c)),
-                   (x - 3.4, low, x + 3.4, 30))
+        tile.paint(lambda px, py, c=x: shade("red", 0.5 - 0.085 * (px - c) ** 2 if px > c else
+                                             0.6 - 0.0425 * (px - c) ** 2), (x - 3.4, low, x + 3.4, 30))
         tile.ellipse(x, low, 3.4, 1.6, lambda u, v: shade("bone", 0.8 - 0.2 * u))
     for y in (16.5, 24.5):
         tile.paint(lambda px, py: shade("steel", 0.5 - 0.02 * (px - 16)), (6, y, 26, y + 2.2))
@@ -178,8 +179,9 @@ def lamp(lit):
     """A miner's lantern, dark or lit."""
     tile = Tile()
     if lit:
-        for x, y, reach in ((4.5, 12, 2.4), (27.5, 12, 2.4), (3, 20, 3.2), (29, 20, 3.2), (5.5, 27, 2.0), (26.5, 27, 2.0)):
+        for x, y, reach in ((4.5, 12, 2.4), (3, 20, 3.2), (5.5, 27, 2.0)):
             tile.star(x, y, reach, "gold", 0.9)
+            tile.star(SIZE - x, y, reach, "gold", 0.9)
 
     def handle(px, py):
         off = math.hypot((px - 16) / 1.0, (py - 8) / 1.0)
@@ -229,7 +231,8 @@ def hourglass(step, steps=4):
         run = 3.0 * step / steps
         sand = (9.5 + run < y < 16) or (y > 24 - run - 3.5 * (1 - abs(x - 16) / 9)) or (abs(x - 16) < 0.9 and y > 15)
         if sand:
-            return shade("gold", 0.62 - 0.04 * (x - 16) + 0.2 * (noise(math.floor(x * 2), math.floor(y * 2), step) - 0.5))
+            grain = noise(math.floor(x * 2), math.floor(y * 2), step) - 0.5
+            return shade("gold", 0.62 - 0.04 * (x - 16) + 0.2 * grain)
         return shade("glow", 0.2 + (0.5 if -wide + 1.2 < x - 16 < -wide + 2.8 else 0))
     tile.paint(at)
     for y in (3.6, 28.4):

@@ -183,8 +183,8 @@ class Tile:
         return framed
 
     def _pixel(self, x, y):
-        found = [cell for row in range(y * FINE, (y + 1) * FINE)
-                 for cell in self.cells[row * self.side + x * FINE:row * self.side + (x + 1) * FINE] if cell is not None]
+        starts = [row * self.side + x * FINE for row in range(y * FINE, (y + 1) * FINE)]
+        found = [cell for start in starts for cell in self.cells[start:start + FINE] if cell is not None]
         if len(found) * 2 < FINE * FINE:
             return 0
         return nearest([sum(part) / len(found) for part in zip(*found)])

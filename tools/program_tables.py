@@ -1,6 +1,6 @@
 """The tables that hold no word lists: the game's files and command lines, level layouts, and the user's settings."""
 
-from ini_text import save, section, word_list
+from ini_text import save, section
 
 CONF_NAMES = "graphicsinfo soundsinfo musicinfo levelinfo helptext helpanim editorsetup".split()
 PRINTED = "graphicsinfo soundsinfo musicinfo helptext helpanim editorsetup".split()
@@ -28,9 +28,9 @@ def make_compat(out):
         *numbered("GameFolder", GAME_FOLDERS),
         "Folders in the game's data.",
         ("DefDocsFolder", "docs"), ("DefGFXFolder", "graphics/gfx_classic"), ("DefSFXFolder", "sounds/snd_classic"),
-        "The proof that a file is the game: 1 its usual name, 2 the argument it is run with, 3 the file that keeps what",
-        "it printed, 4 a folder and 5 the levels folder in its data. One line of the output must be Banner, a blank and",
-        "a version number; warnings may stand before it.",
+        "The proof that a file is the game: 1 its usual name, 2 the argument it is run with, 3 the file that keeps",
+        "what it printed, 4 a folder and 5 the levels folder in its data. One line of the output must be Banner, a",
+        "blank and a version number; warnings may stand before it.",
         *numbered("FileNameCheck", ["rocksndiamonds", "--version", "proof.txt", "graphics", "levels"]),
         ("Banner", "Rocks'n'Diamonds"),
         "The player's own folder, and in it: 2 the settings with the last set played, 3 own level sets, 4 tapes.",

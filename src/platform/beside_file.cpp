@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
-#include <sys/xattr.h>
+#include <unistd.h>
 #include <utility>
 
 namespace {
@@ -98,8 +98,8 @@ int BesideFile::Open(const QByteArray& path, mode_t mode)
 {
     target = path;
     for (int attempt = 0; attempt < 100; ++attempt) {
-        const QByteArray candidate =
-            FolderOf(path) + ".gemforge-" + QByteArray::number(QRandomGenerator::system()->generate64(), 16);
+        const QByteArray candidate = FolderOf(path) + ".gemforge-" + QByteArray::number(getpid()) + '-' +
+                                     QByteArray::number(QRandomGenerator::system()->generate64(), 16);
         file = Persist([&] { return Steps().Open(candidate, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, mode); });
         if (file >= 0) {
             name = candidate;

@@ -4,8 +4,8 @@
 
 #include <QByteArray>
 
-/// A new file beside the one it is to replace: hidden, under a name of its own, gone again unless it is moved to its
-/// place. Every routine gives back 0 or the system's error number.
+/// A new file beside the one it is to replace: hidden, under a name of its own (".gemforge-", process, "-", number),
+/// gone again unless it is moved to its place. Every routine gives back 0 or the system's error number.
 class BesideFile
 {
 public:

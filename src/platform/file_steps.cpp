@@ -1,4 +1,4 @@
-#include "platform/file_steps.h"
+#include "platform/platform_state.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -27,12 +27,6 @@ int RenameToNew(const char* from, const char* to)
         return -1;
     }
     return rename(from, to);
-}
-
-FileSteps& TableInForce()
-{
-    static FileSteps table = FileSteps::OfSystem();
-    return table;
 }
 
 } // namespace
@@ -64,12 +58,12 @@ FileSteps FileSteps::OfSystem()
 
 const FileSteps& Steps()
 {
-    return TableInForce();
+    return Platform.Steps;
 }
 
-FileStepsScope::FileStepsScope(FileSteps steps) : before(std::exchange(TableInForce(), std::move(steps))) {}
+FileStepsScope::FileStepsScope(FileSteps steps) : before(std::exchange(Platform.Steps, std::move(steps))) {}
 
 FileStepsScope::~FileStepsScope()
 {
-    TableInForce() = std::move(before);
+    Platform.Steps = std::move(before);
 }

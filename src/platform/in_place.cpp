@@ -27,18 +27,22 @@ int Overwrite(int file, QByteArrayView bytes)
     return Persist([&] { return Steps().Sync(file); }) == 0 ? 0 : errno;
 }
 
+void Remove(const QString& copy)
+{
+    Steps().Unlink(QFile::encodeName(copy));
+}
+
 /// A kept copy: the process, the path and a character 0 before the bytes. Gives back where it lies.
 Result<QString> KeepOld(const QString& path, const QByteArray& old)
 {
     const QString copy = KeptFolder() + QString::number(getpid()) + QLatin1Char('-') +
                          QString::number(QRandomGenerator::system()->generate64(), 16);
     const QByteArray kept = QFile::encodeName(path) + '\0' + old;
-    return paths::WriteWholePrivate(copy, kept).map([&] { return copy; });
-}
-
-void Remove(const QString& copy)
-{
-    Steps().Unlink(QFile::encodeName(copy));
+    const auto written = paths::WriteWholePrivate(copy, kept);
+    if (written)
+        return copy;
+    Remove(copy); // it may be there all the same if only the last sync failed
+    return tl::unexpected(written.error());
 }
 
 bool StillRuns(const QString& copyName)
@@ -80,10 +84,9 @@ Result<> Write(const QString& path, QByteArrayView bytes)
         Remove(*copy);
         return Fail(path, qt_error_string(error));
     }
-    int error = Overwrite(file, bytes);
+    const int error = Overwrite(file, bytes);
     const bool whole = !error || !Overwrite(file, *old);
-    if (Steps().Close(file) != 0 && errno != EINTR && !error)
-        error = errno;
+    Steps().Close(file); // synced, or given up
     if (whole)
         Remove(*copy);
     if (!error)
@@ -97,10 +100,14 @@ QStringList RestoreInterrupted()
     QStringList restored;
     const QDir folder(KeptFolder());
     for (const QString& name : folder.entryList(QDir::Files | QDir::Hidden)) {
-        if (StillRuns(name))
+        // A copy that never got its name was cut off itself; its file was not touched yet.
+        const bool unfinished = name.startsWith(QLatin1Char('.'));
+        if (StillRuns(unfinished ? name.section(QLatin1Char('-'), 1) : name))
             continue;
         const QString copy = folder.filePath(name);
-        const QString path = RestoreOne(copy);
+        if (unfinished)
+            Remove(copy);
+        const QString path = unfinished ? QString() : RestoreOne(copy);
         if (path.isEmpty())
             continue;
         restored.append(path);

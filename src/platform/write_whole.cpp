@@ -95,8 +95,9 @@ Result<> Written(const QString& told, QByteArrayView bytes, mode_t mode)
         return {};
     if (attempt.ElseInPlace && target.Facts)
         return in_place::Write(QFile::decodeName(target.Path), bytes);
-    const QString late = attempt.Replaced ? QStringLiteral("Written, but its folder could not be synced. ") : QString();
-    return Fail(path, late + qt_error_string(attempt.Error));
+    const QString late =
+        attempt.Replaced ? QStringLiteral(" (written, but its folder could not be synced)") : QString();
+    return Fail(path, qt_error_string(attempt.Error) + late);
 }
 
 } // namespace

@@ -1,0 +1,25 @@
+#include "help/help_window.h"
+#include "help/running_window.h"
+
+#include <QApplication>
+
+/// Help [ID]: shows the page for the id, in the window that runs already if there is one.
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Gemforge Help"));
+    QApplication::setDesktopFileName(QStringLiteral("gemforge"));
+
+    const QString id = QApplication::arguments().mid(1).join(QLatin1Char(' '));
+    const QString folder = QApplication::applicationDirPath();
+    const QString meetingPoint = MeetingPoint(folder);
+    if (HandToRunningWindow(meetingPoint, id))
+        return 0;
+
+    RunningWindow others(meetingPoint);
+    HelpWindow window(HelpBook::Open(folder + QStringLiteral("/Help.zip")));
+    QObject::connect(&others, &RunningWindow::IdCame, &window, &HelpWindow::ShowIdInFront);
+    window.ShowId(id);
+    window.show();
+    return QApplication::exec();
+}

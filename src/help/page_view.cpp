@@ -1,0 +1,140 @@
+#include "help/page_view.h"
+
+#include "help/help_book.h"
+#include "help/page_style.h"
+
+#include <QEvent>
+#include <QImage>
+#include <QScrollBar>
+#include <QWheelEvent>
+#include <algorithm>
+
+namespace {
+
+constexpr QLatin1StringView Scheme("help");
+
+QUrl LinkTo(const HelpPlace& place)
+{
+    QUrl link;
+    link.setScheme(Scheme);
+    link.setPath(QLatin1Char('/') + place.File);
+    if (!place.Anchor.isEmpty())
+        link.setFragment(place.Anchor);
+    return link;
+}
+
+QString FileOf(const QUrl& link)
+{
+    return link.scheme() == Scheme ? link.path().mid(1) : QString();
+}
+
+} // namespace
+
+PageView::PageView(const HelpBook& pages, QWidget* parent)
+    : QTextBrowser(parent), book(pages), baseSize(font().pointSizeF())
+{
+    if (baseSize <= 0)
+        baseSize = 10;
+    setAccessibleName(tr("Help page"));
+    setFrameShape(QFrame::NoFrame);
+    document()->setDocumentMargin(14);
+    document()->setDefaultStyleSheet(PageStyle(palette()));
+}
+
+void PageView::ShowPlace(const HelpPlace& place)
+{
+    setSource(LinkTo(place));
+    if (place.Anchor.isEmpty())
+        verticalScrollBar()->setValue(0);
+}
+
+HelpPlace PageView::PlaceOf(const QUrl& source)
+{
+    return {FileOf(source), source.fragment()};
+}
+
+void PageView::ShowFailure(const QString& title, const QString& text)
+{
+    failure = QStringLiteral("<h1>%1</h1><p>%2</p>")
+                  .arg(title.toHtmlEscaped(), text.toHtmlEscaped().replace(QLatin1Char('\n'), QStringLiteral("<br>")));
+    setHtml(failure);
+}
+
+void PageView::SetZoom(int percent)
+{
+    percent = std::clamp(percent, 50, 300);
+    if (percent == zoom)
+        return;
+    zoom = percent;
+    QFont scaled = font();
+    scaled.setPointSizeF(baseSize * zoom / 100);
+    setFont(scaled);
+    emit ZoomChanged(zoom);
+}
+
+bool PageView::Find(const QString& text, bool backward, bool fromHere)
+{
+    QTextDocument::FindFlags flags;
+    flags.setFlag(QTextDocument::FindBackward, backward);
+    QTextCursor from = textCursor();
+    if (!from.hasSelection())
+        from = cursorForPosition(QPoint(0, 0));
+    if (fromHere)
+        from.setPosition(from.selectionStart());
+    QTextCursor hit = document()->find(text, from, flags);
+    if (hit.isNull()) {
+        from.movePosition(backward ? QTextCursor::End : QTextCursor::Start);
+        hit = document()->find(text, from, flags);
+    }
+    if (!hit.isNull())
+        setTextCursor(hit);
+    return !hit.isNull();
+}
+
+QVariant PageView::loadResource(int type, const QUrl& name)
+{
+    const QByteArray bytes = book.Bytes(FileOf(name));
+    if (type == QTextDocument::ImageResource)
+        return QImage::fromData(bytes);
+    return QString::fromUtf8(bytes);
+}
+
+void PageView::doSetSource(const QUrl& link, QTextDocument::ResourceType)
+{
+    if (book.Has(FileOf(link)))
+        QTextBrowser::doSetSource(link, QTextDocument::HtmlResource);
+    else
+        emit LinkRefused(link);
+}
+
+void PageView::changeEvent(QEvent* event)
+{
+    QTextBrowser::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
+        Restyle();
+}
+
+void PageView::wheelEvent(QWheelEvent* event)
+{
+    if (!event->modifiers().testFlag(Qt::ControlModifier)) {
+        QTextBrowser::wheelEvent(event);
+        return;
+    }
+    if (event->angleDelta().y() != 0)
+        SetZoom(zoom + (event->angleDelta().y() > 0 ? 10 : -10));
+    event->accept();
+}
+
+void PageView::Restyle()
+{
+    const QString style = PageStyle(palette());
+    if (style == document()->defaultStyleSheet())
+        return;
+    document()->setDefaultStyleSheet(style);
+    const int line = verticalScrollBar()->value();
+    if (!failure.isEmpty())
+        setHtml(failure);
+    else if (!source().isEmpty())
+        reload();
+    verticalScrollBar()->setValue(line);
+}

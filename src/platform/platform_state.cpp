@@ -1,0 +1,3 @@
+#include "platform/platform_state.h"
+
+PlatformState Platform;

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/file_steps.h"
+
+#include <atomic>
+#include <vector>
+
+namespace processes {
+class Wait;
+}
+
+/// All that this room remembers between calls.
+struct PlatformState
+{
+    FileSteps Steps = FileSteps::OfSystem();
+    std::vector<processes::Wait*> Waits; ///< in progress; they nest, the innermost is the last
+    std::atomic<int> SignalPipe{-1};     ///< where the signal handler writes
+};
+
+extern PlatformState Platform;

@@ -1,0 +1,51 @@
+#include "platform/single_instance.h"
+
+#include "platform/standard_folders.h"
+
+#include <QDir>
+#include <QFile>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+/// Others must not be able to put a lock there, or a link.
+bool IsOurs(const QString& folder)
+{
+    struct stat facts
+    {
+    };
+    return lstat(QFile::encodeName(folder), &facts) == 0 && S_ISDIR(facts.st_mode) && facts.st_uid == geteuid() &&
+           (facts.st_mode & 022) == 0 && access(QFile::encodeName(folder), W_OK) == 0;
+}
+
+QString LockFolder()
+{
+    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    if (runtime.startsWith(QLatin1Char('/')) && IsOurs(runtime))
+        return runtime;
+    const QString temporary = QDir::tempPath() + QLatin1String("/gemforge-") + QString::number(geteuid());
+    folders::MakePrivate(temporary);
+    return IsOurs(temporary) ? temporary : folders::State();
+}
+
+} // namespace
+
+SingleInstance::SingleInstance(const QString& name)
+{
+    const QString path = LockFolder() + QLatin1Char('/') + name + QLatin1String(".lock");
+    file = open(QFile::encodeName(path), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600);
+    if (file < 0)
+        return;
+    // The file stays when the lock goes: removing it would let two starts hold locks on two files of one name.
+    another = flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+}
+
+SingleInstance::~SingleInstance()
+{
+    if (file >= 0)
+        close(file);
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+
+/// Whether this program runs already for this user: a lock in XDG_RUNTIME_DIR (where there is none, in a folder of
+/// the user's own below the temporary folder) that the system itself gives back when a process ends, however it ends.
+class SingleInstance
+{
+public:
+    /// Takes the lock `name` and holds it for the object's life, unless another process has it.
+    explicit SingleInstance(const QString& name);
+    ~SingleInstance();
+    SingleInstance(const SingleInstance&) = delete;
+    SingleInstance& operator=(const SingleInstance&) = delete;
+
+    /// False too where no lock file can be made: a start is never refused for that.
+    bool AnotherRuns() const { return another; }
+
+private:
+    int file = -1;
+    bool another = false;
+};

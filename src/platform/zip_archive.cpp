@@ -1,0 +1,104 @@
+#include "platform/zip_archive.h"
+
+#include "platform/file_steps.h"
+#include "platform/paths.h"
+
+#include <QFile>
+#include <algorithm>
+#include <fcntl.h>
+#include <zip.h>
+
+namespace {
+
+QString Words(zip_error_t* error)
+{
+    return QString::fromUtf8(zip_error_strerror(error));
+}
+
+ZipEntry Described(zip* archive, zip_uint64_t index)
+{
+    zip_stat_t facts;
+    zip_stat_init(&facts);
+    ZipEntry entry;
+    if (zip_stat_index(archive, index, 0, &facts) != 0)
+        return entry;
+    entry.Name = QString::fromUtf8(facts.name);
+    entry.Size = qint64(std::min<zip_uint64_t>(facts.size, zip_uint64_t(INT64_MAX)));
+    entry.PackedSize = qint64(std::min<zip_uint64_t>(facts.comp_size, zip_uint64_t(INT64_MAX)));
+    entry.Crc = facts.crc;
+    entry.Changed = QDateTime::fromSecsSinceEpoch(facts.mtime);
+    entry.Encrypted = facts.encryption_method != ZIP_EM_NONE;
+    return entry;
+}
+
+} // namespace
+
+ZipArchive::ZipArchive(QString from, zip* opened) : path(std::move(from)), archive(opened, zip_discard)
+{
+    const zip_int64_t count = zip_get_num_entries(opened, 0);
+    for (zip_int64_t index = 0; index < count; ++index)
+        entries.push_back(Described(opened, zip_uint64_t(index)));
+}
+
+Result<ZipArchive> ZipArchive::Open(const QString& told)
+{
+    const QString found = paths::Existing(told);
+    const QString path = found.isEmpty() ? told : found;
+    const int file = Persist([&] { return Steps().Open(QFile::encodeName(path), O_RDONLY | O_NONBLOCK, 0); });
+    struct stat facts
+    {
+    };
+    if (file < 0 || fstat(file, &facts) != 0)
+        return Fail(path, qt_error_string(errno));
+    if (!S_ISREG(facts.st_mode)) {
+        Steps().Close(file);
+        return Fail(path, qt_error_string(S_ISDIR(facts.st_mode) ? EISDIR : ENODEV));
+    }
+    int code = 0;
+    zip* const opened = zip_fdopen(file, 0, &code);
+    if (!opened) {
+        Steps().Close(file);
+        zip_error_t error;
+        zip_error_init_with_code(&error, code);
+        const QString reason = Words(&error);
+        zip_error_fini(&error);
+        return Fail(path, reason);
+    }
+    return ZipArchive(path, opened);
+}
+
+int ZipArchive::Find(const QString& name) const
+{
+    for (const Qt::CaseSensitivity letters : {Qt::CaseSensitive, Qt::CaseInsensitive}) {
+        const auto found = std::find_if(entries.begin(), entries.end(),
+                                        [&](const ZipEntry& entry) { return entry.Name.compare(name, letters) == 0; });
+        if (found != entries.end())
+            return int(found - entries.begin());
+    }
+    return -1;
+}
+
+Result<QByteArray> ZipArchive::Read(int entry, qint64 limit) const
+{
+    if (entry < 0 || size_t(entry) >= entries.size())
+        return Fail(path, QStringLiteral("No such entry"));
+    const std::unique_ptr<zip_file_t, int (*)(zip_file_t*)> file(zip_fopen_index(archive.get(), zip_uint64_t(entry), 0),
+                                                                 zip_fclose);
+    if (!file)
+        return Fail(path, Words(zip_get_error(archive.get())));
+    // The size in the directory may lie, so the buffer grows only as bytes come.
+    constexpr qsizetype Chunk = qsizetype(1) << 16;
+    QByteArray bytes;
+    for (;;) {
+        const qsizetype before = bytes.size();
+        bytes.resize(before + Chunk);
+        const zip_int64_t got = zip_fread(file.get(), bytes.data() + before, zip_uint64_t(Chunk));
+        if (got < 0)
+            return Fail(path, Words(zip_file_get_error(file.get())));
+        bytes.resize(before + qsizetype(got));
+        if (bytes.size() > limit)
+            return Fail(path, qt_error_string(EFBIG));
+        if (got == 0)
+            return bytes;
+    }
+}

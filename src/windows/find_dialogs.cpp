@@ -1,0 +1,27 @@
+#include "windows/find_dialogs.h"
+
+#include "windows/find_dialog.h"
+#include "windows/goto_dialog.h"
+
+namespace {
+
+/// The owner's dialog of this class, made when it is first wanted.
+template <class Dialog>
+Dialog& DialogOf(QWidget* owner)
+{
+    for (QObject* child : owner->children())
+        if (auto* dialog = dynamic_cast<Dialog*>(child))
+            return *dialog;
+    return *new Dialog(owner);
+}
+
+} // namespace
+
+void ShowFindDialog(QWidget* owner, EditorPane& pane, FindKind kind)
+{
+    QWidget* window = owner->window();
+    if (kind == FindKind::GotoLine)
+        DialogOf<GotoDialog>(window).Open(pane);
+    else
+        DialogOf<FindDialog>(window).Open(pane, kind);
+}

@@ -1,0 +1,56 @@
+#include "windows/goto_dialog.h"
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QVBoxLayout>
+
+GotoDialog::GotoDialog(QWidget* owner) : QDialog(owner, Qt::Tool)
+{
+    setObjectName(QStringLiteral("GotoDialog"));
+    setWindowTitle(QStringLiteral("Goto Line Number"));
+    lblLine = new QLabel(this);
+    numLine = new QSpinBox(this);
+    numLine->setAccessibleName(QStringLiteral("Line number"));
+    lblLine->setBuddy(numLine);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    buttons->button(QDialogButtonBox::Ok)->setText(QStringLiteral("Go"));
+    connect(buttons, &QDialogButtonBox::accepted, this, &GotoDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &GotoDialog::reject);
+    auto* column = new QVBoxLayout(this);
+    for (QWidget* part : std::initializer_list<QWidget*>{lblLine, numLine, buttons})
+        column->addWidget(part);
+}
+
+void GotoDialog::Open(EditorPane& pane)
+{
+    target.Set(pane);
+    const int last = qMax(1, pane.LineCount());
+    lblLine->setText(QStringLiteral("&Line (1 to %1):").arg(last));
+    numLine->setRange(1, last);
+    numLine->setValue(pane.GetSel(true).StartLine + 1);
+    if (!isVisible())
+        PlaceBeside(*this, pane);
+    show();
+    raise();
+    activateWindow();
+    numLine->setFocus();
+    numLine->selectAll();
+}
+
+void GotoDialog::accept()
+{
+    QDialog::accept();
+    if (EditorPane* pane = target.Pane()) {
+        pane->ExecuteCmd(CmdGotoLine, numLine->value() - 1);
+        pane->FocusPane();
+    }
+}
+
+void GotoDialog::reject()
+{
+    QDialog::reject();
+    if (EditorPane* pane = target.Pane())
+        pane->FocusPane();
+}

@@ -1,0 +1,79 @@
+#include "windows/window_asker.h"
+
+#include "windows/dialog_help.h"
+#include "windows/file_filter.h"
+#include "windows/frm_mess.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLabel>
+
+namespace {
+
+std::optional<QString> Chosen(QFileDialog& dialog)
+{
+    const ModalScope scope;
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    return QDir::cleanPath(dialog.selectedFiles().constFirst());
+}
+
+std::optional<QString> AskFile(QWidget* parent, const FileQuestion& question, QFileDialog::AcceptMode mode)
+{
+    QFileDialog dialog(parent, question.Title, question.Folder);
+    dialog.setAcceptMode(mode);
+    dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite); // the command asks that itself, with message 9
+    dialog.setNameFilters(DialogFilters(question.Filter));
+    if (!question.Preset.isEmpty())
+        dialog.selectFile(question.Preset);
+    return Chosen(dialog);
+}
+
+} // namespace
+
+WindowAsker::WindowAsker(QWidget* window) : owner(window) {}
+
+QWidget* WindowAsker::Parent() const
+{
+    return DialogParent(owner);
+}
+
+MessageAnswer WindowAsker::Message(const MessageRecord& record)
+{
+    return frmMess(record, owner).Ask();
+}
+
+std::optional<QString> WindowAsker::Input(const QString& title, const QString& prompt, const QString& preset)
+{
+    QInputDialog dialog(Parent());
+    dialog.setWindowTitle(title);
+    dialog.setLabelText(WithoutMnemonic(prompt));
+    dialog.setTextValue(preset);
+    for (QLabel* label : dialog.findChildren<QLabel*>()) {
+        label->setTextFormat(Qt::PlainText); // a prompt is a macro's text
+        label->setWordWrap(true);
+    }
+    dialog.setMinimumWidth(Pixels(dialog, 380));
+    const ModalScope scope;
+    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.textValue()) : std::nullopt;
+}
+
+std::optional<QString> WindowAsker::OpenFile(const FileQuestion& question)
+{
+    return AskFile(Parent(), question, QFileDialog::AcceptOpen);
+}
+
+std::optional<QString> WindowAsker::SaveFile(const FileQuestion& question)
+{
+    return AskFile(Parent(), question, QFileDialog::AcceptSave);
+}
+
+std::optional<QString> WindowAsker::Folder(const QString& title)
+{
+    QFileDialog dialog(Parent(), title);
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    return Chosen(dialog);
+}

@@ -1,0 +1,195 @@
+#include "help/help_window.h"
+#include "help/page_view.h"
+#include "help/running_window.h"
+#include "help/window_memory.h"
+#include "help_test_support.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QLocalServer>
+#include <QScrollBar>
+#include <QSettings>
+#include <QSignalSpy>
+#include <QThread>
+#include <functional>
+#include <memory>
+
+namespace {
+
+/// Settings in a folder of the test's own.
+class HelpWindowTest : public testing::Test
+{
+protected:
+    HelpWindowTest() { QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path()); }
+
+    static PageView& View(HelpWindow& window) { return *window.findChild<PageView*>(); }
+
+    static QString File(HelpWindow& window) { return PageView::PlaceOf(View(window).source()).File; }
+
+    static void Press(QWidget& target, int key, Qt::KeyboardModifiers held = Qt::NoModifier)
+    {
+        QKeyEvent down(QEvent::KeyPress, key, held);
+        QApplication::sendEvent(&target, &down);
+    }
+
+    QTemporaryDir folder;
+};
+
+/// Runs `call` on another thread while this one serves events.
+bool WhileServing(const std::function<bool()>& call)
+{
+    bool result = false;
+    const std::unique_ptr<QThread> other(QThread::create([&] { result = call(); }));
+    other->start();
+    while (!other->isFinished())
+        QApplication::processEvents(QEventLoop::AllEvents, 10);
+    return result;
+}
+
+} // namespace
+
+// Catches: a window that crashes or stays blank where the pages cannot be read.
+TEST_F(HelpWindowTest, AFailureIsShownWithPathAndReason)
+{
+    HelpWindow window(HelpBook::Open(QStringLiteral("/nowhere/Help.zip")));
+    window.ShowId(QStringLiteral("H_main_save"));
+    const QString shown = View(window).toPlainText();
+    EXPECT_TRUE(shown.contains(QLatin1String("/nowhere/Help.zip"))) << shown;
+    EXPECT_TRUE(shown.contains(QLatin1String("There is no such file."))) << shown;
+}
+
+// Catches: a word's page that opens at its top, back that loses the place, a link out of the help that is followed.
+TEST_F(HelpWindowTest, ShowsPlacesGoesBackAndStaysInside)
+{
+    HelpWindow window(ShippedBook());
+    window.resize(700, 400);
+    window.show();
+    window.ShowId(QStringLiteral("!graphics info\\spring"));
+    QApplication::processEvents();
+    EXPECT_EQ(File(window), QStringLiteral("words_graphics_info.html"));
+    const int line = View(window).verticalScrollBar()->value();
+    EXPECT_GT(line, 1000);
+    EXPECT_TRUE(window.windowTitle().startsWith(QLatin1String("Words of graphicsinfo.conf")));
+
+    window.ShowId(QStringLiteral("H_main_save"));
+    EXPECT_EQ(File(window), QStringLiteral("h_main_save.html"));
+    View(window).backward();
+    QApplication::processEvents();
+    EXPECT_EQ(File(window), QStringLiteral("words_graphics_info.html"));
+    EXPECT_EQ(View(window).verticalScrollBar()->value(), line);
+
+    const QSignalSpy refused(&View(window), &PageView::LinkRefused);
+    for (const char* link : {"https://example.org/", "file:///etc/passwd", "help:/no_such_page.html"})
+        View(window).setSource(QUrl(QLatin1String(link)));
+    EXPECT_EQ(refused.count(), 3);
+    EXPECT_EQ(File(window), QStringLiteral("words_graphics_info.html"));
+}
+
+// Catches: a search that needs the mouse.
+TEST_F(HelpWindowTest, SearchIsAllKeyboard)
+{
+    HelpWindow window(ShippedBook());
+    window.show();
+    auto* box = window.findChild<QLineEdit*>();
+    auto* hits = window.findChild<QListWidget*>();
+    box->setText(QStringLiteral("cut append"));
+    ASSERT_GT(hits->count(), 1);
+    Press(*box, Qt::Key_Return);
+    EXPECT_EQ(File(window), QStringLiteral("h_main_cut_append.html"));
+    Press(*box, Qt::Key_Down);
+    EXPECT_EQ(hits->currentRow(), 0);
+    Press(*hits, Qt::Key_Down);
+    Press(*hits, Qt::Key_Return);
+    EXPECT_EQ(File(window), hits->item(1)->data(Qt::UserRole).toString());
+    box->setText(QStringLiteral("no such thing anywhere"));
+    EXPECT_EQ(hits->count(), 0);
+    Press(*box, Qt::Key_Return);
+    EXPECT_FALSE(File(window).isEmpty());
+}
+
+// Catches: a find that does not go round, or stays on the match it already shows.
+TEST_F(HelpWindowTest, FindOnThePageGoesRound)
+{
+    HelpWindow window(ShippedBook());
+    window.ShowId(QStringLiteral("H_main_tidy_up"));
+    PageView& view = View(window);
+    const QString word = QStringLiteral("colon");
+    ASSERT_TRUE(view.Find(word, false, true));
+    const int first = view.textCursor().selectionStart();
+    EXPECT_TRUE(view.Find(word, false, true));
+    EXPECT_EQ(view.textCursor().selectionStart(), first);
+    EXPECT_TRUE(view.Find(word, false, false));
+    EXPECT_GT(view.textCursor().selectionStart(), first);
+    EXPECT_TRUE(view.Find(word, true, false));
+    EXPECT_TRUE(view.Find(word, true, false));
+    EXPECT_GT(view.textCursor().selectionStart(), first);
+    EXPECT_FALSE(view.Find(QStringLiteral("xyzzy"), false, false));
+}
+
+// Catches: size and zoom that are forgotten, or broken settings that make the window unusable.
+TEST_F(HelpWindowTest, RemembersSizeAndZoomAndSurvivesBrokenOnes)
+{
+    {
+        HelpWindow window(ShippedBook());
+        window.show();
+        window.resize(620, 410);
+        View(window).SetZoom(140);
+        window.close();
+    }
+    {
+        HelpWindow window(ShippedBook());
+        EXPECT_EQ(window.size(), QSize(620, 410));
+        EXPECT_EQ(View(window).Zoom(), 140);
+    }
+    KeepWindow({"rubbish", "more rubbish", 100000});
+    HelpWindow window(ShippedBook());
+    EXPECT_GT(window.width(), 200);
+    EXPECT_EQ(View(window).Zoom(), 300);
+}
+
+// Catches: a dark desktop that leaves the page's colours light until the next page.
+TEST_F(HelpWindowTest, FollowsAChangeOfThePalette)
+{
+    HelpWindow window(ShippedBook());
+    window.ShowId(QStringLiteral("H_main_save"));
+    const QString light = View(window).document()->defaultStyleSheet();
+    QPalette dark = window.palette();
+    dark.setColor(QPalette::Base, QColor(20, 20, 20));
+    dark.setColor(QPalette::Text, Qt::white);
+    window.setPalette(dark);
+    EXPECT_NE(View(window).document()->defaultStyleSheet(), light);
+    EXPECT_EQ(File(window), QStringLiteral("h_main_save.html"));
+}
+
+// Catches: a second start that opens a second window, an id cut at a blank or a letter beyond ASCII, a socket left by
+// a crashed window or a window that hangs that keeps the help from opening, and a folder without room for a socket.
+TEST_F(HelpWindowTest, LaterStartsHandTheirIdToTheRunningWindow)
+{
+    const QString point = folder.filePath(QStringLiteral("meeting"));
+    EXPECT_FALSE(HandToRunningWindow(point, QStringLiteral("a")));
+    const QString id = QStringLiteral("!graphics info\\w\u00F6rd");
+    {
+        RunningWindow running(point);
+        ASSERT_TRUE(running.Listens());
+        const QSignalSpy came(&running, &RunningWindow::IdCame);
+        EXPECT_TRUE(WhileServing([&] { return HandToRunningWindow(point, id); }));
+        EXPECT_TRUE(WhileServing([&] { return HandToRunningWindow(point, QString()); }));
+        ASSERT_EQ(came.count(), 2);
+        EXPECT_EQ(came[0][0].toString(), id);
+        EXPECT_EQ(came[1][0].toString(), QString());
+    }
+    QLocalServer hangs;
+    ASSERT_TRUE(hangs.listen(point));
+    QElapsedTimer patience;
+    patience.start();
+    EXPECT_FALSE(HandToRunningWindow(point, id));
+    EXPECT_LT(patience.elapsed(), 3000);
+
+    QFile stale(folder.filePath(QStringLiteral("stale")));
+    ASSERT_TRUE(stale.open(QIODevice::WriteOnly));
+    stale.close();
+    EXPECT_TRUE(RunningWindow(stale.fileName()).Listens());
+    EXPECT_FALSE(RunningWindow(QStringLiteral("/nowhere/at/all")).Listens());
+}

@@ -1,0 +1,186 @@
+#include "help_test_support.h"
+
+#include <QSet>
+#include <QUrl>
+
+namespace {
+
+const char* const Buttons[] = {
+    "new",
+    "open",
+    "recent",
+    "revert_to_saved",
+    "insert_file",
+    "project",
+    "save",
+    "save_as",
+    "open_tab",
+    "close_tab",
+    "undo",
+    "redo",
+    "cut",
+    "cut_append",
+    "copy",
+    "paste",
+    "select_line",
+    "select_all",
+    "tidy_up",
+    "select_element_block",
+    "find",
+    "find_next",
+    "find_previous",
+    "replace",
+    "goto_line_number",
+    "goto_top",
+    "goto_bottom",
+    "line_numbers",
+    "spaces_tabs",
+    "syntax_colours",
+    "super_tab",
+    "help",
+    "close_all_tabs",
+    "st_mode",
+    "st_cursor",
+    "st_path",
+    "st_insert",
+    "st_caps",
+    "st_num",
+    "tabs",
+    "recentlist",
+    "",
+};
+
+const char* const Folders[] = {"graphics info", "sounds info", "music info", "level info", "other infos"};
+
+QString At(const QString& file, const QString& target)
+{
+    return file + QStringLiteral(" -> ") + target;
+}
+
+} // namespace
+
+// Catches: a tool button, panel or list whose F1 shows the contents because its page is missing or named otherwise,
+// and two ids that share a page.
+TEST(ShippedPages, EachIdOfTheMainWindowHasAPageOfItsOwn)
+{
+    QSet<QString> taken;
+    for (const char* key : Buttons) {
+        const QString id = QStringLiteral("H_main_") + QLatin1String(key);
+        const HelpPlace place = ShippedBook().Resolve(id);
+        EXPECT_NE(place.File, ContentsPage) << id;
+        EXPECT_FALSE(taken.contains(place.File)) << id;
+        taken.insert(place.File);
+    }
+}
+
+// Catches: a link to a page that was renamed or to a heading that was reworded, and a link that leads out.
+TEST(ShippedPages, EveryLinkLeadsToAPageAndAnAnchorThatExist)
+{
+    const HelpBook& book = ShippedBook();
+    int links = 0;
+    for (const QString& file : book.Pages())
+        for (const PageLink& link : book.Page(file).Links) {
+            const QUrl target(link.Target);
+            const QString page = target.path().isEmpty() ? file : target.path();
+            ASSERT_TRUE(target.scheme().isEmpty() && book.Has(page)) << At(file, link.Target);
+            if (target.hasFragment()) {
+                EXPECT_TRUE(book.Page(page).Anchors.contains(target.fragment())) << At(file, link.Target);
+            }
+            EXPECT_FALSE(link.Text.isEmpty()) << At(file, link.Target);
+            ++links;
+        }
+    EXPECT_GT(links, 200);
+}
+
+// Catches: a page without a title (an empty line in window title and search), one that no link reaches, an anchor
+// that stands twice (the second is never shown), and a section that search leads to the wrong place for.
+TEST(ShippedPages, EveryPageHasATitleIsReachableAndNamesEachAnchorOnce)
+{
+    const HelpBook& book = ShippedBook();
+    QSet<QString> listed;
+    for (const ContentsLine& line : book.Contents())
+        listed.insert(line.Place.File);
+    for (const QString& file : book.Pages()) {
+        const PageText& page = book.Page(file);
+        EXPECT_FALSE(page.Title.isEmpty()) << file;
+        EXPECT_TRUE(file == ContentsPage || listed.contains(file)) << file;
+        const QSet<QString> distinct(page.Anchors.cbegin(), page.Anchors.cend());
+        EXPECT_EQ(distinct.size(), page.Anchors.size()) << file;
+        for (size_t i = 2; i < page.Sections.size(); ++i) {
+            const bool anchored = !page.Sections[i].Anchor.isEmpty() || file == ContentsPage;
+            const bool chapterOfWords = file.startsWith(QLatin1String("words_"));
+            EXPECT_TRUE(anchored || chapterOfWords) << At(file, page.Sections[i].Title);
+        }
+    }
+}
+
+// Catches: F1 on a word that opens its page at the top: words with dots, brackets, other letter case, numbered
+// families and the words that stand for a whole class.
+TEST(ShippedPages, WordsLeadToTheirSection)
+{
+    const std::pair<const char*, const char*> cases[] = {
+        {"!graphics info\\yamyam", "yamyam"},
+        {"!graphics info\\custom", "custom to custom_256"},
+        {"!graphics info\\char", "char to char_down"},
+        {"!graphics info\\group", "group to group_32"},
+        {"!graphics info\\frames", "frames"},
+        {"!graphics info\\pingpong2", "pingpong2"},
+        {"!graphics info\\page[7]", "page"},
+        {"!graphics info\\robot_wheel.active", "robot_wheel"},
+        {"!graphics info\\EDITOR", "EDITOR"},
+        {"!graphics info\\editor", "editor"},
+        {"!graphics info\\YAMYAM", "yamyam"},
+        {"!graphics info\\key_1", "key_1 to key_4"},
+        {"!sounds info\\exit", "exit"},
+        {"!sounds info\\volume", "volume"},
+        {"!music info\\background", "background"},
+        {"!level info\\sort_priority", "sort_priority"},
+        {"!level info\\graphics_set.old", "graphics_set"},
+        {"!other infos\\end", "end"},
+        {"!other infos\\mole", "mole"},
+    };
+    for (const auto& [id, title] : cases) {
+        const HelpPlace place = ShippedBook().Resolve(QLatin1String(id));
+        const PageText& page = ShippedBook().Page(place.File);
+        QString found;
+        for (const PageSection& section : page.Sections)
+            if (!place.Anchor.isEmpty() && section.Anchor == place.Anchor)
+                found = section.Title;
+        EXPECT_TRUE(found.startsWith(QLatin1String(title).chopped(0)) || found.contains(QLatin1String(title)))
+            << QLatin1String(id) << " gives " << found;
+    }
+    for (const char* folder : Folders) {
+        const QString id = QLatin1Char('!') + QLatin1String(folder) + QLatin1Char('\\');
+        const HelpPlace top = ShippedBook().Resolve(id);
+        EXPECT_NE(top.File, ContentsPage) << id;
+        EXPECT_EQ(ShippedBook().Resolve(id + QStringLiteral("no_such_word")), top) << id;
+        EXPECT_TRUE(top.Anchor.isEmpty()) << id;
+    }
+}
+
+// Catches: a game word that has no place on its page, after new tables were laid in and the pages not made again.
+TEST(ShippedPages, EveryParameterAndKeyIsExplained)
+{
+    const auto section = [](const char* folder, const QString& word) {
+        const HelpPlace place =
+            ShippedBook().Resolve(QLatin1Char('!') + QLatin1String(folder) + QLatin1Char('\\') + word);
+        for (const PageSection& one : ShippedBook().Page(place.File).Sections)
+            if (one.Anchor == place.Anchor && !place.Anchor.isEmpty())
+                return one.Text;
+        return QString();
+    };
+    for (const char* word : {"xpos", "ypos", "frames", "delay", "anim_mode", "start_frame", "name", "global_sync",
+                             "offset", "clone_from", "border_size", "crumbled_like"})
+        EXPECT_GT(section("graphics info", QLatin1String(word)).size(), 20) << word;
+    for (const char* word : {"author", "levels", "first_level", "readonly", "handicap", "filetype"})
+        EXPECT_GT(section("level info", QLatin1String(word)).size(), 20) << word;
+    EXPECT_TRUE(section("graphics info", QStringLiteral("yamyam")).contains(QLatin1String("11")));
+}
+
+// Catches: an archive or a page that refers to what lies outside the project's own pages.
+TEST(ShippedPages, UnknownIdsOpenTheContents)
+{
+    for (const char* id :
+         {"", "  ", "H_main_nothing", "../../etc/passwd", "!no such folder\\word", "contents", "%", "!"})
+        EXPECT_EQ(ShippedBook().Resolve(QLatin1String(id)), (HelpPlace{ContentsPage, QString()})) << id;
+}
