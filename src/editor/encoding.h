@@ -1,0 +1,14 @@
+#pragma once
+
+#include "frame/editor_operations.h"
+
+#include <optional>
+
+/// What a file's bytes are: valid UTF-8 (with or without a mark), else Windows-1252.
+FileEncoding EncodingOf(QByteArrayView file);
+
+/// The file's text as UTF-8 without a mark. Every byte sequence has one; ToFile gives the same bytes back.
+QByteArray FromFile(QByteArrayView file, FileEncoding encoding);
+
+/// UTF-8 text as a file of that encoding; nothing if Windows-1252 cannot hold a character of it.
+std::optional<QByteArray> ToFile(QByteArrayView utf8, FileEncoding encoding);

@@ -1,0 +1,140 @@
+#include "editor/pane.h"
+
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QUrl>
+#include <Qsci/qsciscintilla.h>
+
+using Sci = QsciScintillaBase;
+
+namespace {
+
+QStringList LocalFiles(const QMimeData* data)
+{
+    QStringList paths;
+    const QList<QUrl> urls = data->urls();
+    for (const QUrl& url : urls)
+        if (url.isLocalFile())
+            paths << url.toLocalFile();
+    return paths;
+}
+
+} // namespace
+
+bool ScintillaPane::eventFilter(QObject* watched, QEvent* event)
+{
+    if (!text.Widget())
+        return false;
+    return watched == text.Widget() ? WidgetEvent(event) : ViewportEvent(event);
+}
+
+bool ScintillaPane::WidgetEvent(QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::ShortcutOverride:
+        return ClaimKey(*static_cast<QKeyEvent*>(event));
+    case QEvent::KeyPress:
+        return KeyPressed(*static_cast<QKeyEvent*>(event));
+    case QEvent::FocusIn:
+        emit FocusGained();
+        return false;
+    case QEvent::ContextMenu:
+        return ContextMenu(event);
+    case QEvent::InputMethod:
+        SettleSoon();
+        return false;
+    default:
+        return false;
+    }
+}
+
+bool ScintillaPane::ViewportEvent(QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::Paint:
+        colouring.ColourView();
+        return false;
+    case QEvent::MouseButtonPress:
+        return MousePress(*static_cast<QMouseEvent*>(event));
+    case QEvent::MouseMove:
+        SettleSoon();
+        emit MouseMoved();
+        return false;
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+        SettleSoon();
+        return false;
+    case QEvent::ContextMenu:
+        return ContextMenu(event);
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+        return TakeFiles(*static_cast<QDropEvent*>(event));
+    default:
+        return false;
+    }
+}
+
+/// The menu is the window's; the menu key counts as a press of the right button.
+bool ScintillaPane::ContextMenu(QEvent* event)
+{
+    if (static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard)
+        emit MousePressed(Qt::RightButton, Qt::NoModifier);
+    event->accept();
+    return true;
+}
+
+bool ScintillaPane::MousePress(QMouseEvent& event)
+{
+    const Qt::MouseButton button = event.button();
+    const Qt::KeyboardModifiers keys = event.modifiers();
+    const bool alt = keys & Qt::AltModifier;
+    if (button == Qt::RightButton || (button == Qt::MiddleButton && alt)) {
+        PutCaretAt(event.position().toPoint());
+        event.accept();
+        emit MousePressed(button, keys);
+        return true;
+    }
+    SettleSoon();
+    // The component moves the caret first: who listens works on what stands there.
+    const QPointF place = event.position(), onScreen = event.globalPosition();
+    QMetaObject::invokeMethod(
+        this,
+        [=, this] {
+            emit MousePressed(button, keys);
+            // A window that opened over a held button has taken the release that would have ended the selecting.
+            if (alt && text.Widget() && !(QGuiApplication::mouseButtons() & button)) {
+                QMouseEvent release(QEvent::MouseButtonRelease, place, onScreen, button, Qt::NoButton, keys);
+                QCoreApplication::sendEvent(text.Widget()->viewport(), &release);
+            }
+        },
+        Qt::QueuedConnection);
+    return false;
+}
+
+/// Into the clicked place, unless that is selected.
+void ScintillaPane::PutCaretAt(QPoint place)
+{
+    const Work work(*this);
+    const qsizetype position = text.Send(Sci::SCI_POSITIONFROMPOINT, place.x(), long(place.y()));
+    const RawSelection selected = text.Selection();
+    if (position < selected.Start() || position > selected.End() || selected.Start() == selected.End())
+        text.Select(position, position);
+}
+
+/// Files are told, never inserted; everything else that is dropped is the component's.
+bool ScintillaPane::TakeFiles(QDropEvent& event)
+{
+    const QStringList files = LocalFiles(event.mimeData());
+    if (files.isEmpty()) {
+        SettleSoon();
+        return false;
+    }
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+    if (event.type() == QEvent::Drop)
+        emit FilesDropped(files);
+    return true;
+}

@@ -1,0 +1,163 @@
+#include "editor/pane.h"
+
+#include <QKeyEvent>
+#include <Qsci/qscicommandset.h>
+#include <Qsci/qsciscintilla.h>
+#include <algorithm>
+
+using Sci = QsciScintillaBase;
+
+/// One key a row: a command number, a message of the component, or a routine that has no number. Keys that a menu of
+/// the windows uses stand there, not here.
+struct ScintillaPane::KeyRow
+{
+    int Key; ///< with its modifiers
+    int Number = 0;
+    unsigned Message = 0;
+    bool (ScintillaPane::*Run)(const QVariant&) = nullptr;
+};
+
+namespace {
+
+constexpr int Ctrl = Qt::CTRL, Shift = Qt::SHIFT, Alt = Qt::ALT;
+
+} // namespace
+
+const ScintillaPane::KeyRow ScintillaPane::KeyRows[] = {
+    {Qt::Key_Left, CmdCharLeft},
+    {Qt::Key_Left | Shift, CmdCharLeftExtend},
+    {Qt::Key_Left | Ctrl, CmdWordLeft},
+    {Qt::Key_Left | Ctrl | Shift, CmdWordLeftExtend},
+    {Qt::Key_Left | Alt | Shift, 0, Sci::SCI_CHARLEFTRECTEXTEND},
+    {Qt::Key_Right, CmdCharRight},
+    {Qt::Key_Right | Shift, CmdCharRightExtend},
+    {Qt::Key_Right | Ctrl, CmdWordRight},
+    {Qt::Key_Right | Ctrl | Shift, CmdWordRightExtend},
+    {Qt::Key_Right | Alt | Shift, 0, Sci::SCI_CHARRIGHTRECTEXTEND},
+    {Qt::Key_Up, CmdLineUp},
+    {Qt::Key_Up | Shift, CmdLineUpExtend},
+    {Qt::Key_Up | Ctrl, 0, Sci::SCI_LINESCROLLUP},
+    {Qt::Key_Up | Ctrl | Shift, 0, Sci::SCI_PARAUPEXTEND},
+    {Qt::Key_Up | Alt | Shift, 0, Sci::SCI_LINEUPRECTEXTEND},
+    {Qt::Key_Down, CmdLineDown},
+    {Qt::Key_Down | Shift, CmdLineDownExtend},
+    {Qt::Key_Down | Ctrl, 0, Sci::SCI_LINESCROLLDOWN},
+    {Qt::Key_Down | Ctrl | Shift, 0, Sci::SCI_PARADOWNEXTEND},
+    {Qt::Key_Down | Alt | Shift, 0, Sci::SCI_LINEDOWNRECTEXTEND},
+    {Qt::Key_PageUp, CmdPageUp},
+    {Qt::Key_PageUp | Shift, CmdPageUpExtend},
+    {Qt::Key_PageUp | Alt | Shift, 0, Sci::SCI_PAGEUPRECTEXTEND},
+    {Qt::Key_PageDown, CmdPageDown},
+    {Qt::Key_PageDown | Shift, CmdPageDownExtend},
+    {Qt::Key_PageDown | Alt | Shift, 0, Sci::SCI_PAGEDOWNRECTEXTEND},
+    {Qt::Key_Home, CmdLineStart},
+    {Qt::Key_Home | Shift, CmdLineStartExtend},
+    {Qt::Key_Home | Ctrl, CmdDocumentStart},
+    {Qt::Key_Home | Ctrl | Shift, CmdDocumentStartExtend},
+    {Qt::Key_Home | Alt | Shift, 0, Sci::SCI_HOMERECTEXTEND},
+    {Qt::Key_End, CmdLineEnd},
+    {Qt::Key_End | Shift, CmdLineEndExtend},
+    {Qt::Key_End | Ctrl, CmdDocumentEnd},
+    {Qt::Key_End | Ctrl | Shift, CmdDocumentEndExtend},
+    {Qt::Key_End | Alt | Shift, 0, Sci::SCI_LINEENDRECTEXTEND},
+    {Qt::Key_Delete, CmdDeleteRight},
+    {Qt::Key_Delete | Shift, CmdCut},
+    {Qt::Key_Delete | Ctrl, 0, 0, &ScintillaPane::DeleteWordRight},
+    {Qt::Key_Delete | Ctrl | Shift, CmdDeleteToLineEnd},
+    {Qt::Key_Backspace, CmdDeleteLeft},
+    {Qt::Key_Backspace | Shift, CmdDeleteLeft},
+    {Qt::Key_Backspace | Ctrl, 0, 0, &ScintillaPane::DeleteWordLeft},
+    {Qt::Key_Backspace | Ctrl | Shift, CmdDeleteToLineStart},
+    {Qt::Key_Insert, 0, Sci::SCI_EDITTOGGLEOVERTYPE},
+    {Qt::Key_Insert | Ctrl, CmdCopy},
+    {Qt::Key_Insert | Shift, CmdPaste},
+    {Qt::Key_Return, 0, Sci::SCI_NEWLINE},
+    {Qt::Key_Return | Shift, 0, Sci::SCI_NEWLINE},
+    {Qt::Key_Tab, 0, Sci::SCI_TAB},
+    {Qt::Key_Backtab | Shift, 0, Sci::SCI_BACKTAB},
+    {Qt::Key_Space | Ctrl, 0, 0, &ScintillaPane::OpenCodeList},
+};
+
+namespace {
+
+/// Moves that a list may take for its own: the component's messages do that, and only they.
+constexpr int ListMoves[] = {CmdLineUp, CmdLineDown, CmdPageUp, CmdPageDown, CmdDeleteLeft};
+
+} // namespace
+
+void ScintillaPane::ClearComponentKeys()
+{
+    text.Widget()->standardCommands()->clearKeys(); // they would claim Ctrl+L, Ctrl+T and more before the menu
+    text.Widget()->standardCommands()->clearAlternateKeys();
+    text.Send(Sci::SCI_CLEARALLCMDKEYS);
+}
+
+const ScintillaPane::KeyRow* ScintillaPane::RowFor(const QKeyEvent& event) const
+{
+    const int key = event.key() == Qt::Key_Enter ? int(Qt::Key_Return) : event.key();
+    const int pressed = key | int((event.modifiers() & ~(Qt::KeypadModifier | Qt::GroupSwitchModifier)).toInt());
+    const auto row =
+        std::find_if(std::begin(KeyRows), std::end(KeyRows), [pressed](const KeyRow& r) { return r.Key == pressed; });
+    return row == std::end(KeyRows) ? nullptr : row;
+}
+
+/// Before shortcuts are tried: what the pane knows comes to it.
+bool ScintillaPane::ClaimKey(QKeyEvent& event)
+{
+    const bool escape = event.key() == Qt::Key_Escape && codeList.IsOpen();
+    if (!escape && !RowFor(event))
+        return false;
+    event.accept();
+    return true;
+}
+
+bool ScintillaPane::KeyPressed(QKeyEvent& event)
+{
+    if (settlePosted)
+        Settle();
+    if (event.key() == Qt::Key_Escape) {
+        event.setAccepted(codeList.IsOpen());
+        codeList.Close();
+        return true;
+    }
+    if (const KeyRow* row = RowFor(event)) {
+        RunKey(*row);
+        event.accept();
+        return true;
+    }
+    SettleSoon();
+    const bool forTheWindow = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    if (forTheWindow)
+        event.ignore();
+    return forTheWindow;
+}
+
+void ScintillaPane::RunKey(const KeyRow& row)
+{
+    const Work work(*this);
+    const bool listWasOpen = codeList.IsOpen();
+    const bool forTheList = row.Message == Sci::SCI_NEWLINE || row.Message == Sci::SCI_TAB ||
+                            std::find(std::begin(ListMoves), std::end(ListMoves), row.Number) != std::end(ListMoves);
+    if (listWasOpen && (!forTheList || (row.Message == Sci::SCI_NEWLINE && codeList.NothingToAdd())))
+        codeList.Close();
+    if (row.Run)
+        (this->*row.Run)({});
+    else if (row.Number)
+        ExecuteCmd(row.Number, {});
+    else
+        SendKeyMessage(row.Message);
+    if (listWasOpen && row.Number == CmdDeleteLeft && !codeList.IsOpen())
+        codeList.Reopen();
+}
+
+void ScintillaPane::SendKeyMessage(unsigned message)
+{
+    text.KeepCaretX();
+    text.Send(message);
+}
+
+bool ScintillaPane::OpenCodeList(const QVariant&)
+{
+    codeList.Open();
+    return true;
+}

@@ -1,0 +1,96 @@
+#include "editor/pane.h"
+
+#include <Qsci/qsciscintilla.h>
+
+using Sci = QsciScintillaBase;
+
+bool ScintillaPane::CanUndo() const
+{
+    return groups == 0 && (undoLimit < 0 || stepsBack < undoLimit) && text.Send(Sci::SCI_CANUNDO);
+}
+
+bool ScintillaPane::CanRedo() const
+{
+    return groups == 0 && text.Send(Sci::SCI_CANREDO);
+}
+
+bool ScintillaPane::Undo(const QVariant&)
+{
+    if (!CanUndo())
+        return false;
+    text.Send(Sci::SCI_UNDO);
+    ++stepsBack;
+    return true;
+}
+
+bool ScintillaPane::Redo(const QVariant&)
+{
+    if (!CanRedo())
+        return false;
+    text.Send(Sci::SCI_REDO);
+    stepsBack = qMax(0, stepsBack - 1);
+    return true;
+}
+
+bool ScintillaPane::OpenGroup(const QVariant&)
+{
+    if (groups++ == 0)
+        text.Send(Sci::SCI_BEGINUNDOACTION);
+    return true;
+}
+
+bool ScintillaPane::CloseGroup(const QVariant&)
+{
+    if (groups == 0)
+        return false;
+    if (--groups == 0)
+        text.Send(Sci::SCI_ENDUNDOACTION);
+    return true;
+}
+
+void ScintillaPane::ClearUndoBuffer()
+{
+    const Work work(*this);
+    ForgetHistory();
+}
+
+/// An open group is closed meanwhile, since the component loses the rest of a group whose start it forgets.
+void ScintillaPane::ForgetHistory()
+{
+    const bool modified = Modified();
+    if (groups > 0)
+        text.Send(Sci::SCI_ENDUNDOACTION);
+    text.Send(Sci::SCI_EMPTYUNDOBUFFER);
+    if (groups > 0)
+        text.Send(Sci::SCI_BEGINUNDOACTION);
+    stepsBack = 0;
+    changedAside = modified;
+}
+
+void ScintillaPane::SetUndoLimit(int limit)
+{
+    const bool had = undoLimit != 0;
+    undoLimit = qMax(limit, -1);
+    const bool has = undoLimit != 0;
+    if (had == has)
+        return;
+    const Work work(*this);
+    text.Send(Sci::SCI_SETUNDOCOLLECTION, has);
+    ForgetHistory();
+}
+
+bool ScintillaPane::Modified() const
+{
+    return changedAside || text.Send(Sci::SCI_GETMODIFY);
+}
+
+void ScintillaPane::SetModified(bool modified)
+{
+    const Work work(*this);
+    if (modified) {
+        changedAside = changedAside || !Modified();
+        return;
+    }
+    changedAside = false;
+    text.Send(Sci::SCI_SETSAVEPOINT);
+}
