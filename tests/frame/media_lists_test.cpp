@@ -26,9 +26,9 @@ TEST_F(MediaListsTest, EntriesStandInTheOrderPeopleCount)
     MediaListModel list;
     list.Show(Run.Work.Path(), QStringLiteral("*.pcx;*.png"));
     EXPECT_EQ(NamesOf(list),
-              (QStringList{QStringLiteral("alpha.png"), QStringLiteral("tiles1.png"), QStringLiteral("tiles01.pcx"),
+              (QStringList{QStringLiteral("alpha.png"), QStringLiteral("tiles01.pcx"), QStringLiteral("tiles1.png"),
                            QStringLiteral("Tiles2.PCX"), QStringLiteral("tiles10.pcx")}));
-    EXPECT_EQ(list.Find(QStringLiteral("TILES1")), 1);
+    EXPECT_EQ(list.Find(QStringLiteral("TILES1")), 2);
     EXPECT_EQ(list.Find(QString()), -1);
     Run.Work.Write(QStringLiteral("zeta.pcx"), "");
     EXPECT_EQ(list.rowCount(), 5) << "read again without being asked";
