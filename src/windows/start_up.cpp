@@ -16,6 +16,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QSessionManager>
+#include <QTimer>
 
 namespace {
 
