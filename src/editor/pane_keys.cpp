@@ -156,6 +156,11 @@ void ScintillaPane::SendKeyMessage(unsigned message)
     text.Send(message);
 }
 
+void ScintillaPane::SetOvertype(bool on)
+{
+    text.Send(Sci::SCI_SETOVERTYPE, on);
+}
+
 bool ScintillaPane::OpenCodeList(const QVariant&)
 {
     codeList.Open();

@@ -54,7 +54,7 @@ void PutText(EditorPane& pane, const QByteArray& bytes)
 
 Result<> TakeRecovered(Recovery& recovery, const RecoveredText& text)
 {
-    const bool shown = !text.DocumentPath.isEmpty() && TabOf(text.DocumentPath) >= 0;
+    const bool shown = !text.DocumentPath.isEmpty() && TabWithFile(text.DocumentPath) >= 0;
     if (!shown && !ShowFreeTab())
         return Fail(text.DocumentPath, QStringLiteral("All tabs are in use. Close one, then take the text."));
     const bool opened = (shown || paths::FileExists(text.DocumentPath)) && OpenDocument(text.DocumentPath, false);

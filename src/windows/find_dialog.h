@@ -1,9 +1,9 @@
 #pragma once
 
+#include "frame/host_window.h"
 #include "windows/dialog_target.h"
 
 #include <QDialog>
-#include <vector>
 
 class QCheckBox;
 class QComboBox;
