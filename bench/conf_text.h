@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QStringBuilder>
 
 /// A made-up graphics conf of `lines` lines, about 55 bytes each, whose values stand in ragged columns.
 inline QByteArray RaggedConf(int lines)

@@ -168,6 +168,7 @@ std::vector<SearchHit> HelpBook::Search(const QString& words, int most) const
         found.resize(size_t(most));
 
     std::vector<SearchHit> hits;
+    hits.reserve(found.size());
     for (const Scored& one : found)
         hits.push_back({{*one.File, one.Section->Anchor},
                         one.Section->Title,

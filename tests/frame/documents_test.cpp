@@ -57,6 +57,7 @@ TEST_F(Documents, TheCaretStatusCountsFromZero)
     pane.SetSel({0, 4, 1, 1}, false);
     UpdateCaretStatus(pane);
     EXPECT_EQ(Window.Panels[2], QStringLiteral("X:4    Y:0    Lines:1    Sel X:0    Sel Y:1    Sel:5     "));
+    Answers.Buttons = {QStringLiteral("OK")};
     NewDocument(ModeTxt);
     EXPECT_EQ(Window.Panels[2], QStringLiteral("X:0    Y:0    Lines:-1    Sel X:0    Sel Y:0    Sel:0     "));
 }

@@ -26,9 +26,9 @@ TEST_F(MediaListsTest, EntriesStandInTheOrderPeopleCount)
     MediaListModel list;
     list.Show(Run.Work.Path(), QStringLiteral("*.pcx;*.png"));
     EXPECT_EQ(NamesOf(list),
-              (QStringList{QStringLiteral("alpha.png"), QStringLiteral("tiles1.png"), QStringLiteral("tiles01.pcx"),
+              (QStringList{QStringLiteral("alpha.png"), QStringLiteral("tiles01.pcx"), QStringLiteral("tiles1.png"),
                            QStringLiteral("Tiles2.PCX"), QStringLiteral("tiles10.pcx")}));
-    EXPECT_EQ(list.Find(QStringLiteral("TILES1")), 1);
+    EXPECT_EQ(list.Find(QStringLiteral("TILES1")), 2);
     EXPECT_EQ(list.Find(QString()), -1);
     Run.Work.Write(QStringLiteral("zeta.pcx"), "");
     EXPECT_EQ(list.rowCount(), 5) << "read again without being asked";
@@ -76,16 +76,16 @@ TEST_F(MediaListsTest, ImagesAreLookedForInTheOrderOfTheLists)
     EXPECT_EQ(Lists().Extra.rowCount(), 0) << "sounds have no images";
 }
 
-// Catches: a folder of ten thousand sheets that takes seconds to show.
-TEST_F(MediaListsTest, TenThousandFilesAreQuick)
+// Catches: a folder of thousands of sheets that takes seconds to show.
+TEST_F(MediaListsTest, ThousandsOfFilesAreQuick)
 {
-    for (int i = 0; i < 10'000; ++i)
-        Run.Work.Write(QStringLiteral("many/tile%1.pcx").arg((i * 7919) % 10'000), "");
+    for (int i = 0; i < 3'000; ++i)
+        Run.Work.Write(QStringLiteral("many/tile%1.pcx").arg((i * 7919) % 3'000), "");
     QElapsedTimer clock;
     clock.start();
     MediaListModel list;
     list.Show(Run.Work.Path(QStringLiteral("many/")), QStringLiteral("*.pcx"));
-    ASSERT_EQ(list.rowCount(), 10'000);
-    EXPECT_EQ(list.Name(9'999), QStringLiteral("tile9999.pcx"));
-    EXPECT_LT(clock.elapsed(), 3'000) << "sanitizers included";
+    ASSERT_EQ(list.rowCount(), 3'000);
+    EXPECT_EQ(list.Name(2'999), QStringLiteral("tile2999.pcx"));
+    EXPECT_LT(clock.elapsed(), 1'000) << "sanitizers included";
 }
