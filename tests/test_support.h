@@ -10,6 +10,12 @@ inline std::ostream& operator<<(std::ostream& out, const QString& text)
     return out << text.toStdString();
 }
 
+/// Without it the framework prints a text as a list of letters.
+inline void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
+
 /// A folder of its own for one test; gone at the end.
 class TestFolder
 {

@@ -24,7 +24,7 @@ def graphicsinfo():
 
 
 def ground(conf):
-    conf.separator("Ground", "a")
+    conf.separator("Ground", "l")
     conf.note("Earth crumbles where it meets the dark: CRUMBLED gives the gnawed rim, border_size its width.")
     conf.block("sand", "earth")
     conf.block("sand.CRUMBLED", "earth_rim", delay=1, anim_mode="loop", border_size=6)
@@ -49,7 +49,7 @@ def ground(conf):
 
 
 def gems(conf):
-    conf.separator("Gems", "G")
+    conf.separator("Gems", "d")
     conf.block("emerald", "gem_green", delay=5, anim_mode="loop", start_frame=0, name="Green stone",
                global_sync="false", offset=32)
     conf.group("emerald", "EDITOR", "gem_green", first=4)
@@ -65,7 +65,7 @@ def gems(conf):
 
 
 def stones(conf):
-    conf.separator("Stones and blasts", "s")
+    conf.separator("Stones and blasts", "r")
     conf.block("rock", "rock", frames=1, name="Boulder")
     conf.block("rock.moving.left", "rock", delay=2, anim_mode="reverse")
     conf.block("rock.moving.right", "rock", delay=2, start_frame=1)
@@ -80,7 +80,7 @@ def stones(conf):
 
 
 def doors(conf):
-    conf.separator("Doors and keys", "d")
+    conf.separator("Doors and keys", "D")
     conf.block("exit_closed", "door", frames=1, name="Way out")
     conf.block("exit.opening", "door", delay=6, anim_mode="linear")
     conf.block("exit.closing", "door", delay=6, anim_mode="linear,reverse")
@@ -93,7 +93,7 @@ def doors(conf):
 
 
 def lights(conf):
-    conf.separator("Lamps and mushrooms", "8")
+    conf.separator("Lamps and mushrooms", "m")
     conf.block("lamp", "lamp", name="Lantern")
     conf.block("lamp.active", "lamp_lit")
     conf.block("time_orb_full", "hourglass", delay=10, name="Hourglass")
@@ -109,14 +109,14 @@ def lights(conf):
 
 
 def creatures(conf):
-    conf.separator("Glowworms", "w")
+    conf.separator("Glowworms", "s")
     conf.note("A worm winds to and fro while it crawls: four frames and back.")
     conf.block("bug", "worm_right", "png", delay=8, anim_mode="pingpong")
     for way in WAYS:
         conf.block(f"bug.{way}", f"worm_{way}", "png", frames=1)
     for way in WAYS:
         conf.block(f"bug.moving.{way}", f"worm_{way}", "png", delay=4, anim_mode="pingpong")
-    conf.separator("Other creatures", "c")
+    conf.separator("Other creatures", "y")
     conf.block("bd_butterfly", "moth_up", "png", delay=3, anim_mode="pingpong", name="Moth")
     conf.block("bd_firefly", "firefly", "png", delay=2, anim_mode="pingpong2", name="Firefly")
     conf.line()
@@ -127,7 +127,7 @@ def creatures(conf):
 
 
 def miner(conf):
-    conf.separator("The miner", "M")
+    conf.separator("The miner", "K")
     conf.block("player_1", "miner_down", "png", frames=1)
     for way in WAYS:
         conf.block(f"player_1.{way}", f"miner_{way}", "png", frames=1)
@@ -143,6 +143,6 @@ def miner(conf):
 
 
 def screens(conf):
-    conf.separator("Screens", "0")
+    conf.separator("Screens", "P")
     conf.entry("global.num_toons", 1)
     conf.block("toon_1", "worm_right", "png", delay=4, anim_mode="pingpong", direction="right", step_offset=2)

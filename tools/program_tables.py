@@ -64,8 +64,8 @@ def make_levelheader(out):
     save(out / "levelheader.ini",
          *[section(name, list(zip(LAYOUT_FIELDS, offsets)), LAYOUT_REMARKS.get(name, ()))
            for name, offsets in LAYOUTS.items()],
-         section("Compatibility", [("Custom", "CUS4"), ("Envelope", "CNT")],
-                 ["Names of the first chunk of a custom element file."]))
+         section("Compatibility", [("Custom", "CUS4"), ("Envelope", "CNT"), ("Records", "ELEM,NOTE,CUSX,GRPX,EMPX")],
+                 ["Names of the first chunk of a custom element file; Records: those of file version 3."]))
 
 
 def make_basic(out):

@@ -12,12 +12,6 @@
 
 namespace {
 
-VerbResult Failed(const Failure& failure, VerbStreams& streams)
-{
-    streams.Err << failure.Path << ": " << failure.Reason << '\n';
-    return VerbFailed;
-}
-
 bool IsUtf8(const QByteArray& bytes)
 {
     if (std::all_of(bytes.begin(), bytes.end(), [](char c) { return c >= 0; }))

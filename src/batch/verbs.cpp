@@ -1,6 +1,7 @@
 #include "batch/verbs.h"
 
 #include "batch/conf_verbs.h"
+#include "batch/level_verbs.h"
 
 #include <algorithm>
 
@@ -17,6 +18,21 @@ constexpr Verb AllVerbs[] = {
     {"comment", "FILE A B", "Puts \"#\" in front of lines A to B, counted from 1, in place.\n", CommentVerb},
     {"uncomment", "FILE A B", "Takes one \"#\" from the front of lines A to B, counted from 1, in place.\n",
      UncommentVerb},
+    {"level info", "FILE",
+     "Prints version, name, author, width, height, size (of the map, as the file tells it), bit (2bit: one byte a\n"
+     "cell, 4bit: two), time, count and form (rnd1-2, rnd1-3, 1.0, 1.2 or 1.4), a line each as KEY: VALUE; NA where\n"
+     "the form has no such field. A file that is no level ends with 2.\n",
+     LevelInfoVerb},
+    {"level map", "FILE",
+     "Prints the map, a row a line, as decimal element numbers with blanks between them.\n"
+     "A file that is no level ends with 2.\n",
+     LevelMapVerb},
+    {"level verify", "FILE...",
+     "Loads each file and saves it to memory, and compares the two. Prints a line for each file that is not the same:\n"
+     "FILE: differs from byte N on (N from 0), or FILE: no level: REASON. The last line counts:\n"
+     "\"A files: B the same, C different, D no level\".\n"
+     "Ends with 2 if any file is no level or can not be read, else with 1 if any differs, else with 0.\n",
+     LevelVerifyVerb},
 };
 
 const Verb* FindVerb(const QString& name)
@@ -24,6 +40,15 @@ const Verb* FindVerb(const QString& name)
     const auto found = std::find_if(std::begin(AllVerbs), std::end(AllVerbs),
                                     [&](const Verb& verb) { return name == QLatin1String(verb.Name); });
     return found == std::end(AllVerbs) ? nullptr : found;
+}
+
+/// The verb that a call begins with; a name may have two words. `words` becomes their number.
+const Verb* TakeVerb(const QStringList& arguments, int& words)
+{
+    for (words = 2; words > 0; --words)
+        if (const Verb* verb = FindVerb(QStringList(arguments.mid(0, words)).join(u' ')))
+            return verb;
+    return nullptr;
 }
 
 void ListVerbs(QTextStream& out)
@@ -46,6 +71,12 @@ std::span<const Verb> Verbs()
     return AllVerbs;
 }
 
+VerbResult Failed(const Failure& failure, VerbStreams& streams)
+{
+    streams.Err << failure.Path << ": " << failure.Reason << '\n';
+    return VerbFailed;
+}
+
 VerbResult WrongUsage(const char* verb, const QString& reason, VerbStreams& streams)
 {
     streams.Err << "gemforge-batch " << verb << ": " << reason << '\n';
@@ -64,10 +95,11 @@ VerbResult RunVerb(const QStringList& arguments, VerbStreams streams)
         ListVerbs(streams.Out);
         return VerbDone;
     }
-    const Verb* verb = FindVerb(arguments.first());
+    int words = 0;
+    const Verb* verb = TakeVerb(arguments, words);
     if (!verb)
         return WrongUsage(qPrintable(arguments.first()), QStringLiteral("there is no such verb (see --help)"), streams);
-    const QStringList rest = arguments.mid(1);
+    const QStringList rest = arguments.mid(words);
     if (!rest.isEmpty() && AsksForHelp(rest.first())) {
         streams.Out << "gemforge-batch " << verb->Name << ' ' << verb->Usage << '\n' << verb->Help;
         return VerbDone;

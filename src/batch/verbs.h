@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/result.h"
+
 #include <QStringList>
 #include <QTextStream>
 #include <span>
@@ -17,7 +19,7 @@ enum VerbResult : int { VerbDone = 0, VerbFound = 1, VerbFailed = 2 };
 /// One verb of gemforge-batch. To add one: a row in verbs.cpp and its handler in a file of its subject.
 struct Verb
 {
-    const char* Name;
+    const char* Name;  ///< one word or two
     const char* Usage; ///< arguments behind the name
     const char* Help;  ///< what it does, its output and exit codes
     VerbResult (*Run)(const QStringList& arguments, VerbStreams& streams);
@@ -26,6 +28,9 @@ std::span<const Verb> Verbs();
 
 /// Runs `arguments` (verb first). "--help" alone lists the verbs, behind a verb it explains that one.
 VerbResult RunVerb(const QStringList& arguments, VerbStreams streams);
+
+/// Tells path and reason of a failure.
+VerbResult Failed(const Failure& failure, VerbStreams& streams);
 
 /// Tells what is wrong with a call and how the verb is used.
 VerbResult WrongUsage(const char* verb, const QString& reason, VerbStreams& streams);

@@ -90,6 +90,7 @@ public:
     void LockRedraw(bool locked) override;
     void PrintStyled(const QString& wanted, int fore, int back) override;
     void FocusPane() override;
+    void SetOvertype(bool on) override;
 
     void BeginBatch() override;
     void EndBatch() override;

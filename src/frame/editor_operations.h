@@ -190,6 +190,7 @@ public:
     virtual void LockRedraw(bool locked) = 0; ///< nests
     virtual void PrintStyled(const QString& text, int fore, int back) = 0;
     virtual void FocusPane() = 0;
+    virtual void SetOvertype(bool on) = 0; ///< typing replaces what stands behind the caret
 
     /// Bulk edits between the two tell their change once, at the end. Nests. Use EditBatch.
     virtual void BeginBatch() = 0;

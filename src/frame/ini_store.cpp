@@ -8,7 +8,7 @@ namespace {
 IniStore& Store()
 {
     if (!Frame.Ini || Frame.Ini->Folder() != Frame.DataFolder)
-        Frame.Ini = std::make_shared<IniStore>(Frame.DataFolder, Frame.SettingsReadOnly);
+        Frame.Ini = std::make_shared<IniStore>(Frame.DataFolder, Frame.SettingsReadOnly || Frame.DataFolder.isEmpty());
     return *Frame.Ini;
 }
 

@@ -113,17 +113,6 @@ bool Save(const QString& told, bool backup)
 
 } // namespace
 
-int TabOf(const QString& path)
-{
-    const QString wanted = paths::Canonical(path);
-    for (int tab = 0; tab < 8; ++tab) {
-        const Document& document = Frame.Documents.at(tab);
-        if (HasFile(document) && paths::Canonical(document.Path) == wanted)
-            return tab;
-    }
-    return -1;
-}
-
 bool OpenDocument(const QString& told, bool force)
 {
     StopPreview();

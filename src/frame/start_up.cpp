@@ -23,7 +23,9 @@ QString ToldPath(const QStringList& arguments)
         told = told.mid(1, told.size() - 2);
     if (told.isEmpty())
         return {};
-    return QDir::cleanPath(QDir::current().absoluteFilePath(paths::Inside(told)));
+    const QString whole = QDir::current().absoluteFilePath(paths::Inside(told));
+    const QString cleaned = QDir::cleanPath(whole), real = paths::Canonical(whole);
+    return paths::Canonical(cleaned) == real ? cleaned : real; // ".." behind a link leads elsewhere
 }
 
 /// Full path of the last table that is missing, in the order of checking; empty if all are there.

@@ -1,12 +1,13 @@
 #include "help/help_book.h"
 
-#include "help/page_archive.h"
+#include "platform/zip_archive.h"
 
 #include <algorithm>
 
 namespace {
 
 constexpr QLatin1StringView PageEnding(".html");
+constexpr qint64 MostBytes = qint64(64) << 20; // of all pages together
 
 /// What a word may be called on its page, best first: as it stands, then without brackets, then its parts.
 QStringList NamesOf(const QString& word)
@@ -68,11 +69,21 @@ QString ExcerptOf(const QString& text, const QString& word)
 
 Result<HelpBook> HelpBook::Open(const QString& archive)
 {
-    auto files = ReadPageArchive(archive);
-    if (!files)
-        return tl::unexpected(files.error());
+    const Result<ZipArchive> zip = ZipArchive::Open(archive);
+    if (!zip)
+        return tl::unexpected(zip.error());
     HelpBook book;
-    book.files = std::move(*files);
+    qint64 left = MostBytes;
+    for (int i = 0; i < int(zip->Entries().size()); ++i) {
+        const QString& name = zip->Entries()[size_t(i)].Name;
+        if (name.endsWith(QLatin1Char('/')))
+            continue;
+        const Result<QByteArray> bytes = zip->Read(i, left);
+        if (!bytes)
+            return Fail(archive, QStringLiteral("%1: %2").arg(name, bytes.error().Reason));
+        left -= bytes->size();
+        book.files.insert(name, *bytes);
+    }
     if (!book.files.contains(ContentsPage))
         return Fail(archive, QStringLiteral("The archive holds no page \"%1\".").arg(ContentsPage));
     for (auto file = book.files.cbegin(); file != book.files.cend(); ++file)
@@ -157,6 +168,7 @@ std::vector<SearchHit> HelpBook::Search(const QString& words, int most) const
         found.resize(size_t(most));
 
     std::vector<SearchHit> hits;
+    hits.reserve(found.size());
     for (const Scored& one : found)
         hits.push_back({{*one.File, one.Section->Anchor},
                         one.Section->Title,

@@ -42,8 +42,10 @@ HelpWindow::HelpWindow(Result<HelpBook> opened, QWidget* parent)
     setWindowTitle(tr("Gemforge Help"));
     if (broken) {
         contents->setEnabled(false);
-        view->ShowFailure(tr("The help pages cannot be shown"),
-                          opened.error().Text().replace(QLatin1Char('^'), QLatin1Char('\n')));
+        const QString reason = opened.error().Text().replace(QLatin1Char('^'), QLatin1Char('\n'));
+        view->ShowFailure(
+            tr("The help pages cannot be shown"),
+            tr("%1\n\nThe pages come with Gemforge: build or unpack it again to get them back.").arg(reason));
     }
 }
 

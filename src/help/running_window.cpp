@@ -16,14 +16,18 @@ constexpr char Thanks = '+';
 
 QString MeetingPoint(const QString& programFolder)
 {
+    const QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    if (runtime.isEmpty())
+        return {};
     const QByteArray folder = QDir(programFolder).canonicalPath().toUtf8();
     const QByteArray mark = QCryptographicHash::hash(folder, QCryptographicHash::Sha1).toHex().left(12);
-    return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) + QStringLiteral("/gemforge-help-") +
-           QString::fromLatin1(mark);
+    return runtime + QStringLiteral("/gemforge-help-") + QString::fromLatin1(mark);
 }
 
 bool HandToRunningWindow(const QString& meetingPoint, const QString& id)
 {
+    if (meetingPoint.isEmpty())
+        return false;
     QLocalSocket window;
     window.connectToServer(meetingPoint);
     if (!window.waitForConnected(PatienceMs))
@@ -40,6 +44,8 @@ RunningWindow::RunningWindow(const QString& meetingPoint, QObject* parent)
 {
     server->setSocketOptions(QLocalServer::UserAccessOption);
     connect(server, &QLocalServer::newConnection, this, &RunningWindow::TakeCaller);
+    if (meetingPoint.isEmpty())
+        return;
     // Nobody answered there, so what a crashed window left behind may go.
     QLocalServer::removeServer(meetingPoint);
     server->listen(meetingPoint);

@@ -4,7 +4,8 @@
 
 class QLocalServer;
 
-/// Name of the meeting point of the help windows of one program folder, in the user's runtime folder.
+/// Name of the meeting point of the help windows of one program folder, in the user's runtime folder; empty if there
+/// is no such folder.
 QString MeetingPoint(const QString& programFolder);
 
 /// Hands an id to a help window that runs already. False if none answers within half a second.

@@ -1,29 +1,41 @@
 #include "help/window_memory.h"
 
-#include <QSettings>
+#include "platform/ini_file.h"
+#include "platform/standard_folders.h"
 
 namespace {
 
-QSettings Store()
+const QString Section = QStringLiteral("Help Window");
+
+IniFile Store()
 {
-    return QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("gemforge"), QStringLiteral("help"));
+    return IniFile(folders::Config() + QStringLiteral("help.ini"));
 }
 
 } // namespace
 
 WindowMemory RecallWindow()
 {
-    const QSettings store = Store();
+    const IniFile store = Store();
+    const auto bytes = [&store](const char* key) {
+        return QByteArray::fromBase64(store.Read(Section, QLatin1String(key)).toLatin1());
+    };
     bool number = false;
-    const int zoom = store.value(QStringLiteral("Zoom")).toInt(&number);
-    return {store.value(QStringLiteral("Geometry")).toByteArray(), store.value(QStringLiteral("Split")).toByteArray(),
-            number ? zoom : 100};
+    const int zoom = store.Read(Section, QStringLiteral("Zoom")).toInt(&number);
+    return {bytes("Geometry"), bytes("Split"), number ? zoom : 100};
 }
 
-void KeepWindow(const WindowMemory& memory)
+bool KeepWindow(const WindowMemory& memory)
 {
-    QSettings store = Store();
-    store.setValue(QStringLiteral("Geometry"), memory.Geometry);
-    store.setValue(QStringLiteral("Split"), memory.Split);
-    store.setValue(QStringLiteral("Zoom"), memory.Zoom);
+    IniFile store = Store();
+    const std::pair<QString, QString> values[] = {
+        {QStringLiteral("Geometry"), QString::fromLatin1(memory.Geometry.toBase64(QByteArray::OmitTrailingEquals))},
+        {QStringLiteral("Split"), QString::fromLatin1(memory.Split.toBase64(QByteArray::OmitTrailingEquals))},
+        {QStringLiteral("Zoom"), QString::number(memory.Zoom)},
+    };
+    store.OpenBatch();
+    bool kept = true;
+    for (const auto& [key, value] : values)
+        kept = kept && store.Write(Section, key, value);
+    return store.CloseBatch() && kept;
 }

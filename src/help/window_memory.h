@@ -3,7 +3,7 @@
 #include <QByteArray>
 
 /// What the help window remembers from run to run, in the user's configuration folder. Anything missing or broken is
-/// left at its default; a failure to write it is no failure of the help.
+/// left at its default.
 struct WindowMemory
 {
     QByteArray Geometry, Split;
@@ -11,4 +11,5 @@ struct WindowMemory
 };
 
 WindowMemory RecallWindow();
-void KeepWindow(const WindowMemory& memory);
+/// False if it could not be written, which the help need not tell.
+bool KeepWindow(const WindowMemory& memory);

@@ -118,12 +118,10 @@ int BesideFile::Append(QByteArrayView bytes)
     return error;
 }
 
-int BesideFile::TakeOver(const QByteArray& model, const struct stat& facts)
+int BesideFile::TakeOver(const QByteArray& model, const FileFacts& facts)
 {
     // The owner first: changing it clears set-id bits, and the attributes may hold an access list.
-    struct stat own
-    {
-    };
+    FileFacts own{};
     if (fstat(file, &own) != 0)
         return errno;
     const bool foreign = own.st_uid != facts.st_uid || own.st_gid != facts.st_gid;

@@ -18,7 +18,7 @@ public:
     [[nodiscard]] int Append(QByteArrayView bytes);
     /// Owner, permissions and extended attributes of `model`, whose facts are `facts`. EPERM: the owner must be
     /// another's and cannot be.
-    [[nodiscard]] int TakeOver(const QByteArray& model, const struct stat& facts);
+    [[nodiscard]] int TakeOver(const QByteArray& model, const FileFacts& facts);
     [[nodiscard]] int Mode(mode_t mode);
     [[nodiscard]] int Settle(); ///< synced and closed
     [[nodiscard]] int MoveOver();

@@ -37,9 +37,7 @@ public:
     Source(const Source&) = delete;
     Source& operator=(const Source&) = delete;
 
-    struct stat Facts
-    {
-    };
+    FileFacts Facts{};
 
 private:
     int file = -1;

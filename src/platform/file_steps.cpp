@@ -21,7 +21,7 @@ int RenameToNew(const char* from, const char* to)
         return unlink(from);
     if (errno == EEXIST)
         return -1;
-    struct stat facts;
+    FileFacts facts;
     if (lstat(to, &facts) == 0) {
         errno = EEXIST;
         return -1;
@@ -43,7 +43,7 @@ FileSteps FileSteps::OfSystem()
     steps.Rename = ::rename;
     steps.RenameNew = RenameToNew;
     steps.Unlink = ::unlink;
-    steps.Stat = [](const char* path, struct stat* facts) { return ::stat(path, facts); };
+    steps.Stat = [](const char* path, FileFacts* facts) { return ::stat(path, facts); };
     steps.ReadLink = ::readlink;
     steps.MayWrite = [](const char* path) { return ::faccessat(AT_FDCWD, path, W_OK, AT_EACCESS); };
     steps.ChangeMode = ::fchmod;

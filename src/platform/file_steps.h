@@ -5,6 +5,9 @@
 #include <sys/stat.h>
 #include <sys/types.h>
 
+/// What the system knows about a file.
+using FileFacts = struct stat;
+
 /// The system calls by which files are read and changed, as a table. Each entry has the shape and the errors (-1 and
 /// `errno`) of its call; tests exchange them, so that any single step can fail or end the process.
 struct FileSteps
@@ -18,7 +21,7 @@ struct FileSteps
     std::function<int(const char* from, const char* to)> Rename;
     std::function<int(const char* from, const char* to)> RenameNew; ///< EEXIST if there is such a name
     std::function<int(const char* path)> Unlink;
-    std::function<int(const char* path, struct stat* facts)> Stat; ///< follows links
+    std::function<int(const char* path, FileFacts* facts)> Stat; ///< follows links
     std::function<ssize_t(const char* path, char* to, size_t size)> ReadLink;
     std::function<int(const char* path)> MayWrite; ///< 0 if the process may write to it
     std::function<int(int file, mode_t mode)> ChangeMode;

@@ -7,8 +7,10 @@
 #include <QDir>
 #include <QFile>
 #include <QRandomGenerator>
+#include <algorithm>
 #include <csignal>
 #include <fcntl.h>
+#include <optional>
 #include <unistd.h>
 
 namespace {
@@ -32,17 +34,47 @@ void Remove(const QString& copy)
     Steps().Unlink(QFile::encodeName(copy));
 }
 
-/// A kept copy: the process, the path and a character 0 before the bytes. Gives back where it lies.
-Result<QString> KeepOld(const QString& path, const QByteArray& old)
+/// Both states of a file whose bytes are being changed, as they lie in the state folder: path, size of the old bytes
+/// (a character 0 behind each), old bytes, new bytes. The name begins with the process.
+struct Kept
+{
+    QByteArray Path, Old, New;
+};
+
+Result<QString> Keep(const Kept& kept)
 {
     const QString copy = KeptFolder() + QString::number(getpid()) + QLatin1Char('-') +
                          QString::number(QRandomGenerator::system()->generate64(), 16);
-    const QByteArray kept = QFile::encodeName(path) + '\0' + old;
-    const auto written = paths::WriteWholePrivate(copy, kept);
+    const QByteArray head = kept.Path + '\0' + QByteArray::number(kept.Old.size()) + '\0';
+    const auto written = paths::WriteWholePrivate(copy, QByteArray(head + kept.Old + kept.New));
     if (written)
         return copy;
     Remove(copy); // it may be there all the same if only the last sync failed
     return tl::unexpected(written.error());
+}
+
+std::optional<Kept> Parsed(const QByteArray& bytes)
+{
+    const qsizetype pathEnd = bytes.indexOf('\0');
+    const qsizetype sizeEnd = pathEnd < 0 ? -1 : bytes.indexOf('\0', pathEnd + 1);
+    if (pathEnd <= 0 || sizeEnd < 0)
+        return {};
+    const qsizetype size = bytes.mid(pathEnd + 1, sizeEnd - pathEnd - 1).toLongLong();
+    if (size < 0 || size > bytes.size() - sizeEnd - 1)
+        return {};
+    return Kept{bytes.left(pathEnd), bytes.mid(sizeEnd + 1, size), bytes.mid(sizeEnd + 1 + size)};
+}
+
+/// Could a write that was cut off have left these bytes? Each place then holds its old byte, its new one or nothing
+/// yet; any other byte shows that somebody has written the file since.
+bool IsBetween(const QByteArray& found, const Kept& kept)
+{
+    for (qsizetype i = 0; i < found.size(); ++i) {
+        const bool old = i < kept.Old.size() ? found[i] == kept.Old[i] : i < kept.New.size() && found[i] == '\0';
+        if (!old && (i >= kept.New.size() || found[i] != kept.New[i]))
+            return false;
+    }
+    return found.size() >= std::min(kept.Old.size(), kept.New.size());
 }
 
 bool StillRuns(const QString& copyName)
@@ -51,19 +83,21 @@ bool StillRuns(const QString& copyName)
     return process > 0 && process != getpid() && (kill(process, 0) == 0 || errno == EPERM);
 }
 
-/// The path a kept copy belongs to, once its bytes are back; empty if it was none or could not be restored.
-QString RestoreOne(const QString& copy)
+enum class Outcome { NothingToDo, Finished, Later };
+
+Outcome Finish(const Kept& kept)
 {
-    const auto kept = paths::ReadWhole(copy, paths::LargestDocument + 65536);
-    const qsizetype end = kept ? kept->indexOf('\0') : -1;
-    if (end <= 0)
-        return {};
-    const int file = Persist([&] { return Steps().Open(kept->constData(), O_WRONLY | O_NOFOLLOW, 0); });
+    const auto found = paths::ReadWhole(QFile::decodeName(kept.Path), paths::LargestDocument);
+    if (!found)
+        return Outcome::Later;
+    if (*found == kept.New || *found == kept.Old || !IsBetween(*found, kept))
+        return Outcome::NothingToDo;
+    const int file = Persist([&] { return Steps().Open(kept.Path, O_WRONLY | O_NOFOLLOW, 0); });
     if (file < 0)
-        return {};
-    const int error = Overwrite(file, QByteArrayView(*kept).sliced(end + 1));
+        return Outcome::Later;
+    const bool whole = !Overwrite(file, kept.New) || !Overwrite(file, kept.Old);
     Steps().Close(file);
-    return error ? QString() : QFile::decodeName(kept->left(end));
+    return whole ? Outcome::Finished : Outcome::Later;
 }
 
 } // namespace
@@ -75,7 +109,7 @@ Result<> Write(const QString& path, QByteArrayView bytes)
     const auto old = paths::ReadWhole(path, paths::LargestDocument);
     if (!old)
         return tl::unexpected(old.error());
-    const auto copy = KeepOld(path, *old);
+    const auto copy = Keep({QFile::encodeName(path), *old, bytes.toByteArray()});
     if (!copy)
         return tl::unexpected(copy.error());
     const int file = Persist([&] { return Steps().Open(QFile::encodeName(path), O_WRONLY | O_NOFOLLOW, 0); });
@@ -95,25 +129,25 @@ Result<> Write(const QString& path, QByteArrayView bytes)
     return Fail(path, qt_error_string(error) + kept);
 }
 
-QStringList RestoreInterrupted()
+QStringList FinishInterrupted()
 {
-    QStringList restored;
+    QStringList finished;
     const QDir folder(KeptFolder());
     for (const QString& name : folder.entryList(QDir::Files | QDir::Hidden)) {
         // A copy that never got its name was cut off itself; its file was not touched yet.
-        const bool unfinished = name.startsWith(QLatin1Char('.'));
-        if (StillRuns(unfinished ? name.section(QLatin1Char('-'), 1) : name))
+        const bool unnamed = name.startsWith(QLatin1Char('.'));
+        if (StillRuns(unnamed ? name.section(QLatin1Char('-'), 1) : name))
             continue;
         const QString copy = folder.filePath(name);
-        if (unfinished)
+        const auto bytes = paths::ReadWhole(copy, 2 * paths::LargestDocument + 65536);
+        const std::optional<Kept> kept = bytes && !unnamed ? Parsed(*bytes) : std::nullopt;
+        const Outcome outcome = kept ? Finish(*kept) : Outcome::NothingToDo;
+        if (outcome == Outcome::Finished)
+            finished.append(QFile::decodeName(kept->Path));
+        if (outcome != Outcome::Later && (bytes || unnamed))
             Remove(copy);
-        const QString path = unfinished ? QString() : RestoreOne(copy);
-        if (path.isEmpty())
-            continue;
-        restored.append(path);
-        Remove(copy);
     }
-    return restored;
+    return finished;
 }
 
 } // namespace in_place

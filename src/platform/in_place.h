@@ -6,14 +6,15 @@
 #include <QStringList>
 
 /// Writing over a file's own bytes, for a file that may be written in a folder that may not (or whose owner could not
-/// be kept). Its old bytes are first kept in the user's state folder; they go back if the write fails, and at the
-/// next start if the process ended in between.
+/// be kept). Old and new bytes are first kept together in the user's state folder. The old ones go back if the write
+/// fails; if the process ends in between, the next start finishes what was begun.
 namespace in_place {
 
 /// `path`: the file itself, no link to it.
 [[nodiscard]] Result<> Write(const QString& path, QByteArrayView bytes);
 
-/// Puts back the old bytes that ended processes left behind. Paths of the files that were restored.
-QStringList RestoreInterrupted();
+/// Finishes the writes that ended processes left behind, and gives back the paths of their files. A file that somebody
+/// has written since stays as it is.
+QStringList FinishInterrupted();
 
 } // namespace in_place

@@ -28,9 +28,7 @@ struct Stamp
 
 Stamp StampOf(const QString& path)
 {
-    struct stat facts
-    {
-    };
+    FileFacts facts{};
     if (Steps().Stat(QFile::encodeName(path), &facts) != 0)
         return {};
     return {true, facts.st_ino, facts.st_size, facts.st_mtim.tv_sec * 1'000'000'000LL + facts.st_mtim.tv_nsec};

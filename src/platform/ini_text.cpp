@@ -44,7 +44,8 @@ qsizetype EqualsOf(QByteArrayView raw)
 {
     const QByteArrayView trimmed = raw.trimmed();
     const qsizetype equals = raw.indexOf('=');
-    const bool none = equals < 0 || IsRemark(trimmed) || trimmed.startsWith('=') || raw.contains('\0');
+    const bool none =
+        equals < 0 || IsRemark(trimmed) || trimmed.startsWith('=') || trimmed.startsWith('[') || raw.contains('\0');
     return none ? -1 : equals;
 }
 
@@ -55,7 +56,7 @@ bool IsBlank(QByteArrayView raw)
 
 bool FitsOneLine(const QString& text)
 {
-    return std::none_of(text.begin(), text.end(), [](QChar c) { return c == u'\n' || c == u'\r' || c.isNull(); });
+    return std::none_of(text.begin(), text.end(), [](QChar c) { return c == u'\n' || c.isNull(); });
 }
 
 QString Folded(const QString& name)
@@ -129,13 +130,19 @@ void IniText::Index(Section& section)
     }
 }
 
-QString IniText::Value(const QString& sectionName, const QString& key) const
+const IniText::Place* IniText::Find(const QString& sectionName, const QString& key) const
 {
     const auto section = sections.constFind(Folded(sectionName));
     if (section == sections.cend())
-        return {};
+        return nullptr;
     const auto place = section->Keys.constFind(Folded(key));
-    if (place == section->Keys.cend())
+    return place == section->Keys.cend() ? nullptr : &*place;
+}
+
+QString IniText::Value(const QString& sectionName, const QString& key) const
+{
+    const Place* const place = Find(sectionName, key);
+    if (!place)
         return {};
     const Line& line = blocks[place->Block].Lines[place->Line];
     return ValueOf(line.Raw, line.Equals);
@@ -206,12 +213,12 @@ std::vector<IniText::Line>::iterator IniText::PlaceForNew(std::vector<Line>& lin
 
 void IniText::Set(const QString& sectionName, const QString& key, const QString& value)
 {
-    Section& section = SectionToWrite(sectionName);
-    if (const auto place = section.Keys.constFind(Folded(key)); place != section.Keys.cend()) {
+    if (const Place* const place = Find(sectionName, key)) {
         Line& line = blocks[place->Block].Lines[place->Line];
         line = NewEntry(KeyOf(line.Raw, line.Equals), value);
         return;
     }
+    Section& section = SectionToWrite(sectionName);
     // In its first block behind all entries, so that no known place moves.
     const size_t block = section.Blocks.front();
     std::vector<Line>& lines = blocks[block].Lines;

@@ -50,6 +50,7 @@ private:
         QHash<QString, Place> Keys;
     };
 
+    const Place* Find(const QString& section, const QString& key) const;
     void TakeLine(QByteArrayView raw);
     void Index(Section& section);
     Section& SectionToWrite(const QString& name);

@@ -1,26 +1,25 @@
 #include "platform/paths.h"
 
+#include "platform/file_steps.h"
+
 #include <QDir>
 #include <QFile>
 #include <QStorageInfo>
 #include <QStringList>
 #include <dirent.h>
 #include <memory>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
-bool Facts(const QString& path, struct stat& facts)
+bool Facts(const QString& path, FileFacts& facts)
 {
     return !path.isEmpty() && stat(QFile::encodeName(path), &facts) == 0;
 }
 
 bool IsThere(const QString& path)
 {
-    struct stat facts
-    {
-    };
+    FileFacts facts{};
     return Facts(path, facts);
 }
 
@@ -90,9 +89,7 @@ QString AsListed(const QString& real)
     QString swapped = real;
     for (QChar& letter : swapped)
         letter = letter.isUpper() ? letter.toLower() : letter.toUpper();
-    struct stat facts
-    {
-    }, other{};
+    FileFacts facts{}, other{};
     if (!Facts(real, facts) || !Facts(swapped, other) || facts.st_ino != other.st_ino || facts.st_dev != other.st_dev)
         return real;
     QString listed;
@@ -162,17 +159,13 @@ QString Canonical(const QString& path)
 
 bool FileExists(const QString& told)
 {
-    struct stat facts
-    {
-    };
+    FileFacts facts{};
     return Facts(Existing(told), facts) && !S_ISDIR(facts.st_mode);
 }
 
 bool FolderExists(const QString& told)
 {
-    struct stat facts
-    {
-    };
+    FileFacts facts{};
     return Facts(Existing(told), facts) && S_ISDIR(facts.st_mode);
 }
 

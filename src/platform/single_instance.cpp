@@ -1,5 +1,6 @@
 #include "platform/single_instance.h"
 
+#include "platform/file_steps.h"
 #include "platform/standard_folders.h"
 
 #include <QDir>
@@ -7,7 +8,6 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -15,9 +15,7 @@ namespace {
 /// Others must not be able to put a lock there, or a link.
 bool IsOurs(const QString& folder)
 {
-    struct stat facts
-    {
-    };
+    FileFacts facts{};
     return lstat(QFile::encodeName(folder), &facts) == 0 && S_ISDIR(facts.st_mode) && facts.st_uid == geteuid() &&
            (facts.st_mode & 022) == 0 && access(QFile::encodeName(folder), W_OK) == 0;
 }

@@ -1,8 +1,9 @@
 #include "platform/standard_folders.h"
 
+#include "platform/file_steps.h"
+
 #include <QDir>
 #include <QFile>
-#include <sys/stat.h>
 
 namespace {
 
@@ -44,9 +45,7 @@ QString Cache()
 bool MakePrivate(const QString& folder)
 {
     const QByteArray path = QFile::encodeName(QDir::cleanPath(folder));
-    struct stat facts
-    {
-    };
+    FileFacts facts{};
     if (stat(path, &facts) == 0)
         return S_ISDIR(facts.st_mode);
     for (qsizetype end = path.indexOf('/', 1); end > 0; end = path.indexOf('/', end + 1))

@@ -15,7 +15,7 @@ namespace {
 struct Target
 {
     QByteArray Path;
-    std::optional<struct stat> Facts;
+    std::optional<FileFacts> Facts;
 };
 
 struct Attempt
@@ -43,9 +43,7 @@ int Look(Target& target)
 {
     if (const int error = FollowLinks(target.Path))
         return error;
-    struct stat facts
-    {
-    };
+    FileFacts facts{};
     if (Steps().Stat(target.Path, &facts) != 0)
         return errno == ENOENT ? 0 : errno;
     if (S_ISDIR(facts.st_mode))

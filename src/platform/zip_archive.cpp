@@ -45,9 +45,7 @@ Result<ZipArchive> ZipArchive::Open(const QString& told)
     const QString found = paths::Existing(told);
     const QString path = found.isEmpty() ? told : found;
     const int file = Persist([&] { return Steps().Open(QFile::encodeName(path), O_RDONLY | O_NONBLOCK, 0); });
-    struct stat facts
-    {
-    };
+    FileFacts facts{};
     if (file < 0 || fstat(file, &facts) != 0)
         return Fail(path, qt_error_string(errno));
     if (!S_ISREG(facts.st_mode)) {

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "frame/host_window.h"
 #include "windows/dialog_target.h"
 
 #include <QDialog>
-#include <vector>
 
 class QCheckBox;
 class QComboBox;
@@ -30,6 +30,7 @@ private:
     void PlaceParts();
     void ShowKind(FindKind kind);
     void TakeTexts();
+    void FillHistories(const QString& find, const QString& replace);
     void TellPane();
     void FindFrom(bool forward);
     void ReplaceOne();

@@ -95,9 +95,7 @@ public:
 
 mode_t ModeOf(const QString& path)
 {
-    struct stat facts
-    {
-    };
+    FileFacts facts{};
     return stat(QFile::encodeName(path), &facts) == 0 ? facts.st_mode & 07777 : 0;
 }
 
@@ -150,7 +148,7 @@ TEST_F(WriteWhole, EndOfProcessAtAnyStepLeavesAllOldOrAllNew)
             waitpid(child, &status, 0);
             ASSERT_TRUE(WIFEXITED(status));
             SCOPED_TRACE(std::string(way.Name) + ", step " + std::to_string(nth));
-            in_place::RestoreInterrupted();
+            in_place::FinishInterrupted();
             const QByteArray before = way.Exists ? Old : QByteArray("<no such file>");
             EXPECT_TRUE(Found() == before || Found() == New) << Found().constData();
             EXPECT_NE(WEXITSTATUS(status), 2) << "too few steps seen";
@@ -158,22 +156,19 @@ TEST_F(WriteWhole, EndOfProcessAtAnyStepLeavesAllOldOrAllNew)
     }
 }
 
-// The disk breaks for good while a file is written in place: the old bytes must be kept elsewhere, told where, and
-// come back.
-TEST_F(WriteWhole, OldBytesSurviveADiskThatStaysFull)
+// The disk breaks for good while a file is written in place: both texts must be kept elsewhere, told where, and the
+// file be made whole later; not, however, over what its owner has written meanwhile.
+TEST_F(WriteWhole, BothTextsSurviveADiskThatStaysFull)
 {
     const QString path = Prepare(Ways[3]);
     FileSteps steps = Table(Ways[3]);
-    struct stat facts
-    {
-    };
+    FileFacts facts{};
     ASSERT_EQ(stat(QFile::encodeName(path), &facts), 0);
-    steps.Write = [write = steps.Write, target = facts.st_ino](int file, const void* from, size_t size, off_t at) {
-        struct stat own
-        {
-        };
+    const auto writes = std::make_shared<int>(0); // into the file itself; one gets through
+    steps.Write = [write = steps.Write, target = facts.st_ino, writes](int file, auto from, size_t size, off_t at) {
+        FileFacts own{};
         fstat(file, &own);
-        if (own.st_ino != target || at == 0)
+        if (own.st_ino != target || ++*writes == 1)
             return write(file, from, size, at);
         errno = ENOSPC;
         return ssize_t(-1);
@@ -185,8 +180,19 @@ TEST_F(WriteWhole, OldBytesSurviveADiskThatStaysFull)
     }
     ASSERT_FALSE(result);
     EXPECT_TRUE(result.error().Reason.contains(QLatin1String("overwritten/"))) << result.error().Reason;
-    EXPECT_EQ(in_place::RestoreInterrupted(), QStringList(path));
-    EXPECT_EQ(Found(), Old);
+    EXPECT_EQ(in_place::FinishInterrupted(), QStringList(path));
+    EXPECT_EQ(Found(), New);
+    EXPECT_TRUE(Strays().isEmpty());
+
+    folder.Write(QStringLiteral("file"), Old);
+    *writes = 0;
+    {
+        const FileStepsScope scope(steps);
+        EXPECT_FALSE(paths::WriteWhole(path, New));
+    }
+    folder.Write(QStringLiteral("file"), "mended by hand");
+    EXPECT_TRUE(in_place::FinishInterrupted().isEmpty());
+    EXPECT_EQ(folder.Read(QStringLiteral("file")), "mended by hand");
     EXPECT_TRUE(Strays().isEmpty());
 }
 
@@ -290,9 +296,7 @@ TEST_F(WriteWhole, AnothersFileStaysAnothers)
         const AsOrdinaryUser user{folder.Path(), state.Path()};
         EXPECT_TRUE(paths::WriteWhole(path, New));
     }
-    struct stat facts
-    {
-    };
+    FileFacts facts{};
     ASSERT_EQ(stat(QFile::encodeName(path), &facts), 0);
     EXPECT_EQ(facts.st_uid, 0u);
     EXPECT_EQ(Found(), New);

@@ -1,0 +1,6 @@
+#include "windows/start_up.h"
+
+int main(int argc, char** argv)
+{
+    return StartProgram(argc, argv);
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "level/level_record.h"
+#include "platform/result.h"
+
+#include <QByteArray>
+
+// The open level on disk. Its working files lie in a private temporary folder.
+
+inline const QString WorkingLevel = QStringLiteral("tmp.level"); ///< up to the end of the map, as loaded
+inline const QString WorkingTail = QStringLiteral("tmp.cust");   ///< what stood behind the map, if anything
+inline const QString ViewedLevel = QStringLiteral("view.level"); ///< saved for a viewer
+
+/// Path of a working file; the folder is made if need be. Empty if it can not be made.
+QString WorkingPath(const QString& name);
+
+/// Removes the folder with all working files.
+void RemoveWorkingFiles();
+
+/// Opens a level: drops the one before, fills Level and the working files. With `keepWorking` the level is tmp.level
+/// already and `path` is not looked at; an existing tmp.cust stays if the level has no tail and is of the same family.
+/// CurrentLevelPath is the caller's. Gives the error as a text for the user, empty on success; then no level is open.
+QString LoadLevel(const QString& path, bool keepWorking);
+
+/// LoadLevel for the blank level that the program holds (64 by 32).
+QString LoadNewLevel();
+
+/// Writes the open level to `path`, whole or not at all. With `keepOpen` it stays open; otherwise its working files are
+/// removed. Without tmp.level nothing is done. Failure: path and reason, and the working files stay.
+[[nodiscard]] Result<> SaveLevel(const QString& path, bool keepOpen);
+
+/// Is the file one of custom elements that the open level (without one: a level of file version 2) can take? Gives the
+/// error as a text for the user, empty if it is.
+QString TestCustomFile(const QString& path);
+
+/// A level of its own, apart from the open one.
+struct LevelFile
+{
+    LevelRecord Record;
+    QByteArray Bytes; ///< of the whole file
+};
+[[nodiscard]] Result<LevelFile> ReadLevelFile(const QString& path);
+
+/// A level image that the program holds: "BLANKLEVEL" or "LEVEL".
+QByteArray LevelImage(const QString& name);

@@ -1,0 +1,52 @@
+#include "windows/dropped_files.h"
+
+#include "frame/documents.h"
+#include "frame/file_commands.h"
+#include "frame/frame_state.h"
+#include "platform/paths.h"
+
+#include <QMimeData>
+#include <QUrl>
+#include <algorithm>
+
+namespace {
+
+bool IsHeld(const QString& path)
+{
+    const QString wanted = paths::Canonical(path);
+    return std::ranges::any_of(Frame.Documents, [&](const Document& document) {
+        return HasFile(document) && paths::Canonical(document.Path) == wanted;
+    });
+}
+
+/// The current tab, or a new one that becomes it, ready to take a file. False: the user keeps what stands there.
+bool MakeRoom()
+{
+    const Document& current = Frame.Documents.at(Frame.CurrentTab);
+    if (!HasFile(current) && !CurrentPane().Modified())
+        return true;
+    const int before = Host().SelectedTab();
+    OpenNewTab();
+    if (Host().SelectedTab() == before)
+        return MayGiveUp(CurrentPane());
+    ActivateTab();
+    return true;
+}
+
+} // namespace
+
+QStringList LocalFiles(const QMimeData& data)
+{
+    QStringList files;
+    for (const QUrl& url : data.urls())
+        if (url.isLocalFile())
+            files << url.toLocalFile();
+    return files;
+}
+
+void OpenDroppedFiles(const QStringList& files)
+{
+    for (const QString& file : files)
+        if (IsHeld(file) || MakeRoom())
+            OpenDocument(file, false);
+}

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QStringList>
+
+class QMimeData;
+
+/// Paths of the local files that are dragged; empty if there are none.
+QStringList LocalFiles(const QMimeData& data);
+
+/// Opens files as a user would: a file that a tab holds is shown there; the current tab is used if it is empty and
+/// unchanged, else a new one; without a free tab the current one, after message 8.
+void OpenDroppedFiles(const QStringList& files);

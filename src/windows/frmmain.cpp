@@ -1,0 +1,317 @@
+#include "windows/frmmain.h"
+
+#include "conf/help_for_word.h"
+#include "editor/make_pane.h"
+#include "frame/documents.h"
+#include "frame/file_commands.h"
+#include "frame/frame_state.h"
+#include "frame/recent_list.h"
+#include "frame/recovery.h"
+#include "frame/vocabulary.h"
+#include "platform/lock_keys.h"
+#include "platform/paths.h"
+#include "windows/close_guard.h"
+#include "windows/comment_tree.h"
+#include "windows/dropped_files.h"
+#include "windows/find_box.h"
+#include "windows/help_subject.h"
+#include "windows/icons.h"
+#include "windows/recent_popup.h"
+#include "windows/status_panels.h"
+#include "windows/tab_strip.h"
+#include "windows/window_keys.h"
+#include "windows/window_position.h"
+
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QShortcut>
+#include <QStackedWidget>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr QSize LeastSize{500, 400};
+
+enum KeyPanel { InsertPanel = 4, CapsPanel = 5, NumPanel = 6 };
+
+QString TipOfTab(int tab)
+{
+    const Document& document = Frame.Documents.at(tab);
+    const QString name = HasFile(document) ? paths::Native(document.Path) : EmptyCaption.trimmed();
+    return Host().Pane(tab).Modified() ? name + QStringLiteral("\nNot saved") : name;
+}
+
+} // namespace
+
+frmmain::frmmain()
+    : commands(this),
+      menus(menuBar(), commands),
+      bars(this, commands, menus),
+      strip(new TabStrip),
+      stack(new QStackedWidget),
+      panels(new StatusPanels),
+      recent(nullptr),
+      subject(new HelpSubject(this)),
+      keys(new WindowKeys(this))
+{
+    setObjectName(QStringLiteral("frmmain"));
+    setWindowIcon(CommandIcon(QStringLiteral("app")));
+    setMinimumSize(LeastSize);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    setAcceptDrops(true);
+    LayOut();
+    ConnectParts();
+    ClaimKeys();
+    panels->ShowKey(InsertPanel, true);
+    ReadLocks();
+}
+
+frmmain::~frmmain() = default;
+
+void frmmain::LayOut()
+{
+    auto* middle = new QWidget(this);
+    auto* column = new QVBoxLayout(middle);
+    column->setContentsMargins(5, 2, 5, 2);
+    column->setSpacing(2);
+    column->addWidget(strip);
+    column->addWidget(stack, 1);
+    // Around the pane the strip has no subject of its own.
+    SetHelpSubject(middle, QStringLiteral(""));
+    setCentralWidget(middle);
+    setStatusBar(panels);
+    recent = new RecentPopup(middle);
+    comments = new CommentTree(middle);
+}
+
+void frmmain::ConnectParts()
+{
+    connect(strip, &TabStrip::Changed, this, &frmmain::ShowPaneOf);
+    connect(strip, &TabStrip::Activated, this, ActivateTab);
+    connect(strip, &TabStrip::NewWanted, commands.Menu(QStringLiteral("mnuAddTab")), &QAction::trigger);
+    connect(strip, &TabStrip::CloseWanted, commands.Menu(QStringLiteral("mnuDelTab")), &QAction::trigger);
+    strip->TipOf = TipOfTab;
+    connect(&commands, &CommandSet::AboutToRun, this, &frmmain::HideLists);
+    connect(recent, &RecentPopup::Chosen, this, RecentOpenSelected, Qt::QueuedConnection);
+    connect(recent, &FloatingList::Dismissed, this, &frmmain::CloseLists);
+    connect(subject, &HelpSubject::Moved, this, &frmmain::MouseOver);
+    connect(keys, &WindowKeys::EscapePressed, this, &frmmain::EscapePressed);
+    connect(keys, &WindowKeys::HelpPressed, this, [this] { HelpForWord(HelpId()); });
+    connect(keys, &WindowKeys::InsertPressed, this, &frmmain::ToggleInsert);
+    connect(keys, &WindowKeys::LocksChanged, this, &frmmain::ReadLocks);
+    connect(keys, &WindowKeys::MenuPressed, this, [this](QWidget* part) {
+        const QRect caret = part->inputMethodQuery(Qt::ImCursorRectangle).toRect();
+        PopUpEditMenu(part->mapToGlobal(caret.bottomLeft()));
+    });
+}
+
+void frmmain::ClaimKeys()
+{
+    const auto claim = [this](const QKeySequence& sequence, auto&& run) {
+        connect(new QShortcut(sequence, this), &QShortcut::activated, this, run);
+        keys->Claim(sequence, true);
+    };
+    for (const auto forward : {Qt::CTRL | Qt::Key_Tab, Qt::CTRL | Qt::Key_PageDown})
+        claim(forward, [this] { strip->SelectNext(1); });
+    for (const auto back : {Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab, Qt::CTRL | Qt::Key_PageUp})
+        claim(back, [this] { strip->SelectNext(-1); });
+    claim(QKeySequence(Qt::Key_F6), [this] { MoveFocus(); });
+
+    const QSet<QString> everywhere = {QStringLiteral("mnuSelectAll"), QStringLiteral("mnuFindReplace")};
+    for (const QAction* action : actions())
+        keys->Claim(action->shortcut(), everywhere.contains(action->objectName()));
+}
+
+EditorPane& frmmain::Pane(int tab)
+{
+    std::unique_ptr<EditorPane>& pane = panes.at(tab);
+    if (!pane) {
+        pane = MakePane(stack);
+        ConnectPane(tab, *pane);
+        QWidget* widget = WidgetOf(*pane);
+        widget->setAccessibleName(QStringLiteral("Text of tab %1").arg(tab + 1));
+        SetHelpSubject(widget, TextSubject);
+        stack->addWidget(widget);
+    }
+    return *pane;
+}
+
+EditorPane& frmmain::txtBuffer()
+{
+    if (!buffer)
+        buffer = MakePane(this);
+    return *buffer;
+}
+
+void frmmain::ConnectPane(int tab, EditorPane& pane)
+{
+    pane.CodeList = [](EditorPane&) { return CodeListWords(Frame.CurrentMode); };
+    pane.CodeListPick = PickCodeListItem;
+    connect(&pane, &EditorPane::SelectionChanged, this, [&pane] {
+        if (pane.Visible())
+            UpdateCaretStatus(pane);
+    });
+    connect(&pane, &EditorPane::TextChanged, this, [this, tab] { PaneTextChanged(tab); });
+    connect(&pane, &EditorPane::MousePressed, this, &frmmain::PanePressed);
+    connect(&pane, &EditorPane::FilesDropped, this, OpenDroppedFiles);
+}
+
+void frmmain::PaneTextChanged(int tab)
+{
+    EditorPane& pane = Pane(tab);
+    if (Frame.DocumentLoading)
+        pane.SetModified(false);
+    else if (Frame.Keeper && pane.Modified())
+        Frame.Keeper->TextEdited(tab);
+}
+
+void frmmain::PanePressed(Qt::MouseButton button, Qt::KeyboardModifiers modifiers)
+{
+    HideLists();
+    // The press is still under way; the menu comes behind it.
+    if (button == Qt::RightButton && modifiers == Qt::NoModifier)
+        QTimer::singleShot(0, this, [this] { PopUpEditMenu(QCursor::pos()); });
+}
+
+void frmmain::PopUpEditMenu(const QPoint& at)
+{
+    menus.Find(QStringLiteral("mnuEdit"))->popup(at);
+}
+
+void frmmain::ShowPaneOf(int tab)
+{
+    HideLists();
+    stack->setCurrentWidget(WidgetOf(Pane(tab)));
+}
+
+void frmmain::EscapePressed()
+{
+    if (CurrentPane().CodeListOpen())
+        CurrentPane().CloseCodeList();
+    else if (ListShows())
+        CloseLists();
+    else if (bars.cmbFind()->hasFocus())
+        FocusPane();
+    else
+        Frame.StopRequested = true;
+}
+
+void frmmain::MoveFocus()
+{
+    if (bars.cmbFind()->hasFocus())
+        strip->Bar()->setFocus(Qt::ShortcutFocusReason);
+    else if (strip->Bar()->hasFocus() || !bars.cmbFind()->isVisible())
+        FocusPane();
+    else
+        bars.cmbFind()->setFocus(Qt::ShortcutFocusReason);
+}
+
+void frmmain::MouseOver(const QString& helpId)
+{
+    if (recent->LeftFor(helpId) || comments->LeftFor(helpId))
+        CloseLists();
+}
+
+void frmmain::HideLists()
+{
+    recent->hide();
+    comments->hide();
+}
+
+bool frmmain::ListShows() const
+{
+    return recent->isVisible() || comments->isVisible();
+}
+
+QString frmmain::HelpId() const
+{
+    return subject->HelpId();
+}
+
+void frmmain::ReadLocks()
+{
+    const LockKeys locks = ReadLockKeys();
+    panels->ShowKey(CapsPanel, locks.Caps);
+    panels->ShowKey(NumPanel, locks.Num);
+}
+
+void frmmain::ToggleInsert()
+{
+    overtype = !overtype;
+    for (const auto& pane : panes)
+        if (pane)
+            pane->SetOvertype(overtype);
+    panels->ShowKey(InsertPanel, !overtype);
+}
+
+void frmmain::Activated()
+{
+    ReadLocks();
+    if (!Frame.StartingUp)
+        CheckChangedOutside();
+}
+
+bool frmmain::event(QEvent* event)
+{
+    // Not from inside the event: the check may ask a question.
+    if (event->type() == QEvent::WindowActivate)
+        QTimer::singleShot(0, this, &frmmain::Activated);
+    return QMainWindow::event(event);
+}
+
+void frmmain::closeEvent(QCloseEvent* event)
+{
+    if (Frame.RunningWork > 0) {
+        event->ignore();
+        EndProgram();
+        return;
+    }
+    Finish();
+    event->accept();
+}
+
+void frmmain::Finish()
+{
+    if (!finished)
+        KeepEverything();
+    finished = true;
+}
+
+void frmmain::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    if (!Frame.StartingUp && ListShows())
+        CloseLists();
+}
+
+void frmmain::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!LocalFiles(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void frmmain::dropEvent(QDropEvent* event)
+{
+    const QStringList files = LocalFiles(*event->mimeData());
+    event->acceptProposedAction();
+    QTimer::singleShot(0, this, [files] { OpenDroppedFiles(files); });
+}
+
+void frmmain::RestorePosition()
+{
+    const WindowPosition stored = StoredPosition();
+    const QRect place = OnScreen(stored.Place, minimumSize());
+    resize(place.size());
+    move(place.topLeft());
+    setWindowState(stored.State);
+}
+
+void frmmain::ShowStarted()
+{
+    commands.ShowMenuIcons(Frame.Settings.MenuIcons == 1);
+    setWindowTitle(windowTitle() + QStringLiteral("  (Startup Time MS = %1)").arg(Frame.StartTicks.elapsed()));
+}

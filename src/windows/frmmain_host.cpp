@@ -1,0 +1,120 @@
+#include "windows/frmmain.h"
+
+#include "editor/make_pane.h"
+#include "frame/documents.h"
+#include "frame/frame_state.h"
+#include "windows/comment_tree.h"
+#include "windows/find_dialogs.h"
+#include "windows/frm_project.h"
+#include "windows/recent_popup.h"
+#include "windows/status_panels.h"
+#include "windows/tab_strip.h"
+
+#include <QApplication>
+#include <QStackedWidget>
+
+// What the rooms below ask of their host.
+
+void frmmain::SetTab(int tab, const TabFace& face)
+{
+    strip->SetTab(tab, face);
+}
+
+void frmmain::SelectTab(int tab)
+{
+    strip->Select(tab);
+}
+
+int frmmain::SelectedTab() const
+{
+    return strip->Selected();
+}
+
+void frmmain::SetPanel(int panel, const QString& text, int picture)
+{
+    panels->SetPanel(panel, text, picture);
+}
+
+void frmmain::ShowNotice(const QString& text)
+{
+    panels->ShowNotice(text);
+}
+
+void frmmain::EnableCommand(const QString& control, bool menu, bool button)
+{
+    commands.Enable(control, menu, button);
+}
+
+void frmmain::CheckCommand(const QString& control, bool checked)
+{
+    commands.Check(control, checked);
+}
+
+void frmmain::ShowProgress(int maximum, int value)
+{
+    panels->ShowProgress(maximum, value);
+}
+
+void frmmain::HideProgress()
+{
+    panels->HideProgress();
+}
+
+void frmmain::SetEnabled(bool enabled)
+{
+    setEnabled(enabled);
+}
+
+void frmmain::FocusPane()
+{
+    CurrentPane().FocusPane();
+}
+
+void frmmain::BusyPointer(bool busy)
+{
+    if (busy)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QApplication::restoreOverrideCursor();
+}
+
+void frmmain::ShowFind(EditorPane& pane, FindKind kind)
+{
+    ShowFindDialog(this, pane, kind);
+}
+
+void frmmain::OpenTool(ToolWindow tool)
+{
+    if (tool == ToolWindow::Project)
+        RunProjectWindow(this);
+}
+
+void frmmain::ShowRecent()
+{
+    HideLists();
+    recent->OpenOver(stack->geometry());
+}
+
+void frmmain::ShowComments()
+{
+    HideLists();
+    comments->OpenOver(stack->geometry());
+}
+
+void frmmain::CloseLists()
+{
+    HideLists();
+    FocusPane();
+}
+
+void frmmain::RecentChanged()
+{
+    if (recent->isVisible())
+        recent->Fill();
+}
+
+bool frmmain::Turn()
+{
+    QApplication::processEvents();
+    return !Frame.StopRequested;
+}

@@ -1,0 +1,12 @@
+#include "conf/help_for_word.h"
+#include "windows/command_table.h"
+
+#include <array>
+
+std::span<const CommandRow> HelpCommands()
+{
+    static constexpr std::array Rows = {
+        CommandRow{"mnuHelpView", "Help", "", ToolStrip::tbExtra, "help", nullptr, NoFlags, [] { RunHelp({}); }},
+    };
+    return Rows;
+}

@@ -1,0 +1,46 @@
+#include "windows/help_subject.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QVariant>
+
+namespace {
+
+constexpr const char* Property = "helpSubject";
+
+} // namespace
+
+void SetHelpSubject(QWidget* part, const QString& id)
+{
+    part->setProperty(Property, id);
+}
+
+QString HelpSubjectOf(const QWidget* part)
+{
+    for (; part && !part->isWindow(); part = part->parentWidget()) {
+        const QVariant id = part->property(Property);
+        if (id.isValid())
+            return id.toString();
+    }
+    return {};
+}
+
+HelpSubject::HelpSubject(QWidget* watchedWindow) : QObject(watchedWindow), window(watchedWindow)
+{
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool HelpSubject::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::MouseMove && watched->isWidgetType()) {
+        const auto* part = static_cast<const QWidget*>(watched);
+        if (part->window() == window) {
+            const QString id = HelpSubjectOf(part);
+            if (!id.isNull()) {
+                helpId = id;
+                emit Moved(helpId);
+            }
+        }
+    }
+    return false;
+}

@@ -1,0 +1,19 @@
+#include "windows/pane_commands.h"
+
+void SearchPane(int command)
+{
+    EditorPane& pane = CurrentPane();
+    if (pane.ExecuteCmd(command))
+        return;
+    const QString broken = pane.FindError();
+    Host().ShowNotice(broken.isEmpty() ? QStringLiteral("Not found: ") + pane.FindText() : broken);
+}
+
+void SearchFor(const QString& text)
+{
+    if (!text.isEmpty()) {
+        CurrentPane().ExecuteCmd(CmdSetFindText, text);
+        SearchPane(CmdFindNext);
+    }
+    Host().FocusPane();
+}

@@ -1,0 +1,30 @@
+#include "windows/recent_popup.h"
+
+#include "frame/frame_state.h"
+#include "platform/paths.h"
+#include "windows/help_subject.h"
+#include "windows/icons.h"
+
+#include <QTreeWidget>
+
+RecentPopup::RecentPopup(QWidget* parent) : FloatingList(parent, QStringLiteral("RecentList"), RecentSubject)
+{
+    setObjectName(QStringLiteral("RecentBack"));
+    Tree()->setAccessibleName(QStringLiteral("Recent files"));
+}
+
+void RecentPopup::Fill()
+{
+    Tree()->clear();
+    for (const RecentEntry& entry : Frame.Recent) {
+        auto* item = new QTreeWidgetItem(Tree(), {entry.Text});
+        item->setIcon(0, ListImage(QStringLiteral("recent"), entry.Icon));
+        item->setToolTip(0, paths::Native(entry.Path));
+    }
+    Tree()->setCurrentItem(Tree()->topLevelItem(0));
+}
+
+void RecentPopup::OpenOver(const QRect& paneArea)
+{
+    Open({paneArea.x() + Inset(), paneArea.y(), paneArea.width() / 2, paneArea.height()});
+}

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "windows/floating_list.h"
+
+/// The recent list: the tree RecentList in its frame RecentBack, over the left half of the pane.
+class RecentPopup : public FloatingList
+{
+    Q_OBJECT
+
+public:
+    explicit RecentPopup(QWidget* parent);
+
+    void Fill() override; ///< from Frame.Recent
+    /// `paneArea` in the parent's coordinates.
+    void OpenOver(const QRect& paneArea);
+};

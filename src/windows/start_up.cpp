@@ -1,0 +1,90 @@
+#include "windows/start_up.h"
+
+#include "conf/help_for_word.h"
+#include "editor/make_pane.h"
+#include "frame/frame_state.h"
+#include "frame/recovery.h"
+#include "frame/settings.h"
+#include "frame/start_up.h"
+#include "platform/signals.h"
+#include "platform/single_instance.h"
+#include "windows/close_guard.h"
+#include "windows/frm_recover.h"
+#include "windows/frmmain.h"
+#include "windows/window_asker.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QSessionManager>
+#include <QTimer>
+
+namespace {
+
+/// Do panes tell their text to assistive technology? By the setting; automatic asks whether any is active.
+bool TellsText()
+{
+    enum { Automatic, Always, Never };
+    switch (ReadIni(QStringLiteral("Misc"), QStringLiteral("ScreenReader")).toInt()) {
+    case Always:
+        return true;
+    case Never:
+        return false;
+    default:
+        return QAccessible::isActive();
+    }
+}
+
+void Welcome()
+{
+    if (Frame.ShowWelcome == 1 && ShowWelcomeMessage() == QLatin1StringView("Read Help"))
+        RunHelp({});
+}
+
+int Run(QApplication& application, const StartFolders& folders)
+{
+    Recovery keeper(folders.StateFolder);
+    frmmain window;
+    WindowAsker asker(&window);
+    InstallHost(window, asker);
+    Frame.Keeper = &keeper;
+
+    EndSignals ends;
+    QObject::connect(&ends, &EndSignals::EndWanted, &application, EndProgram);
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &application, KeepEverything,
+                     Qt::DirectConnection);
+
+    window.RestorePosition();
+    window.show();
+    FinishStart();
+    window.ShowStarted();
+    QTimer::singleShot(0, &window, [&] {
+        OfferRecovered(&window, keeper);
+        Welcome();
+    });
+    const int code = QApplication::exec();
+    window.Finish();
+    Frame.Keeper = nullptr;
+    return code;
+}
+
+} // namespace
+
+int StartProgram(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("gemforge"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("gemforge"));
+
+    WindowAsker asker(nullptr);
+    Frame.Ask = &asker;
+    const SingleInstance instance(QStringLiteral("gemforge"));
+    if (instance.AnotherRuns()) {
+        ShowMessage(106);
+        return 1;
+    }
+    const StartFolders folders = OrdinaryFolders(QCoreApplication::applicationDirPath());
+    if (!PrepareStart(folders, QCoreApplication::arguments().mid(1)))
+        return 1;
+    SetUpAccessibility(TellsText());
+    return Run(application, folders);
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QStatusBar>
+#include <QTimer>
+#include <array>
+
+class QLabel;
+class QProgressBar;
+
+/// The status bar with its six panels, the notice that takes the path's place for some seconds, and the progress bar
+/// that lies over all of it.
+class StatusPanels : public QStatusBar
+{
+    Q_OBJECT
+
+public:
+    explicit StatusPanels(QWidget* parent = nullptr);
+
+    /// Panels count from 1. `picture`: image of the list "mode", 0 for none.
+    void SetPanel(int panel, const QString& text, int picture);
+    QString PanelText(int panel) const;
+    /// Panels 4 to 6: a key that is off is shown dim.
+    void ShowKey(int panel, bool on);
+
+    void ShowNotice(const QString& text);
+
+    /// Painted at once, at most every 50 ms, without taking events.
+    void ShowProgress(int maximum, int value);
+    void HideProgress();
+    QProgressBar* Progress() const { return progress; }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void ShowPath();
+    void FitProgress();
+
+    struct Panel
+    {
+        QLabel* Picture = nullptr;
+        QLabel* Text = nullptr;
+    };
+    std::array<Panel, 6> panels;
+    QString path;
+    QTimer noticeEnd;
+    QProgressBar* progress;
+    QElapsedTimer painted;
+};

@@ -1,0 +1,152 @@
+#include "windows/tab_strip.h"
+
+#include "frame/documents.h"
+#include "windows/command_table.h"
+#include "windows/dialog_help.h"
+#include "windows/help_subject.h"
+#include "windows/icons.h"
+
+#include <QHBoxLayout>
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+#include <QToolButton>
+#include <QToolTip>
+
+TabStrip::TabStrip(QWidget* parent) : QWidget(parent), bar(new QTabBar(this))
+{
+    setObjectName(QStringLiteral("ssTxtWindows"));
+    SetHelpSubject(this, HelpIdFor("tabs"));
+    bar->setAccessibleName(QStringLiteral("Documents"));
+    bar->setExpanding(false);
+    bar->setDocumentMode(true);
+    bar->setDrawBase(false);
+    bar->setElideMode(Qt::ElideNone);
+    bar->setUsesScrollButtons(true);
+    bar->setTabsClosable(true);
+    for (int tab = 0; tab < int(faces.size()); ++tab) {
+        bar->addTab(EmptyCaption);
+        bar->setTabVisible(tab, tab == 0);
+    }
+    faces[0].Visible = true;
+    NameCloseButtons();
+    bar->installEventFilter(this);
+    connect(bar, &QTabBar::tabCloseRequested, this, &TabStrip::CloseByMouse);
+    connect(bar, &QTabBar::currentChanged, this, &TabStrip::CurrentChanged);
+
+    auto* plus = new QToolButton(this);
+    plus->setAutoRaise(true);
+    plus->setFocusPolicy(Qt::NoFocus);
+    plus->setIcon(CommandIcon(QStringLiteral("open_tab")));
+    plus->setToolTip(QStringLiteral("Open Tab"));
+    plus->setAccessibleName(plus->toolTip());
+    connect(plus, &QToolButton::clicked, this, &TabStrip::NewWanted);
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(2);
+    row->addWidget(bar);
+    row->addWidget(plus);
+    row->addStretch();
+}
+
+void TabStrip::NameCloseButtons()
+{
+    for (int tab = 0; tab < bar->count(); ++tab) {
+        for (const auto side : {QTabBar::LeftSide, QTabBar::RightSide}) {
+            if (QWidget* button = bar->tabButton(tab, side)) {
+                button->setToolTip(QStringLiteral("Close Tab"));
+                button->setAccessibleName(button->toolTip());
+            }
+        }
+    }
+}
+
+void TabStrip::SetTab(int tab, const TabFace& face)
+{
+    faces.at(tab) = face;
+    // The component would pick a neighbour of its own; the tab to the left is always one that shows.
+    if (!face.Visible && tab == bar->currentIndex()) {
+        const QScopedValueRollback code(byCode, true);
+        SelectNext(-1);
+    }
+    bar->setTabText(tab, WithoutMnemonic(face.Caption));
+    const QIcon picture = ListImage(QStringLiteral("mode"), face.Picture);
+    // A disabled tab could not stay selected, and the flash dims the selected one: only its looks change.
+    bar->setTabIcon(tab, face.Enabled ? picture : QIcon(picture.pixmap(bar->iconSize(), QIcon::Disabled)));
+    bar->setTabTextColor(tab, face.Enabled ? QColor() : palette().color(QPalette::Disabled, QPalette::WindowText));
+    bar->setTabVisible(tab, face.Visible);
+}
+
+void TabStrip::Select(int tab)
+{
+    if (tab == bar->currentIndex()) {
+        emit Changed(tab);
+        return;
+    }
+    const QScopedValueRollback code(byCode, true);
+    bar->setCurrentIndex(tab);
+}
+
+void TabStrip::SelectNext(int step)
+{
+    int tab = bar->currentIndex();
+    do {
+        tab = (tab + step + bar->count()) % bar->count();
+    } while (!faces.at(tab).Visible && tab != bar->currentIndex());
+    bar->setCurrentIndex(tab);
+}
+
+void TabStrip::CurrentChanged(int tab)
+{
+    emit Changed(tab);
+    if (!byCode && !leftDown)
+        emit Activated();
+}
+
+void TabStrip::CloseByMouse(int tab)
+{
+    bar->setCurrentIndex(tab);
+    emit CloseWanted();
+}
+
+void TabStrip::Released(Qt::MouseButton button, int tab)
+{
+    if (button == Qt::RightButton)
+        emit NewWanted();
+    else if (button == Qt::MiddleButton && tab >= 0)
+        CloseByMouse(tab);
+}
+
+bool TabStrip::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched != bar)
+        return false;
+    if (event->type() == QEvent::ToolTip && TipOf) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        const int tab = bar->tabAt(help->pos());
+        QToolTip::showText(help->globalPos(), tab < 0 ? QString() : TipOf(tab), bar);
+        return true;
+    }
+    if (event->type() == QEvent::MouseButtonPress)
+        leftDown = static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
+    if (event->type() == QEvent::MouseButtonRelease) {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        if (mouse->button() == Qt::LeftButton) {
+            // Wherever it is let go: the press has changed the selected tab already.
+            leftDown = false;
+            emit Activated();
+            return false;
+        }
+        const Qt::MouseButton button = mouse->button();
+        const int tab = bar->tabAt(mouse->position().toPoint());
+        // Behind this event: a question may come, and the tab may go.
+        QMetaObject::invokeMethod(
+            this, [this, button, tab] { Released(button, tab); }, Qt::QueuedConnection);
+    }
+    return false;
+}
+
+void TabStrip::mouseReleaseEvent(QMouseEvent* event)
+{
+    Released(event->button(), -1);
+}

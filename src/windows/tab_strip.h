@@ -1,0 +1,47 @@
+#pragma once
+
+#include "frame/host_window.h"
+
+#include <QTabBar>
+#include <QWidget>
+#include <array>
+#include <functional>
+
+/// ssTxtWindows: the eight tabs. Hidden ones take no room. The strip itself changes no document: it tells what the
+/// user did with the mouse or the keys.
+class TabStrip : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit TabStrip(QWidget* parent = nullptr);
+
+    void SetTab(int tab, const TabFace& face);
+    void Select(int tab); ///< by code: tells Changed, not Activated
+    int Selected() const { return bar->currentIndex(); }
+    void SelectNext(int step); ///< by key: the next (1) or previous (-1) visible tab, around the ends
+    QTabBar* Bar() const { return bar; }
+
+    std::function<QString(int tab)> TipOf; ///< asked when the mouse rests on a tab
+
+signals:
+    void Changed(int tab); ///< any change of the selected tab
+    void Activated();      ///< the user chose the selected tab
+    void NewWanted();      ///< right button, plus button
+    void CloseWanted();    ///< middle button or close button; the tab is selected by then
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    void CurrentChanged(int tab);
+    void Released(Qt::MouseButton button, int tab);
+    void CloseByMouse(int tab);
+    void NameCloseButtons();
+
+    QTabBar* bar;
+    std::array<TabFace, 8> faces;
+    bool byCode = false;
+    bool leftDown = false; ///< a press selects, its release activates
+};

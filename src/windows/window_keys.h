@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QKeySequence>
+#include <QObject>
+#include <QPointer>
+#include <QSet>
+#include <QWidget>
+
+/// The main window sees every key before the part that has the focus, also while it is disabled.
+class WindowKeys : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit WindowKeys(QWidget* window);
+
+    /// Keys of the window that the text pane must not claim for itself. `everywhere`: nor any other part.
+    void Claim(const QKeySequence& keys, bool everywhere);
+
+signals:
+    void EscapePressed(); ///< eaten
+    void HelpPressed();   ///< F1 with any shift state, eaten
+    void InsertPressed(); ///< Insert alone, eaten
+    void LocksChanged();
+    void MenuPressed(QWidget* part); ///< the key that opens the menu of the part with the focus
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    bool Pressed(QWidget* part, const QKeyEvent& key);
+    bool IsClaimed(const QWidget* part, const QKeyEvent& key) const;
+
+    QPointer<QWidget> window;
+    QSet<QKeySequence> claimed, claimedEverywhere;
+};

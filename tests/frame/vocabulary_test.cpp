@@ -1,0 +1,97 @@
+#include "frame/vocabulary.h"
+#include "program_scope.h"
+
+class Vocabulary : public FrameTest
+{
+protected:
+    void SetUp() override
+    {
+        Run.Program.Write(QStringLiteral("data/lg_gfxele.ini"), "[Elements]\nCount=2\n1=yamyam\n2=Emerald\n3=beyond\n");
+        Run.Program.Write(
+            QStringLiteral("data/lg_gfxact.ini"),
+            "[Actions]\nCount=1\n1=left\n[GraphicComs]\nCount=1\n1=xpos\n[Special]\nCount=1\n1=*:none:*\n");
+        Run.Program.Write(
+            QStringLiteral("data/lg_other.ini"),
+            "[SFXElements]\nCount=1\n1=bell\n[SFXActions]\nCount=1\n1=ringing\n[SFXComs]\nCount=2\n1=volume\n"
+            "[HLTComs]\nCount=1\n1=page\n[TXTElements]\nCount=1\n1=word\n[MUSElements]\nCount=-3\n"
+            "[LVLElements]\nCount=many\n");
+        Run.Start();
+    }
+
+    QString Field(const char* language, QString LanguageObject::*field) const
+    {
+        const LanguageObject* object = Frame.Globals.FindLanguage(QString::fromLatin1(language));
+        return object ? object->*field : QStringLiteral("<no such language>");
+    }
+};
+
+// Catches: sections read from the wrong file, sounds that lose or reorder the graphics words, help modes without the
+// graphics elements, words behind the count, a count that is no number.
+TEST_F(Vocabulary, EachModeHasItsLists)
+{
+    const QStringList graphics = {QStringLiteral("yamyam"), QStringLiteral("Emerald")};
+    EXPECT_EQ(Frame.WordLists[ModeGfx][KindElements], graphics);
+    EXPECT_EQ(Frame.WordLists[ModeSfx][KindElements], graphics + QStringList{QStringLiteral("bell")});
+    EXPECT_EQ(Frame.WordLists[ModeSfx][KindGraphicComs],
+              (QStringList{QStringLiteral("volume"), QStringLiteral("[NOT FOUND]")}));
+    EXPECT_EQ(Frame.WordLists[ModeHlt][KindElements], graphics);
+    EXPECT_EQ(Frame.WordLists[ModeHlt][KindGraphicComs], QStringList{QStringLiteral("page")});
+    EXPECT_EQ(Frame.WordLists[ModeEdi][KindActions], QStringList{QStringLiteral("left")});
+    EXPECT_TRUE(Frame.WordLists[ModeMus][KindElements].isEmpty());
+    EXPECT_TRUE(Frame.WordLists[ModeLvl][KindElements].isEmpty());
+}
+
+// Catches: an element of the sounds coloured in graphics, comments in plain text, strings coloured outside graphics.
+TEST_F(Vocabulary, LanguagesFollowTheLists)
+{
+    EXPECT_EQ(Field("GFX", &LanguageObject::Keywords), QStringLiteral("yamyam\nEmerald\n"));
+    EXPECT_EQ(Field("SFX", &LanguageObject::Keywords), QStringLiteral("yamyam\nEmerald\nbell\n"));
+    EXPECT_EQ(Field("SFX", &LanguageObject::TagEntities), QStringLiteral("left\nringing\n"));
+    EXPECT_EQ(Field("HLA", &LanguageObject::Operators), QStringLiteral(".\n:"));
+    EXPECT_EQ(Field("TXT", &LanguageObject::SingleLineComments), QString());
+    EXPECT_EQ(Field("TXT", &LanguageObject::Keywords), QStringLiteral("word\n"));
+    EXPECT_EQ(Field("GFX", &LanguageObject::StringDelims), QString(QChar(8)));
+    EXPECT_EQ(Field("SFX", &LanguageObject::StringDelims), QString());
+}
+
+// Catches: kinds that are offered although unticked, the placeholder of an empty list, a list in text mode.
+TEST_F(Vocabulary, TheCodeListOffersWhatIsTicked)
+{
+    EXPECT_EQ(CodeListWords(ModeGfx), (QStringList{QStringLiteral("yamyam"), QStringLiteral("Emerald"),
+                                                   QStringLiteral("left"), QStringLiteral("xpos")}));
+    Frame.Settings.AutoCompleteTemplate = {0, 1, 0, 1};
+    EXPECT_EQ(CodeListWords(ModeGfx), QStringList{QStringLiteral("left")});
+    EXPECT_TRUE(CodeListWords(ModeTxt).isEmpty());
+    EXPECT_EQ(CodeListChoice(CodeListWords(ModeSfx), QStringLiteral("RING")), 1);
+    EXPECT_EQ(CodeListChoice(CodeListWords(ModeSfx), QStringLiteral("none")), 0);
+}
+
+struct Pick
+{
+    const char *Before, *Item, *After;
+    int Caret;
+};
+
+// Catches: a picked item that is glued to a word it does not complete, that swallows the word of the line above, or
+// leaves the caret beyond the item.
+TEST_F(Vocabulary, APickCompletesTheWordAtTheCaret)
+{
+    const Pick picks[] = {
+        {"yam", "yamyam", "yamyam", 6},
+        {"emerald.mo", "moving", "emerald.moving", 14},
+        {"top\r\n", "yamyam", "top\r\nyamyam", 6},
+        {"Yam", "yamyam", "Yamyamyam", 9}, // letter case counts
+        {"foo.", "left", "foo.left", 8},
+    };
+    for (const Pick& pick : picks) {
+        SCOPED_TRACE(pick.Before);
+        EditorPane& pane = Window.txtBuffer();
+        pane.SetText(QString::fromLatin1(pick.Before));
+        pane.ExecuteCmd(CmdDocumentEnd);
+        EXPECT_FALSE(PickCodeListItem(pane, QString::fromLatin1(pick.Item)));
+        EXPECT_EQ(pane.Text(), QString::fromLatin1(pick.After));
+        EXPECT_EQ(pane.GetSel(true).StartCol, pick.Caret);
+        pane.ExecuteCmd(CmdUndo);
+        EXPECT_EQ(pane.Text(), QString::fromLatin1(pick.Before)) << "more than one undo step";
+    }
+}
