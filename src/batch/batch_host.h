@@ -32,6 +32,7 @@ public:
     void BusyPointer(bool) override {}
     void ShowFind(EditorPane&, FindKind) override {}
     void OpenTool(ToolWindow) override {}
+    void ShowComments() override { CommentsShown = true; }
     void ShowRecent() override { RecentShown = true; }
     void CloseLists() override { RecentShown = false; }
     void RecentChanged() override {}
@@ -50,7 +51,7 @@ public:
     QHash<QString, std::pair<bool, bool>> Commands; ///< control -> menu, button
     QHash<QString, bool> Checks;
     int ProgressMaximum = 0, ProgressValue = 0, ProgressCalls = 0;
-    bool ProgressShown = false, RecentShown = false, Enabled = true;
+    bool ProgressShown = false, RecentShown = false, CommentsShown = false, Enabled = true;
 
 private:
     std::array<std::unique_ptr<EditorPane>, 8> panes;

@@ -9,18 +9,6 @@ namespace {
 /// Passes repaint the progress bar at most this often.
 constexpr qint64 ProgressEvery = 50;
 
-PassProgress ThrottledProgress(int maximum)
-{
-    QElapsedTimer timer;
-    timer.start();
-    return [maximum, timer](int done) mutable {
-        if (timer.elapsed() < ProgressEvery)
-            return;
-        timer.restart();
-        Host().ShowProgress(maximum, done);
-    };
-}
-
 /// Lines first to last, without the break behind the last one.
 QByteArrayView WholeLines(const EditorPane& pane, int first, int last)
 {
@@ -38,8 +26,22 @@ QByteArrayView WholeLines(const EditorPane& pane, int first, int last)
 
 } // namespace
 
+PassProgress ThrottledProgress(int maximum)
+{
+    QElapsedTimer timer;
+    timer.start();
+    return [maximum, timer](int done) mutable {
+        if (timer.elapsed() < ProgressEvery)
+            return;
+        timer.restart();
+        Host().ShowProgress(maximum, done);
+    };
+}
+
 ByteLine TakeLine(QByteArrayView bytes, qsizetype& from)
 {
+    if (from >= bytes.size()) // nothing left; memchr takes no null pointer
+        return {};
     const char* start = bytes.data() + from;
     const char* end = bytes.data() + bytes.size();
     const auto* feed = static_cast<const char*>(std::memchr(start, '\n', size_t(end - start)));

@@ -38,6 +38,9 @@ void ForEachLine(QByteArrayView lines, const PassProgress& progress, Visit visit
     }
 }
 
+/// Progress that repaints the host's bar at most every 50 ms.
+PassProgress ThrottledProgress(int maximum);
+
 /// Runs a pass over the whole lines that the selection of a pane touches: one undo step, with the progress bar, the
 /// caret at the start of the first line afterwards. A selection that ends in column 0 of a line includes that line.
 void RunPassOnSelection(EditorPane& pane, const LinePass& pass);

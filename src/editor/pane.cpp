@@ -1,5 +1,6 @@
 #include "editor/pane.h"
 
+#include <QScrollBar>
 #include <Qsci/qsciscintilla.h>
 
 using Sci = QsciScintillaBase;
@@ -30,11 +31,7 @@ void ScintillaPane::ConnectComponent()
         typed = character;
         SettleSoon();
     });
-    connect(widget, qOverload<const char*, int, int, int, int>(&Sci::SCN_USERLISTSELECTION), this,
-            [this](const char* item) {
-                const Work work(*this);
-                codeList.Pick(QString::fromUtf8(item));
-            });
+    connect(widget->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { codeList.Close(); });
 }
 
 void ScintillaPane::BeforeChange(int position, int kind, int length)

@@ -136,7 +136,6 @@ private:
     bool ClaimKey(QKeyEvent& event);
     bool KeyPressed(QKeyEvent& event);
     void RunKey(const KeyRow& row);
-    void SendKeyMessage(unsigned message);
     const KeyRow* RowFor(const QKeyEvent& event) const;
 
     // Text and selection

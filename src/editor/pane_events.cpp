@@ -45,6 +45,10 @@ bool ScintillaPane::WidgetEvent(QEvent* event)
     case QEvent::InputMethod:
         SettleSoon();
         return false;
+    case QEvent::FocusOut:
+    case QEvent::Hide:
+        codeList.Close();
+        return false;
     default:
         return false;
     }
@@ -56,7 +60,11 @@ bool ScintillaPane::ViewportEvent(QEvent* event)
     case QEvent::Paint:
         colouring.ColourView();
         return false;
+    case QEvent::Resize:
+        codeList.Close();
+        return false;
     case QEvent::MouseButtonPress:
+        codeList.Close();
         return MousePress(*static_cast<QMouseEvent*>(event));
     case QEvent::MouseMove:
         SettleSoon();

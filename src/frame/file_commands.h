@@ -27,7 +27,6 @@ void ApplyStoredInjectPath();
 void InsertInjectPath();
 QString UniqueName(const QString& base, bool folder);
 
-
 /// Notes size and time of a tab's file, so that a change by another program is seen.
 void NoteDiskState(int tab);
 /// Has another program changed or made the tab's file since it was read or written? False if it has gone.

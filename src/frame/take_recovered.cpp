@@ -25,13 +25,27 @@ int TabFor(const RecoveredText& text)
     return IsFree(opened) ? opened : -1;
 }
 
-void Fill(int tab, const RecoveredText& text)
+/// The kept text as an edit of what the tab or else the file holds, so that undo shows that again.
+void PutText(int tab, const RecoveredText& text)
 {
     EditorPane& pane = Host().Pane(tab);
-    pane.LoadBytes(text.Bytes);
+    if (!HasFile(Frame.Documents.at(tab))) {
+        const bool onDisk = !text.DocumentPath.isEmpty();
+        pane.LoadBytes(onDisk ? paths::ReadWhole(text.DocumentPath, paths::LargestDocument).value_or(QByteArray())
+                              : QByteArray());
+    }
+    EditorPane& kept = Host().txtBuffer();
+    kept.LoadBytes(text.Bytes);
+    pane.ReplaceLines(0, qMax(0, pane.LineCount() - 1), kept.Bytes());
+    kept.LoadBytes({});
     pane.SetEncoding(text.Encoding);
     pane.SetLineEnd(text.LineEnd);
     pane.SetModified(true);
+}
+
+void Fill(int tab, const RecoveredText& text)
+{
+    PutText(tab, text);
     Document& document = Frame.Documents.at(tab);
     document.Mode = text.Mode;
     document.Path = Frame.ProgramFolder;

@@ -4,6 +4,7 @@
 #include "level/level_header.h"
 #include "platform/paths.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -43,12 +44,24 @@ Result<> DropForeignTail()
     return {};
 }
 
+/// Without a sync, which a macro over a thousand levels would wait half a minute for: nobody needs a working file after
+/// a power cut.
+Result<> WriteWorking(const QString& name, QByteArrayView bytes)
+{
+    QFile file(WorkingPath(name));
+    if (!Level.Folder->isValid())
+        return Fail(QDir::tempPath(), Level.Folder->errorString());
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes.data(), bytes.size()) == bytes.size() && file.flush())
+        return {};
+    return Fail(file.fileName(), file.errorString());
+}
+
 Result<> WriteWorkingFiles(QByteArrayView bytes, qsizetype mapEnd)
 {
-    const Result<> written = paths::WriteWholePrivate(WorkingPath(WorkingLevel), bytes.first(mapEnd));
+    const Result<> written = WriteWorking(WorkingLevel, bytes.first(mapEnd));
     if (!written || mapEnd == bytes.size())
         return written;
-    return paths::WriteWholePrivate(WorkingPath(WorkingTail), bytes.sliced(mapEnd));
+    return WriteWorking(WorkingTail, bytes.sliced(mapEnd));
 }
 
 /// Puts the path to a reason that has none.
@@ -112,16 +125,15 @@ void RemoveWorkingFiles()
 
 QString LoadLevel(const QString& path, bool keepWorking)
 {
-    if (!keepWorking)
-        CloseLevel();
     const Result<QByteArray> bytes = keepWorking ? ReadWorking(WorkingLevel) : paths::ReadWhole(path, LargestLevel);
+    if (!keepWorking)
+        CloseLevel(); // only now, since the file may be one of the working files
     return bytes ? OpenBytes(*bytes, keepWorking) : Opened(tl::unexpected(bytes.error()));
 }
 
 QString LoadNewLevel()
 {
-    const Result<> written =
-        paths::WriteWholePrivate(WorkingPath(WorkingLevel), LevelImage(QStringLiteral("BLANKLEVEL")));
+    const Result<> written = WriteWorking(WorkingLevel, LevelImage(QStringLiteral("BLANKLEVEL")));
     return written ? LoadLevel({}, true) : Opened(written);
 }
 

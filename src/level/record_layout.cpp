@@ -80,6 +80,8 @@ bool IsWhole(const LevelOffsets& offsets)
 
 Result<LevelLayout> RecordLayout(QByteArrayView bytes)
 {
+    if (!HasMark(bytes, FirstChunk - 4, "CAVE"))
+        return Fail({}, QStringLiteral("it does not begin like a level"));
     LevelOffsets offsets{NoField, NoField, NoField, NoField, NoField, NoField, NoField, NoField, NoField};
     Chunk chunk;
     for (qsizetype at = FirstChunk; chunk.Name != "BODY"; at = chunk.Start + chunk.Size) {
@@ -97,7 +99,7 @@ Result<LevelLayout> RecordLayout(QByteArrayView bytes)
                 return tl::unexpected(read.error());
         }
     }
-    if (!HasMark(bytes, FirstChunk - 4, "CAVE") || !IsWhole(offsets))
+    if (!IsWhole(offsets))
         return Fail({}, QStringLiteral("a chunk or record that every level has is missing"));
     if (chunk.Size != CellSize * quint8(bytes[offsets.Width]) * quint8(bytes[offsets.Height]))
         return Fail({}, QStringLiteral("its chunk BODY does not have the size of its map"));

@@ -10,6 +10,7 @@ std::span<const MenuRow> MainMenus()
         MenuRow{"mnuEdit", "Edit", "mnuEditStrip", "E", EditCommands()},
         MenuRow{"mnuSearch", "Find", "mnuFindStrip", "i", FindCommands()},
         MenuRow{"mnuView", "View", "mnuViewStrip", "V", ViewCommands()},
+        MenuRow{"mnuRND", "RnD", "mnuRnDStrip", "R", RnDCommands()},
         MenuRow{"mnuHelp", "Help", "mnuHelpStrip", "H", HelpCommands()},
     };
     return Menus;

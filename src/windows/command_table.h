@@ -44,6 +44,7 @@ std::span<const CommandRow> NewCommands();
 std::span<const CommandRow> EditCommands();
 std::span<const CommandRow> FindCommands();
 std::span<const CommandRow> ViewCommands();
+std::span<const CommandRow> RnDCommands();
 std::span<const CommandRow> HelpCommands();
 
 /// Every menu, in the order of the menu bar.

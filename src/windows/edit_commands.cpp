@@ -1,6 +1,8 @@
+#include "conf/comments.h"
 #include "conf/element_blocks.h"
 #include "conf/tidy_up.h"
 #include "windows/command_table.h"
+#include "windows/frm_comment.h"
 #include "windows/pane_commands.h"
 
 #include <array>
@@ -20,8 +22,16 @@ std::span<const CommandRow> EditCommands()
                    RunAndFocus<CmdSelectLine>},
         CommandRow{"mnuSelectEleBlock", "Select Element Block", "Ctrl+B", tbEdit, "select_element_block", nullptr,
                    NoFlags, SelectElementBlock},
+        CommandRow{"mnuSelectBetween", "Select Between Comments", "", tbEdit, "select_between_comments", nullptr,
+                   NoFlags, SelectBetweenComments},
         CommandRow{"mnuSelectAll", "Select All", "Ctrl+A", tbEdit, "select_all", nullptr, SeparatorBehind,
                    RunAndFocus<CmdSelectAll>},
+        CommandRow{"mnuComment", "Insert A Comment Separator", "", tbEdit, "insert_comment_separator",
+                   "Insert Comment Separator", NoFlags, InsertCommentCommand},
+        CommandRow{"mnuCommentSel", "Comment Selected", "", tbEdit, "comment_selected", nullptr, NoFlags,
+                   CommentSelected},
+        CommandRow{"mnuUnCommentSel", "Uncomment Selected", "", tbEdit, "uncomment_selected", nullptr, NoFlags,
+                   UncommentSelected},
         CommandRow{"mnuTidyup", "Tidy Up", "Ctrl+T", tbEdit, "tidy_up", nullptr, NoFlags, TidyUp},
     };
     return Rows;

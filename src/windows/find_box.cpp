@@ -17,7 +17,6 @@ FindBox::FindBox(QWidget* parent) : QComboBox(parent)
     setCompleter(nullptr);
     lineEdit()->setPlaceholderText(QStringLiteral("Find"));
     lineEdit()->setAccessibleName(accessibleName());
-    lineEdit()->installEventFilter(this);
     connect(this, &QComboBox::textActivated, this, SearchFor);
 }
 
@@ -31,18 +30,25 @@ QSize FindBox::minimumSizeHint() const
     return {fontMetrics().averageCharWidth() * 12, QComboBox::minimumSizeHint().height()};
 }
 
-bool FindBox::eventFilter(QObject* watched, QEvent* event)
+void FindBox::focusInEvent(QFocusEvent* event)
 {
-    if (event->type() == QEvent::FocusIn)
-        Refill();
-    if (event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            SearchFor(currentText());
-            return true;
-        }
-    }
-    return QComboBox::eventFilter(watched, event);
+    Refill();
+    QComboBox::focusInEvent(event);
+}
+
+void FindBox::focusOutEvent(QFocusEvent* event)
+{
+    // The component counts leaving as a pick if the typed text stands in the list.
+    const QSignalBlocker quiet(this);
+    QComboBox::focusOutEvent(event);
+}
+
+void FindBox::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        SearchFor(currentText());
+    else
+        QComboBox::keyPressEvent(event);
 }
 
 void FindBox::Refill()

@@ -15,7 +15,10 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    // The line inside passes focus and keys on to the box.
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void Refill();

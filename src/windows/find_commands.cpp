@@ -1,3 +1,4 @@
+#include "conf/comments.h"
 #include "windows/command_table.h"
 #include "windows/pane_commands.h"
 
@@ -13,6 +14,12 @@ std::span<const CommandRow> FindCommands()
                    SearchAgain<CmdFindPrevious>},
         CommandRow{"mnuFindReplace", "Replace", "Ctrl+R", tbFind, "replace", nullptr, SeparatorBehind,
                    RunOnPane<CmdReplaceDialog>},
+        CommandRow{"mnuGotoComment", "Goto Comment", "", tbFind, "goto_comment_separator", "Goto Comment Separator",
+                   NoFlags, [] { Host().ShowComments(); }},
+        CommandRow{"mnuNextCom", "Goto Next Comment", "", tbFind, "goto_next_comment", nullptr, NoFlags,
+                   [] { GotoComment(true); }},
+        CommandRow{"mnuPreviousCom", "Goto Previous Comment", "", tbFind, "goto_previous_comment", nullptr,
+                   SeparatorBehind, [] { GotoComment(false); }},
         CommandRow{"mnuFindGoto", "Goto Line Number", "", tbFind, "goto_line_number", nullptr, NoFlags,
                    [] { CurrentPane().ExecuteCmd(CmdGotoLine, -1); }},
         CommandRow{"mnuFindGotoTop", "Goto Top", "", tbFind, "goto_top", nullptr, NoFlags, RunOnPane<CmdDocumentStart>},

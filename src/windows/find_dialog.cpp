@@ -7,7 +7,6 @@
 #include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QCompleter>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -22,17 +21,16 @@ QComboBox* MakeHistory(QWidget* parent, const QString& name)
     box->setAccessibleName(name);
     box->setEditable(true);
     box->setInsertPolicy(QComboBox::NoInsert);
-    box->completer()->setCaseSensitivity(Qt::CaseSensitive);
-    box->completer()->setCompletionMode(QCompleter::PopupCompletion);
+    box->setCompleter(nullptr); // a completed text would search for more than was typed
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(28);
     return box;
 }
 
-void FillHistory(QComboBox& box, const QString& items, const QString& text)
+void FillHistory(QComboBox& box, const QString& items, int limit, const QString& text)
 {
     box.clear();
-    box.addItems(items.split(QLatin1Char('\n'), Qt::SkipEmptyParts));
+    box.addItems(items.split(QLatin1Char('\n'), Qt::SkipEmptyParts).mid(0, limit));
     box.setEditText(text);
 }
 
@@ -170,10 +168,15 @@ void FindDialog::TakeTexts()
     const Range selection = pane.GetSel(true);
     if (selection.StartLine == selection.EndLine && pane.SelLength() > 0)
         text = options.RegularExpression ? Literal(pane.SelText()) : pane.SelText();
-    FillHistory(*cmbFind, histories.FindMRUList, text);
-    FillHistory(*cmbReplace, histories.ReplaceMRUList,
-                pane.ReplaceText().isEmpty() ? FirstOf(histories.ReplaceMRUList) : pane.ReplaceText());
+    FillHistories(text, pane.ReplaceText().isEmpty() ? FirstOf(histories.ReplaceMRUList) : pane.ReplaceText());
     Say({}, false);
+}
+
+void FindDialog::FillHistories(const QString& find, const QString& replace)
+{
+    const QSignalBlocker quiet(cmbFind);
+    FillHistory(*cmbFind, Frame.Globals.FindMRUList, Frame.Settings.FindHistoryLimit, find);
+    FillHistory(*cmbReplace, Frame.Globals.ReplaceMRUList, Frame.Settings.ReplaceHistoryLimit, replace);
     UpdateButtons();
 }
 
@@ -219,9 +222,9 @@ void FindDialog::ReplaceOne()
     if (!pane)
         return;
     TellPane();
-    const bool more = pane->ReplaceFound();
-    const bool done = pane->LastReplaceCount() > 0;
-    ShowOutcome(more || done, more || !done ? QString() : QStringLiteral("Replaced the last one."));
+    const bool found = pane->ReplaceFound();
+    const bool last = pane->LastReplaceCount() > 0 && pane->SelLength() == 0;
+    ShowOutcome(found, last ? QStringLiteral("Replaced the last one.") : QString());
 }
 
 void FindDialog::ReplaceMany(int command)
@@ -245,11 +248,7 @@ void FindDialog::ShowOutcome(bool found, const QString& good)
         Say(error, true);
     else
         Say(found ? good : QStringLiteral("Not found."), !found);
-    const QString find = cmbFind->currentText(), replace = cmbReplace->currentText();
-    const QSignalBlocker quiet(cmbFind);
-    FillHistory(*cmbFind, Frame.Globals.FindMRUList, find);
-    FillHistory(*cmbReplace, Frame.Globals.ReplaceMRUList, replace);
-    UpdateButtons();
+    FillHistories(cmbFind->currentText(), cmbReplace->currentText());
     UncoverCaret(*this, pane);
 }
 

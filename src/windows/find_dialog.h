@@ -30,6 +30,7 @@ private:
     void PlaceParts();
     void ShowKind(FindKind kind);
     void TakeTexts();
+    void FillHistories(const QString& find, const QString& replace);
     void TellPane();
     void FindFrom(bool forward);
     void ReplaceOne();

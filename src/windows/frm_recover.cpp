@@ -1,7 +1,7 @@
 #include "windows/frm_recover.h"
 
 #include "frame/documents.h"
-#include "frame/recovery_take.h"
+#include "frame/recovery.h"
 #include "platform/paths.h"
 #include "windows/dialog_help.h"
 #include "windows/recovery_view.h"
@@ -161,9 +161,8 @@ std::vector<QTreeWidgetItem*> frmRecover::Selected() const
 void frmRecover::TakeSelected()
 {
     for (QTreeWidgetItem* item : Selected()) {
-        const Result<> taken = TakeRecovered(keeper, TextOf(*item));
-        if (!taken) {
-            ShowMessage(MessagePathError, taken.error().Text());
+        if (!TakeRecovered(TextOf(*item))) {
+            ShowMessage(MessagePathError, QStringLiteral("All tabs are in use. Close one, then take the text."));
             return;
         }
         Drop(item);

@@ -11,6 +11,7 @@
 #include "platform/lock_keys.h"
 #include "platform/paths.h"
 #include "windows/close_guard.h"
+#include "windows/comment_tree.h"
 #include "windows/dropped_files.h"
 #include "windows/find_box.h"
 #include "windows/help_subject.h"
@@ -84,6 +85,7 @@ void frmmain::LayOut()
     setCentralWidget(middle);
     setStatusBar(panels);
     recent = new RecentPopup(middle);
+    comments = new CommentTree(middle);
 }
 
 void frmmain::ConnectParts()
@@ -93,8 +95,9 @@ void frmmain::ConnectParts()
     connect(strip, &TabStrip::NewWanted, commands.Menu(QStringLiteral("mnuAddTab")), &QAction::trigger);
     connect(strip, &TabStrip::CloseWanted, commands.Menu(QStringLiteral("mnuDelTab")), &QAction::trigger);
     strip->TipOf = TipOfTab;
-    connect(&commands, &CommandSet::AboutToRun, recent, &QWidget::hide);
+    connect(&commands, &CommandSet::AboutToRun, this, &frmmain::HideLists);
     connect(recent, &RecentPopup::Chosen, this, RecentOpenSelected, Qt::QueuedConnection);
+    connect(recent, &FloatingList::Dismissed, this, &frmmain::CloseLists);
     connect(subject, &HelpSubject::Moved, this, &frmmain::MouseOver);
     connect(keys, &WindowKeys::EscapePressed, this, &frmmain::EscapePressed);
     connect(keys, &WindowKeys::HelpPressed, this, [this] { HelpForWord(HelpId()); });
@@ -168,7 +171,7 @@ void frmmain::PaneTextChanged(int tab)
 
 void frmmain::PanePressed(Qt::MouseButton button, Qt::KeyboardModifiers modifiers)
 {
-    recent->hide();
+    HideLists();
     // The press is still under way; the menu comes behind it.
     if (button == Qt::RightButton && modifiers == Qt::NoModifier)
         QTimer::singleShot(0, this, [this] { PopUpEditMenu(QCursor::pos()); });
@@ -181,7 +184,7 @@ void frmmain::PopUpEditMenu(const QPoint& at)
 
 void frmmain::ShowPaneOf(int tab)
 {
-    recent->hide();
+    HideLists();
     stack->setCurrentWidget(WidgetOf(Pane(tab)));
 }
 
@@ -189,7 +192,7 @@ void frmmain::EscapePressed()
 {
     if (CurrentPane().CodeListOpen())
         CurrentPane().CloseCodeList();
-    else if (recent->isVisible())
+    else if (ListShows())
         CloseLists();
     else if (bars.cmbFind()->hasFocus())
         FocusPane();
@@ -209,12 +212,19 @@ void frmmain::MoveFocus()
 
 void frmmain::MouseOver(const QString& helpId)
 {
-    if (!recent->isVisible())
-        return;
-    if (helpId == RecentSubject)
-        mouseInList = true;
-    else if (mouseInList)
+    if (recent->LeftFor(helpId) || comments->LeftFor(helpId))
         CloseLists();
+}
+
+void frmmain::HideLists()
+{
+    recent->hide();
+    comments->hide();
+}
+
+bool frmmain::ListShows() const
+{
+    return recent->isVisible() || comments->isVisible();
 }
 
 QString frmmain::HelpId() const
@@ -274,7 +284,7 @@ void frmmain::Finish()
 void frmmain::resizeEvent(QResizeEvent* event)
 {
     QMainWindow::resizeEvent(event);
-    if (!Frame.StartingUp && recent->isVisible())
+    if (!Frame.StartingUp && ListShows())
         CloseLists();
 }
 

@@ -10,6 +10,8 @@
 #include <array>
 #include <memory>
 
+class CommentTree;
+class FloatingList;
 class HelpSubject;
 class QStackedWidget;
 class RecentPopup;
@@ -52,6 +54,7 @@ public:
     void ShowFind(EditorPane& pane, FindKind kind) override;
     void OpenTool(ToolWindow tool) override;
     void ShowRecent() override;
+    void ShowComments() override;
     void CloseLists() override;
     void RecentChanged() override;
     void MediaChanged() override {}    // the media lists have no view yet
@@ -67,6 +70,7 @@ public:
     TabStrip& ssTxtWindows() const { return *strip; }
     StatusPanels& StatusBar() const { return *panels; }
     RecentPopup& RecentBack() const { return *recent; }
+    CommentTree& TreeOfComments() const { return *comments; }
     QString HelpId() const;
 
 protected:
@@ -91,6 +95,8 @@ private:
     void MoveFocus(); ///< F6: pane, find box, tab strip, pane ...
     void Activated();
     void MouseOver(const QString& helpId);
+    void HideLists();
+    bool ListShows() const;
 
     CommandSet commands;
     MenuTree menus;
@@ -99,11 +105,11 @@ private:
     QStackedWidget* stack;
     StatusPanels* panels;
     RecentPopup* recent;
+    CommentTree* comments;
     HelpSubject* subject;
     WindowKeys* keys;
     std::array<std::unique_ptr<EditorPane>, 8> panes;
     std::unique_ptr<EditorPane> buffer;
-    bool mouseInList = false; ///< the mouse has been over the recent list since it opened
     bool overtype = false;
     bool finished = false;
 };

@@ -3,6 +3,7 @@
 #include "editor/make_pane.h"
 #include "frame/documents.h"
 #include "frame/frame_state.h"
+#include "windows/comment_tree.h"
 #include "windows/find_dialogs.h"
 #include "windows/frm_project.h"
 #include "windows/recent_popup.h"
@@ -90,13 +91,19 @@ void frmmain::OpenTool(ToolWindow tool)
 
 void frmmain::ShowRecent()
 {
-    mouseInList = false;
-    recent->Open(stack->geometry());
+    HideLists();
+    recent->OpenOver(stack->geometry());
+}
+
+void frmmain::ShowComments()
+{
+    HideLists();
+    comments->OpenOver(stack->geometry());
 }
 
 void frmmain::CloseLists()
 {
-    recent->hide();
+    HideLists();
     FocusPane();
 }
 

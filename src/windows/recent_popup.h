@@ -1,31 +1,16 @@
 #pragma once
 
-#include <QFrame>
+#include "windows/floating_list.h"
 
-class QTreeWidget;
-class QTreeWidgetItem;
-
-/// The floating recent list: the tree RecentList in its frame RecentBack. It has the keyboard while it shows.
-class RecentPopup : public QFrame
+/// The recent list: the tree RecentList in its frame RecentBack, over the left half of the pane.
+class RecentPopup : public FloatingList
 {
     Q_OBJECT
 
 public:
     explicit RecentPopup(QWidget* parent);
 
-    void Fill(); ///< from Frame.Recent
-    /// Over the left half of the pane, at its full height. `paneArea` in the parent's coordinates.
-    void Open(const QRect& paneArea);
-    QTreeWidget* Tree() const { return tree; }
-
-signals:
-    void Chosen(int index);
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
-private:
-    void Choose(QTreeWidgetItem* item);
-
-    QTreeWidget* tree;
+    void Fill() override; ///< from Frame.Recent
+    /// `paneArea` in the parent's coordinates.
+    void OpenOver(const QRect& paneArea);
 };

@@ -13,21 +13,6 @@
 #include <QToolButton>
 #include <QToolTip>
 
-namespace {
-
-QToolButton* SmallButton(const QString& icon, const QString& name, QWidget* parent)
-{
-    auto* button = new QToolButton(parent);
-    button->setAutoRaise(true);
-    button->setFocusPolicy(Qt::NoFocus);
-    button->setIcon(CommandIcon(icon));
-    button->setToolTip(name);
-    button->setAccessibleName(name);
-    return button;
-}
-
-} // namespace
-
 TabStrip::TabStrip(QWidget* parent) : QWidget(parent), bar(new QTabBar(this))
 {
     setObjectName(QStringLiteral("ssTxtWindows"));
@@ -38,16 +23,23 @@ TabStrip::TabStrip(QWidget* parent) : QWidget(parent), bar(new QTabBar(this))
     bar->setDrawBase(false);
     bar->setElideMode(Qt::ElideNone);
     bar->setUsesScrollButtons(true);
+    bar->setTabsClosable(true);
     for (int tab = 0; tab < int(faces.size()); ++tab) {
         bar->addTab(EmptyCaption);
-        bar->setTabButton(tab, QTabBar::RightSide, MakeCloseButton(tab));
         bar->setTabVisible(tab, tab == 0);
     }
     faces[0].Visible = true;
+    NameCloseButtons();
     bar->installEventFilter(this);
+    connect(bar, &QTabBar::tabCloseRequested, this, &TabStrip::CloseByMouse);
     connect(bar, &QTabBar::currentChanged, this, &TabStrip::CurrentChanged);
 
-    auto* plus = SmallButton(QStringLiteral("open_tab"), QStringLiteral("Open Tab"), this);
+    auto* plus = new QToolButton(this);
+    plus->setAutoRaise(true);
+    plus->setFocusPolicy(Qt::NoFocus);
+    plus->setIcon(CommandIcon(QStringLiteral("open_tab")));
+    plus->setToolTip(QStringLiteral("Open Tab"));
+    plus->setAccessibleName(plus->toolTip());
     connect(plus, &QToolButton::clicked, this, &TabStrip::NewWanted);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
@@ -57,12 +49,16 @@ TabStrip::TabStrip(QWidget* parent) : QWidget(parent), bar(new QTabBar(this))
     row->addStretch();
 }
 
-QToolButton* TabStrip::MakeCloseButton(int tab)
+void TabStrip::NameCloseButtons()
 {
-    QToolButton* button = SmallButton(QStringLiteral("close_tab"), QStringLiteral("Close Tab"), bar);
-    button->setIconSize({12, 12});
-    connect(button, &QToolButton::clicked, this, [this, tab] { CloseByMouse(tab); });
-    return button;
+    for (int tab = 0; tab < bar->count(); ++tab) {
+        for (const auto side : {QTabBar::LeftSide, QTabBar::RightSide}) {
+            if (QWidget* button = bar->tabButton(tab, side)) {
+                button->setToolTip(QStringLiteral("Close Tab"));
+                button->setAccessibleName(button->toolTip());
+            }
+        }
+    }
 }
 
 void TabStrip::SetTab(int tab, const TabFace& face)
@@ -115,11 +111,7 @@ void TabStrip::CloseByMouse(int tab)
 
 void TabStrip::Released(Qt::MouseButton button, int tab)
 {
-    if (button == Qt::LeftButton)
-        leftDown = false;
-    if (button == Qt::LeftButton && tab >= 0)
-        emit Activated();
-    else if (button == Qt::RightButton)
+    if (button == Qt::RightButton)
         emit NewWanted();
     else if (button == Qt::MiddleButton && tab >= 0)
         CloseByMouse(tab);
@@ -139,9 +131,15 @@ bool TabStrip::eventFilter(QObject* watched, QEvent* event)
         leftDown = static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
     if (event->type() == QEvent::MouseButtonRelease) {
         const auto* mouse = static_cast<QMouseEvent*>(event);
+        if (mouse->button() == Qt::LeftButton) {
+            // Wherever it is let go: the press has changed the selected tab already.
+            leftDown = false;
+            emit Activated();
+            return false;
+        }
         const Qt::MouseButton button = mouse->button();
         const int tab = bar->tabAt(mouse->position().toPoint());
-        // Behind the component's own handling, and behind this event: the document may go with its tab.
+        // Behind this event: a question may come, and the tab may go.
         QMetaObject::invokeMethod(
             this, [this, button, tab] { Released(button, tab); }, Qt::QueuedConnection);
     }

@@ -7,8 +7,6 @@
 #include <array>
 #include <functional>
 
-class QToolButton;
-
 /// ssTxtWindows: the eight tabs. Hidden ones take no room. The strip itself changes no document: it tells what the
 /// user did with the mouse or the keys.
 class TabStrip : public QWidget
@@ -40,7 +38,7 @@ private:
     void CurrentChanged(int tab);
     void Released(Qt::MouseButton button, int tab);
     void CloseByMouse(int tab);
-    QToolButton* MakeCloseButton(int tab);
+    void NameCloseButtons();
 
     QTabBar* bar;
     std::array<TabFace, 8> faces;

@@ -2,8 +2,9 @@
 
 #include "frame/settings.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QScreen>
+#include <QStyle>
 #include <algorithm>
 
 namespace {
@@ -32,7 +33,9 @@ QRect OnScreen(const QRect& place, const QSize& least)
     const QScreen* screen = QGuiApplication::screenAt(place.center());
     if (!screen)
         screen = QGuiApplication::primaryScreen();
-    const QRect room = screen->availableGeometry();
+    // The system adds a title above the size.
+    const int title = QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QRect room = screen->availableGeometry().adjusted(0, 0, 0, -title);
     const QSize size = place.size().boundedTo(room.size()).expandedTo(least);
     const int left = std::clamp(place.left(), room.left(), qMax(room.left(), room.right() + 1 - size.width()));
     const int top = std::clamp(place.top(), room.top(), qMax(room.top(), room.bottom() + 1 - size.height()));

@@ -1,4 +1,5 @@
 #include "conf/tidy_up.h"
+#include "platform/paths.h"
 
 #include "test_support.h"
 

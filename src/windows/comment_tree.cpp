@@ -1,0 +1,43 @@
+#include "windows/comment_tree.h"
+
+#include "conf/comments.h"
+#include "frame/frame_state.h"
+#include "windows/help_subject.h"
+#include "windows/icons.h"
+
+#include <QTreeWidget>
+
+CommentTree::CommentTree(QWidget* parent) : FloatingList(parent, QStringLiteral("TreeOfComments"), CommentSubject)
+{
+    setObjectName(QStringLiteral("cmdTreeBorder"));
+    Tree()->setAccessibleName(QStringLiteral("Comment separators"));
+    connect(this, &FloatingList::Chosen, this, &CommentTree::Goto);
+    connect(this, &FloatingList::Dismissed, this, [] { Host().CloseLists(); });
+}
+
+void CommentTree::Fill()
+{
+    Tree()->clear();
+    lines.clear();
+    const auto nodes = FindSeparators(CurrentPane().Bytes(), CurrentMarks(), Frame.Settings.SortGotoList == 1);
+    for (const SeparatorNode& node : nodes) {
+        lines << node.Line;
+        auto* item = new QTreeWidgetItem(Tree(), {node.Text});
+        item->setIcon(0, ListImage(QStringLiteral("goto"), node.Image));
+    }
+    Tree()->setCurrentItem(Tree()->topLevelItem(0));
+}
+
+void CommentTree::OpenOver(const QRect& paneArea)
+{
+    const int width = paneArea.width() / 3;
+    Open({paneArea.right() + 1 - width + Inset(), paneArea.y(), width - Inset(), paneArea.height()});
+}
+
+void CommentTree::Goto(int index)
+{
+    EditorPane& pane = CurrentPane();
+    const int line = LineOfSeparator(pane.Bytes(), lines.at(index));
+    if (line >= 0)
+        pane.ExecuteCmd(CmdGotoLine, line);
+}

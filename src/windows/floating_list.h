@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QFrame>
+
+class QTreeWidget;
+class QTreeWidgetItem;
+
+/// A tree in a raised frame that floats over the pane: the recent list and the comment tree. It has the keyboard while
+/// it shows, and closes when the mouse has been over it and moves onto anything else.
+class FloatingList : public QFrame
+{
+    Q_OBJECT
+
+public:
+    /// `subject`: the help page of the list.
+    FloatingList(QWidget* parent, const QString& name, const QString& subject);
+
+    void Open(const QRect& place); ///< in the parent's coordinates
+    QTreeWidget* Tree() const { return tree; }
+    QString Subject() const { return subject; }
+
+    /// The mouse is over the part with this help id: does the list close now?
+    bool LeftFor(const QString& helpId);
+
+signals:
+    void Chosen(int index); ///< by a click or Enter
+    void Dismissed();       ///< by the right mouse button
+
+protected:
+    virtual void Fill() = 0;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    int Inset() const;
+
+private:
+    void Choose(QTreeWidgetItem* item);
+
+    QTreeWidget* tree;
+    QString subject;
+    bool mouseWasHere = false; ///< since it opened
+};

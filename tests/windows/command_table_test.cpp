@@ -1,0 +1,153 @@
+#include "main_window_test.h"
+#include "windows/icons.h"
+
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
+#include <QToolButton>
+#include <set>
+
+using CommandTable = MainWindowTest;
+
+namespace {
+
+template <class Visit>
+void ForEachRow(Visit visit)
+{
+    for (const MenuRow& menu : MainMenus())
+        for (const CommandRow& row : menu.Rows)
+            visit(row);
+}
+
+QStringList Texts(const QList<QAction*>& actions)
+{
+    QStringList texts;
+    for (const QAction* action : actions)
+        if (action->isVisible())
+            texts << (action->isSeparator() ? QStringLiteral("-") : action->text());
+    return texts;
+}
+
+} // namespace
+
+// Catches: a row that was copied and not finished: a control, shortcut or button key twice, no icon, no handler.
+TEST_F(CommandTable, EveryRowIsWholeAndItsOwn)
+{
+    std::set<QString> controls, shortcuts, keys;
+    ForEachRow([&](const CommandRow& row) {
+        SCOPED_TRACE(row.Control);
+        EXPECT_TRUE(controls.insert(QString::fromLatin1(row.Control)).second);
+        EXPECT_TRUE(keys.insert(QString::fromLatin1(row.ButtonKey)).second);
+        EXPECT_STRNE(row.Caption, "");
+        EXPECT_NE(row.Action, nullptr);
+        EXPECT_FALSE(CommandIcon(QString::fromLatin1(row.ButtonKey)).isNull());
+        EXPECT_EQ(HelpIdOf(row), QStringLiteral("H_main_") + QString::fromLatin1(row.ButtonKey));
+        if (*row.Shortcut) {
+            const QKeySequence keysOf(QString::fromLatin1(row.Shortcut), QKeySequence::PortableText);
+            EXPECT_EQ(keysOf.toString(QKeySequence::PortableText), QString::fromLatin1(row.Shortcut));
+            EXPECT_TRUE(shortcuts.insert(QString::fromLatin1(row.Shortcut)).second);
+        }
+        if (row.Flags & OpensMenu) {
+            EXPECT_NE(Window->Menus().Find(QString::fromLatin1(row.Control)), nullptr);
+        }
+    });
+}
+
+// Catches: a command without help, or a help page whose name nobody asks for any more.
+TEST_F(CommandTable, EveryButtonHasAHelpPage)
+{
+    ForEachRow([&](const CommandRow& row) {
+        if (row.Strip != ToolStrip::None) {
+            const QString page = QStringLiteral(PROJECT_FOLDER "/help/") + HelpIdOf(row) + QStringLiteral(".html");
+            EXPECT_TRUE(QFile::exists(page)) << page;
+        }
+    });
+}
+
+// Catches: menus in another order, a separator at an end or beside another one, a title entry that can be chosen.
+TEST_F(CommandTable, MenusStandAsTold)
+{
+    EXPECT_EQ(Texts(Window->menuBar()->actions()).replaceInStrings(QStringLiteral("&"), {}).join(u' '),
+              QStringLiteral("File Edit Find View Help"));
+    EXPECT_EQ(Texts(Window->Menus().Find(QStringLiteral("mnuFile"))->actions()).join(u'|'),
+              QStringLiteral("File|New|Open|Open Recent|Revert To Saved|Insert File|-|Project|-|Save|Save As..|-|"
+                             "Open Tab|Close Tab|Close All Tabs"));
+    EXPECT_EQ(Texts(Window->Menus().Find(QStringLiteral("mnuView"))->actions()).join(u'|'),
+              QStringLiteral("View|Line Numbers|Spaces + Tabs|Colours|-|Super Tab"));
+    for (const MenuRow& row : MainMenus()) {
+        const QMenu* menu = Window->Menus().Find(QString::fromLatin1(row.Control));
+        EXPECT_FALSE(menu->actions().constFirst()->isEnabled()) << row.Control;
+        EXPECT_GT(menu->actions().size(), 1) << row.Control;
+    }
+    Host().ShowMenuStrips(false);
+    EXPECT_EQ(Texts(Window->Menus().Find(QStringLiteral("mnuView"))->actions()).constFirst(),
+              QStringLiteral("Line Numbers"));
+}
+
+// Catches: a tip taken from the menu where the button has its own, a bar without buttons that shows.
+TEST_F(CommandTable, ToolBarsFollowTheRows)
+{
+    EXPECT_EQ(ButtonOf("mnuProject")->toolTip(), QStringLiteral("Projects"));
+    EXPECT_EQ(ButtonOf("mnuSaveAs")->toolTip(), QStringLiteral("Save As..."));
+    EXPECT_EQ(ButtonOf("mnuViewColours")->toolTip(), QStringLiteral("Syntax Colours"));
+    EXPECT_EQ(ButtonOf("mnuTidyup")->toolTip(), QStringLiteral("Tidy Up"));
+    EXPECT_TRUE(Window->Bars().Bar(ToolStrip::tbRnD)->isHidden());
+    EXPECT_TRUE(Window->Bars().Bar(ToolStrip::tbExtra)->isVisible());
+    const auto* button =
+        qobject_cast<QToolButton*>(Window->Bars().Bar(ToolStrip::tbFile)->widgetForAction(ButtonOf("mnuNew")));
+    EXPECT_EQ(button->menu(), Window->Menus().Find(QStringLiteral("mnuNew")));
+    EXPECT_EQ(button->popupMode(), QToolButton::MenuButtonPopup);
+}
+
+// Catches: the one of menu entry and button that goes on when the mode changes, a control without a row that fails.
+TEST_F(CommandTable, EnablingAndChecksReachEntryAndButton)
+{
+    EXPECT_TRUE(MenuOf("mnuSelectEleBlock")->isEnabled() && ButtonOf("mnuSelectEleBlock")->isEnabled());
+    MenuOf("mnuNewSound")->trigger();
+    EXPECT_EQ(Frame.CurrentMode, ModeSfx);
+    EXPECT_FALSE(MenuOf("mnuSelectEleBlock")->isEnabled() || ButtonOf("mnuSelectEleBlock")->isEnabled());
+    Host().EnableCommand(QStringLiteral("mnuTidyup"), true, false);
+    EXPECT_TRUE(MenuOf("mnuTidyup")->isEnabled());
+    EXPECT_FALSE(ButtonOf("mnuTidyup")->isEnabled());
+    Host().EnableCommand(QStringLiteral("mnuNoSuchCommand"), true, true);
+}
+
+// Catches: a toggle by menu or by button after which the two differ, or that is forgotten at the next start.
+TEST_F(CommandTable, ViewTogglesKeepEntryButtonAndKeyTogether)
+{
+    struct
+    {
+        const char* Control;
+        const char* Key;
+    } const toggles[] = {{"mnuViewLineNums", "ShowLineNumbers"},
+                         {"mnuViewSpaces", "ShowSpaces"},
+                         {"mnuViewColours", "UseColour"},
+                         {"mnuSuperTab", "SuperTab"}};
+    for (const auto& toggle : toggles) {
+        SCOPED_TRACE(toggle.Control);
+        bool on = MenuOf(toggle.Control)->isChecked();
+        for (QAction* action : {MenuOf(toggle.Control), ButtonOf(toggle.Control)}) {
+            EXPECT_EQ(ButtonOf(toggle.Control)->isChecked(), on);
+            action->trigger();
+            on = !on;
+            EXPECT_EQ(MenuOf(toggle.Control)->isChecked(), on);
+            EXPECT_EQ(ButtonOf(toggle.Control)->isChecked(), on);
+            EXPECT_TRUE(Run.UserIni().contains(QByteArray(toggle.Key) + (on ? "=1" : "=0")));
+        }
+    }
+}
+
+// Catches: bars that get lost, doubled or keep their old row when the stored order differs or names nonsense.
+TEST_F(CommandTable, CoolBarTakesTheStoredOrder)
+{
+    for (const auto& [key, value] : {std::pair("C1", "tbView"), std::pair("C2", "tbView"), std::pair("C3", "nonsense"),
+                                     std::pair("N2", "True"), std::pair("N3", "False")})
+        WriteIni(QString::fromLatin1(value), QStringLiteral("Coolbar Bands"), QString::fromLatin1(key));
+    Host().LoadCoolbar();
+    QCoreApplication::processEvents();
+    const CoolBar& bars = Window->Bars();
+    for (const ToolStrip strip : {ToolStrip::tbFile, ToolStrip::tbEdit, ToolStrip::tbFind, ToolStrip::tbView})
+        EXPECT_TRUE(bars.Bar(strip)->isVisible());
+    EXPECT_EQ(bars.Bar(ToolStrip::tbView)->y(), bars.Bar(ToolStrip::tbFind)->y());
+    EXPECT_LT(bars.Bar(ToolStrip::tbEdit)->y(), bars.Bar(ToolStrip::tbView)->y());
+}

@@ -1,0 +1,80 @@
+#include "editor/make_pane.h"
+#include "main_window_test.h"
+#include "windows/dropped_files.h"
+#include "windows/window_position.h"
+
+#include <QMimeData>
+#include <QProgressBar>
+#include <QScreen>
+#include <QUrl>
+
+using MainWindowParts = MainWindowTest;
+
+// Catches: a caption without the startup time, or one that keeps it when the mode changes.
+TEST_F(MainWindowParts, CaptionTellsTheStartupTimeUntilTheModeChanges)
+{
+    EXPECT_TRUE(Window->windowTitle().contains(
+        QRegularExpression(QStringLiteral("^Gemforge - Graphics Mode    \\(Startup Time MS = \\d+\\)$"))))
+        << Window->windowTitle();
+    NewDocument(ModeMus);
+    EXPECT_EQ(Window->windowTitle(), QStringLiteral("Gemforge - Music Mode  "));
+}
+
+// Catches: a window that opens on a screen that is gone, too small to use, or larger than the screen.
+TEST_F(MainWindowParts, StoredPositionIsBroughtOntoTheScreen)
+{
+    const QRect room = Window->screen()->availableGeometry();
+    EXPECT_EQ(OnScreen({20, 30, 600, 450}, {500, 400}), QRect(20, 30, 600, 450));
+    EXPECT_TRUE(room.contains(OnScreen({90'000, 90'000, 600, 450}, {500, 400})));
+    EXPECT_EQ(OnScreen({0, 0, 10, 10}, {500, 400}).size(), QSize(500, 400));
+    EXPECT_LE(OnScreen({0, 0, 50'000, 450}, {500, 400}).width(), room.width());
+    WriteIni(2, QStringLiteral("Window Positions"), QStringLiteral("Max"));
+    WriteIni(QStringLiteral("wide"), QStringLiteral("Window Positions"), QStringLiteral("Width"));
+    EXPECT_EQ(StoredPosition().State, Qt::WindowMaximized);
+    EXPECT_EQ(StoredPosition().Place.width(), 1100);
+}
+
+// Catches: an edit that clears or forgets Modified; a caret status that another tab's pane writes.
+TEST_F(MainWindowParts, PaneEventsReachFrameAndStatusBar)
+{
+    EXPECT_FALSE(CurrentPane().Modified());
+    ProgramScope::Type(QStringLiteral("x"));
+    EXPECT_TRUE(CurrentPane().Modified());
+    CurrentPane().SetSel({3, 2, 3, 2}, false);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(Window->StatusBar().PanelText(2).startsWith(QLatin1String("X:2    Y:3    Lines:")));
+    Window->Pane(5).SetText(QStringLiteral("elsewhere"));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(Window->StatusBar().PanelText(2).startsWith(QLatin1String("X:2    Y:3    Lines:")));
+}
+
+// Catches: a path that never comes back behind a notice, a bar that runs without end for a single step.
+TEST_F(MainWindowParts, StatusBarShowsNoticesAndProgress)
+{
+    Host().ShowNotice(QStringLiteral("told"));
+    EXPECT_EQ(Window->StatusBar().PanelText(3), QStringLiteral("told"));
+    Host().SetPanel(3, QStringLiteral("/path"));
+    EXPECT_EQ(Window->StatusBar().PanelText(3), QStringLiteral("/path"));
+    Host().ShowProgress(0, 0);
+    const QProgressBar* bar = Window->StatusBar().Progress();
+    EXPECT_TRUE(bar->isVisible());
+    EXPECT_EQ(bar->maximum(), 1);
+    EXPECT_EQ(bar->width(), Window->StatusBar().width());
+    Host().HideProgress();
+    EXPECT_FALSE(bar->isVisible());
+}
+
+// Catches: a dropped file that replaces unsaved or open text, opens twice, or leaves an empty tab behind.
+TEST_F(MainWindowParts, DroppedFilesTakeEmptyTabsFirst)
+{
+    const QString a = Run.Work.Write(QStringLiteral("a.conf"), "a: 1\n");
+    const QString b = Run.Work.Write(QStringLiteral("b.conf"), "b: 1\n");
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(a), QUrl(QStringLiteral("http://nowhere/c.conf")), QUrl::fromLocalFile(b)});
+    EXPECT_EQ(LocalFiles(data), QStringList({a, b}));
+    OpenDroppedFiles({a, b, a});
+    EXPECT_EQ(Frame.Documents[0].Path, a);
+    EXPECT_EQ(Frame.Documents[1].Path, b);
+    EXPECT_FALSE(Frame.Documents[2].Face.Visible);
+    EXPECT_EQ(Host().SelectedTab(), 0);
+}
