@@ -67,7 +67,9 @@ TEST(CompareLines, ShowsContextAndKeepsItsLimit)
         after += (i == 10 ? QByteArray("x") : QByteArray::number(i)) + '\n';
     }
     QByteArray shown;
-    for (const DiffLine& line : *CompareLines(before, after, 1))
+    const auto compared = CompareLines(before, after, 1);
+    ASSERT_TRUE(compared);
+    for (const DiffLine& line : *compared)
         shown += char(line.Kind) + line.Text.toByteArray();
     EXPECT_EQ(shown, "@ 9-10+x 11@");
     EXPECT_EQ(CompareLines("a\r\nb\n", "a\nb\n")->size(), 3U);
