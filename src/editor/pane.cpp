@@ -146,6 +146,11 @@ void ScintillaPane::SetTabSize(int columns)
     text.Send(Sci::SCI_SETTABWIDTH, qMax(columns, 1));
 }
 
+void ScintillaPane::SetOvertype(bool on)
+{
+    text.Send(Sci::SCI_SETOVERTYPE, on);
+}
+
 void ScintillaPane::SetLineEnd(LineBreak wanted)
 {
     lineEnd = wanted;

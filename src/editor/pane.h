@@ -129,6 +129,7 @@ private:
     bool ViewportEvent(QEvent* event);
     bool WidgetEvent(QEvent* event);
     bool TakeFiles(QDropEvent& event);
+    void BeforePaint(const QRegion& region);
     bool ContextMenu(QEvent* event);
     bool MousePress(QMouseEvent& event);
     void PutCaretAt(QPoint place);

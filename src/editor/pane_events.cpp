@@ -4,6 +4,7 @@
 #include <QDropEvent>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QPaintEvent>
 #include <QUrl>
 #include <Qsci/qsciscintilla.h>
 
@@ -58,7 +59,7 @@ bool ScintillaPane::ViewportEvent(QEvent* event)
 {
     switch (event->type()) {
     case QEvent::Paint:
-        colouring.ColourView();
+        BeforePaint(static_cast<QPaintEvent*>(event)->region());
         return false;
     case QEvent::Resize:
         codeList.Close();
@@ -83,6 +84,17 @@ bool ScintillaPane::ViewportEvent(QEvent* event)
     default:
         return false;
     }
+}
+
+/// New colours ask for a paint of their lines; where the whole view is about to be painted that would be a second one.
+void ScintillaPane::BeforePaint(const QRegion& region)
+{
+    QWidget* viewport = text.Widget()->viewport();
+    const bool whole = QRegion(viewport->rect()).subtracted(region).isEmpty();
+    const bool locked = viewport->testAttribute(Qt::WA_UpdatesDisabled);
+    viewport->setAttribute(Qt::WA_UpdatesDisabled, whole || locked);
+    colouring.ColourView();
+    viewport->setAttribute(Qt::WA_UpdatesDisabled, locked);
 }
 
 /// The menu is the window's; the menu key counts as a press of the right button.

@@ -142,11 +142,6 @@ void ScintillaPane::RunKey(const KeyRow& row)
         text.Send(row.Message);
 }
 
-void ScintillaPane::SetOvertype(bool on)
-{
-    text.Send(Sci::SCI_SETOVERTYPE, on);
-}
-
 bool ScintillaPane::OpenCodeList(const QVariant&)
 {
     codeList.Open();

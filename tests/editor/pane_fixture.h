@@ -9,11 +9,6 @@
 
 using namespace Qt::StringLiterals;
 
-inline void PrintTo(const QString& text, std::ostream* out)
-{
-    *out << '"' << text.toStdString() << '"';
-}
-
 /// A pane on the real component. Texts of tests show the caret as "|" and the anchor, where it is elsewhere, as "[";
 /// lines end in "\n".
 struct PaneTest : testing::Test
