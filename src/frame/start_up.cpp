@@ -116,7 +116,7 @@ void FinishStart()
 QString ShowWelcomeMessage()
 {
     Frame.ShowWelcome = 0;
-    const QString answer = ShowMessage(999);
+    QString answer = ShowMessage(999);
     if (answer == QLatin1StringView("OK"))
         Host().FocusPane();
     else if (answer == QLatin1StringView("Don't Show This Again"))
