@@ -2,6 +2,7 @@
 
 #include "frame/file_commands.h"
 #include "frame/frame_state.h"
+#include "platform/in_place.h"
 #include "platform/paths.h"
 
 #include <QCoreApplication>
@@ -74,6 +75,8 @@ bool PrepareStart(const StartFolders& folders, const QStringList& arguments)
     Frame.SettingsReadOnly = folders.SettingsReadOnly;
     paths::ChangeToFolder(Frame.ProgramFolder);
     Frame.StartingUp = true;
+    // Before any file is read: what an earlier run began to write in place and could not end.
+    Frame.FinishedWrites = in_place::FinishInterrupted();
     Frame.MacrosFolder = Frame.ProgramFolder + QStringLiteral("Macros/");
     if (!paths::FolderExists(Frame.MacrosFolder))
         QDir().mkpath(Frame.MacrosFolder);
@@ -110,6 +113,9 @@ void FinishStart()
         NewDocument(Frame.CurrentMode);
     ShowCurrentPath();
     Frame.StartingUp = false;
+    if (!Frame.FinishedWrites.isEmpty())
+        Host().ShowNotice(QStringLiteral("The interrupted save of these files was finished: ") +
+                          Frame.FinishedWrites.join(QStringLiteral(", ")));
     Host().FocusPane();
 }
 
