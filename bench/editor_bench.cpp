@@ -163,6 +163,16 @@ void SingleEditsInABatch(benchmark::State& state)
 }
 BENCHMARK(SingleEditsInABatch)->Arg(Usual)->Arg(Great)->Unit(benchmark::kMillisecond)->Iterations(3);
 
+void CaretCommandOfAMacro(benchmark::State& state)
+{
+    ShownPane shown(Usual);
+    shown.pane->LockRedraw(true);
+    for (auto _ : state)
+        if (!shown.pane->ExecuteCmd(int(state.range(0))))
+            shown.pane->ExecuteCmd(CmdDocumentStart);
+}
+BENCHMARK(CaretCommandOfAMacro)->Arg(CmdCharRight)->Arg(CmdWordRight)->Arg(CmdLineDown)->Arg(CmdDeleteRight);
+
 void OpenCodeList(benchmark::State& state)
 {
     ShownPane shown(10);

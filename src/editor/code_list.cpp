@@ -1,46 +1,65 @@
 #include "editor/code_list.h"
 
+#include <QListView>
+#include <QScreen>
+#include <QScrollBar>
 #include <Qsci/qsciscintilla.h>
+#include <algorithm>
 
 using Sci = QsciScintillaBase;
 
 namespace {
 
-constexpr int ListId = 1, RowsShown = 12, FewestTyped = 2;
+constexpr int RowsShown = 12, FewestTyped = 2, FewestColumns = 16, MostColumns = 60;
+
+/// What a command of the pane means to the list, in rows.
+constexpr struct
+{
+    int Command, Rows;
+} Moves[] = {{CmdLineUp, -1}, {CmdLineDown, 1}, {CmdPageUp, -RowsShown}, {CmdPageDown, RowsShown}};
+
+QListView* MakeView(QWidget* parent)
+{
+    auto* view = new QListView(parent);
+    view->setWindowFlags(Qt::ToolTip | Qt::FramelessWindowHint);
+    view->setAttribute(Qt::WA_ShowWithoutActivating);
+    view->setFocusPolicy(Qt::NoFocus);
+    view->setUniformItemSizes(true);
+    view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    view->setAccessibleName(QStringLiteral("Words"));
+    QPalette palette = view->palette(); // its window is never the active one
+    palette.setBrush(QPalette::Inactive, QPalette::Highlight, palette.brush(QPalette::Active, QPalette::Highlight));
+    palette.setBrush(QPalette::Inactive, QPalette::HighlightedText,
+                     palette.brush(QPalette::Active, QPalette::HighlightedText));
+    view->setPalette(palette);
+    return view;
+}
 
 } // namespace
 
-CodeListBox::CodeListBox(EditorPane& owner, Component& component) : pane(owner), text(component)
-{
-    text.Send(Sci::SCI_AUTOCSETSEPARATOR, '\n');
-    text.Send(Sci::SCI_AUTOCSETTYPESEPARATOR, '\x01'); // the usual "?" may stand in a word
-    text.Send(Sci::SCI_AUTOCSETORDER, Sci::SC_ORDER_CUSTOM);
-    text.Send(Sci::SCI_AUTOCSETAUTOHIDE, 0L);
-    text.Send(Sci::SCI_AUTOCSETCANCELATSTART, 0L);
-    text.Send(Sci::SCI_AUTOCSETMAXHEIGHT, RowsShown);
-}
+CodeListBox::CodeListBox(EditorPane& owner, Component& component) : pane(owner), text(component) {}
 
 bool CodeListBox::IsOpen() const
 {
-    return text.Send(Sci::SCI_AUTOCACTIVE) != 0;
+    return view && view->isVisible();
 }
 
 bool CodeListBox::Ask()
 {
     items = pane.CodeList ? pane.CodeList(pane) : QStringList();
-    items.removeAll(QString());
     return !items.isEmpty();
 }
 
 void CodeListBox::Open()
 {
     if (Ask())
-        Show(qMax<qsizetype>(FirstFor(pane.CurrentWord()), 0));
+        Show(std::max<qsizetype>(FirstFor(pane.CurrentWord()), 0));
 }
 
 void CodeListBox::Typed(int character)
 {
-    if (IsOpen() || character < 0x20 || (character < 0x80 && !IsWordByte(char(character))))
+    if (IsOpen() || (character < 0x80 && !IsWordByte(char(character))))
         return;
     const QString word = pane.CurrentWord();
     if (word.size() < FewestTyped || !Ask())
@@ -50,31 +69,66 @@ void CodeListBox::Typed(int character)
         Show(found);
 }
 
-void CodeListBox::Reopen()
-{
-    const qsizetype found = FirstFor(pane.CurrentWord());
-    if (found >= 0 && !pane.CurrentWord().isEmpty())
-        Show(found);
-}
-
 void CodeListBox::Show(qsizetype selected)
 {
-    text.Send(Sci::SCI_USERLISTSHOW, ListId, items.join(QLatin1Char('\n')).toUtf8().constData());
+    if (!view) {
+        view = MakeView(text.Widget());
+        view->setModel(&model);
+        QObject::connect(view, &QListView::clicked, view, [this](const QModelIndex& index) { Pick(index.row()); });
+    }
+    if (model.stringList() != items)
+        model.setStringList(items);
+    Place();
+    view->show();
     Select(selected);
 }
 
-/// The component can only be asked for a text; no item in front of the first that fits the word begins with its text.
-void CodeListBox::Select(qsizetype index)
+/// Below the word, or above where the screen ends.
+void CodeListBox::Place()
 {
-    text.Send(Sci::SCI_AUTOCSELECT, 0, items[index].toUtf8().constData());
+    const qsizetype caret = text.Selection().Caret;
+    const qsizetype wordStart = caret - qMin<qsizetype>(pane.CurrentWord().size(), text.ColumnOf(caret));
+    const int lineHeight = int(text.Send(Sci::SCI_TEXTHEIGHT, 0L));
+    const QWidget* viewport = text.Widget()->viewport();
+    const QPoint top = viewport->mapToGlobal(QPoint(int(text.Send(Sci::SCI_POINTXFROMPOSITION, 0, long(wordStart))),
+                                                    int(text.Send(Sci::SCI_POINTYFROMPOSITION, 0, long(caret)))));
+    QFont font(pane.FontName());
+    font.setStyleHint(QFont::Monospace);
+    font.setPointSizeF(pane.FontSize());
+    view->setFont(font);
+    const auto longest = std::max_element(items.begin(), items.end(),
+                                          [](const QString& a, const QString& b) { return a.size() < b.size(); });
+    const int columns = int(std::clamp<qsizetype>(longest->size() + 2, FewestColumns, MostColumns));
+    const int rows = int(std::min<qsizetype>(items.size(), RowsShown));
+    const int frame = 2 * view->frameWidth();
+    const QSize size(columns * view->fontMetrics().averageCharWidth() + view->verticalScrollBar()->sizeHint().width() +
+                         frame,
+                     rows * std::max(view->sizeHintForRow(0), 1) + frame);
+    const QRect screen = text.Widget()->screen()->availableGeometry();
+    QRect place(top + QPoint(0, lineHeight), size);
+    if (place.bottom() > screen.bottom())
+        place.moveBottom(top.y() - 1);
+    place.moveRight(std::min(place.right(), screen.right()));
+    view->setGeometry(place);
+}
+
+qsizetype CodeListBox::Selected() const
+{
+    return view->currentIndex().row();
+}
+
+void CodeListBox::Select(qsizetype row)
+{
+    const QModelIndex index = model.index(int(row));
+    view->setCurrentIndex(index);
+    view->scrollTo(index, QAbstractItemView::PositionAtTop);
 }
 
 qsizetype CodeListBox::FirstFor(const QString& word) const
 {
-    for (qsizetype i = 0; i < items.size(); ++i)
-        if (items[i].startsWith(word, Qt::CaseInsensitive))
-            return i;
-    return -1;
+    const auto found = std::find_if(items.begin(), items.end(),
+                                    [&](const QString& item) { return item.startsWith(word, Qt::CaseInsensitive); });
+    return found == items.end() ? -1 : found - items.begin();
 }
 
 void CodeListBox::Follow()
@@ -91,24 +145,39 @@ void CodeListBox::Follow()
 
 void CodeListBox::Close()
 {
-    text.Send(Sci::SCI_AUTOCCANCEL);
+    if (view)
+        view->hide();
 }
 
-bool CodeListBox::NothingToAdd() const
+bool CodeListBox::TakeMove(int command)
 {
-    const qsizetype size = text.Send(Sci::SCI_AUTOCGETCURRENTTEXT);
-    QByteArray current(size + 1, '\0');
-    text.Send(Sci::SCI_AUTOCGETCURRENTTEXT, 0, current.data());
-    current.resize(size);
-    return QString::fromUtf8(current) == pane.CurrentWord();
+    const auto move =
+        std::find_if(std::begin(Moves), std::end(Moves), [command](const auto& m) { return m.Command == command; });
+    if (!IsOpen() || move == std::end(Moves))
+        return false;
+    const QModelIndex index = model.index(int(std::clamp<qsizetype>(Selected() + move->Rows, 0, items.size() - 1)));
+    view->setCurrentIndex(index);
+    view->scrollTo(index);
+    return true;
 }
 
-void CodeListBox::Pick(const QString& item)
+bool CodeListBox::TakeAccept(bool always)
+{
+    const qsizetype row = IsOpen() ? Selected() : -1;
+    Close();
+    if (row < 0 || (!always && items[row] == pane.CurrentWord()))
+        return false;
+    Pick(row);
+    return true;
+}
+
+void CodeListBox::Pick(qsizetype row)
 {
     Close();
-    const bool insert = !pane.CodeListPick || pane.CodeListPick(pane, item);
-    if (!insert)
+    const QString item = items[row];
+    if (pane.CodeListPick && !pane.CodeListPick(pane, item))
         return;
+    const UndoGroup step(pane);
     const QString word = pane.CurrentWord();
     if (!word.isEmpty() && item.startsWith(word, Qt::CaseInsensitive))
         pane.ExecuteCmd(CmdWordLeftExtend);

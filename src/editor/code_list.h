@@ -2,10 +2,13 @@
 
 #include "editor/component.h"
 
-#include <QStringList>
+#include <QStringListModel>
 
-/// The list of words that a pane offers. The component shows it and never inserts by itself; the pane's CodeList and
-/// CodeListPick say what stands in it and what a pick does.
+class QListView;
+
+/// The list of words that a pane offers, below the caret. It has neither the focus nor any keys of its own: the pane
+/// hands it those that count. CodeList says what stands in it, CodeListPick what a pick does; it opens in no time
+/// whatever the number of its words, since all rows are one height and only those in view are laid out.
 class CodeListBox
 {
 public:
@@ -15,18 +18,24 @@ public:
     void Open();               ///< whatever stands at the caret
     void Typed(int character); ///< opens behind the second character of a word that the list knows
     void Follow();             ///< the word at the caret may be another now
-    void Reopen();             ///< the component closed it, but the word still fits
     void Close();
-    void Pick(const QString& item); ///< the user chose
-    bool NothingToAdd() const;      ///< the selected item stands in the text already
+
+    /// True if the key was the list's: a command of the pane that moves its selection, or what takes the item.
+    bool TakeMove(int command);
+    bool TakeAccept(bool always); ///< not `always`: an item that stands in the text already is not taken
 
 private:
     bool Ask();
     void Show(qsizetype selected);
-    void Select(qsizetype index);
+    void Select(qsizetype row);
+    void Place();
+    void Pick(qsizetype row);
     qsizetype FirstFor(const QString& word) const;
+    qsizetype Selected() const;
 
     EditorPane& pane;
     Component& text;
     QStringList items;
+    QStringListModel model;
+    QPointer<QListView> view; ///< made when first shown
 };

@@ -152,6 +152,7 @@ void Looks::ApplyPlain()
     text.Send(Sci::SCI_STYLESETFORE, Sci::STYLE_DEFAULT, long(normal));
     text.Send(Sci::SCI_STYLESETBACK, Sci::STYLE_DEFAULT, long(window));
     text.Send(Sci::SCI_SETCARETFORE, normal);
+    text.Send(Sci::SCI_SETSELFORE, 0L); // selected words keep their colours
     text.Send(Sci::SCI_SETSELBACK, 1, long(IsDark(window) ? 0x784F26 : 0xFFD6AD));
     text.Send(Sci::SCI_SETWHITESPACEFORE, 1, long(Mixed(normal, window)));
     text.Send(Sci::SCI_SETCARETLINEBACK, colors[HighlightSlot]);
@@ -184,7 +185,7 @@ void Looks::FitMargin()
     if (digits == marginDigits)
         return;
     marginDigits = digits;
-    const QByteArray widest = ' ' + QByteArray(digits, '9') + ' ';
+    const QByteArray widest(digits + 1, '9');
     const long width = text.Send(Sci::SCI_TEXTWIDTH, Sci::STYLE_LINENUMBER, widest.constData());
     text.Send(Sci::SCI_SETMARGINWIDTHN, LineNumberMargin, lineNumbers ? width : 0);
 }

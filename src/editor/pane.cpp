@@ -1,5 +1,6 @@
 #include "editor/pane.h"
 
+#include <QScrollBar>
 #include <Qsci/qsciscintilla.h>
 
 using Sci = QsciScintillaBase;
@@ -30,11 +31,7 @@ void ScintillaPane::ConnectComponent()
         typed = character;
         SettleSoon();
     });
-    connect(widget, qOverload<const char*, int, int, int, int>(&Sci::SCN_USERLISTSELECTION), this,
-            [this](const char* item) {
-                const Work work(*this);
-                codeList.Pick(QString::fromUtf8(item));
-            });
+    connect(widget->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { codeList.Close(); });
 }
 
 void ScintillaPane::BeforeChange(int position, int kind, int length)
@@ -147,6 +144,11 @@ void ScintillaPane::FocusPane()
 void ScintillaPane::SetTabSize(int columns)
 {
     text.Send(Sci::SCI_SETTABWIDTH, qMax(columns, 1));
+}
+
+void ScintillaPane::SetOvertype(bool on)
+{
+    text.Send(Sci::SCI_SETOVERTYPE, on);
 }
 
 void ScintillaPane::SetLineEnd(LineBreak wanted)

@@ -129,6 +129,7 @@ private:
     bool ViewportEvent(QEvent* event);
     bool WidgetEvent(QEvent* event);
     bool TakeFiles(QDropEvent& event);
+    void BeforePaint(const QRegion& region);
     bool ContextMenu(QEvent* event);
     bool MousePress(QMouseEvent& event);
     void PutCaretAt(QPoint place);
@@ -136,7 +137,6 @@ private:
     bool ClaimKey(QKeyEvent& event);
     bool KeyPressed(QKeyEvent& event);
     void RunKey(const KeyRow& row);
-    void SendKeyMessage(unsigned message);
     const KeyRow* RowFor(const QKeyEvent& event) const;
 
     // Text and selection

@@ -4,6 +4,7 @@
 #include <QDropEvent>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QPaintEvent>
 #include <QUrl>
 #include <Qsci/qsciscintilla.h>
 
@@ -45,6 +46,10 @@ bool ScintillaPane::WidgetEvent(QEvent* event)
     case QEvent::InputMethod:
         SettleSoon();
         return false;
+    case QEvent::FocusOut:
+    case QEvent::Hide:
+        codeList.Close();
+        return false;
     default:
         return false;
     }
@@ -54,9 +59,13 @@ bool ScintillaPane::ViewportEvent(QEvent* event)
 {
     switch (event->type()) {
     case QEvent::Paint:
-        colouring.ColourView();
+        BeforePaint(static_cast<QPaintEvent*>(event)->region());
+        return false;
+    case QEvent::Resize:
+        codeList.Close();
         return false;
     case QEvent::MouseButtonPress:
+        codeList.Close();
         return MousePress(*static_cast<QMouseEvent*>(event));
     case QEvent::MouseMove:
         SettleSoon();
@@ -75,6 +84,17 @@ bool ScintillaPane::ViewportEvent(QEvent* event)
     default:
         return false;
     }
+}
+
+/// New colours ask for a paint of their lines; where the whole view is about to be painted that would be a second one.
+void ScintillaPane::BeforePaint(const QRegion& region)
+{
+    QWidget* viewport = text.Widget()->viewport();
+    const bool whole = QRegion(viewport->rect()).subtracted(region).isEmpty();
+    const bool locked = viewport->testAttribute(Qt::WA_UpdatesDisabled);
+    viewport->setAttribute(Qt::WA_UpdatesDisabled, whole || locked);
+    colouring.ColourView();
+    viewport->setAttribute(Qt::WA_UpdatesDisabled, locked);
 }
 
 /// The menu is the window's; the menu key counts as a press of the right button.

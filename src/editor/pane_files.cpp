@@ -6,6 +6,12 @@
 
 using Sci = QsciScintillaBase;
 
+namespace {
+
+constexpr qsizetype RoomToType = 64 * 1024; // without any the component takes twice the text's size at once
+
+} // namespace
+
 Result<> ScintillaPane::OpenFile(const QString& path)
 {
     return paths::ReadWhole(path, paths::LargestDocument).map([this](const QByteArray& bytes) { LoadBytes(bytes); });
@@ -33,7 +39,7 @@ void ScintillaPane::LoadBytes(const QByteArray& bytes)
 {
     const Work work(*this);
     SetEncoding(EncodingOf(bytes));
-    const QByteArray loaded = FromFile(bytes, encoding);
+    const QByteArray loaded = encoding == FileEncoding::Utf8 ? bytes : FromFile(bytes, encoding);
     SetLineEnd(DominantBreak(loaded, LineBreak::CrLf));
     SetWholeText(loaded);
     blank = loaded.isEmpty();
@@ -53,7 +59,7 @@ void ScintillaPane::SetWholeText(QByteArrayView bytes)
     }
     text.Send(Sci::SCI_SETUNDOCOLLECTION, 0L);
     text.Send(Sci::SCI_CLEARALL);
-    text.Send(Sci::SCI_ALLOCATE, bytes.size());
+    text.Send(Sci::SCI_ALLOCATE, bytes.size() + RoomToType);
     text.Send(Sci::SCI_ADDTEXT, bytes.size(), bytes.isEmpty() ? "" : bytes.data());
     text.Send(Sci::SCI_SETUNDOCOLLECTION, undoLimit != 0);
     text.Send(Sci::SCI_EMPTYUNDOBUFFER);

@@ -78,13 +78,6 @@ const ScintillaPane::KeyRow ScintillaPane::KeyRows[] = {
     {Qt::Key_Space | Ctrl, 0, 0, &ScintillaPane::OpenCodeList},
 };
 
-namespace {
-
-/// Moves that a list may take for its own: the component's messages do that, and only they.
-constexpr int ListMoves[] = {CmdLineUp, CmdLineDown, CmdPageUp, CmdPageDown, CmdDeleteLeft};
-
-} // namespace
-
 void ScintillaPane::ClearComponentKeys()
 {
     text.Widget()->standardCommands()->clearKeys(); // they would claim Ctrl+L, Ctrl+T and more before the menu
@@ -135,30 +128,18 @@ bool ScintillaPane::KeyPressed(QKeyEvent& event)
 void ScintillaPane::RunKey(const KeyRow& row)
 {
     const Work work(*this);
-    const bool listWasOpen = codeList.IsOpen();
-    const bool forTheList = row.Message == Sci::SCI_NEWLINE || row.Message == Sci::SCI_TAB ||
-                            std::find(std::begin(ListMoves), std::end(ListMoves), row.Number) != std::end(ListMoves);
-    if (listWasOpen && (!forTheList || (row.Message == Sci::SCI_NEWLINE && codeList.NothingToAdd())))
+    const bool tab = row.Message == Sci::SCI_TAB;
+    if (codeList.TakeMove(row.Number) || ((tab || row.Message == Sci::SCI_NEWLINE) && codeList.TakeAccept(tab)))
+        return;
+    if (row.Number != CmdDeleteLeft)
         codeList.Close();
+    text.KeepCaretX();
     if (row.Run)
         (this->*row.Run)({});
     else if (row.Number)
         ExecuteCmd(row.Number, {});
     else
-        SendKeyMessage(row.Message);
-    if (listWasOpen && row.Number == CmdDeleteLeft && !codeList.IsOpen())
-        codeList.Reopen();
-}
-
-void ScintillaPane::SendKeyMessage(unsigned message)
-{
-    text.KeepCaretX();
-    text.Send(message);
-}
-
-void ScintillaPane::SetOvertype(bool on)
-{
-    text.Send(Sci::SCI_SETOVERTYPE, on);
+        text.Send(row.Message);
 }
 
 bool ScintillaPane::OpenCodeList(const QVariant&)

@@ -164,15 +164,15 @@ Result<> RunFolder::Open()
 
 Result<> RunFolder::Write(const QString& name, const CopyFacts& facts, const QByteArray& bytes)
 {
-    const Result<> opened = Open();
+    Result<> opened = Open();
     if (!opened)
         return opened;
     const QString copy = own + name + u'/';
     const QString data = QStringLiteral("text-%1").arg(++generation);
-    const Result<> text = paths::WriteWholePrivate(copy + data, bytes);
+    Result<> text = paths::WriteWholePrivate(copy + data, bytes);
     if (!text)
         return text;
-    const Result<> mark = paths::WriteWholePrivate(copy + HeaderName, HeaderOf(facts, data, bytes));
+    Result<> mark = paths::WriteWholePrivate(copy + HeaderName, HeaderOf(facts, data, bytes));
     if (!mark)
         return mark;
     for (const QString& old : QDir(copy).entryList({QStringLiteral("text-*")}, QDir::Files))

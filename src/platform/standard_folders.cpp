@@ -13,7 +13,7 @@ QString Own(const char* variable, QLatin1StringView below)
     QString base = qEnvironmentVariable(variable);
     if (!base.startsWith(QLatin1Char('/')))
         base = QDir::homePath() + QLatin1Char('/') + below;
-    const QString folder = QDir::cleanPath(base) + QLatin1String("/gemforge/");
+    QString folder = QDir::cleanPath(base) + QLatin1String("/gemforge/");
     folders::MakePrivate(folder);
     return folder;
 }

@@ -98,6 +98,7 @@ void FindDialog::MakeButtons()
     cmdReplaceAll = button("Replace &All", [this] { ReplaceMany(CmdReplaceAll); });
     cmdReplaceSelection = button("In &Selection", [this] { ReplaceMany(CmdReplaceAllInSelection); });
     cmdReplaceSelection->setAccessibleName(QStringLiteral("Replace all in the selection"));
+    cmdReplaceSelection->setToolTip(cmdReplaceSelection->accessibleName());
     cmdClose = button("Close", [this] { reject(); });
     cmdNext->setDefault(true);
 }
@@ -245,7 +246,7 @@ void FindDialog::ShowOutcome(bool found, const QString& good)
     EditorPane& pane = *target.Pane();
     const QString error = pane.FindError();
     if (!error.isEmpty())
-        Say(error, true);
+        Say(QStringLiteral("Wrong expression: ") + error, true);
     else
         Say(found ? good : QStringLiteral("Not found."), !found);
     FillHistories(cmbFind->currentText(), cmbReplace->currentText());

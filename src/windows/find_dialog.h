@@ -13,6 +13,8 @@ class QPushButton;
 /// Find and replace in one window that stays open beside the pane. What a search gave stands inside the window.
 class FindDialog : public QDialog
 {
+    Q_OBJECT
+
 public:
     explicit FindDialog(QWidget* owner);
 

@@ -167,6 +167,8 @@ void frmmain::PaneTextChanged(int tab)
         pane.SetModified(false);
     else if (Frame.Keeper && pane.Modified())
         Frame.Keeper->TextEdited(tab);
+    else if (Frame.Keeper)
+        Frame.Keeper->TextSettled(tab); // undone back to what is saved
 }
 
 void frmmain::PanePressed(Qt::MouseButton button, Qt::KeyboardModifiers modifiers)

@@ -1,3 +1,4 @@
+#include "fault_steps.h"
 #include "frame/recovery.h"
 #include "frame/recovery_copies.h"
 #include "program_scope.h"
@@ -8,6 +9,7 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 class RecoveryTest : public FrameTest
@@ -254,4 +256,41 @@ TEST_F(RecoveryTest, AFolderThatCannotBeWrittenIsToldOnce)
     }
     EXPECT_TRUE(WaitUntil([&] { return Window.Notices.size() == 1; }));
     EXPECT_TRUE(keeper->FindRecovered().empty());
+}
+
+/// Writes two copies of one text in a process of its own that ends at the nth system call. True if it got through.
+static bool WriteUntil(int nth, const QString& folder)
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        const FileStepsScope scope(FailingAt(FileSteps::OfSystem(), nth, -1, std::make_shared<int>()));
+        recovery::RunFolder run(folder);
+        const bool both = run.Write(QStringLiteral("tab-0"), {}, "first").has_value() &&
+                          run.Write(QStringLiteral("tab-0"), {}, "second").has_value();
+        _exit(both ? 1 : 2);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) != 2) << status;
+    return WEXITSTATUS(status) == 1;
+}
+
+// Catches: a moment at which a kill leaves half a copy, two of one text, or none although one was whole.
+TEST(RecoveryCopies, AKillAtAnyStepLeavesTheOldOrTheNewCopy)
+{
+    bool done = false;
+    QByteArray last;
+    for (int nth = 1; !done; ++nth) {
+        SCOPED_TRACE(nth);
+        ASSERT_LT(nth, 500);
+        const TestFolder folder;
+        done = WriteUntil(nth, folder.Path());
+        recovery::Sweep(folder.Path(), QDateTime::currentMSecsSinceEpoch());
+        const auto found = recovery::CopiesOfEndedRuns(folder.Path());
+        ASSERT_EQ(found.size(), last.isEmpty() && found.empty() ? 0U : 1U);
+        const QByteArray now = found.empty() ? QByteArray() : found[0].Bytes;
+        EXPECT_TRUE(now == last || (last.isEmpty() && now == "first") || (last == "first" && now == "second"));
+        last = now;
+    }
+    EXPECT_EQ(last, "second");
 }
