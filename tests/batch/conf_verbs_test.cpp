@@ -12,7 +12,7 @@ struct Spoken
     QString Out, Err;
 };
 
-Spoken Run(const QStringList& arguments)
+Spoken Called(const QStringList& arguments)
 {
     Spoken spoken;
     QTextStream out(&spoken.Out), err(&spoken.Err);
@@ -41,9 +41,9 @@ TEST_F(ConfVerbs, CheckPrintsTheFirstBadLineOfEachFile)
     const QString conf = folder.Write(QStringLiteral("graphicsinfo.conf"), "a: here.PCX\nb: twin.png\nc :\n");
     folder.Write(QStringLiteral("here.pcx"), "x");
     folder.Write(QStringLiteral("twin.pcx"), "x");
-    EXPECT_EQ(Run({QStringLiteral("check"), good}).Code, VerbDone);
-    EXPECT_EQ(Run({QStringLiteral("check"), good}).Out, QString());
-    const Spoken found = Run({QStringLiteral("check"), good, conf});
+    EXPECT_EQ(Called({QStringLiteral("check"), good}).Code, VerbDone);
+    EXPECT_EQ(Called({QStringLiteral("check"), good}).Out, QString());
+    const Spoken found = Called({QStringLiteral("check"), good, conf});
     EXPECT_EQ(found.Code, VerbFound);
     EXPECT_EQ(found.Out, conf + QStringLiteral(":3: Missing value after the colon.\n") + conf +
                              QStringLiteral(":3: Spaces where found on the left side of the colon.\n"));
@@ -52,7 +52,7 @@ TEST_F(ConfVerbs, CheckPrintsTheFirstBadLineOfEachFile)
     QString stored = folder.Path(QStringLiteral("far"));
     const QByteArray inject = "#!*" + stored.replace(u'/', u'*').toUtf8() + "\n";
     folder.Write(QStringLiteral("graphicsinfo.conf"), inject + "a: there.pcx\n");
-    EXPECT_EQ(Run({QStringLiteral("check"), conf}).Code, VerbDone);
+    EXPECT_EQ(Called({QStringLiteral("check"), conf}).Code, VerbDone);
 }
 
 // Catches: letters of an old file widened or misaligned, breaks changed, lines beside the wanted ones touched.
@@ -60,15 +60,15 @@ TEST_F(ConfVerbs, PassesChangeTheirLinesInPlace)
 {
     const QString name = QStringLiteral("old.conf");
     const QString path = folder.Write(name, "caf\xe9:  1\r\nb: 2\n");
-    EXPECT_EQ(Run({QStringLiteral("tidy"), path}).Code, VerbDone);
+    EXPECT_EQ(Called({QStringLiteral("tidy"), path}).Code, VerbDone);
     EXPECT_EQ(folder.Read(name), "caf\xe9:" + QByteArray(37, ' ') + "1\r\nb:" + QByteArray(40, ' ') + "2\n");
 
     folder.Write(name, "a\r\nb\nc");
-    EXPECT_EQ(Run({QStringLiteral("comment"), path, QStringLiteral("2"), QStringLiteral("3")}).Code, VerbDone);
+    EXPECT_EQ(Called({QStringLiteral("comment"), path, QStringLiteral("2"), QStringLiteral("3")}).Code, VerbDone);
     EXPECT_EQ(folder.Read(name), "a\r\n#b\n#c");
-    EXPECT_EQ(Run({QStringLiteral("uncomment"), path, QStringLiteral("1"), QStringLiteral("2")}).Code, VerbDone);
+    EXPECT_EQ(Called({QStringLiteral("uncomment"), path, QStringLiteral("1"), QStringLiteral("2")}).Code, VerbDone);
     EXPECT_EQ(folder.Read(name), "a\r\nb\n#c");
-    const Spoken beyond = Run({QStringLiteral("comment"), path, QStringLiteral("2"), QStringLiteral("4")});
+    const Spoken beyond = Called({QStringLiteral("comment"), path, QStringLiteral("2"), QStringLiteral("4")});
     EXPECT_EQ(beyond.Code, VerbFailed);
     EXPECT_TRUE(beyond.Err.startsWith(path));
     EXPECT_EQ(folder.Read(name), "a\r\nb\n#c");
@@ -86,12 +86,12 @@ TEST_F(ConfVerbs, WrongCallsEndWithTwo)
         {QStringLiteral("comment"), QStringLiteral("f"), QStringLiteral("2")},
         {QStringLiteral("comment"), QStringLiteral("f"), QStringLiteral("2"), QStringLiteral("1")}};
     for (const QStringList& call : calls) {
-        const Spoken spoken = Run(call);
+        const Spoken spoken = Called(call);
         EXPECT_EQ(spoken.Code, VerbFailed) << call.join(u' ');
         EXPECT_FALSE(spoken.Err.isEmpty()) << call.join(u' ');
     }
     for (const Verb& verb : Verbs()) {
-        const Spoken help = Run({QString::fromLatin1(verb.Name), QStringLiteral("--help")});
+        const Spoken help = Called({QString::fromLatin1(verb.Name), QStringLiteral("--help")});
         EXPECT_EQ(help.Code, VerbDone);
         EXPECT_TRUE(help.Out.contains(QString::fromLatin1(verb.Help)));
     }
