@@ -46,7 +46,7 @@ QByteArray BytesOf(const EditorPane& pane)
 struct Recovery::Private
 {
     Private(const QString& folder, RecoveryPace pace, std::function<void(const Failure&)> failed)
-        : Folder(folder), Pace(pace), Worker(folder, std::move(failed))
+        : Folder(folder), Pace(pace), Worker(folder, recovery::SpareFolder(), std::move(failed))
     {
         Clock.start();
     }
@@ -91,7 +91,8 @@ Recovery::Recovery(const QString& stateFolder, QObject* parent, RecoveryPace pac
             this, [tell, failure] { tell(failure); }, Qt::QueuedConnection);
     };
     d = std::make_unique<Private>(paths::Closed(stateFolder) + QStringLiteral("recovery/"), pace, failed);
-    recovery::Sweep(d->Folder, QDateTime::currentMSecsSinceEpoch());
+    for (const QString& each : {d->Folder, recovery::SpareFolder()})
+        recovery::Sweep(each, QDateTime::currentMSecsSinceEpoch());
     d->Timer.setSingleShot(true);
     connect(&d->Timer, &QTimer::timeout, this, [this] {
         const qint64 now = d->Clock.elapsed();
@@ -132,13 +133,14 @@ void Recovery::TextSettled(int tab)
     d->Tabs.at(tab) = {};
 }
 
-void Recovery::KeepApart(int tab)
+Result<> Recovery::KeepApart(int tab)
 {
-    d->Keep(tab, QStringLiteral("apart-%1").arg(++d->Apart));
-    WaitForWorker();
+    const QString name = QStringLiteral("apart-%1").arg(++d->Apart);
+    d->Keep(tab, name);
+    return d->Worker.Settled(name);
 }
 
-void Recovery::KeepAllNow()
+Result<> Recovery::KeepAllNow()
 {
     for (int tab = 0; tab < 8; ++tab) {
         if (Frame.Documents.at(tab).Face.Visible && Host().Pane(tab).Modified())
@@ -146,7 +148,12 @@ void Recovery::KeepAllNow()
         else
             TextSettled(tab);
     }
+    for (int tab = 0; tab < 8; ++tab)
+        if (d->Tabs.at(tab).HasCopy)
+            if (const Result<> kept = d->Worker.Settled(CopyName(tab)); !kept)
+                return kept;
     WaitForWorker();
+    return {};
 }
 
 void Recovery::WaitForWorker()
@@ -156,7 +163,10 @@ void Recovery::WaitForWorker()
 
 std::vector<RecoveredText> Recovery::FindRecovered() const
 {
-    return recovery::CopiesOfEndedRuns(d->Folder);
+    std::vector<RecoveredText> all = recovery::CopiesOfEndedRuns(d->Folder);
+    for (RecoveredText& text : recovery::CopiesOfEndedRuns(recovery::SpareFolder()))
+        all.push_back(std::move(text));
+    return all;
 }
 
 void Recovery::Forget(const RecoveredText& text)

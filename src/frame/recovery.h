@@ -44,8 +44,11 @@ public:
     void TextEdited(int tab);  ///< the pane of the tab changed and is Modified
     void TextSettled(int tab); ///< saved, reverted or given up: its copy goes
     /// Keeps the tab's text under a copy of its own before it is emptied by another's save. Written on return.
-    void KeepApart(int tab);
-    void KeepAllNow(); ///< every modified tab, written before it returns; for close, SIGTERM and log-out
+    /// A failure: it is not kept, and must not be emptied.
+    [[nodiscard]] Result<> KeepApart(int tab);
+    /// A failure: some text is kept nowhere.
+    [[nodiscard]] Result<>
+    KeepAllNow(); ///< every modified tab, written before it returns; for close, SIGTERM and log-out
     void WaitForWorker();
 
     /// Whole copies of runs that have ended, the newest first. Truncated, foreign or stale data is passed over, never

@@ -14,6 +14,7 @@
 #include <fcntl.h>
 #include <optional>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -37,6 +38,15 @@ int LockRun(const QString& run, int flags)
     if (file >= 0)
         close(file);
     return -1;
+}
+
+/// Text of the user must not lie where others can put or read it.
+bool IsOurs(const QString& folder)
+{
+    struct stat facts
+    {
+    };
+    return stat(QFile::encodeName(folder), &facts) == 0 && facts.st_uid == getuid() && (facts.st_mode & 0022) == 0;
 }
 
 QStringList FoldersIn(const QString& folder)
@@ -149,17 +159,37 @@ RunFolder::~RunFolder()
     close(lock);
 }
 
+QString SpareFolder()
+{
+    return QDir::tempPath() + QStringLiteral("/gemforge-%1/recovery/").arg(getuid());
+}
+
 Result<> RunFolder::Open()
 {
-    if (lock >= 0)
-        return {};
+    Result<> opened;
+    for (const QString& folder : folders) {
+        if (lock >= 0)
+            return {};
+        const Result<> tried = OpenIn(folder);
+        if (opened)
+            opened = tried; // the first reason counts
+    }
+    return lock >= 0 ? Result<>() : opened;
+}
+
+Result<> RunFolder::OpenIn(const QString& folder)
+{
     const QString id = QStringLiteral("%1-%2")
                            .arg(QDateTime::currentMSecsSinceEpoch())
                            .arg(QRandomGenerator::global()->generate(), 8, 16, QLatin1Char('0'));
     own = folder + id + u'/';
-    if (folders::MakePrivate(own))
+    const bool made = folders::MakePrivate(own);
+    const int error = errno;
+    if (made && !IsOurs(folder))
+        return Fail(folder, QStringLiteral("The folder is open to others."));
+    if (made)
         lock = LockRun(own, O_CREAT);
-    return lock >= 0 ? Result<>() : Fail(own, qt_error_string(errno));
+    return lock >= 0 ? Result<>() : Fail(own, qt_error_string(made ? errno : error));
 }
 
 Result<> RunFolder::Write(const QString& name, const CopyFacts& facts, const QByteArray& bytes)

@@ -24,7 +24,8 @@ constexpr qint64 StaleAfter = qint64(60) * 24 * 60 * 60 * 1000;
 class RunFolder
 {
 public:
-    explicit RunFolder(QString base) : folder(std::move(base)) {}
+    /// `spare`: used when nothing can be written in `base`.
+    RunFolder(QString base, QString spare) : folders{std::move(base), std::move(spare)} {}
     ~RunFolder();
     RunFolder(const RunFolder&) = delete;
     RunFolder& operator=(const RunFolder&) = delete;
@@ -35,10 +36,15 @@ public:
 
 private:
     Result<> Open();
+    Result<> OpenIn(const QString& folder);
 
-    QString folder, own;
+    QStringList folders;
+    QString own;
     int lock = -1, generation = 0;
 };
+
+/// The spare folder: below the temporary folder, the user's own, open to nobody else.
+QString SpareFolder();
 
 /// Whole copies of runs that have ended, the newest first.
 std::vector<RecoveredText> CopiesOfEndedRuns(const QString& folder);

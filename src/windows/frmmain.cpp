@@ -273,14 +273,14 @@ void frmmain::closeEvent(QCloseEvent* event)
         EndProgram();
         return;
     }
-    Finish();
-    event->accept();
+    finished = MayClose();
+    event->setAccepted(finished);
 }
 
 void frmmain::Finish()
 {
     if (!finished)
-        KeepEverything();
+        static_cast<void>(KeepEverything()); // the loop has ended; there is nobody left to ask
     finished = true;
 }
 

@@ -50,8 +50,9 @@ int Run(QApplication& application, const StartFolders& folders)
 
     EndSignals ends;
     QObject::connect(&ends, &EndSignals::EndWanted, &application, EndProgram);
-    QObject::connect(&application, &QGuiApplication::commitDataRequest, &application, KeepEverything,
-                     Qt::DirectConnection);
+    QObject::connect(
+        &application, &QGuiApplication::commitDataRequest, &application, [] { static_cast<void>(KeepEverything()); },
+        Qt::DirectConnection);
 
     window.RestorePosition();
     window.show();

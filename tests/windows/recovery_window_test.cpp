@@ -35,7 +35,7 @@ protected:
         OpenNewTab();
         ActivateTab();
         ProgramScope::Type(QStringLiteral("no file"));
-        keeper->KeepAllNow();
+        EXPECT_TRUE(keeper->KeepAllNow());
         keeper.reset();
         Frame.Keeper = nullptr;
         for (int tab = 1; tab < 8; ++tab)
