@@ -41,17 +41,6 @@ QString MissingTable()
     return missing;
 }
 
-void FillConfNames()
-{
-    const auto compat = [](const QString& key) {
-        return ReadIni(QStringLiteral("RND Compatibility"), key, QStringLiteral("compat"));
-    };
-    Frame.ConfNames[0].clear();
-    for (int mode = 1; mode < ModeCount; ++mode)
-        Frame.ConfNames.at(mode) =
-            compat(QStringLiteral("ConfName%1").arg(mode)) + u'.' + compat(QStringLiteral("ConfigExtension"));
-}
-
 void ShowFirstTab()
 {
     for (int tab = 0; tab < 8; ++tab) {
@@ -66,6 +55,17 @@ void ShowFirstTab()
 }
 
 } // namespace
+
+void FillConfNames()
+{
+    const auto compat = [](const QString& key) {
+        return ReadIni(QStringLiteral("RND Compatibility"), key, QStringLiteral("compat"));
+    };
+    Frame.ConfNames[0].clear();
+    for (int mode = 1; mode < ModeCount; ++mode)
+        Frame.ConfNames.at(mode) =
+            compat(QStringLiteral("ConfName%1").arg(mode)) + u'.' + compat(QStringLiteral("ConfigExtension"));
+}
 
 bool PrepareStart(const StartFolders& folders, const QStringList& arguments)
 {

@@ -120,6 +120,7 @@ void frmmain::ClaimKeys()
     for (const auto back : {Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab, Qt::CTRL | Qt::Key_PageUp})
         claim(back, [this] { strip->SelectNext(-1); });
     claim(QKeySequence(Qt::Key_F6), [this] { MoveFocus(); });
+    claim(QKeySequence(Qt::Key_F10), [this] { menuBar()->setActiveAction(menuBar()->actions().constFirst()); });
 
     const QSet<QString> everywhere = {QStringLiteral("mnuSelectAll"), QStringLiteral("mnuFindReplace")};
     for (const QAction* action : actions())

@@ -1,6 +1,6 @@
 #include "frame/line_diff.h"
 
-#include <QString>
+#include <QByteArray>
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <random>
@@ -11,7 +11,7 @@ QByteArray RandomText(std::mt19937& random)
 {
     QByteArray text;
     for (int lines = int(random() % 12); lines > 0; --lines)
-        text.append(char('a' + random() % 3)).append('\n');
+        text += char('a' + random() % 3) + QByteArray("\n");
     return text;
 }
 
@@ -67,9 +67,9 @@ TEST(CompareLines, ShowsContextAndKeepsItsLimit)
         after += (i == 10 ? QByteArray("x") : QByteArray::number(i)) + '\n';
     }
     QByteArray shown;
-    const auto lines = CompareLines(before, after, 1);
-    ASSERT_TRUE(lines);
-    for (const DiffLine& line : *lines)
+    const auto compared = CompareLines(before, after, 1);
+    ASSERT_TRUE(compared);
+    for (const DiffLine& line : *compared)
         shown += char(line.Kind) + line.Text.toByteArray();
     EXPECT_EQ(shown, "@ 9-10+x 11@");
     EXPECT_EQ(CompareLines("a\r\nb\n", "a\nb\n")->size(), 3U);
