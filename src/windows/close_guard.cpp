@@ -15,7 +15,7 @@ void KeepEverything()
     SaveHistories();
 }
 
-void EndProgram()
+void EndWork()
 {
     // The copies come first: whoever sent the signal may not wait for the rest.
     if (Frame.Keeper)
