@@ -21,7 +21,7 @@ bool MayClose()
     return kept || ShowMessage(MessageTextNotKept, kept.error().Text()) != QLatin1StringView("Cancel");
 }
 
-void EndProgram()
+void EndWork()
 {
     // The copies come first: whoever sent the signal may not wait for the rest.
     // If they fail there is nobody left to ask.

@@ -9,7 +9,6 @@ Result<> KeepEverything();
 /// KeepEverything for a close by the user, who is asked if some text can not be kept. False: the window stays.
 bool MayClose();
 
-/// Ends the program whatever runs: recovery copies first, the stop flag, questions closed with their way out, waits
-/// ended. The event loops unwind; the outermost returns when the work has. For a close while work runs, for SIGTERM
-/// and its like.
-void EndProgram();
+/// Ends whatever runs: recovery copies first, the stop flag, questions closed with their way out, waits ended. The
+/// event loops unwind; the outermost returns when the work has.
+void EndWork();

@@ -37,7 +37,8 @@ private:
     void FindFrom(bool forward);
     void ReplaceOne();
     void ReplaceMany(int command);
-    void ShowOutcome(bool found, const QString& good);
+    void ShowOutcome(bool found, const QString& good, const QString& bad);
+    QString NotFoundText(bool forward) const;
     void Say(const QString& text, bool trouble);
     void UpdateButtons();
 

@@ -170,7 +170,6 @@ QSize frmMess::MeasureText(int widest) const
 MessageAnswer frmMess::Ask()
 {
     const ModalScope scope;
-    setEnabled(true); // the window behind may be disabled while a pass runs
     exec();
     return answer;
 }

@@ -158,7 +158,8 @@ void frmmain::ConnectPane(int tab, EditorPane& pane)
     });
     connect(&pane, &EditorPane::TextChanged, this, [this, tab] { PaneTextChanged(tab); });
     connect(&pane, &EditorPane::MousePressed, this, &frmmain::PanePressed);
-    connect(&pane, &EditorPane::FilesDropped, this, OpenDroppedFiles);
+    // Behind the drop: a question may come.
+    connect(&pane, &EditorPane::FilesDropped, this, OpenDroppedFiles, Qt::QueuedConnection);
 }
 
 void frmmain::PaneTextChanged(int tab)
@@ -275,6 +276,12 @@ void frmmain::closeEvent(QCloseEvent* event)
     }
     finished = MayClose();
     event->setAccepted(finished);
+}
+
+void frmmain::EndProgram()
+{
+    ending = true;
+    EndWork();
 }
 
 void frmmain::Finish()

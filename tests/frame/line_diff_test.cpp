@@ -1,6 +1,7 @@
 #include "frame/line_diff.h"
 
 #include <QByteArray>
+#include <QString>
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <random>

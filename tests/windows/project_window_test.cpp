@@ -53,7 +53,7 @@ TEST_F(ProjectWindow, MakesAndDeletes)
     EXPECT_EQ(left[0].Key, 2);
 }
 
-// Catches: a double click or Enter that does not load, loads behind the open window, or creates a project instead; and
+// Catches: a double click or Enter that does not load or loads behind the open window, and
 // Esc that loads.
 TEST_F(ProjectWindow, EnterOrDoubleClickLoads)
 {
