@@ -34,16 +34,10 @@ int Run(QApplication& application, const StartFolders& folders)
     Frame.Keeper = &keeper;
 
     EndSignals ends;
-<<<<<<< HEAD
-    QObject::connect(&ends, &EndSignals::EndWanted, &application, EndProgram);
+    QObject::connect(&ends, &EndSignals::EndWanted, &window, &frmmain::EndProgram);
     QObject::connect(
         &application, &QGuiApplication::commitDataRequest, &application, [] { static_cast<void>(KeepEverything()); },
         Qt::DirectConnection);
-=======
-    QObject::connect(&ends, &EndSignals::EndWanted, &window, &frmmain::EndProgram);
-    QObject::connect(&application, &QGuiApplication::commitDataRequest, &application, KeepEverything,
-                     Qt::DirectConnection);
->>>>>>> heads/dialogs
 
     window.RestorePosition();
     window.show();
