@@ -45,8 +45,8 @@ QByteArray BytesOf(const EditorPane& pane)
 
 struct Recovery::Private
 {
-    Private(const QString& folder, RecoveryPace pace, std::function<void(const Failure&)> failed)
-        : Folder(folder), Pace(pace), Worker(folder, recovery::SpareFolder(), std::move(failed))
+    Private(const QString& folder, const QString& spare, RecoveryPace pace, std::function<void(const Failure&)> failed)
+        : Folder(folder), Spare(spare), Pace(pace), Worker(folder, spare, std::move(failed))
     {
         Clock.start();
     }
@@ -70,7 +70,7 @@ struct Recovery::Private
         Tabs.at(tab) = {Never, Never, true};
     }
 
-    QString Folder;
+    QString Folder, Spare; ///< Spare may be empty
     RecoveryPace Pace;
     std::array<WaitingTab, 8> Tabs;
     QElapsedTimer Clock;
@@ -80,7 +80,8 @@ struct Recovery::Private
     recovery::Worker Worker;
 };
 
-Recovery::Recovery(const QString& stateFolder, QObject* parent, RecoveryPace pace) : QObject(parent)
+Recovery::Recovery(const QString& stateFolder, QObject* parent, RecoveryPace pace, const QString& spareFolder)
+    : QObject(parent)
 {
     const auto tell = [this](const Failure& failure) {
         if (!std::exchange(d->FailureTold, true) && Frame.Host)
@@ -90,8 +91,9 @@ Recovery::Recovery(const QString& stateFolder, QObject* parent, RecoveryPace pac
         QMetaObject::invokeMethod(
             this, [tell, failure] { tell(failure); }, Qt::QueuedConnection);
     };
-    d = std::make_unique<Private>(paths::Closed(stateFolder) + QStringLiteral("recovery/"), pace, failed);
-    for (const QString& each : {d->Folder, recovery::SpareFolder()})
+    d = std::make_unique<Private>(paths::Closed(stateFolder) + QStringLiteral("recovery/"), paths::Closed(spareFolder),
+                                  pace, failed);
+    for (const QString& each : {d->Folder, d->Spare})
         recovery::Sweep(each, QDateTime::currentMSecsSinceEpoch());
     d->Timer.setSingleShot(true);
     connect(&d->Timer, &QTimer::timeout, this, [this] {
@@ -164,7 +166,7 @@ void Recovery::WaitForWorker()
 std::vector<RecoveredText> Recovery::FindRecovered() const
 {
     std::vector<RecoveredText> all = recovery::CopiesOfEndedRuns(d->Folder);
-    for (RecoveredText& text : recovery::CopiesOfEndedRuns(recovery::SpareFolder()))
+    for (RecoveredText& text : recovery::CopiesOfEndedRuns(d->Spare))
         all.push_back(std::move(text));
     return all;
 }

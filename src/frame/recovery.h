@@ -38,7 +38,9 @@ class Recovery : public QObject
 
 public:
     /// Copies lie in the folder `recovery` of `stateFolder` (the desktop's state folder, or a test's own).
-    explicit Recovery(const QString& stateFolder, QObject* parent = nullptr, RecoveryPace pace = {});
+    /// `spareFolder`: for copies where the state folder can not be written; empty: none.
+    explicit Recovery(const QString& stateFolder, QObject* parent = nullptr, RecoveryPace pace = {},
+                      const QString& spareFolder = {});
     ~Recovery() override;
 
     void TextEdited(int tab);  ///< the pane of the tab changed and is Modified
@@ -64,3 +66,6 @@ private:
 /// Opens a recovered text as unsaved text of its file, in the tab that has the file, an empty tab or a new one. Its
 /// old copy goes once a new one is written. False if all tabs are taken; the text stays on offer.
 bool TakeRecovered(const RecoveredText& text);
+
+/// A spare folder for an ordinary run: below the temporary folder, the user's own, open to nobody else.
+QString SpareRecoveryFolder();

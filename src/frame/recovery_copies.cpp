@@ -52,6 +52,8 @@ bool IsOurs(const QString& folder)
 QStringList FoldersIn(const QString& folder)
 {
     QStringList all;
+    if (folder.isEmpty())
+        return all;
     for (const QString& name : QDir(folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name))
         all << folder + name + u'/';
     return all;
@@ -159,17 +161,12 @@ RunFolder::~RunFolder()
     close(lock);
 }
 
-QString SpareFolder()
-{
-    return QDir::tempPath() + QStringLiteral("/gemforge-%1/recovery/").arg(getuid());
-}
-
 Result<> RunFolder::Open()
 {
     Result<> opened;
     for (const QString& folder : folders) {
-        if (lock >= 0)
-            return {};
+        if (lock >= 0 || folder.isEmpty())
+            break;
         const Result<> tried = OpenIn(folder);
         if (opened)
             opened = tried; // the first reason counts
@@ -251,3 +248,10 @@ void Sweep(const QString& folder, qint64 now)
 }
 
 } // namespace recovery
+
+QString SpareRecoveryFolder()
+{
+    const QString temporary = QDir::tempPath(); // empty if TMPDIR names no folder
+    return (temporary.isEmpty() ? QStringLiteral("/tmp") : temporary) +
+           QStringLiteral("/gemforge-%1/recovery/").arg(getuid());
+}

@@ -24,7 +24,7 @@ constexpr qint64 StaleAfter = qint64(60) * 24 * 60 * 60 * 1000;
 class RunFolder
 {
 public:
-    /// `spare`: used when nothing can be written in `base`.
+    /// `spare`: used when nothing can be written in `base`; empty: none.
     RunFolder(QString base, QString spare) : folders{std::move(base), std::move(spare)} {}
     ~RunFolder();
     RunFolder(const RunFolder&) = delete;
@@ -42,9 +42,6 @@ private:
     QString own;
     int lock = -1, generation = 0;
 };
-
-/// The spare folder: below the temporary folder, the user's own, open to nobody else.
-QString SpareFolder();
 
 /// Whole copies of runs that have ended, the newest first.
 std::vector<RecoveredText> CopiesOfEndedRuns(const QString& folder);

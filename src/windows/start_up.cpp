@@ -27,7 +27,7 @@ void Welcome()
 
 int Run(QApplication& application, const StartFolders& folders)
 {
-    Recovery keeper(folders.StateFolder);
+    Recovery keeper(folders.StateFolder, nullptr, {}, SpareRecoveryFolder());
     frmmain window;
     WindowAsker asker(&window);
     InstallHost(window, asker);
