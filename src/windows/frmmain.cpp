@@ -59,6 +59,7 @@ frmmain::frmmain()
       keys(new WindowKeys(this))
 {
     setObjectName(QStringLiteral("frmmain"));
+    setWindowTitle(QStringLiteral("Gemforge"));
     setWindowIcon(CommandIcon(QStringLiteral("app")));
     setMinimumSize(LeastSize);
     setContextMenuPolicy(Qt::NoContextMenu);
