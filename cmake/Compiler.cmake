@@ -9,6 +9,10 @@ if(GEMFORGE_SANITIZE)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
+if(GEMFORGE_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
 find_program(GEMFORGE_MOLD mold)
 if(GEMFORGE_MOLD)
   add_link_options(-fuse-ld=mold)

@@ -22,13 +22,11 @@ FileSteps Hooked(FileSteps steps, Before before)
     return steps;
 }
 
-/// Counts the calls; the `nth` (from 1) fails with `error`, and so do all later ones if `forGood`. The error -1 ends
-/// the process there.
-inline FileSteps FailingAt(FileSteps steps, int nth, int error, std::shared_ptr<int> count, bool forGood = false)
+/// Counts the calls; the `nth` (from 1) fails with `error`. The error -1 ends the process there.
+inline FileSteps FailingAt(FileSteps steps, int nth, int error, const std::shared_ptr<int>& count)
 {
     return Hooked(std::move(steps), [=] {
-        const int call = ++*count;
-        if (call < nth || (call > nth && !forGood))
+        if (++*count != nth)
             return 0;
         if (error == -1)
             _exit(0);

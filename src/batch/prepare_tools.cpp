@@ -30,6 +30,7 @@ Result<> PrepareTools(const StartFolders& folders)
         if (!paths::FileExists(path))
             return Fail(path, QStringLiteral("this table is missing"));
     }
+    FillConfNames();
     ReadToolSettings();
     return {};
 }

@@ -59,8 +59,10 @@ void InsertCommentSeparator(EditorPane& pane, const QString& title, const QStrin
     if (title.isEmpty())
         return;
     const UndoGroup group(pane);
-    pane.InsertLine(pane.GetSel(true).StartLine, SeparatorLine(title, code, CurrentMarks()));
-    pane.ExecuteCmd(CmdLineStart);
+    const int line = pane.GetSel(true).StartLine;
+    pane.InsertLine(line, SeparatorLine(title, code, CurrentMarks()));
+    // From the new line one down: the caret ends on the line it came from.
+    pane.SetSel({.StartLine = line, .EndLine = line}, true);
     pane.ExecuteCmd(CmdLineDown);
 }
 

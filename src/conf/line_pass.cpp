@@ -40,6 +40,8 @@ PassProgress ThrottledProgress(int maximum)
 
 ByteLine TakeLine(QByteArrayView bytes, qsizetype& from)
 {
+    if (from >= bytes.size()) // nothing left; memchr takes no null pointer
+        return {};
     const char* start = bytes.data() + from;
     const char* end = bytes.data() + bytes.size();
     const auto* feed = static_cast<const char*>(std::memchr(start, '\n', size_t(end - start)));

@@ -173,8 +173,20 @@ void Component::SelectColumns(const RawSelection& corners)
     caretXStale = false;
 }
 
+// A selection made by a message is drawn pale, as one that another window has taken over, until it is claimed. One
+// that is set again claims the desktop's selection; a huge one would be copied for it.
+void Component::ClaimSelection()
+{
+    constexpr qsizetype most = 1 << 20;
+    const RawSelection shown = Selection();
+    const bool claims = shown.End() > shown.Start() && shown.End() - shown.Start() < most && !shown.Columns;
+    if (claims && Send(Sci::SCI_GETSELECTIONS) == 1 && widget->isVisible() && widget->updatesEnabled())
+        Send(Sci::SCI_SETCURRENTPOS, shown.Caret);
+}
+
 void Component::ShowCaret()
 {
+    ClaimSelection();
     Send(Sci::SCI_ENSUREVISIBLEENFORCEPOLICY, LineOf(Send(Sci::SCI_GETCURRENTPOS)));
     Send(Sci::SCI_SCROLLCARET);
 }

@@ -65,6 +65,8 @@ public:
     void KeepCaretX(); ///< before a vertical move: the column it aims at is the caret's
 
 private:
+    void ClaimSelection();
+
     QsciScintilla* widget;
     QPointer<QObject> alive; ///< null when a parent took the widget with it
     bool caretXStale = false;

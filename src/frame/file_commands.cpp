@@ -175,7 +175,7 @@ void InsertInjectPath()
 QString UniqueName(const QString& base, bool folder)
 {
     for (int n = 0;; ++n) {
-        const QString candidate = base + QStringLiteral("_%1").arg(n, 3, 10, QLatin1Char('0'));
+        QString candidate = base + QStringLiteral("_%1").arg(n, 3, 10, QLatin1Char('0'));
         if (folder ? !paths::FolderExists(candidate) : !paths::FileExists(candidate))
             return candidate;
     }

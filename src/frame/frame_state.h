@@ -25,6 +25,7 @@ struct FrameState
     QString CommandLine; ///< path of the file to open, absolute; or empty
     QString ProgramFolder, DataFolder, MacrosFolder, HelpExe, HelpZip;
     bool StartingUp = false;
+    QStringList FinishedWrites;    ///< files whose interrupted save this start has finished
     bool SettingsReadOnly = false; ///< changes of settings hold in memory only
 
     std::array<Document, 8> Documents;

@@ -36,7 +36,7 @@ IniFile& IniStore::File(const QString& baseName)
     return files.emplace(baseName, IniFile(folder + baseName + QStringLiteral(".ini"))).first->second;
 }
 
-Result<> IniStore::Outcome(Result<> written)
+Result<> IniStore::Outcome(const Result<>& written)
 {
     return readOnly ? Fail(paths::Native(User().Path()), QStringLiteral("The file can not be written.")) : written;
 }

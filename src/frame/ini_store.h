@@ -15,7 +15,7 @@ public:
     IniFile& User() { return File(QStringLiteral("user")); }
 
     /// The outcome of a write; a store that is read only has none but failures.
-    [[nodiscard]] Result<> Outcome(Result<> written);
+    [[nodiscard]] Result<> Outcome(const Result<>& written);
 
     const QString& Folder() const { return folder; }
     bool FailureTold = false; ///< a write has failed in this run and the user knows

@@ -171,7 +171,7 @@ MediaLists& Lists()
 
 QString MediaPattern(const char* told)
 {
-    const QString pattern = QString::fromLatin1(told);
+    QString pattern = QString::fromLatin1(told);
     if (pattern != QLatin1StringView("*.pcx"))
         return pattern;
     QStringList patterns;

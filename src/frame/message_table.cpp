@@ -117,6 +117,8 @@ constexpr MessageRow Rows[] = {
      "Another program has moved or deleted:-^^%1^^The text is still here. Save it to make the file again."},
     {305, -1, "No Backup", 2, "whi", "Save Without Backup_Cancel", nullptr,
      "The backup could not be made:-^^%1^^Do you want to save without one?"},
+    {306, -1, "Unsaved Text", 2, "red", "Close Anyway_Cancel", nullptr,
+     "Unsaved text can not be kept for the next start:^^%1^^If you close now it is lost."},
     {999, -1, "Welcome", 8, "bro", "OK_Read Help_Don't Show This Again", "OK",
      "Welcome To Gemforge.^^No Help at the moment! Just set your RND path (in options) and it should be "
      "ok!^^Cheers!^^Ross...."},

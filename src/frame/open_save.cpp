@@ -60,14 +60,15 @@ void ShowText(const QByteArray& bytes)
     UpdateCaretStatus(pane);
 }
 
-/// The tab whose file is about to be replaced by another tab's text.
-void GiveWay(int tab)
+/// Keeps the unsaved text of a tab that is about to be emptied; false, with message 105, if it can be kept nowhere.
+bool KeepText(int tab)
 {
-    if (Host().Pane(tab).Modified() && Frame.Keeper) {
-        Frame.Keeper->KeepApart(tab);
-        Host().ShowNotice(QStringLiteral("The unsaved text of the replaced tab was kept for recovery."));
-    }
-    EmptySlot(tab);
+    if (!Host().Pane(tab).Modified() || !Frame.Keeper)
+        return true;
+    const Result<> kept = Frame.Keeper->KeepApart(tab);
+    if (!kept)
+        ShowMessage(MessagePathError, kept.error().Text());
+    return kept.has_value();
 }
 
 /// The questions before a save; false: the user does not want it.
@@ -93,6 +94,10 @@ bool Save(const QString& told, bool backup)
     const bool ownPath = holder == Frame.CurrentTab;
     if (!MayWrite(path, ownPath) || (backup && !BackupCurrentFile()))
         return false;
+    const bool givesWay = !ownPath && holder >= 0;
+    const bool unsaved = givesWay && Host().Pane(holder).Modified();
+    if (givesWay && !KeepText(holder))
+        return false;
     // Written before anything gives way, so that a failure leaves every tab as it was.
     const Result<> written = CurrentPane().SaveFile(path, false);
     if (!written) {
@@ -100,14 +105,16 @@ bool Save(const QString& told, bool backup)
         return false;
     }
     if (!ownPath) {
-        if (holder >= 0)
-            GiveWay(holder);
+        if (givesWay)
+            EmptySlot(holder);
         TakePath(path);
         SetMode(ModeFromFileName(Frame.CurrentFile.trimmed()));
         NameTab(paths::Native(path), path);
     }
     Settle(Frame.CurrentTab);
     RecentAdd(path);
+    if (unsaved)
+        Host().ShowNotice(QStringLiteral("The unsaved text of the replaced tab was kept for recovery."));
     return true;
 }
 

@@ -52,8 +52,12 @@ void LoadAgain(int tab)
         ShowMessage(MessagePathError, bytes.error().Text());
         return MarkUnsaved(tab);
     }
-    if (pane.Modified() && Frame.Keeper)
-        Frame.Keeper->KeepApart(tab);
+    if (pane.Modified() && Frame.Keeper) {
+        if (const Result<> kept = Frame.Keeper->KeepApart(tab); !kept) {
+            ShowMessage(MessagePathError, kept.error().Text());
+            return MarkUnsaved(tab);
+        }
+    }
     const Range caret = pane.GetSel(true);
     pane.LoadBytes(*bytes);
     if (pane.LineCount() == 0)

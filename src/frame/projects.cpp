@@ -149,6 +149,7 @@ void LoadProject(const QString& name)
 
     const int most = qMax(int(files.size()) - 1, 1); // a range of 0 to 0 would show as "busy"
     Host().ShowProgress(most, 0);
+    const SettingsBatch batch; // the recent list changes with each file
     QSet<QString> loaded;
     int tab = 0;
     for (const QString& path : files) {

@@ -45,8 +45,8 @@ QByteArray BytesOf(const EditorPane& pane)
 
 struct Recovery::Private
 {
-    Private(const QString& folder, RecoveryPace pace, std::function<void(const Failure&)> failed)
-        : Folder(folder), Pace(pace), Worker(folder, std::move(failed))
+    Private(const QString& folder, const QString& spare, RecoveryPace pace, std::function<void(const Failure&)> failed)
+        : Folder(folder), Spare(spare), Pace(pace), Worker(folder, spare, std::move(failed))
     {
         Clock.start();
     }
@@ -70,7 +70,7 @@ struct Recovery::Private
         Tabs.at(tab) = {Never, Never, true};
     }
 
-    QString Folder;
+    QString Folder, Spare; ///< Spare may be empty
     RecoveryPace Pace;
     std::array<WaitingTab, 8> Tabs;
     QElapsedTimer Clock;
@@ -80,7 +80,8 @@ struct Recovery::Private
     recovery::Worker Worker;
 };
 
-Recovery::Recovery(const QString& stateFolder, QObject* parent, RecoveryPace pace) : QObject(parent)
+Recovery::Recovery(const QString& stateFolder, QObject* parent, RecoveryPace pace, const QString& spareFolder)
+    : QObject(parent)
 {
     const auto tell = [this](const Failure& failure) {
         if (!std::exchange(d->FailureTold, true) && Frame.Host)
@@ -90,8 +91,10 @@ Recovery::Recovery(const QString& stateFolder, QObject* parent, RecoveryPace pac
         QMetaObject::invokeMethod(
             this, [tell, failure] { tell(failure); }, Qt::QueuedConnection);
     };
-    d = std::make_unique<Private>(paths::Closed(stateFolder) + QStringLiteral("recovery/"), pace, failed);
-    recovery::Sweep(d->Folder, QDateTime::currentMSecsSinceEpoch());
+    d = std::make_unique<Private>(paths::Closed(stateFolder) + QStringLiteral("recovery/"), paths::Closed(spareFolder),
+                                  pace, failed);
+    for (const QString& each : {d->Folder, d->Spare})
+        recovery::Sweep(each, QDateTime::currentMSecsSinceEpoch());
     d->Timer.setSingleShot(true);
     connect(&d->Timer, &QTimer::timeout, this, [this] {
         const qint64 now = d->Clock.elapsed();
@@ -132,13 +135,14 @@ void Recovery::TextSettled(int tab)
     d->Tabs.at(tab) = {};
 }
 
-void Recovery::KeepApart(int tab)
+Result<> Recovery::KeepApart(int tab)
 {
-    d->Keep(tab, QStringLiteral("apart-%1").arg(++d->Apart));
-    WaitForWorker();
+    const QString name = QStringLiteral("apart-%1").arg(++d->Apart);
+    d->Keep(tab, name);
+    return d->Worker.Settled(name);
 }
 
-void Recovery::KeepAllNow()
+Result<> Recovery::KeepAllNow()
 {
     for (int tab = 0; tab < 8; ++tab) {
         if (Frame.Documents.at(tab).Face.Visible && Host().Pane(tab).Modified())
@@ -146,7 +150,12 @@ void Recovery::KeepAllNow()
         else
             TextSettled(tab);
     }
+    for (int tab = 0; tab < 8; ++tab)
+        if (d->Tabs.at(tab).HasCopy)
+            if (const Result<> kept = d->Worker.Settled(CopyName(tab)); !kept)
+                return kept;
     WaitForWorker();
+    return {};
 }
 
 void Recovery::WaitForWorker()
@@ -156,7 +165,10 @@ void Recovery::WaitForWorker()
 
 std::vector<RecoveredText> Recovery::FindRecovered() const
 {
-    return recovery::CopiesOfEndedRuns(d->Folder);
+    std::vector<RecoveredText> all = recovery::CopiesOfEndedRuns(d->Folder);
+    for (RecoveredText& text : recovery::CopiesOfEndedRuns(d->Spare))
+        all.push_back(std::move(text));
+    return all;
 }
 
 void Recovery::Forget(const RecoveredText& text)

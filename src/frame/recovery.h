@@ -38,14 +38,19 @@ class Recovery : public QObject
 
 public:
     /// Copies lie in the folder `recovery` of `stateFolder` (the desktop's state folder, or a test's own).
-    explicit Recovery(const QString& stateFolder, QObject* parent = nullptr, RecoveryPace pace = {});
+    /// `spareFolder`: for copies where the state folder can not be written; empty: none.
+    explicit Recovery(const QString& stateFolder, QObject* parent = nullptr, RecoveryPace pace = {},
+                      const QString& spareFolder = {});
     ~Recovery() override;
 
     void TextEdited(int tab);  ///< the pane of the tab changed and is Modified
     void TextSettled(int tab); ///< saved, reverted or given up: its copy goes
     /// Keeps the tab's text under a copy of its own before it is emptied by another's save. Written on return.
-    void KeepApart(int tab);
-    void KeepAllNow(); ///< every modified tab, written before it returns; for close, SIGTERM and log-out
+    /// A failure: it is not kept, and must not be emptied.
+    [[nodiscard]] Result<> KeepApart(int tab);
+    /// A failure: some text is kept nowhere.
+    [[nodiscard]] Result<>
+    KeepAllNow(); ///< every modified tab, written before it returns; for close, SIGTERM and log-out
     void WaitForWorker();
 
     /// Whole copies of runs that have ended, the newest first. Truncated, foreign or stale data is passed over, never
@@ -61,3 +66,6 @@ private:
 /// Opens a recovered text as unsaved text of its file, in the tab that has the file, an empty tab or a new one. Its
 /// old copy goes once a new one is written. False if all tabs are taken; the text stays on offer.
 bool TakeRecovered(const RecoveredText& text);
+
+/// A spare folder for an ordinary run: below the temporary folder, the user's own, open to nobody else.
+QString SpareRecoveryFolder();

@@ -14,6 +14,7 @@
 #include <fcntl.h>
 #include <optional>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -39,9 +40,20 @@ int LockRun(const QString& run, int flags)
     return -1;
 }
 
+/// Text of the user must not lie where others can put or read it.
+bool IsOurs(const QString& folder)
+{
+    struct stat facts
+    {
+    };
+    return stat(QFile::encodeName(folder), &facts) == 0 && facts.st_uid == getuid() && (facts.st_mode & 0022) == 0;
+}
+
 QStringList FoldersIn(const QString& folder)
 {
     QStringList all;
+    if (folder.isEmpty())
+        return all;
     for (const QString& name : QDir(folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name))
         all << folder + name + u'/';
     return all;
@@ -151,28 +163,43 @@ RunFolder::~RunFolder()
 
 Result<> RunFolder::Open()
 {
-    if (lock >= 0)
-        return {};
+    Result<> opened;
+    for (const QString& folder : folders) {
+        if (lock >= 0 || folder.isEmpty())
+            break;
+        const Result<> tried = OpenIn(folder);
+        if (opened)
+            opened = tried; // the first reason counts
+    }
+    return lock >= 0 ? Result<>() : opened;
+}
+
+Result<> RunFolder::OpenIn(const QString& folder)
+{
     const QString id = QStringLiteral("%1-%2")
                            .arg(QDateTime::currentMSecsSinceEpoch())
                            .arg(QRandomGenerator::global()->generate(), 8, 16, QLatin1Char('0'));
     own = folder + id + u'/';
-    if (folders::MakePrivate(own))
+    const bool made = folders::MakePrivate(own);
+    const int error = errno;
+    if (made && !IsOurs(folder))
+        return Fail(folder, QStringLiteral("The folder is open to others."));
+    if (made)
         lock = LockRun(own, O_CREAT);
-    return lock >= 0 ? Result<>() : Fail(own, qt_error_string(errno));
+    return lock >= 0 ? Result<>() : Fail(own, qt_error_string(made ? errno : error));
 }
 
 Result<> RunFolder::Write(const QString& name, const CopyFacts& facts, const QByteArray& bytes)
 {
-    const Result<> opened = Open();
+    Result<> opened = Open();
     if (!opened)
         return opened;
     const QString copy = own + name + u'/';
     const QString data = QStringLiteral("text-%1").arg(++generation);
-    const Result<> text = paths::WriteWholePrivate(copy + data, bytes);
+    Result<> text = paths::WriteWholePrivate(copy + data, bytes);
     if (!text)
         return text;
-    const Result<> mark = paths::WriteWholePrivate(copy + HeaderName, HeaderOf(facts, data, bytes));
+    Result<> mark = paths::WriteWholePrivate(copy + HeaderName, HeaderOf(facts, data, bytes));
     if (!mark)
         return mark;
     for (const QString& old : QDir(copy).entryList({QStringLiteral("text-*")}, QDir::Files))
@@ -221,3 +248,10 @@ void Sweep(const QString& folder, qint64 now)
 }
 
 } // namespace recovery
+
+QString SpareRecoveryFolder()
+{
+    const QString temporary = QDir::tempPath(); // empty if TMPDIR names no folder
+    return (temporary.isEmpty() ? QStringLiteral("/tmp") : temporary) +
+           QStringLiteral("/gemforge-%1/recovery/").arg(getuid());
+}

@@ -24,7 +24,8 @@ constexpr qint64 StaleAfter = qint64(60) * 24 * 60 * 60 * 1000;
 class RunFolder
 {
 public:
-    explicit RunFolder(QString base) : folder(std::move(base)) {}
+    /// `spare`: used when nothing can be written in `base`; empty: none.
+    RunFolder(QString base, QString spare) : folders{std::move(base), std::move(spare)} {}
     ~RunFolder();
     RunFolder(const RunFolder&) = delete;
     RunFolder& operator=(const RunFolder&) = delete;
@@ -35,8 +36,10 @@ public:
 
 private:
     Result<> Open();
+    Result<> OpenIn(const QString& folder);
 
-    QString folder, own;
+    QStringList folders;
+    QString own;
     int lock = -1, generation = 0;
 };
 

@@ -2,8 +2,8 @@
 
 namespace recovery {
 
-Worker::Worker(const QString& folder, std::function<void(const Failure&)> onFailure)
-    : run(folder), failed(std::move(onFailure)), thread([this] { Run(); })
+Worker::Worker(const QString& folder, const QString& spare, std::function<void(const Failure&)> onFailure)
+    : run(folder, spare), failed(std::move(onFailure)), thread([this] { Run(); })
 {
 }
 
@@ -42,6 +42,14 @@ void Worker::Wait()
     changed.wait(lock, [this] { return orders.empty() && !busy; });
 }
 
+Result<> Worker::Settled(const QString& name)
+{
+    std::unique_lock lock(guard);
+    changed.wait(lock, [this] { return orders.empty() && !busy; });
+    const auto found = name.isEmpty() ? failing.begin() : failing.find(name);
+    return found == failing.end() ? Result<>() : tl::unexpected(found->second);
+}
+
 void Worker::Run()
 {
     std::unique_lock lock(guard);
@@ -52,20 +60,27 @@ void Worker::Run()
         const auto order = orders.extract(orders.begin());
         busy = true;
         lock.unlock();
-        Carry(order.key(), order.mapped());
+        const Result<> carried = Carry(order.key(), order.mapped());
         lock.lock();
+        if (carried)
+            failing.erase(order.key());
+        else
+            failing.insert_or_assign(order.key(), carried.error());
         busy = false;
         changed.notify_all();
     }
 }
 
-void Worker::Carry(const QString& name, const std::optional<Copy>& copy)
+Result<> Worker::Carry(const QString& name, const std::optional<Copy>& copy)
 {
-    if (!copy)
-        return run.Remove(name);
+    if (!copy) {
+        run.Remove(name);
+        return {};
+    }
     const Result<> written = run.Write(name, copy->Facts, copy->Bytes);
     if (!written)
         failed(written.error());
+    return written;
 }
 
 } // namespace recovery

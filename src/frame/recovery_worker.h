@@ -17,7 +17,7 @@ class Worker
 {
 public:
     /// `onFailure` is called in the worker's thread.
-    Worker(const QString& folder, std::function<void(const Failure&)> onFailure);
+    Worker(const QString& folder, const QString& spare, std::function<void(const Failure&)> onFailure);
     ~Worker();
     Worker(const Worker&) = delete;
     Worker& operator=(const Worker&) = delete;
@@ -25,6 +25,8 @@ public:
     void Write(const QString& name, const CopyFacts& facts, const QByteArray& bytes);
     void Remove(const QString& name);
     void Wait(); ///< until all orders are done
+    /// Waits, then tells why the copy of that name (or, without a name, any copy) could not be written.
+    [[nodiscard]] Result<> Settled(const QString& name = {});
 
 private:
     struct Copy
@@ -34,13 +36,14 @@ private:
     };
     void Order(const QString& name, std::optional<Copy> copy);
     void Run();
-    void Carry(const QString& name, const std::optional<Copy>& copy);
+    Result<> Carry(const QString& name, const std::optional<Copy>& copy);
 
     RunFolder run;
     std::function<void(const Failure&)> failed;
     std::mutex guard;
     std::condition_variable changed;
     std::map<QString, std::optional<Copy>> orders; ///< nothing: remove
+    std::map<QString, Failure> failing;            ///< copies whose last order failed
     bool busy = false, ending = false;
     std::thread thread;
 };

@@ -87,6 +87,14 @@ void ShowInitialFolders()
         SetExtraFolder(settings.LevelsFolder);
 }
 
+/// A list for a message: its first lines, and how many more there are.
+QString FirstOf(const QStringList& all)
+{
+    constexpr qsizetype Most = 12;
+    const QString first = all.first(qMin(Most, all.size())).join(u'^');
+    return all.size() <= Most ? first : first + QStringLiteral("^and %1 more").arg(all.size() - Most);
+}
+
 } // namespace
 
 const std::array<SyntaxRow, 9>& SyntaxKeys()
@@ -141,7 +149,7 @@ void LoadSettings()
     for (int id = 1; id <= 5; ++id)
         ApplyViewSetting(id, ViewSetting(id));
     if (!reader.Corrected().isEmpty())
-        ShowMessage(MessageSettingsBroken, reader.Corrected().join(u'^'));
+        ShowMessage(MessageSettingsBroken, FirstOf(reader.Corrected()));
 }
 
 int ViewSetting(int id)

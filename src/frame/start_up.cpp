@@ -2,6 +2,7 @@
 
 #include "frame/file_commands.h"
 #include "frame/frame_state.h"
+#include "platform/in_place.h"
 #include "platform/paths.h"
 
 #include <QCoreApplication>
@@ -40,17 +41,6 @@ QString MissingTable()
     return missing;
 }
 
-void FillConfNames()
-{
-    const auto compat = [](const QString& key) {
-        return ReadIni(QStringLiteral("RND Compatibility"), key, QStringLiteral("compat"));
-    };
-    Frame.ConfNames[0].clear();
-    for (int mode = 1; mode < ModeCount; ++mode)
-        Frame.ConfNames.at(mode) =
-            compat(QStringLiteral("ConfName%1").arg(mode)) + u'.' + compat(QStringLiteral("ConfigExtension"));
-}
-
 void ShowFirstTab()
 {
     for (int tab = 0; tab < 8; ++tab) {
@@ -66,6 +56,17 @@ void ShowFirstTab()
 
 } // namespace
 
+void FillConfNames()
+{
+    const auto compat = [](const QString& key) {
+        return ReadIni(QStringLiteral("RND Compatibility"), key, QStringLiteral("compat"));
+    };
+    Frame.ConfNames[0].clear();
+    for (int mode = 1; mode < ModeCount; ++mode)
+        Frame.ConfNames.at(mode) =
+            compat(QStringLiteral("ConfName%1").arg(mode)) + u'.' + compat(QStringLiteral("ConfigExtension"));
+}
+
 bool PrepareStart(const StartFolders& folders, const QStringList& arguments)
 {
     Frame.StartTicks.start();
@@ -74,6 +75,8 @@ bool PrepareStart(const StartFolders& folders, const QStringList& arguments)
     Frame.SettingsReadOnly = folders.SettingsReadOnly;
     paths::ChangeToFolder(Frame.ProgramFolder);
     Frame.StartingUp = true;
+    // Before any file is read: what an earlier run began to write in place and could not end.
+    Frame.FinishedWrites = in_place::FinishInterrupted();
     Frame.MacrosFolder = Frame.ProgramFolder + QStringLiteral("Macros/");
     if (!paths::FolderExists(Frame.MacrosFolder))
         QDir().mkpath(Frame.MacrosFolder);
@@ -110,13 +113,16 @@ void FinishStart()
         NewDocument(Frame.CurrentMode);
     ShowCurrentPath();
     Frame.StartingUp = false;
+    if (!Frame.FinishedWrites.isEmpty())
+        Host().ShowNotice(QStringLiteral("The interrupted save of these files was finished: ") +
+                          Frame.FinishedWrites.join(QStringLiteral(", ")));
     Host().FocusPane();
 }
 
 QString ShowWelcomeMessage()
 {
     Frame.ShowWelcome = 0;
-    const QString answer = ShowMessage(999);
+    QString answer = ShowMessage(999);
     if (answer == QLatin1StringView("OK"))
         Host().FocusPane();
     else if (answer == QLatin1StringView("Don't Show This Again"))

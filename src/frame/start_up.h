@@ -21,6 +21,9 @@ StartFolders OrdinaryFolders(const QString& executableFolder);
 /// start has failed and the message was shown.
 bool PrepareStart(const StartFolders& folders, const QStringList& arguments);
 
+/// Frame.ConfNames from compat.ini.
+void FillConfNames();
+
 /// The once-only part of the first activation, once the host is there: tabs, languages, settings, recent list and the
 /// first document. Window size and the caption's start-up time are the window's.
 void FinishStart();

@@ -65,15 +65,17 @@ bool TakeRecovered(const RecoveredText& text)
     const int tab = TabFor(text);
     if (tab < 0)
         return false;
-    if (Host().Pane(tab).Modified() && Frame.Keeper)
-        Frame.Keeper->KeepApart(tab);
+    if (Host().Pane(tab).Modified() && Frame.Keeper) {
+        if (const Result<> kept = Frame.Keeper->KeepApart(tab); !kept) {
+            ShowMessage(MessagePathError, kept.error().Text());
+            return false;
+        }
+    }
     Fill(tab, text);
     ShowTab(tab);
     Host().SelectTab(tab);
     ActivateTab();
-    if (Frame.Keeper) {
-        Frame.Keeper->KeepAllNow();
+    if (Frame.Keeper && Frame.Keeper->KeepAllNow()) // until then the old copy is the only one
         Frame.Keeper->Forget(text);
-    }
     return true;
 }

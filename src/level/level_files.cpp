@@ -58,7 +58,7 @@ Result<> WriteWorking(const QString& name, QByteArrayView bytes)
 
 Result<> WriteWorkingFiles(QByteArrayView bytes, qsizetype mapEnd)
 {
-    const Result<> written = WriteWorking(WorkingLevel, bytes.first(mapEnd));
+    Result<> written = WriteWorking(WorkingLevel, bytes.first(mapEnd));
     if (!written || mapEnd == bytes.size())
         return written;
     return WriteWorking(WorkingTail, bytes.sliced(mapEnd));
@@ -150,7 +150,7 @@ Result<> SaveLevel(const QString& path, bool keepOpen)
     Result<QByteArray> patched = PatchLevel(Level, *working);
     if (!patched)
         return ForFile(path, patched.error());
-    const Result<> written = paths::WriteWhole(path, patched->append(*tail));
+    Result<> written = paths::WriteWhole(path, patched->append(*tail));
     if (written && !keepOpen)
         RemoveWorkingFiles();
     return written;

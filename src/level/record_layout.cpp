@@ -18,14 +18,14 @@ struct Chunk
 struct RecordRow
 {
     quint8 Kind;
+    qint8 Skip;
     qint32 LevelOffsets::*Offset;
-    int Skip;
 };
 constexpr RecordRow FieldRecords[] = {
-    {0x41, &LevelOffsets::Width, 1},
-    {0x42, &LevelOffsets::Height, 1},
-    {0x43, &LevelOffsets::Time, 0},
-    {0x44, &LevelOffsets::Count, 0},
+    {0x41, 1, &LevelOffsets::Width},
+    {0x42, 1, &LevelOffsets::Height},
+    {0x43, 0, &LevelOffsets::Time},
+    {0x44, 0, &LevelOffsets::Count},
 };
 
 Result<Chunk> ChunkAt(QByteArrayView bytes, qsizetype at)

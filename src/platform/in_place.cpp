@@ -111,7 +111,8 @@ Result<> Write(const QString& path, QByteArrayView bytes)
         return tl::unexpected(old.error());
     const auto copy = Keep({QFile::encodeName(path), *old, bytes.toByteArray()});
     if (!copy)
-        return tl::unexpected(copy.error());
+        return Fail(path, QStringLiteral("The file can only be written in place, and no safety copy could be made: ") +
+                              copy.error().Path);
     const int file = Persist([&] { return Steps().Open(QFile::encodeName(path), O_WRONLY | O_NOFOLLOW, 0); });
     if (file < 0) {
         const int error = errno;

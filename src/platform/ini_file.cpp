@@ -117,8 +117,7 @@ Result<> IniFile::Parsed::Save()
     Look(true);
     if (!WhyNotWritten.isEmpty())
         return Fail(Path, WhyNotWritten);
-    const Result<> written = paths::WriteWhole(Path, Text.Bytes());
-    if (!written)
+    if (Result<> written = paths::WriteWhole(Path, Text.Bytes()); !written)
         return written;
     Pending.clear();
     Seen = StampOf(Path);

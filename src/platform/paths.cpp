@@ -120,7 +120,7 @@ QString Existing(const QString& told)
 {
     if (IsThere(told))
         return told;
-    const QString inner = Inside(told);
+    QString inner = Inside(told);
     if (IsThere(inner))
         return inner;
     const Walk walk = WalkDown(inner);
@@ -131,7 +131,7 @@ QString ForWriting(const QString& told)
 {
     if (IsThere(told))
         return told;
-    const QString inner = Inside(told);
+    QString inner = Inside(told);
     if (IsThere(inner))
         return inner;
     const Walk walk = WalkDown(inner);
@@ -143,18 +143,17 @@ QString Canonical(const QString& path)
     if (path.isEmpty())
         return {};
     const QString found = ForWriting(path);
-    const QString whole = QDir::cleanPath(QDir::isAbsolutePath(found) ? found : QDir::currentPath() + u'/' + found);
-    // ".." must be taken after links are, so cleaning comes into play only where nothing exists.
+    // What exists is resolved by the system, since ".." goes up from where a link leads; only the rest is cleaned.
     QString known = QDir::isAbsolutePath(found) ? found : QDir::currentPath() + u'/' + found;
     QString rest;
-    while (known.size() > 1) {
-        if (const QString real = RealPath(known); !real.isEmpty())
-            return QDir::cleanPath(AsListed(real) + u'/' + rest);
+    QString real = RealPath(known);
+    while (real.isEmpty() && known.size() > 1) {
         const qsizetype end = known.lastIndexOf(QLatin1Char('/'));
         rest = QStringView(known).mid(end + 1) + (rest.isEmpty() ? QString() : u'/' + rest);
         known.truncate(end);
+        real = RealPath(known.isEmpty() ? QStringLiteral("/") : known);
     }
-    return whole;
+    return QDir::cleanPath(AsListed(real) + u'/' + rest);
 }
 
 bool FileExists(const QString& told)

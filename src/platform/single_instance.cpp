@@ -22,7 +22,7 @@ bool IsOurs(const QString& folder)
 
 QString LockFolder()
 {
-    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
     if (runtime.startsWith(QLatin1Char('/')) && IsOurs(runtime))
         return runtime;
     const QString temporary = QDir::tempPath() + QLatin1String("/gemforge-") + QString::number(geteuid());

@@ -13,7 +13,7 @@ QString Own(const char* variable, QLatin1StringView below)
     QString base = qEnvironmentVariable(variable);
     if (!base.startsWith(QLatin1Char('/')))
         base = QDir::homePath() + QLatin1Char('/') + below;
-    const QString folder = QDir::cleanPath(base) + QLatin1String("/gemforge/");
+    QString folder = QDir::cleanPath(base) + QLatin1String("/gemforge/");
     folders::MakePrivate(folder);
     return folder;
 }
@@ -48,10 +48,18 @@ bool MakePrivate(const QString& folder)
     FileFacts facts{};
     if (stat(path, &facts) == 0)
         return S_ISDIR(facts.st_mode);
+    int error = 0; // the first that stood in the way
+    const auto make = [&error](const QByteArray& part) {
+        if (mkdir(part, 0700) != 0 && errno != EEXIST && error == 0)
+            error = errno;
+    };
     for (qsizetype end = path.indexOf('/', 1); end > 0; end = path.indexOf('/', end + 1))
-        mkdir(path.left(end), 0700);
-    mkdir(path, 0700);
-    return stat(path, &facts) == 0 && S_ISDIR(facts.st_mode);
+        make(path.left(end));
+    make(path);
+    if (stat(path, &facts) == 0 && S_ISDIR(facts.st_mode))
+        return true;
+    errno = error ? error : ENOTDIR;
+    return false;
 }
 
 } // namespace folders

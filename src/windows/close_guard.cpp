@@ -1,6 +1,7 @@
 #include "windows/close_guard.h"
 
 #include "frame/frame_state.h"
+#include "frame/messages.h"
 #include "frame/recovery.h"
 #include "frame/settings.h"
 #include "platform/processes.h"
@@ -8,18 +9,24 @@
 
 #include <QCoreApplication>
 
-void KeepEverything()
+Result<> KeepEverything()
 {
-    if (Frame.Keeper)
-        Frame.Keeper->KeepAllNow();
     SaveHistories();
+    return Frame.Keeper ? Frame.Keeper->KeepAllNow() : Result<>();
 }
 
-void EndProgram()
+bool MayClose()
+{
+    const Result<> kept = KeepEverything();
+    return kept || ShowMessage(MessageTextNotKept, kept.error().Text()) != QLatin1StringView("Cancel");
+}
+
+void EndWork()
 {
     // The copies come first: whoever sent the signal may not wait for the rest.
+    // If they fail there is nobody left to ask.
     if (Frame.Keeper)
-        Frame.Keeper->KeepAllNow();
+        static_cast<void>(Frame.Keeper->KeepAllNow());
     Frame.StopRequested = true;
     processes::StopWaiting();
     CloseModalWindows();

@@ -98,6 +98,7 @@ void FindDialog::MakeButtons()
     cmdReplaceAll = button("Replace &All", [this] { ReplaceMany(CmdReplaceAll); });
     cmdReplaceSelection = button("In &Selection", [this] { ReplaceMany(CmdReplaceAllInSelection); });
     cmdReplaceSelection->setAccessibleName(QStringLiteral("Replace all in the selection"));
+    cmdReplaceSelection->setToolTip(cmdReplaceSelection->accessibleName());
     cmdClose = button("Close", [this] { reject(); });
     cmdNext->setDefault(true);
 }
@@ -213,7 +214,7 @@ void FindDialog::FindFrom(bool forward)
         news = QStringLiteral("This is the only one.");
     else if (forward ? place(now) < place(before) : place(before) < place(now))
         news = forward ? QStringLiteral("Went on from the top.") : QStringLiteral("Went on from the bottom.");
-    ShowOutcome(found, news);
+    ShowOutcome(found, news, NotFoundText(forward));
 }
 
 void FindDialog::ReplaceOne()
@@ -224,7 +225,7 @@ void FindDialog::ReplaceOne()
     TellPane();
     const bool found = pane->ReplaceFound();
     const bool last = pane->LastReplaceCount() > 0 && pane->SelLength() == 0;
-    ShowOutcome(found, last ? QStringLiteral("Replaced the last one.") : QString());
+    ShowOutcome(found, last ? QStringLiteral("Replaced the last one.") : QString(), NotFoundText(true));
 }
 
 void FindDialog::ReplaceMany(int command)
@@ -237,17 +238,24 @@ void FindDialog::ReplaceMany(int command)
     const bool ran = pane->ExecuteCmd(command);
     pane->LockRedraw(false);
     const int count = ran ? pane->LastReplaceCount() : 0;
-    ShowOutcome(count > 0, QStringLiteral("%1 replaced.").arg(count));
+    ShowOutcome(count > 0, QStringLiteral("%1 replaced.").arg(count), QStringLiteral("Not found."));
 }
 
-void FindDialog::ShowOutcome(bool found, const QString& good)
+QString FindDialog::NotFoundText(bool forward) const
+{
+    if (chkWrap->isChecked())
+        return QStringLiteral("Not found.");
+    return forward ? QStringLiteral("Not found up to the end.") : QStringLiteral("Not found up to the top.");
+}
+
+void FindDialog::ShowOutcome(bool found, const QString& good, const QString& bad)
 {
     EditorPane& pane = *target.Pane();
     const QString error = pane.FindError();
     if (!error.isEmpty())
-        Say(error, true);
+        Say(QStringLiteral("Wrong expression: ") + error, true);
     else
-        Say(found ? good : QStringLiteral("Not found."), !found);
+        Say(found ? good : bad, !found);
     FillHistories(cmbFind->currentText(), cmbReplace->currentText());
     UncoverCaret(*this, pane);
 }

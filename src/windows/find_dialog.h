@@ -13,6 +13,8 @@ class QPushButton;
 /// Find and replace in one window that stays open beside the pane. What a search gave stands inside the window.
 class FindDialog : public QDialog
 {
+    Q_OBJECT
+
 public:
     explicit FindDialog(QWidget* owner);
 
@@ -35,7 +37,8 @@ private:
     void FindFrom(bool forward);
     void ReplaceOne();
     void ReplaceMany(int command);
-    void ShowOutcome(bool found, const QString& good);
+    void ShowOutcome(bool found, const QString& good, const QString& bad);
+    QString NotFoundText(bool forward) const;
     void Say(const QString& text, bool trouble);
     void UpdateButtons();
 

@@ -3,15 +3,16 @@
 #include "windows/find_dialog.h"
 #include "windows/goto_dialog.h"
 
+#include <QWidget>
+
 namespace {
 
 /// The owner's dialog of this class, made when it is first wanted.
 template <class Dialog>
 Dialog& DialogOf(QWidget* owner)
 {
-    for (QObject* child : owner->children())
-        if (auto* dialog = dynamic_cast<Dialog*>(child))
-            return *dialog;
+    if (auto* dialog = owner->findChild<Dialog*>(QString(), Qt::FindDirectChildrenOnly))
+        return *dialog;
     return *new Dialog(owner);
 }
 

@@ -117,7 +117,8 @@ void frmMess::PlaceParts()
     const int icon = record.MessageIcon >= 1 && record.MessageIcon <= LastIcon ? record.MessageIcon : 1;
     imgIcon->setPixmap(ListImage(QStringLiteral("message"), icon)
                            .pixmap(layout.Icon.size(), place->devicePixelRatio(), QIcon::Normal));
-    lblTEXT->setGeometry(layout.Text);
+    const int room = layout.Scrolls ? 0 : lblTEXT->fontMetrics().lineSpacing() / 2; // or the box would scroll by a line
+    lblTEXT->setGeometry(layout.Text.adjusted(0, 0, 0, room));
     lblTEXT->setVerticalScrollBarPolicy(layout.Scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
     lblTEXT->setFocusPolicy(layout.Scrolls ? Qt::StrongFocus : Qt::ClickFocus);
     if (layout.Scrolls)
@@ -169,7 +170,6 @@ QSize frmMess::MeasureText(int widest) const
 MessageAnswer frmMess::Ask()
 {
     const ModalScope scope;
-    setEnabled(true); // the window behind may be disabled while a pass runs
     exec();
     return answer;
 }

@@ -120,6 +120,7 @@ void frmmain::ClaimKeys()
     for (const auto back : {Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab, Qt::CTRL | Qt::Key_PageUp})
         claim(back, [this] { strip->SelectNext(-1); });
     claim(QKeySequence(Qt::Key_F6), [this] { MoveFocus(); });
+    claim(QKeySequence(Qt::Key_F10), [this] { menuBar()->setActiveAction(menuBar()->actions().constFirst()); });
 
     const QSet<QString> everywhere = {QStringLiteral("mnuSelectAll"), QStringLiteral("mnuFindReplace")};
     for (const QAction* action : actions())
@@ -157,7 +158,8 @@ void frmmain::ConnectPane(int tab, EditorPane& pane)
     });
     connect(&pane, &EditorPane::TextChanged, this, [this, tab] { PaneTextChanged(tab); });
     connect(&pane, &EditorPane::MousePressed, this, &frmmain::PanePressed);
-    connect(&pane, &EditorPane::FilesDropped, this, OpenDroppedFiles);
+    // Behind the drop: a question may come.
+    connect(&pane, &EditorPane::FilesDropped, this, OpenDroppedFiles, Qt::QueuedConnection);
 }
 
 void frmmain::PaneTextChanged(int tab)
@@ -167,6 +169,8 @@ void frmmain::PaneTextChanged(int tab)
         pane.SetModified(false);
     else if (Frame.Keeper && pane.Modified())
         Frame.Keeper->TextEdited(tab);
+    else if (Frame.Keeper)
+        Frame.Keeper->TextSettled(tab); // undone back to what is saved
 }
 
 void frmmain::PanePressed(Qt::MouseButton button, Qt::KeyboardModifiers modifiers)
@@ -270,14 +274,20 @@ void frmmain::closeEvent(QCloseEvent* event)
         EndProgram();
         return;
     }
-    Finish();
-    event->accept();
+    finished = MayClose();
+    event->setAccepted(finished);
+}
+
+void frmmain::EndProgram()
+{
+    ending = true;
+    EndWork();
 }
 
 void frmmain::Finish()
 {
     if (!finished)
-        KeepEverything();
+        static_cast<void>(KeepEverything()); // the loop has ended; there is nobody left to ask
     finished = true;
 }
 

@@ -35,6 +35,9 @@ public:
     void ShowStarted();
     /// OnMainWindowClose: keeps what must not be lost. Once.
     void Finish();
+    /// Ends the program whatever runs: for a close while work runs, for SIGTERM and its like.
+    void EndProgram();
+    bool Ending() const { return ending; }
 
     EditorPane& Pane(int tab) override;
     EditorPane& txtBuffer() override;
@@ -111,5 +114,5 @@ private:
     std::array<std::unique_ptr<EditorPane>, 8> panes;
     std::unique_ptr<EditorPane> buffer;
     bool overtype = false;
-    bool finished = false;
+    bool ending = false, finished = false;
 };

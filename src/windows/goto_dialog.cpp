@@ -1,5 +1,7 @@
 #include "windows/goto_dialog.h"
 
+#include "windows/dialog_help.h"
+
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QPushButton>
@@ -12,6 +14,7 @@ GotoDialog::GotoDialog(QWidget* owner) : QDialog(owner, Qt::Tool)
     setWindowTitle(QStringLiteral("Goto Line Number"));
     lblLine = new QLabel(this);
     numLine = new QSpinBox(this);
+    numLine->setMinimumWidth(Pixels(*this, 240)); // room for the window's title
     numLine->setAccessibleName(QStringLiteral("Line number"));
     lblLine->setBuddy(numLine);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);

@@ -10,6 +10,8 @@ class QSpinBox;
 /// Asks for a line, counted from 1 as the pane's margin counts, and goes there.
 class GotoDialog : public QDialog
 {
+    Q_OBJECT
+
 public:
     explicit GotoDialog(QWidget* owner);
 

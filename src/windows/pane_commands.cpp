@@ -3,6 +3,10 @@
 void SearchPane(int command)
 {
     EditorPane& pane = CurrentPane();
+    if (pane.FindText().isEmpty()) {
+        pane.ExecuteCmd(CmdFindDialog);
+        return;
+    }
     if (pane.ExecuteCmd(command))
         return;
     const QString broken = pane.FindError();

@@ -1,7 +1,6 @@
 #include "windows/start_up.h"
 
 #include "conf/help_for_word.h"
-#include "editor/make_pane.h"
 #include "frame/frame_state.h"
 #include "frame/recovery.h"
 #include "frame/settings.h"
@@ -11,28 +10,14 @@
 #include "windows/close_guard.h"
 #include "windows/frm_recover.h"
 #include "windows/frmmain.h"
+#include "windows/screen_reader.h"
 #include "windows/window_asker.h"
 
-#include <QAccessible>
 #include <QApplication>
 #include <QSessionManager>
 #include <QTimer>
 
 namespace {
-
-/// Do panes tell their text to assistive technology? By the setting; automatic asks whether any is active.
-bool TellsText()
-{
-    enum { Automatic, Always, Never };
-    switch (ReadIni(QStringLiteral("Misc"), QStringLiteral("ScreenReader")).toInt()) {
-    case Always:
-        return true;
-    case Never:
-        return false;
-    default:
-        return QAccessible::isActive();
-    }
-}
 
 void Welcome()
 {
@@ -42,16 +27,17 @@ void Welcome()
 
 int Run(QApplication& application, const StartFolders& folders)
 {
-    Recovery keeper(folders.StateFolder);
+    Recovery keeper(folders.StateFolder, nullptr, {}, SpareRecoveryFolder());
     frmmain window;
     WindowAsker asker(&window);
     InstallHost(window, asker);
     Frame.Keeper = &keeper;
 
     EndSignals ends;
-    QObject::connect(&ends, &EndSignals::EndWanted, &application, EndProgram);
-    QObject::connect(&application, &QGuiApplication::commitDataRequest, &application, KeepEverything,
-                     Qt::DirectConnection);
+    QObject::connect(&ends, &EndSignals::EndWanted, &window, &frmmain::EndProgram);
+    QObject::connect(
+        &application, &QGuiApplication::commitDataRequest, &application, [] { static_cast<void>(KeepEverything()); },
+        Qt::DirectConnection);
 
     window.RestorePosition();
     window.show();
@@ -61,7 +47,8 @@ int Run(QApplication& application, const StartFolders& folders)
         OfferRecovered(&window, keeper);
         Welcome();
     });
-    const int code = QApplication::exec();
+    // A question of the start may have been answered by the end of the session.
+    const int code = window.Ending() ? 0 : QApplication::exec();
     window.Finish();
     Frame.Keeper = nullptr;
     return code;
@@ -85,6 +72,6 @@ int StartProgram(int argc, char** argv)
     const StartFolders folders = OrdinaryFolders(QCoreApplication::applicationDirPath());
     if (!PrepareStart(folders, QCoreApplication::arguments().mid(1)))
         return 1;
-    SetUpAccessibility(TellsText());
+    const ScreenReader reader(ReadIni(QStringLiteral("Misc"), QStringLiteral("ScreenReader")).toInt());
     return Run(application, folders);
 }

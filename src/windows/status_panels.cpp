@@ -55,8 +55,10 @@ StatusPanels::StatusPanels(QWidget* parent) : QStatusBar(parent), progress(new Q
         else
             addPermanentWidget(frame);
     }
-    // A long path must not widen the window.
+    // A long path must not widen the window, and in a narrow one the keys stay in sight.
     panels[PathPanel - 1].Text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    for (int panel = 1; panel < PathPanel; ++panel)
+        panels.at(panel - 1).Text->setMinimumWidth(1);
     progress->setAccessibleName(QStringLiteral("Progress"));
     progress->hide();
     noticeEnd.setSingleShot(true);

@@ -142,6 +142,7 @@ bool TabStrip::eventFilter(QObject* watched, QEvent* event)
         // Behind this event: a question may come, and the tab may go.
         QMetaObject::invokeMethod(
             this, [this, button, tab] { Released(button, tab); }, Qt::QueuedConnection);
+        return true;
     }
     return false;
 }

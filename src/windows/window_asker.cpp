@@ -8,6 +8,7 @@
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLineEdit>
 
 namespace {
 
@@ -55,7 +56,7 @@ std::optional<QString> WindowAsker::Input(const QString& title, const QString& p
         label->setTextFormat(Qt::PlainText); // a prompt is a macro's text
         label->setWordWrap(true);
     }
-    dialog.setMinimumWidth(Pixels(dialog, 380));
+    dialog.findChild<QLineEdit*>()->setMinimumWidth(Pixels(dialog, 360));
     const ModalScope scope;
     return dialog.exec() == QDialog::Accepted ? std::optional(dialog.textValue()) : std::nullopt;
 }

@@ -22,6 +22,22 @@ TEST(Separator, LineAndPictureBelongTogether)
     EXPECT_EQ(ImageOfSeparator(u"#~---"), 1);
 }
 
+// Catches: a separator below the line, a caret that ends elsewhere, an empty title that writes a line.
+TEST(InsertCommentSeparator, StandsAboveTheLineOfTheCaret)
+{
+    HostScope scope;
+    EditorPane& pane = CurrentPane();
+    pane.LoadBytes("a: 1\nb: 2\n");
+    pane.SetSel({.StartLine = 1, .StartCol = 3, .EndLine = 1, .EndCol = 3}, false);
+    InsertCommentSeparator(pane, {}, QStringLiteral("a"));
+    EXPECT_EQ(pane.LineCount(), 3);
+    Frame.Settings.LineCommentSearchChar = QStringLiteral("~");
+    Frame.Settings.LineCommentLineChar = QStringLiteral("-");
+    InsertCommentSeparator(pane, QStringLiteral("B"), QStringLiteral("a"));
+    EXPECT_EQ(pane.GetLine(1), SeparatorLine(QStringLiteral("B"), QStringLiteral("a"), SeparatorMarks{}));
+    EXPECT_EQ(pane.GetSel(true), (Range{.StartLine = 2, .EndLine = 2}));
+}
+
 // Catches: ordinary comments taken as chapters, marks left in titles, a sort that loses the document's order.
 TEST(FindSeparators, TellsChaptersInOrder)
 {

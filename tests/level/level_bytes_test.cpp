@@ -185,18 +185,21 @@ TEST(ParseLevel, RefusesForeignFiles)
     EXPECT_EQ(Refusal(Over(two, at.Width, QByteArray(1, '\0'))), QStringLiteral("its width is 0"));
     EXPECT_EQ(Refusal(Over(two, at.Height, "\x81")), QStringLiteral("its height is 129"));
     EXPECT_NE(Refusal(Over(three, at3.Width - 1, "\1")), QStringLiteral("taken")) << "a width of 261 is not one of 5";
-    EXPECT_NE(Refusal(Over(three, at3.Mapsize, "\1")), QStringLiteral("taken")) << "a body larger than the map";
+    const QByteArray long3 = BuildLevel({.Form = "rnd1-3", .Tail = ChunkBytes("CUSX", 300)}).Bytes;
+    EXPECT_NE(Refusal(Over(long3, at3.Mapsize, "\1")), QStringLiteral("taken")) << "a body larger than the map";
+    EXPECT_NE(Refusal(Over(three, at3.Count + 2, "\x8b")), QStringLiteral("taken")) << "a record cut off";
     EXPECT_NE(Refusal(Over(three, at3.Count - 1, "\x4f")), QStringLiteral("taken")) << "no record of emeralds";
     EXPECT_NE(Refusal(Over(three, at3.Cavename - 8, "WHAT")), QStringLiteral("taken")) << "no name";
     EXPECT_EQ(Parsed(Over(three, at3.Author - 8, "WHAT")).Info.Author, QStringLiteral("NA"));
 }
 
-// Catches: a flag byte that is neither 0 nor 1 and makes reader and writer disagree about the width of a cell.
-TEST(PatchLevel, AnOddFlagMeansOneByteBothWays)
+// Catches: a flag byte that is neither 0 nor 1 and makes reader and writer disagree about the width of a cell, a name
+// that ends with another byte than 0 and is "mended" by a save.
+TEST(PatchLevel, OddBytesComeBack)
 {
     const auto [bytes, at] = BuildLevel({.Wide = false});
-    const QByteArray odd = Over(bytes, at.Double, "\7");
-    EXPECT_EQ(Saved(Parsed(odd), odd), odd);
+    for (const QByteArray& odd : {Over(bytes, at.Double, "\7"), Over(bytes, at.Cavename, "x\ny")})
+        EXPECT_EQ(Saved(Parsed(odd), odd), odd);
 }
 
 // Catches: a value too wide for its bytes that is written as another one.

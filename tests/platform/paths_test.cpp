@@ -86,6 +86,7 @@ TEST(Paths, CanonicalOfLinksAndMissingFiles)
     const QString parent = paths::FolderOfPath(real);
     EXPECT_EQ(paths::Canonical(base + QStringLiteral("link/new.conf")), parent + QStringLiteral("new.conf"));
     EXPECT_EQ(paths::Canonical(base + QStringLiteral("link/no/../new.conf")), parent + QStringLiteral("new.conf"));
+    EXPECT_EQ(paths::Canonical(QStringLiteral("/no such/./new.conf")), QStringLiteral("/no such/new.conf"));
     // The look of a file system without letter case: the same file under the swapped name.
     QFile::link(QStringLiteral("a.conf"), base + QStringLiteral("real/A.CONF"));
     EXPECT_EQ(paths::Canonical(file), real);

@@ -81,9 +81,10 @@ TEST(Processes, StartDetached)
     const QString made = folder.Path(QStringLiteral("made"));
     EXPECT_FALSE(processes::StartDetached(folder.Path(QStringLiteral("none")), {}));
     ASSERT_TRUE(processes::StartDetached(Shell, {QStringLiteral("-c"), QStringLiteral("echo $1 > $0"), made, made}));
-    for (int i = 0; i < 500 && folder.Read(QStringLiteral("made")).size() < 5; ++i)
+    const QByteArray expected = QFile::encodeName(made) + '\n';
+    for (int i = 0; i < 1000 && folder.Read(QStringLiteral("made")) != expected; ++i)
         usleep(10000);
-    EXPECT_EQ(folder.Read(QStringLiteral("made")), QFile::encodeName(made) + '\n');
+    EXPECT_EQ(folder.Read(QStringLiteral("made")), expected);
     EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
 }
 

@@ -32,10 +32,11 @@ const Way Ways[] = {{"replaced", true, false, false},
 
 class WriteWhole : public testing::Test
 {
-protected:
+public:
     WriteWhole() { qputenv("XDG_STATE_HOME", QFile::encodeName(state.Path())); }
     ~WriteWhole() override { qunsetenv("XDG_STATE_HOME"); }
 
+protected:
     QString Prepare(const Way& way)
     {
         QFile::remove(folder.Path(QStringLiteral("file")));
@@ -47,10 +48,11 @@ protected:
         QFile::link(QStringLiteral("file"), folder.Path(QStringLiteral("link")));
         return folder.Path(QStringLiteral("link"));
     }
-    /// The system's calls, five bytes a write, so that a write can break in the middle.
+    /// The system's calls, unsynced and five bytes a write, so that a write can break in the middle.
     FileSteps Table(const Way& way)
     {
         FileSteps steps = FileSteps::OfSystem();
+        steps.Sync = [](int) { return 0; }; // hundreds of them would take their time
         steps.Write = [](int file, const void* from, size_t size, off_t at) {
             return pwrite(file, from, std::min<size_t>(size, 5), at);
         };
@@ -106,7 +108,7 @@ TEST_F(WriteWhole, AnyFailingStepLeavesAllOldOrAllNew)
 {
     for (const Way& way : Ways) {
         for (const int error : {EACCES, ENOSPC, EIO}) {
-            int calls = 0;
+            int calls = 0, passedOver = 0;
             for (int nth = 1; nth == calls + 1; ++nth) {
                 const QString path = Prepare(way);
                 const auto count = std::make_shared<int>(0);
@@ -115,6 +117,7 @@ TEST_F(WriteWhole, AnyFailingStepLeavesAllOldOrAllNew)
                     const FileStepsScope scope(FailingAt(Table(way), nth, error, count));
                     result = paths::WriteWhole(path, New);
                 }
+                passedOver += result && *count >= nth;
                 calls = std::min(*count, nth); // fewer than asked for: the whole way was gone
                 SCOPED_TRACE(std::string(way.Name) + ", step " + std::to_string(nth) + ", error " +
                              std::to_string(error));
@@ -128,6 +131,8 @@ TEST_F(WriteWhole, AnyFailingStepLeavesAllOldOrAllNew)
                     QFile::remove(state.Path(QStringLiteral("gemforge/overwritten/")) + stray);
             }
             EXPECT_GE(calls, 10) << way.Name;
+            // Closing what was read or synced may fail, and so may the removal of the kept copy; nothing else.
+            EXPECT_LE(passedOver, error == EACCES ? calls : way.FolderClosed ? 4 : 1) << way.Name;
         }
     }
 }

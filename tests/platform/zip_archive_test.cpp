@@ -10,7 +10,7 @@ namespace {
 
 QString MadeArchive(const TestFolder& folder)
 {
-    const QString path = folder.Path(QStringLiteral("Set.zip"));
+    QString path = folder.Path(QStringLiteral("Set.zip"));
     const auto add = [&](zip_t* archive, const char* name, const QByteArray& bytes) {
         zip_source_t* const source = zip_source_buffer(archive, bytes.constData(), zip_uint64_t(bytes.size()), 0);
         ASSERT_GE(zip_file_add(archive, name, source, ZIP_FL_ENC_UTF_8), 0);

@@ -1,6 +1,5 @@
 #include "frame/recovery.h"
 #include "main_window_test.h"
-#include "windows/close_guard.h"
 
 #include <QCloseEvent>
 #include <QDialog>
@@ -67,14 +66,14 @@ TEST_F(CloseGuard, CloseDuringWorkEndsTheWaitFirst)
     QCoreApplication::exec();
     order << QStringLiteral("loop ended");
     EXPECT_EQ(order.join(u','), QStringLiteral("refused,work returned,loop ended"));
-    EXPECT_TRUE(Frame.StopRequested);
+    EXPECT_TRUE(Frame.StopRequested && Window->Ending());
     EXPECT_EQ(Frame.RunningWork, 0);
 }
 
 // Catches: an end by signal that loses what was typed since the last copy, or waits for an answer.
 TEST_F(CloseGuard, EndBySignalKeepsUnsavedTextAndEndsTheLoop)
 {
-    QTimer::singleShot(0, Window.get(), EndProgram);
+    QTimer::singleShot(0, Window.get(), &frmmain::EndProgram);
     QCoreApplication::exec();
     EXPECT_EQ(Offered().size(), 1);
     EXPECT_TRUE(Run.TakeMessages().isEmpty());

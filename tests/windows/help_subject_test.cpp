@@ -10,8 +10,8 @@ using HelpSubjectTest = MainWindowTest;
 TEST_F(HelpSubjectTest, FollowsTheMouse)
 {
     QToolBar* bar = Window->Bars().Bar(ToolStrip::tbEdit);
-    MouseOver(bar->widgetForAction(ButtonOf("mnuTidyup")));
-    EXPECT_EQ(Window->HelpId(), QStringLiteral("H_main_tidy_up"));
+    MouseOver(bar->widgetForAction(ButtonOf("mnuUndo")));
+    EXPECT_EQ(Window->HelpId(), QStringLiteral("H_main_undo"));
     QTest::mouseMove(bar, QPoint(1, 1));
     EXPECT_EQ(Window->HelpId(), QStringLiteral("H_main_"));
     MouseOver(Tabs());
@@ -22,8 +22,9 @@ TEST_F(HelpSubjectTest, FollowsTheMouse)
     QTest::mouseMove(Window->centralWidget(), QPoint(1, Window->centralWidget()->height() / 2));
     EXPECT_EQ(Window->HelpId(), QString());
     for (const QWidget* part : Window->StatusBar().findChildren<QWidget*>())
-        if (part->toolTip() == QStringLiteral("Displays the state of the Num Lock Key"))
+        if (part->toolTip() == QStringLiteral("Displays the state of the Num Lock Key")) {
             EXPECT_EQ(HelpSubjectOf(part), QStringLiteral("H_main_st_num"));
+        }
 }
 
 // Catches: F1 that starts nothing, hands over no id or the word of a part that the mouse has left.
@@ -52,7 +53,7 @@ TEST_F(HelpSubjectTest, PaneHasTheEditMenu)
     emit CurrentPane().MousePressed(Qt::RightButton, Qt::NoModifier);
     EXPECT_TRUE(WaitUntil([&] { return menu->isVisible(); }));
     Window->Menus().Find(QStringLiteral("mnuEdit"))->close();
-    QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(5, 5));
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(5, 5), QPoint(5, 5));
     QCoreApplication::sendEvent(WidgetOf(CurrentPane()), &key);
     EXPECT_TRUE(menu->isVisible());
 }

@@ -1,6 +1,7 @@
 #include "editor/make_pane.h"
 #include "main_window_test.h"
 #include "windows/dropped_files.h"
+#include "windows/screen_reader.h"
 #include "windows/window_position.h"
 
 #include <QMimeData>
@@ -77,4 +78,25 @@ TEST_F(MainWindowParts, DroppedFilesTakeEmptyTabsFirst)
     EXPECT_EQ(Frame.Documents[1].Path, b);
     EXPECT_FALSE(Frame.Documents[2].Face.Visible);
     EXPECT_EQ(Host().SelectedTab(), 0);
+}
+
+// Catches: a screen reader that starts after the program and finds panes without text, a setting that is not obeyed.
+TEST_F(MainWindowParts, PanesTellTheirTextWhileAReaderIsActive)
+{
+    const auto tells = [] {
+        return QAccessible::queryAccessibleInterface(WidgetOf(CurrentPane()))->textInterface() != nullptr;
+    };
+    {
+        const ScreenReader automatic(0);
+        QAccessible::setActive(false);
+        EXPECT_FALSE(tells());
+        QAccessible::setActive(true);
+        EXPECT_TRUE(tells());
+        QAccessible::setActive(false);
+        EXPECT_FALSE(tells());
+    }
+    const ScreenReader never(2);
+    QAccessible::setActive(true);
+    EXPECT_FALSE(tells());
+    QAccessible::setActive(false);
 }

@@ -1,0 +1,98 @@
+#include "batch/verbs.h"
+
+#include "test_support.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Spoken
+{
+    int Code;
+    QString Out, Err;
+};
+
+Spoken Called(const QStringList& arguments)
+{
+    Spoken spoken;
+    QTextStream out(&spoken.Out), err(&spoken.Err);
+    spoken.Code = RunVerb(arguments, {out, err});
+    return spoken;
+}
+
+struct ConfVerbs : testing::Test
+{
+    ConfVerbs()
+    {
+        Frame.ConfNames[ModeGfx] = QStringLiteral("graphicsinfo.conf");
+        Frame.Settings.SheetKinds = {QStringLiteral("pcx"), QStringLiteral("png")};
+    }
+
+    HostScope scope;
+    TestFolder folder;
+};
+
+} // namespace
+
+// Catches: a wrong line number or form, images looked for in the wrong folders, an exit code that hides a finding.
+TEST_F(ConfVerbs, CheckPrintsTheFirstBadLineOfEachFile)
+{
+    const QString good = folder.Write(QStringLiteral("notes.conf"), "a: none.pcx\nend\n");
+    const QString conf = folder.Write(QStringLiteral("graphicsinfo.conf"), "a: here.PCX\nb: twin.png\nc :\n");
+    folder.Write(QStringLiteral("here.pcx"), "x");
+    folder.Write(QStringLiteral("twin.pcx"), "x");
+    EXPECT_EQ(Called({QStringLiteral("check"), good}).Code, VerbDone);
+    EXPECT_EQ(Called({QStringLiteral("check"), good}).Out, QString());
+    const Spoken found = Called({QStringLiteral("check"), good, conf});
+    EXPECT_EQ(found.Code, VerbFound);
+    EXPECT_EQ(found.Out, conf + QStringLiteral(":3: Missing value after the colon.\n") + conf +
+                             QStringLiteral(":3: Spaces where found on the left side of the colon.\n"));
+
+    folder.Write(QStringLiteral("far/there.pcx"), "x");
+    QString stored = folder.Path(QStringLiteral("far"));
+    const QByteArray inject = "#!*" + stored.replace(u'/', u'*').toUtf8() + "\n";
+    folder.Write(QStringLiteral("graphicsinfo.conf"), inject + "a: there.pcx\n");
+    EXPECT_EQ(Called({QStringLiteral("check"), conf}).Code, VerbDone);
+}
+
+// Catches: letters of an old file widened or misaligned, breaks changed, lines beside the wanted ones touched.
+TEST_F(ConfVerbs, PassesChangeTheirLinesInPlace)
+{
+    const QString name = QStringLiteral("old.conf");
+    const QString path = folder.Write(name, "caf\xe9:  1\r\nb: 2\n");
+    EXPECT_EQ(Called({QStringLiteral("tidy"), path}).Code, VerbDone);
+    EXPECT_EQ(folder.Read(name), "caf\xe9:" + QByteArray(37, ' ') + "1\r\nb:" + QByteArray(40, ' ') + "2\n");
+
+    folder.Write(name, "a\r\nb\nc");
+    EXPECT_EQ(Called({QStringLiteral("comment"), path, QStringLiteral("2"), QStringLiteral("3")}).Code, VerbDone);
+    EXPECT_EQ(folder.Read(name), "a\r\n#b\n#c");
+    EXPECT_EQ(Called({QStringLiteral("uncomment"), path, QStringLiteral("1"), QStringLiteral("2")}).Code, VerbDone);
+    EXPECT_EQ(folder.Read(name), "a\r\nb\n#c");
+    const Spoken beyond = Called({QStringLiteral("comment"), path, QStringLiteral("2"), QStringLiteral("4")});
+    EXPECT_EQ(beyond.Code, VerbFailed);
+    EXPECT_TRUE(beyond.Err.startsWith(path));
+    EXPECT_EQ(folder.Read(name), "a\r\nb\n#c");
+}
+
+// Catches: a wrong call that ends as if all were well, or that says nothing.
+TEST_F(ConfVerbs, WrongCallsEndWithTwo)
+{
+    const QStringList calls[] = {
+        {},
+        {QStringLiteral("fly")},
+        {QStringLiteral("tidy")},
+        {QStringLiteral("check"), folder.Path(QStringLiteral("none.conf"))},
+        {QStringLiteral("check"), folder.Path()},
+        {QStringLiteral("comment"), QStringLiteral("f"), QStringLiteral("2")},
+        {QStringLiteral("comment"), QStringLiteral("f"), QStringLiteral("2"), QStringLiteral("1")}};
+    for (const QStringList& call : calls) {
+        const Spoken spoken = Called(call);
+        EXPECT_EQ(spoken.Code, VerbFailed) << call.join(u' ');
+        EXPECT_FALSE(spoken.Err.isEmpty()) << call.join(u' ');
+    }
+    for (const Verb& verb : Verbs()) {
+        const Spoken help = Called({QString::fromLatin1(verb.Name), QStringLiteral("--help")});
+        EXPECT_EQ(help.Code, VerbDone);
+        EXPECT_TRUE(help.Out.contains(QString::fromLatin1(verb.Help)));
+    }
+}
