@@ -3,6 +3,7 @@
 #include <QListView>
 #include <QScreen>
 #include <QScrollBar>
+#include <QWindow>
 #include <Qsci/qsciscintilla.h>
 #include <algorithm>
 
@@ -75,6 +76,14 @@ void CodeListBox::Show(qsizetype selected)
         view = MakeView(text.Widget());
         view->setModel(&model);
         QObject::connect(view, &QListView::clicked, view, [this](const QModelIndex& index) { Pick(index.row()); });
+        const auto follow = [this] {
+            if (IsOpen())
+                Place();
+        };
+        if (const QWindow* window = text.Widget()->window()->windowHandle()) {
+            QObject::connect(window, &QWindow::xChanged, view, follow);
+            QObject::connect(window, &QWindow::yChanged, view, follow);
+        }
     }
     if (model.stringList() != items)
         model.setStringList(items);

@@ -9,7 +9,7 @@ using Sci = QsciScintillaBase;
 
 namespace {
 
-constexpr qsizetype LongestColoured = 32 * 1024; // of one line; what stands behind is plain
+constexpr qsizetype LongestColoured = qsizetype(32) * 1024; // of one line; what stands behind is plain
 
 } // namespace
 

@@ -50,7 +50,8 @@ Component::Component(QWidget* parent) : widget(new QsciScintilla(parent)), alive
     Send(Sci::SCI_SETADDITIONALSELECTIONTYPING, 1);
     Send(Sci::SCI_SETPASTECONVERTENDINGS, 1);
     Send(Sci::SCI_SETUSETABS, 1);
-    Send(Sci::SCI_SETVISIBLEPOLICY, Sci::VISIBLE_SLOP, 4L); // a jump lands with some lines around it
+    Send(Sci::SCI_SETRECTANGULARSELECTIONMODIFIER, Sci::SCMOD_CTRL); // Alt belongs to window managers and shortcuts
+    Send(Sci::SCI_SETVISIBLEPOLICY, Sci::VISIBLE_SLOP, 4L);          // a jump lands with some lines around it
 }
 
 Component::~Component()
@@ -106,13 +107,14 @@ int Component::ColumnOf(qsizetype position) const
 
 QByteArrayView Component::All() const
 {
-    return {reinterpret_cast<const char*>(Send(Sci::SCI_GETCHARACTERPOINTER)), Length()};
+    return {static_cast<const char*>(widget->SendScintillaPtrResult(Sci::SCI_GETCHARACTERPOINTER)), Length()};
 }
 
 QByteArrayView Component::Piece(qsizetype start, qsizetype end) const
 {
     if (start >= end)
         return {};
+    // The component answers every message with a number. NOLINTNEXTLINE(performance-no-int-to-ptr)
     return {reinterpret_cast<const char*>(Send(Sci::SCI_GETRANGEPOINTER, start, end - start)), end - start};
 }
 

@@ -11,7 +11,7 @@ class QMouseEvent;
 
 /// The one implementation of EditorPane. Its parts stand in several files: texts, selection, files, search, undo,
 /// commands, keys.
-class ScintillaPane : public EditorPane
+class ScintillaPane final : public EditorPane
 {
 public:
     explicit ScintillaPane(QWidget* parent);

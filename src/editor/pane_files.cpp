@@ -8,7 +8,7 @@ using Sci = QsciScintillaBase;
 
 namespace {
 
-constexpr qsizetype RoomToType = 64 * 1024; // without any the component takes twice the text's size at once
+constexpr qsizetype RoomToType = qsizetype(64) * 1024; // without any the component takes twice the text's size at once
 
 } // namespace
 

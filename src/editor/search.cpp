@@ -176,7 +176,7 @@ std::optional<Hit> Search::NextPlain(QByteArrayView bytes, Span range) const
 /// Looks forward in growing stretches in front of the range's end and keeps the last hit.
 std::optional<Hit> Search::PreviousPlain(QByteArrayView bytes, Span range) const
 {
-    qsizetype stretch = 16 * 1024;
+    qsizetype stretch = qsizetype(16) * 1024;
     for (qsizetype edge = range.End; edge > range.Start; stretch *= 2) {
         const qsizetype start = qMax(range.Start, edge - stretch);
         const Span window{start, qMin(range.End, edge + needle.size() - 1)};

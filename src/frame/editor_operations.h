@@ -110,7 +110,8 @@ public:
 
     // Text
     virtual QString Text() const = 0;
-    virtual void SetText(const QString& text) = 0; ///< undoable; "" makes the buffer blank (LineCount 0)
+    virtual void SetText(const QString& text) = 0; ///< undoable; "" makes the buffer blank (LineCount 0); encoding and
+                                                   ///< line end stay
     virtual int LineCount() const = 0;
     virtual QString GetLine(int line) const = 0; ///< without its line end; "" outside
     virtual int GetLineLength(int line) const = 0;
@@ -140,7 +141,7 @@ public:
     [[nodiscard]] virtual Result<> SaveFile(const QString& path, bool flag) = 0;
     [[nodiscard]] virtual Result<> InsertFile(const QString& path, const Range& at) = 0;
     virtual void LoadBytes(const QByteArray& bytes) = 0; ///< as OpenFile does with a file's bytes
-    virtual QByteArray FileBytes() const = 0;            ///< what SaveFile would write
+    virtual QByteArray FileBytes() const = 0;            ///< what SaveFile would write; UTF-8 if the text does not fit
     virtual FileEncoding Encoding() const = 0;
     virtual void SetEncoding(FileEncoding encoding) = 0;
     virtual bool FitsEncoding() const = 0; ///< false: a character that Windows-1252 cannot hold

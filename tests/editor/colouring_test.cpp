@@ -24,7 +24,7 @@ QByteArray Letters(const QByteArray& styles)
 {
     QByteArray letters;
     for (const char style : styles)
-        letters += style < 9 ? "-EAGS#.N\""[int(style)] : 'P';
+        letters += uchar(style) < 9 ? "-EAGS#.N\""[uchar(style)] : 'P';
     return letters;
 }
 

@@ -123,6 +123,11 @@ TEST_F(EventTest, MousePresses)
     EXPECT_EQ(Heard(), u"s1"_s);
     Mouse(QEvent::MouseButtonRelease, second, Qt::LeftButton);
     EXPECT_EQ(Shown(), u"abc\ndef|\nghi"_s);
+    Mouse(QEvent::MouseButtonPress, QPointF(5, height * 0.5), Qt::LeftButton, Qt::ControlModifier);
+    Mouse(QEvent::MouseMove, second, Qt::LeftButton, Qt::ControlModifier);
+    Mouse(QEvent::MouseButtonRelease, second, Qt::LeftButton, Qt::ControlModifier);
+    EXPECT_TRUE(pane->GetSel(true).ColumnSel);
+    Heard();
     QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, QPoint(), QPoint());
     QCoreApplication::sendEvent(Component(), &menuKey);
     EXPECT_TRUE(menuKey.isAccepted());
@@ -203,10 +208,12 @@ TEST_F(EventTest, UsualKeysEdit)
         EXPECT_TRUE(Press(row.Key, row.Keys));
         EXPECT_EQ(Shown(), QString::fromUtf8(row.After));
     }
-    Put(u"|ab"_s);
+    Put(u"|abc"_s);
     Press(Qt::Key_Insert);
     Type(u"x"_s);
-    EXPECT_EQ(Shown(), u"x|b"_s);
+    pane->SetOvertype(false);
+    Type(u"y"_s);
+    EXPECT_EQ(Shown(), u"xy|bc"_s);
 }
 
 // Catches: assistive technology that is told the whole text at each move, or a pane without name and role.
