@@ -40,8 +40,7 @@ int LockRun(const QString& run, int flags)
     return -1;
 }
 
-/// Text of the user must not lie where others can put or read it.
-bool IsOurs(const QString& folder)
+bool OnlyWeWrite(const QString& folder)
 {
     struct stat facts
     {
@@ -49,11 +48,16 @@ bool IsOurs(const QString& folder)
     return stat(QFile::encodeName(folder), &facts) == 0 && facts.st_uid == getuid() && (facts.st_mode & 0022) == 0;
 }
 
+/// Text of the user must not lie where others can read, exchange or plant it: neither the recovery folder nor the one
+/// it lies in may be another's.
+bool IsOurs(const QString& folder)
+{
+    return OnlyWeWrite(folder) && OnlyWeWrite(paths::FolderOfPath(folder.chopped(1)));
+}
+
 QStringList FoldersIn(const QString& folder)
 {
     QStringList all;
-    if (folder.isEmpty())
-        return all;
     for (const QString& name : QDir(folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name))
         all << folder + name + u'/';
     return all;
@@ -63,6 +67,8 @@ QStringList FoldersIn(const QString& folder)
 template <class Visit>
 void ForEachEndedRun(const QString& folder, Visit visit)
 {
+    if (folder.isEmpty() || !IsOurs(folder))
+        return;
     for (const QString& run : FoldersIn(folder)) {
         const int lock = LockRun(run, 0);
         if (lock < 0)

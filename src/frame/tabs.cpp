@@ -55,6 +55,9 @@ void EmptySlot(int tab)
 {
     EditorPane& pane = Host().Pane(tab);
     pane.SetText({});
+    // SetText keeps both, and the slot's next document is a new one.
+    pane.SetEncoding(FileEncoding::Utf8);
+    pane.SetLineEnd(LineBreak::CrLf);
     pane.ClearUndoBuffer();
     pane.SetModified(false);
     Document fresh;

@@ -75,7 +75,7 @@ void FindDialog::MakeOptions()
 {
     const auto option = [this](const char* caption) { return new QCheckBox(QString::fromLatin1(caption), this); };
     chkCase = option("Match &case");
-    chkWord = option("W&hole word");
+    chkWord = option("Who&le word");
     chkExpression = option("Regular e&xpression");
     chkWrap = option("Wrap ar&ound");
     connect(cmbFind, &QComboBox::editTextChanged, this, [this] {
@@ -93,8 +93,8 @@ void FindDialog::MakeButtons()
         return made;
     };
     cmdNext = button("Find &Next", [this] { FindFrom(true); });
-    cmdPrevious = button("Find &Previous", [this] { FindFrom(false); });
-    cmdReplace = button("&Replace", [this] { ReplaceOne(); });
+    cmdPrevious = button("Find Previo&us", [this] { FindFrom(false); });
+    cmdReplace = button("Re&place", [this] { ReplaceOne(); });
     cmdReplaceAll = button("Replace &All", [this] { ReplaceMany(CmdReplaceAll); });
     cmdReplaceSelection = button("In &Selection", [this] { ReplaceMany(CmdReplaceAllInSelection); });
     cmdReplaceSelection->setAccessibleName(QStringLiteral("Replace all in the selection"));
@@ -105,7 +105,7 @@ void FindDialog::MakeButtons()
 
 void FindDialog::PlaceParts()
 {
-    auto* lblFind = new QLabel(QStringLiteral("&Find:"), this);
+    auto* lblFind = new QLabel(QStringLiteral("Fin&d:"), this);
     lblFind->setBuddy(cmbFind);
     auto* grid = new QGridLayout(this);
     grid->addWidget(lblFind, 0, 0);

@@ -82,14 +82,14 @@ TEST_F(Documents, GlobalsFollowTheTab)
 }
 
 // Catches: a ninth tab, a closed slot that keeps its path or mode, unsaved text that closes without a question and
-// a Modified flag or undo step that survives in an empty slot.
+// a Modified flag, undo step, encoding or line end that survives in an empty slot.
 TEST_F(Documents, TabsOpenAndCloseOneByOne)
 {
     for (int i = 0; i < 9; ++i)
         OpenNewTab();
     EXPECT_EQ(Window.SelectedTab(), 7);
     ActivateTab();
-    ASSERT_TRUE(OpenDocument(Run.Work.Write(QStringLiteral("musicinfo.conf"), "x\n"), false));
+    ASSERT_TRUE(OpenDocument(Run.Work.Write(QStringLiteral("musicinfo.conf"), "\xE9\n"), false));
     Run.Type(QStringLiteral("edit"));
     CloseTab();
     EXPECT_TRUE(Frame.Documents[7].Face.Visible) << "closed against the answer";
@@ -100,6 +100,8 @@ TEST_F(Documents, TabsOpenAndCloseOneByOne)
     EXPECT_EQ(Frame.Documents[7].Mode, ModeGfx);
     EXPECT_FALSE(Window.Pane(7).Modified());
     EXPECT_FALSE(Window.Pane(7).CanUndo());
+    EXPECT_EQ(Window.Pane(7).Encoding(), FileEncoding::Utf8);
+    EXPECT_EQ(Window.Pane(7).LineEnd(), LineBreak::CrLf);
     EXPECT_EQ(Frame.CurrentTab, 0);
     OpenNewTab();
     ActivateTab();

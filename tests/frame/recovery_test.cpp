@@ -283,10 +283,11 @@ TEST(RecoveryCopies, AKillAtAnyStepLeavesTheOldOrTheNewCopy)
     for (int nth = 1; !done; ++nth) {
         SCOPED_TRACE(nth);
         ASSERT_LT(nth, 500);
-        const TestFolder folder;
-        done = WriteUntil(nth, folder.Path());
-        recovery::Sweep(folder.Path(), QDateTime::currentMSecsSinceEpoch());
-        const auto found = recovery::CopiesOfEndedRuns(folder.Path());
+        const TestFolder own;
+        const QString folder = own.Path(QStringLiteral("recovery/"));
+        done = WriteUntil(nth, folder);
+        recovery::Sweep(folder, QDateTime::currentMSecsSinceEpoch());
+        const auto found = recovery::CopiesOfEndedRuns(folder);
         ASSERT_EQ(found.size(), last.isEmpty() && found.empty() ? 0U : 1U);
         const QByteArray now = found.empty() ? QByteArray() : found[0].Bytes;
         EXPECT_TRUE(now == last || (last.isEmpty() && now == "first") || (last == "first" && now == "second"));
@@ -314,6 +315,11 @@ TEST_F(RecoveryTest, TextIsKeptElsewhereOrNotGivenUp)
     begin();
     ASSERT_EQ(keeper->FindRecovered().size(), 1U);
     EXPECT_EQ(keeper->FindRecovered()[0].Bytes, "new 1\n");
+    const QByteArray around = QFile::encodeName(Run.Work.Path());
+    ASSERT_EQ(chmod(around, 0777), 0);
+    EXPECT_TRUE(keeper->FindRecovered().empty()) << "others may have planted it";
+    EXPECT_FALSE(keeper->KeepAllNow()) << "others may read or exchange it";
+    ASSERT_EQ(chmod(around, 0700), 0);
 
     spare = blocked;
     begin();

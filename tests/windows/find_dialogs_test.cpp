@@ -2,6 +2,7 @@
 
 #include "editor/make_pane.h"
 #include "main_window_test.h"
+#include "windows/command_table.h"
 #include "windows/find_dialog.h"
 #include "windows/goto_dialog.h"
 
@@ -234,4 +235,26 @@ TEST_F(FindDialogs, GotoLineCountsAsTheMargin)
     QTest::keyClicks(number, QStringLiteral("1"));
     QTest::keyClick(number, Qt::Key_Escape);
     EXPECT_EQ(CurrentPane().GetSel(true).StartLine, 2);
+}
+
+// Catches: an Alt letter of the dialog that a menu of the window behind has too, so that neither answers.
+TEST_F(FindDialogs, LettersAreTheDialogsOwn)
+{
+    Show(FindKind::Replace);
+    QStringList taken;
+    for (const MenuRow& menu : MainMenus())
+        taken << QString::fromLatin1(menu.Letter).toUpper();
+    QStringList captions;
+    for (const auto* button : dialog->findChildren<QAbstractButton*>())
+        captions << button->text();
+    for (const auto* label : dialog->findChildren<QLabel*>())
+        captions << label->text();
+    for (const QString& caption : captions) {
+        const qsizetype mark = caption.indexOf(QLatin1Char('&'));
+        if (mark < 0)
+            continue;
+        const QString letter = caption.mid(mark + 1, 1).toUpper();
+        EXPECT_FALSE(taken.contains(letter)) << caption;
+        taken << letter;
+    }
 }
