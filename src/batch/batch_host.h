@@ -34,6 +34,7 @@ public:
     void OpenTool(ToolWindow tool) override;
     void ShowComments() override { CommentsShown = true; }
     void ShowRecent() override { RecentShown = true; }
+    void ShowBlocks() override {}
     void CloseLists() override { RecentShown = false; }
     void RecentChanged() override {}
     void MediaChanged() override {}

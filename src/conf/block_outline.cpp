@@ -119,7 +119,9 @@ std::vector<OutlineBlock> FindBlocks(QByteArrayView text)
         if (colon <= 0 || line.Text.front() == '#' || !NamesSheet(line.Text.sliced(colon), kinds))
             return;
         const QString whole = QString::fromUtf8(line.Text);
-        blocks.push_back({number, KeyOfLine(whole).trimmed(), ValueOf(whole)});
+        const QString key = KeyOfLine(whole).trimmed();
+        if (!key.isEmpty())
+            blocks.push_back({number, key, ValueOf(whole)});
     });
     return blocks;
 }

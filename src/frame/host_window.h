@@ -41,6 +41,7 @@ public:
     virtual void OpenTool(ToolWindow tool) = 0; ///< modal; returns when closed
     virtual void ShowRecent() = 0;              ///< the floating recent list, already loaded
     virtual void ShowComments() = 0;            ///< the floating comment tree, made anew from the current document
+    virtual void ShowBlocks() = 0;              ///< the floating outline of the current document's element blocks
     virtual void CloseLists() = 0;              ///< hides the floating lists, focus to the pane
     virtual void RecentChanged() = 0;           ///< Frame.Recent was loaded anew
     virtual void MediaChanged() = 0;            ///< patterns or folders of the media lists changed

@@ -11,6 +11,7 @@ std::span<const MenuRow> MainMenus()
         MenuRow{"mnuSearch", "Find", "mnuFindStrip", "i", FindCommands()},
         MenuRow{"mnuView", "View", "mnuViewStrip", "V", ViewCommands()},
         MenuRow{"mnuRND", "RnD", "mnuRnDStrip", "R", RnDCommands()},
+        MenuRow{"mnuExtra", "Extra", "mnuExtraStrip", "x", ExtraCommands()},
         MenuRow{"mnuHelp", "Help", "mnuHelpStrip", "H", HelpCommands()},
     };
     return Menus;

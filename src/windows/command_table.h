@@ -10,7 +10,8 @@ enum CommandFlag : quint8 {
     NoFlags = 0,
     SeparatorBehind = 1, ///< drawn only if another row follows
     CheckEntry = 2,
-    OpensMenu = 4, ///< the entry opens the menu of the same control; its button has that menu as a drop-down
+    OpensMenu = 4,  ///< the entry opens the menu of the same control; its button has that menu as a drop-down
+    OpensMedia = 8, ///< out of sight in a mode whose media no tool opens
 };
 
 /// One command of the main window: menu entry, tool button, shortcut, icon and help page all follow from its row.
@@ -45,6 +46,7 @@ std::span<const CommandRow> EditCommands();
 std::span<const CommandRow> FindCommands();
 std::span<const CommandRow> ViewCommands();
 std::span<const CommandRow> RnDCommands();
+std::span<const CommandRow> ExtraCommands();
 std::span<const CommandRow> HelpCommands();
 
 /// Every menu, in the order of the menu bar.

@@ -3,8 +3,10 @@
 #include "editor/make_pane.h"
 #include "frame/documents.h"
 #include "frame/frame_state.h"
+#include "windows/block_list.h"
 #include "windows/comment_tree.h"
 #include "windows/find_dialogs.h"
+#include "windows/frm_inject.h"
 #include "windows/frm_project.h"
 #include "windows/recent_popup.h"
 #include "windows/status_panels.h"
@@ -42,7 +44,9 @@ void frmmain::ShowNotice(const QString& text)
 
 void frmmain::EnableCommand(const QString& control, bool menu, bool button)
 {
-    commands.Enable(control, menu, button);
+    const bool opens = !commands.Opens(control) || CanPreview(Frame.CurrentMode);
+    commands.Show(control, opens || !menu);
+    commands.Enable(control, menu && opens, button && opens);
 }
 
 void frmmain::CheckCommand(const QString& control, bool checked)
@@ -87,6 +91,8 @@ void frmmain::OpenTool(ToolWindow tool)
 {
     if (tool == ToolWindow::Project)
         RunProjectWindow(this);
+    if (tool == ToolWindow::Inject)
+        RunInjectWindow(this);
 }
 
 void frmmain::ShowRecent()
@@ -99,6 +105,12 @@ void frmmain::ShowComments()
 {
     HideLists();
     comments->OpenOver(stack->geometry());
+}
+
+void frmmain::ShowBlocks()
+{
+    HideLists();
+    blocks->OpenOver(stack->geometry());
 }
 
 void frmmain::CloseLists()
