@@ -76,8 +76,10 @@ TEST_F(CommandTable, MenusStandInTheToldOrder)
                     "Select Between Comments|Select All|-|Quick Element|Edit Element|Quick Preview|Edit Animation|-|"
                     "Insert A Comment Separator|Comment Selected|Uncomment Selected|Tidy Up"},
         {"mnuSearch", "Find|Find|Find Next|Find Previous|-|Replace|-|Goto Comment|Goto Next Comment|"
-                      "Goto Previous Comment|-|Goto Line Number|Goto Top|Goto Bottom"},
+                      "Goto Previous Comment|-|Goto Line Number|Goto Top|Goto Bottom|-|Goto Block"},
         {"mnuView", "View|Line Numbers|Spaces + Tabs|Colours|-|Super Tab"},
+        {"mnuExtra", "Extra|Game Structure Wizard|Make Level Preview Palette|Make Editor Headline|-|PCX Lab|"
+                     "AVI To Bitmap|-|Gemforge BASIC"},
         {"mnuHelp", "Help|Help|-|About"}};
     for (const auto& [control, whole] : told) {
         const QMenu* menu = Window->Menus().Find(QString::fromLatin1(control));
