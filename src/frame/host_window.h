@@ -46,7 +46,7 @@ public:
     virtual void MediaChanged() = 0;            ///< patterns or folders of the media lists changed
     virtual void StyleMediaLists() = 0;         ///< Frame.Settings.MediaListFont and colours changed
     virtual void ShowMenuStrips(bool on) = 0;
-    virtual void LoadCoolbar() = 0; ///< section `Coolbar Bands`
+    virtual void LoadCoolbar() = 0; ///< Frame.Settings.Bands was read
     virtual void StopPlayers() = 0;
     virtual bool Turn() = 0; ///< lets events run; false: a stop is wanted
 };
