@@ -64,7 +64,8 @@ public:
     void StyleMediaLists() override {} // as above
     void ShowMenuStrips(bool on) override { menus.ShowStrips(on); }
     void LoadCoolbar() override;
-    void StopPlayers() override {} // nothing plays yet
+    void StopPlayers() override {}        // nothing plays yet
+    void PlayModule(const QByteArray&) {} // as above
     bool Turn() override;
 
     const CommandSet& Commands() const { return commands; }

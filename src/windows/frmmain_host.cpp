@@ -5,6 +5,7 @@
 #include "frame/frame_state.h"
 #include "windows/comment_tree.h"
 #include "windows/find_dialogs.h"
+#include "windows/frm_about.h"
 #include "windows/frm_project.h"
 #include "windows/recent_popup.h"
 #include "windows/status_panels.h"
@@ -92,6 +93,8 @@ void frmmain::OpenTool(ToolWindow tool)
 {
     if (tool == ToolWindow::Project)
         RunProjectWindow(this);
+    if (tool == ToolWindow::About)
+        frmAbout::Run({[this](const QByteArray& tune) { PlayModule(tune); }, [this] { StopPlayers(); }}, this);
 }
 
 void frmmain::ShowRecent()
