@@ -39,6 +39,8 @@ struct Layout
     std::uint64_t Line() const { return std::uint64_t(Planes) * BytesPerLine; }
     std::uint64_t Wanted() const { return Line() * Height; }
     bool HasPalette() const { return Bits == 8 && Planes == 1; }
+    /// The library drops the last column of these.
+    bool IsOddInPlanes() const { return Planes == 4 && Width % 2 == 1; }
     bool Usable() const
     {
         const bool form = (Bits == 1 && (Planes == 1 || Planes == 4)) || (Bits == 8 && (Planes == 1 || Planes == 3));
@@ -95,6 +97,14 @@ bool PaletteIsCut(Bytes file, const Layout& layout, const Progress& progress)
            file.size() - HeaderSize - progress.Read < PaletteSize;
 }
 
+void AddColumn(std::vector<std::byte>& header)
+{
+    const unsigned right = Wide(header, 8), moved = right < 0xffff ? right + 1 : Wide(header, 4) - 1;
+    const std::size_t at = right < 0xffff ? 8 : 4;
+    header[at] = std::byte(moved & 0xff);
+    header[at + 1] = std::byte(moved >> 8);
+}
+
 void AppendPalette(std::vector<std::byte>& to, Bytes file)
 {
     if (PaletteStandsAtTheEnd(file)) {
@@ -126,7 +136,7 @@ PcxFacts WalkPcx(Bytes file)
     });
     const bool cut = progress.Lines < layout.Wanted();
     facts.EndsEarly = cut || PaletteIsCut(file, layout, progress);
-    facts.MisreadByLibrary = cut || crossed || layout.Encoding == 0;
+    facts.MisreadByLibrary = cut || crossed || layout.Encoding == 0 || layout.IsOddInPlanes();
     return facts;
 }
 
@@ -137,6 +147,8 @@ std::vector<std::byte> StraightPcx(Bytes file)
     straight[EncodingAt] = std::byte{1};
     if (layout.HasPalette())
         straight[VersionAt] = std::byte{5};
+    if (layout.IsOddInPlanes())
+        AddColumn(straight);
     straight.reserve(HeaderSize + std::size_t(layout.Wanted()) + PaletteSize);
     const auto append = [&straight](std::uint64_t count, std::byte value) {
         // A run of one for each: lines then end where they should, whatever their length.

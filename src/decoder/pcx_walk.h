@@ -14,13 +14,14 @@ struct PcxFacts
     std::uint32_t Width = 0, Height = 0;
     std::uint32_t Bits = 0;        ///< of a pixel, over all planes
     bool EndsEarly = false;        ///< the pixels or the palette behind them are not whole
-    bool MisreadByLibrary = false; ///< ends early, or its runs are such as the library loses count of
+    bool MisreadByLibrary = false; ///< StraightPcx has to come first
 };
 
 PcxFacts WalkPcx(Bytes file);
 
-/// The same image as the library reads it right: no run crosses a line, the palette is there, and what is missing is
-/// 0. For a file that is Readable and within the limits; 256 MB of lines at most come of it.
+/// The same image as the library reads it right: no run crosses a line, the palette is there, what is missing is 0, and
+/// four planes have an even width, with one column too many. For a file that is Readable; 256 MB of lines at most come
+/// of it.
 std::vector<std::byte> StraightPcx(Bytes file);
 
 } // namespace decoder

@@ -1,29 +1,9 @@
-#include "decoder/program/load_image.h"
+#include "decoder/decode_here.h"
 #include "decoder/sample_images.h"
 #include "platform/images.h"
 #include "test_support.h"
 
 #include <gtest/gtest.h>
-
-namespace {
-
-/// Decoded in this process, with sanitizers.
-QImage DecodedHere(const decoder::Decoded& decoded)
-{
-    const decoder::Answer& what = decoded.What;
-    QImage image(int(what.Width), int(what.Height), what.Alpha ? QImage::Format_ARGB32 : QImage::Format_RGB32);
-    for (int y = 0; what.Pixels && y < image.height(); ++y)
-        decoder::WriteRow(decoded, quint32(y), {reinterpret_cast<quint32*>(image.scanLine(y)), what.Width});
-    return image;
-}
-
-decoder::Decoded DecodeHere(const SampleImage& sample, decoder::Task what)
-{
-    return decoder::Decode({.Kind = quint32(sample.Kind), .What = what},
-                           std::as_bytes(std::span(sample.File.constData(), size_t(sample.File.size()))));
-}
-
-} // namespace
 
 // Catches: a kind whose number, header check, depth or row order is wrong, rows written outside their line, a helper
 // whose limits are too tight for a kind, and one that shows something else than what was decoded.
@@ -36,11 +16,11 @@ TEST(EveryKind, IsDecodedHereAndByTheHelper)
         const SampleImage& sample = samples[kind];
         SCOPED_TRACE(ImageKinds()[size_t(kind)].Name);
         ASSERT_EQ(sample.Kind, kind);
-        const decoder::Decoded here = DecodeHere(sample, decoder::Task::Pixels);
+        const decoder::Decoded here = DecodeHere(kind, sample.File);
         ASSERT_EQ(here.What.How, decoder::Outcome::Done);
         EXPECT_EQ(here.What.Bits, quint32(sample.Bits));
         EXPECT_FALSE(here.What.EndsEarly || here.What.Alpha);
-        const QImage shown = DecodedHere(here);
+        const QImage shown = PixelsOf(here);
         EXPECT_LE(Difference(shown, sample.Shows), sample.Tolerance);
 
         const QString path = folder.Write(

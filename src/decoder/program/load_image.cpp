@@ -49,6 +49,15 @@ Answer Facts(const Request& request, FIBITMAP* image)
             .ColoursUsed = std::min(FreeImage_GetColorsUsed(image), 256u)};
 }
 
+/// A straightened image may be one column wider than it should.
+void AddFacts(Answer& answer, const PcxFacts& pcx)
+{
+    if (answer.How != Outcome::Done || !pcx.Readable)
+        return;
+    answer.Width = pcx.Width;
+    answer.EndsEarly = pcx.EndsEarly;
+}
+
 bool Fits(FIBITMAP* image)
 {
     return WithinLimits(FreeImage_GetWidth(image), FreeImage_GetHeight(image));
@@ -155,7 +164,7 @@ Decoded Decode(const Request& request, Bytes told)
     }
     const Memory memory(file);
     if (auto decided = FromHeader(request, file, memory)) {
-        decided->What.EndsEarly = pcx.EndsEarly;
+        AddFacts(decided->What, pcx);
         return std::move(*decided);
     }
     Bitmap image = memory.Load(FREE_IMAGE_FORMAT(request.Kind), 0);
@@ -164,7 +173,7 @@ Decoded Decode(const Request& request, Bytes told)
     if (!Fits(image.get()))
         return Refused(request, Outcome::TooLarge);
     Answer answer = Facts(request, image.get());
-    answer.EndsEarly = pcx.EndsEarly;
+    AddFacts(answer, pcx);
     if (request.What == Task::Header)
         return {.What = answer, .Image = {}};
     if (image = ToStandard(std::move(image)); image)
