@@ -1,4 +1,4 @@
-"""The tune of the example set: a Protracker module of four channels with instruments made here."""
+"""Protracker modules of four channels with instruments made here; the tune of the example set is one."""
 
 import math
 import struct
@@ -13,40 +13,40 @@ ROWS = 64
 CYCLE = 32  # samples of one wave: C-2 is then the middle C
 
 
-def _signed(values):
+def signed(values):
     return bytes(max(-127, min(127, round(value))) & 0xFF for value in values)
 
 
-def _wave(shape, length=CYCLE):
-    return _signed(100 * shape(place / length) for place in range(length))
+def wave(shape, length=CYCLE):
+    return signed(100 * shape(place / length) for place in range(length))
 
 
-def _bell(length=4800):
+def bell(length=4800):
     def at(place):
         turn = 2 * math.pi * place / CYCLE
         ring = math.sin(turn) + 0.5 * math.sin(4 * turn) * math.exp(-place / 700)
         ring += 0.25 * math.sin(7 * turn) * math.exp(-place / 300)
         return 78 * ring * math.exp(-4.2 * place / length) * min(1, place / 24)
-    return _signed(at(place) for place in range(length))
+    return signed(at(place) for place in range(length))
 
 
-def _shaker(length=900):
-    return _signed(70 * (2 * noise(place, 1) - 1) * math.exp(-6 * place / length) for place in range(length))
+def shaker(length=900):
+    return signed(70 * (2 * noise(place, 1) - 1) * math.exp(-6 * place / length) for place in range(length))
 
 
-def _drum(length=2200):
+def drum(length=2200):
     def at(place):
         return 115 * math.sin(34 * (1 - math.exp(-place / 700))) * math.exp(-3.6 * place / length)
-    return _signed(at(place) for place in range(length))
+    return signed(at(place) for place in range(length))
 
 
 # Name, bytes, volume, does it loop. Numbered from 1 in the patterns.
 INSTRUMENTS = [
-    ("soft reed", _wave(lambda t: math.sin(2 * math.pi * t) + 0.3 * math.sin(6 * math.pi * t)), 34, True),
-    ("cave bass", _wave(lambda t: 4 * abs(t - 0.5) - 1), 52, True),
-    ("crystal bell", _bell(), 44, False),
-    ("gravel", _shaker(), 18, False),
-    ("drip drum", _drum(), 46, False),
+    ("soft reed", wave(lambda t: math.sin(2 * math.pi * t) + 0.3 * math.sin(6 * math.pi * t)), 34, True),
+    ("cave bass", wave(lambda t: 4 * abs(t - 0.5) - 1), 52, True),
+    ("crystal bell", bell(), 44, False),
+    ("gravel", shaker(), 18, False),
+    ("drip drum", drum(), 46, False),
 ]
 REED, BASS, BELL, GRAVEL, DRUM = range(1, 6)
 
@@ -69,42 +69,46 @@ def _period(note):
     return PERIODS[NOTES[note[:2]] + 12 * (int(note[2]) - 1)]
 
 
-def _cell(note=None, instrument=0, effect=0, value=0):
+def cell(note=None, instrument=0, effect=0, value=0):
     period = _period(note) if note else 0
     return bytes([(instrument & 0xF0) | period >> 8, period & 0xFF, (instrument & 0x0F) << 4 | effect, value])
 
 
 def _pattern(chords, melody):
-    cells = [[_cell()] * 4 for _ in range(ROWS)]
+    cells = [[cell()] * 4 for _ in range(ROWS)]
     for number, name in enumerate(chords):
         root, tones = CHORDS[name]
         tones = tones.split()
         for row in range(0, 16, 2):
             at = cells[number * 16 + row]
             if row in (0, 6, 10):
-                at[1] = _cell(root, BASS)
+                at[1] = cell(root, BASS)
             elif row in (4, 8, 14):
-                at[1] = _cell(None, 0, 0xC, 0)
-            at[2] = _cell((tones + [tones[1]])[row // 2 % 4], BELL, 0xC, 40 if row % 8 == 0 else 26)
-        cells[number * 16][3] = _cell("C-2", DRUM)
-        cells[number * 16 + 4][3] = _cell("A-2", GRAVEL)
-        cells[number * 16 + 8][3] = _cell("G-1", DRUM, 0xC, 30)
-        cells[number * 16 + 12][3] = _cell("A-2", GRAVEL)
-        cells[number * 16 + 14][3] = _cell("C-3", GRAVEL, 0xC, 9)
+                at[1] = cell(None, 0, 0xC, 0)
+            at[2] = cell((tones + [tones[1]])[row // 2 % 4], BELL, 0xC, 40 if row % 8 == 0 else 26)
+        cells[number * 16][3] = cell("C-2", DRUM)
+        cells[number * 16 + 4][3] = cell("A-2", GRAVEL)
+        cells[number * 16 + 8][3] = cell("G-1", DRUM, 0xC, 30)
+        cells[number * 16 + 12][3] = cell("A-2", GRAVEL)
+        cells[number * 16 + 14][3] = cell("C-3", GRAVEL, 0xC, 9)
     for step in melody.split(","):
         row, note = (step.strip() + " ").split(" ", 1)
         # A held note trembles a little; an empty one ends the note before it.
-        cells[int(row)][0] = _cell(note.strip(), REED, 0x4, 0x42) if note.strip() else _cell(None, 0, 0xC, 0)
-    return b"".join(cell for row in cells for cell in row)
+        cells[int(row)][0] = cell(note.strip(), REED, 0x4, 0x42) if note.strip() else cell(None, 0, 0xC, 0)
+    return b"".join(one for row in cells for one in row)
+
+
+def assemble(title, instruments, order, patterns):
+    """The whole file. `instruments`: rows (name, bytes, volume, does it loop); `patterns`: bytes each."""
+    head = title.encode("ascii").ljust(20, b"\0")
+    for name, data, volume, loops in instruments:
+        words = len(data) // 2
+        head += struct.pack(">22sHBBHH", name.encode("ascii"), words, 0, volume, 0, words if loops else 1)
+    head += struct.pack(">22sHBBHH", b"", 0, 0, 0, 0, 1) * (31 - len(instruments))
+    head += bytes([len(order), 127]) + bytes(order).ljust(128, b"\0") + b"M.K."
+    return head + b"".join(patterns) + b"".join(data for _, data, _, _ in instruments)
 
 
 def module(title):
-    """The whole file."""
-    head = title.encode("ascii").ljust(20, b"\0")
-    for name, data, volume, loops in INSTRUMENTS:
-        words = len(data) // 2
-        head += struct.pack(">22sHBBHH", name.encode("ascii"), words, 0, volume, 0, words if loops else 1)
-    head += struct.pack(">22sHBBHH", b"", 0, 0, 0, 0, 1) * (31 - len(INSTRUMENTS))
-    head += bytes([len(ORDER), 127]) + bytes(ORDER).ljust(128, b"\0") + b"M.K."
-    patterns = b"".join(_pattern(*tune) for tune in (TUNE_A, TUNE_B, REST))
-    return head + patterns + b"".join(data for _, data, _, _ in INSTRUMENTS)
+    """The example set's tune."""
+    return assemble(title, INSTRUMENTS, ORDER, [_pattern(*tune) for tune in (TUNE_A, TUNE_B, REST)])

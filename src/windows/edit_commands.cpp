@@ -15,7 +15,7 @@ std::span<const CommandRow> EditCommands()
     using enum ToolStrip;
     static constexpr std::array Rows = {
         CommandRow{"mnuUndo", "Undo", "Ctrl+Z", tbEdit, "undo", nullptr, NoFlags, RunOnPane<CmdUndo>},
-        CommandRow{"mnuRedo", "Redo", "Ctrl+Y", tbEdit, "redo", nullptr, SeparatorBehind, RunOnPane<CmdRedo>},
+        CommandRow{"mnuRedo", "Redo", "", tbEdit, "redo", nullptr, SeparatorBehind, RunOnPane<CmdRedo>},
         CommandRow{"mnuCut", "Cut", "Ctrl+X", tbEdit, "cut", nullptr, NoFlags, RunOnPane<CmdCut>},
         CommandRow{"mnuCutAppend", "Cut Append", "", tbEdit, "cut_append", nullptr, NoFlags,
                    RunOnPane<CmdCutAppend, CmdCut>},

@@ -68,8 +68,9 @@ public:
     bool CanPreview(int) const override { return false; } // nothing shows or plays media yet
     void PreviewMedia() override {}
     void ShowMenuStrips(bool on) override { menus.ShowStrips(on); }
-    void LoadCoolbar() override { bars.Load(); }
-    void StopPlayers() override {} // nothing plays yet
+    void LoadCoolbar() override;
+    void StopPlayers() override {}        // nothing plays yet
+    void PlayModule(const QByteArray&) {} // as above
     bool Turn() override;
 
     const CommandSet& Commands() const { return commands; }

@@ -6,6 +6,7 @@
 #include "windows/block_list.h"
 #include "windows/comment_tree.h"
 #include "windows/find_dialogs.h"
+#include "windows/frm_about.h"
 #include "windows/frm_inject.h"
 #include "windows/frm_project.h"
 #include "windows/recent_popup.h"
@@ -87,10 +88,17 @@ void frmmain::ShowFind(EditorPane& pane, FindKind kind)
     ShowFindDialog(this, pane, kind);
 }
 
+void frmmain::LoadCoolbar()
+{
+    bars.Load(Frame.Settings.Bands);
+}
+
 void frmmain::OpenTool(ToolWindow tool)
 {
     if (tool == ToolWindow::Project)
         RunProjectWindow(this);
+    if (tool == ToolWindow::About)
+        frmAbout::Run({[this](const QByteArray& tune) { PlayModule(tune); }, [this] { StopPlayers(); }}, this);
     if (tool == ToolWindow::Inject)
         RunInjectWindow(this);
 }

@@ -4,6 +4,7 @@ from typing import NamedTuple
 
 from . import file_commands as files
 from . import game_commands as game
+from . import about_pictures as about
 from . import goto_capital, goto_digits, goto_small, marks, messages, places
 from . import kinds
 from . import text_commands as texts
@@ -116,4 +117,5 @@ def icons():
     rows += _list("tree", [(places.game_folder,), (files.archive,), (places.chosen_game,)])
     rows += _list("zip", [(folder,), (places.packed_file,)])
     rows.append(Icon("app", places.program, grid=24))
+    rows += [Icon(f"about_{draw.__name__}", draw, grid=48, size=96) for draw in (about.smith, about.letter, about.broken)]
     return rows
