@@ -35,7 +35,8 @@ bool ScintillaPane::ShowHover(const QHelpEvent& event)
     const int top = int(text.Send(Sci::SCI_POINTYFROMPOSITION, 0, position));
     const int height = int(text.Send(Sci::SCI_TEXTHEIGHT, line));
     // The text is a conf's: never taken for markup, never wrapped.
-    const QString plain = QStringLiteral("<p style='white-space:pre'>") + summary.toHtmlEscaped() + QStringLiteral("</p>");
+    const QString plain =
+        QStringLiteral("<p style='white-space:pre'>") + summary.toHtmlEscaped() + QStringLiteral("</p>");
     QToolTip::showText(event.globalPos(), plain, viewport, QRect(0, top, viewport->width(), height));
     return true;
 }
