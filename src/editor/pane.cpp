@@ -5,7 +5,8 @@
 
 using Sci = QsciScintillaBase;
 
-ScintillaPane::ScintillaPane(QWidget* parent) : text(parent), looks(text), colouring(text), codeList(*this, text)
+ScintillaPane::ScintillaPane(QWidget* parent)
+    : text(parent), looks(text), blockMark(text), colouring(text), codeList(*this, text)
 {
     SetLineEnd(lineEnd);
     SetTabSize(4);
@@ -42,6 +43,7 @@ void ScintillaPane::BeforeChange(int position, int kind, int length)
     ++edits;
     colouring.BeforeEdit(position, inserting ? 0 : length, inserting ? length : 0);
     looks.BeforeEdit();
+    blockMark.BeforeEdit();
     if (inserting)
         blank = false;
     if (!(kind & (Sci::SC_PERFORMED_UNDO | Sci::SC_PERFORMED_REDO)))

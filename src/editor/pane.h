@@ -1,11 +1,13 @@
 #pragma once
 
+#include "editor/block_mark.h"
 #include "editor/code_list.h"
 #include "editor/colouring.h"
 #include "editor/looks.h"
 #include "editor/search.h"
 
 class QDropEvent;
+class QHelpEvent;
 class QKeyEvent;
 class QMouseEvent;
 
@@ -85,6 +87,7 @@ public:
     void SetDisplayWhitespace(bool on) override { looks.SetDisplayWhitespace(on); }
     void SetLineNumbering(bool on) override { looks.SetLineNumbering(on); }
     void SetHighlightedLine(int line) override { looks.SetHighlightedLine(line); }
+    void MarkBlock(int first, int last) override;
     bool Visible() const override;
     void SetVisible(bool wanted) override;
     void LockRedraw(bool locked) override;
@@ -129,6 +132,7 @@ private:
     bool ViewportEvent(QEvent* event);
     bool WidgetEvent(QEvent* event);
     bool TakeFiles(QDropEvent& event);
+    bool ShowHover(const QHelpEvent& event);
     void BeforePaint(const QRegion& region);
     bool ContextMenu(QEvent* event);
     bool MousePress(QMouseEvent& event);
@@ -200,6 +204,7 @@ private:
 
     Component text;
     Looks looks;
+    BlockMark blockMark;
     Colouring colouring;
     CodeListBox codeList;
 

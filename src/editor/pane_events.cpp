@@ -3,6 +3,7 @@
 #include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QGuiApplication>
+#include <QHelpEvent>
 #include <QMimeData>
 #include <QPaintEvent>
 #include <QUrl>
@@ -77,6 +78,8 @@ bool ScintillaPane::ViewportEvent(QEvent* event)
         return false;
     case QEvent::ContextMenu:
         return ContextMenu(event);
+    case QEvent::ToolTip:
+        return ShowHover(*static_cast<QHelpEvent*>(event));
     case QEvent::DragEnter:
     case QEvent::DragMove:
     case QEvent::Drop:

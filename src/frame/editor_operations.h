@@ -185,7 +185,8 @@ public:
     virtual void SetColorSyntax(bool on) = 0;
     virtual void SetDisplayWhitespace(bool on) = 0;
     virtual void SetLineNumbering(bool on) = 0;
-    virtual void SetHighlightedLine(int line) = 0; ///< -1: none
+    virtual void SetHighlightedLine(int line) = 0;   ///< -1: none
+    virtual void MarkBlock(int first, int last) = 0; ///< a faint bar beside these lines; -1: none. Gone with an edit
     virtual bool Visible() const = 0;
     virtual void SetVisible(bool visible) = 0;
     virtual void LockRedraw(bool locked) = 0; ///< nests
@@ -202,6 +203,7 @@ public:
 
     std::function<QStringList(EditorPane&)> CodeList;              ///< asked when the list may open; empty answer: none
     std::function<bool(EditorPane&, const QString&)> CodeListPick; ///< item chosen; false: the pane inserts nothing
+    std::function<QString(EditorPane&, int line, int column)> HoverText; ///< of the text under the mouse; empty: none
 
 signals:
     void SelectionChanged();

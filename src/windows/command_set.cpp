@@ -21,6 +21,8 @@ CommandSet::CommandSet(QWidget* window) : QObject(window)
                 pair.Button->setToolTip(ToolTipOf(row));
             }
             pairs.insert(QString::fromLatin1(row.Control), pair);
+            if (row.Flags & OpensMedia)
+                mediaOpeners.insert(QString::fromLatin1(row.Control));
         }
     }
 }
@@ -54,6 +56,15 @@ void CommandSet::Enable(const QString& control, bool menu, bool button)
         pair.Menu->setEnabled(menu);
     if (pair.Button)
         pair.Button->setEnabled(button);
+}
+
+void CommandSet::Show(const QString& control, bool visible)
+{
+    const Pair pair = pairs.value(control);
+    if (pair.Menu)
+        pair.Menu->setVisible(visible);
+    if (pair.Button)
+        pair.Button->setVisible(visible);
 }
 
 void CommandSet::Check(const QString& control, bool checked)

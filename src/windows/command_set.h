@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QHash>
 #include <QObject>
+#include <QSet>
 
 class QWidget;
 
@@ -22,6 +23,8 @@ public:
 
     /// Controls that have no row yet are passed over.
     void Enable(const QString& control, bool menu, bool button);
+    void Show(const QString& control, bool visible);
+    bool Opens(const QString& control) const { return mediaOpeners.contains(control); } ///< media of the mode
     void Check(const QString& control, bool checked);
     void ShowMenuIcons(bool on);
 
@@ -37,4 +40,5 @@ private:
     QAction* Make(const CommandRow& row, const QString& text);
 
     QHash<QString, Pair> pairs;
+    QSet<QString> mediaOpeners;
 };

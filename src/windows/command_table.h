@@ -11,7 +11,8 @@ enum CommandFlag : quint8 {
     NoFlags = 0,
     SeparatorBehind = 1, ///< drawn only if another row follows
     CheckEntry = 2,
-    OpensMenu = 4, ///< the entry opens the menu of the same control; its button has that menu as a drop-down
+    OpensMenu = 4,  ///< the entry opens the menu of the same control; its button has that menu as a drop-down
+    OpensMedia = 8, ///< out of sight in a mode whose media no tool opens
 };
 
 /// Action of a command whose tool is not there yet: its row keeps the place, and nothing of it shows.

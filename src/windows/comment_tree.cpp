@@ -7,12 +7,18 @@
 
 #include <QTreeWidget>
 
-CommentTree::CommentTree(QWidget* parent) : FloatingList(parent, QStringLiteral("TreeOfComments"), CommentSubject)
+CommentTree::CommentTree(QWidget* parent)
+    : FloatingList(parent, new QTreeWidget, QStringLiteral("TreeOfComments"), CommentSubject)
 {
     setObjectName(QStringLiteral("cmdTreeBorder"));
     Tree()->setAccessibleName(QStringLiteral("Comment separators"));
     connect(this, &FloatingList::Chosen, this, &CommentTree::Goto);
     connect(this, &FloatingList::Dismissed, this, [] { Host().CloseLists(); });
+}
+
+QTreeWidget* CommentTree::Tree() const
+{
+    return static_cast<QTreeWidget*>(View());
 }
 
 void CommentTree::Fill()

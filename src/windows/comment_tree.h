@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+class QTreeWidget;
+
 /// "Goto Comment": the separators of the current document in the tree TreeOfComments, over the right third of the
 /// pane. A pick puts the caret on the first line that equals the separator.
 class CommentTree : public FloatingList
@@ -13,6 +15,7 @@ class CommentTree : public FloatingList
 public:
     explicit CommentTree(QWidget* parent);
 
+    QTreeWidget* Tree() const;
     /// `paneArea` in the parent's coordinates.
     void OpenOver(const QRect& paneArea);
 

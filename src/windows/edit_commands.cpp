@@ -1,6 +1,9 @@
 #include "conf/comments.h"
+#include "conf/edit_element.h"
 #include "conf/element_blocks.h"
+#include "conf/locate_image.h"
 #include "conf/tidy_up.h"
+#include "conf/write_block.h"
 #include "windows/command_table.h"
 #include "windows/frm_comment.h"
 #include "windows/pane_commands.h"
@@ -26,11 +29,12 @@ std::span<const CommandRow> EditCommands()
                    NoFlags, SelectBetweenComments},
         CommandRow{"mnuSelectAll", "Select All", "Ctrl+A", tbEdit, "select_all", nullptr, SeparatorBehind,
                    RunAndFocus<CmdSelectAll>},
-        CommandRow{"mnuFinishEle", "Quick Element", "Ctrl+Q", tbEdit, "quick_element", nullptr, NoFlags, NotThere},
-        CommandRow{"mnuEditEdCom", "Edit Element", "Ctrl+D", tbEdit, "edit_element", nullptr, NoFlags, NotThere},
-        CommandRow{"mnuEDViewElement", "Quick Preview", "Ctrl+W", tbEdit, "quick_preview", nullptr, NoFlags, NotThere},
-        CommandRow{"mnuEditAnimation", "Edit Animation", "Ctrl+E", tbEdit, "edit_animation", nullptr, SeparatorBehind,
-                   NotThere},
+        CommandRow{"mnuFinishEle", "Quick Element", "Ctrl+Q", tbEdit, "quick_element", nullptr, NoFlags, QuickElement},
+        CommandRow{"mnuEditEdCom", "Edit Element", "Ctrl+D", tbEdit, "edit_element", nullptr, NoFlags, EditElement},
+        CommandRow{"mnuEDViewElement", "Quick Preview", "Ctrl+W", tbEdit, "quick_preview", nullptr, OpensMedia,
+                   QuickPreview},
+        CommandRow{"mnuEditAnimation", "Edit Animation", "Ctrl+E", tbEdit, "edit_animation", nullptr,
+                   SeparatorBehind | OpensMedia, EditAnimation},
         CommandRow{"mnuComment", "Insert A Comment Separator", "", tbEdit, "insert_comment_separator",
                    "Insert Comment Separator", NoFlags, InsertCommentCommand},
         CommandRow{"mnuCommentSel", "Comment Selected", "", tbEdit, "comment_selected", nullptr, NoFlags,

@@ -1,3 +1,4 @@
+#include "conf/headline.h"
 #include "windows/command_table.h"
 
 #include <array>
@@ -11,7 +12,7 @@ std::span<const CommandRow> ExtraCommands()
         CommandRow{"mnuRNDLevPal", "Make Level Preview Palette", "", tbExtra, "make_level_palette", nullptr, NoFlags,
                    NotThere},
         CommandRow{"mnuExtraHeadline", "Make Editor Headline", "", tbExtra, "make_headline", nullptr, SeparatorBehind,
-                   NotThere},
+                   MakeHeadline},
         CommandRow{"mnuExtraPCXLab", "PCX Lab", "", tbExtra, "pcx_lab", nullptr, NoFlags, NotThere},
         CommandRow{"mnuExtraAVI", "AVI To Bitmap", "", tbExtra, "avi_to_bitmap", nullptr, SeparatorBehind, NotThere},
         CommandRow{"mnubasic", "Gemforge BASIC", "", tbExtra, "basic", nullptr, NoFlags, NotThere},

@@ -23,8 +23,10 @@ std::span<const CommandRow> FindCommands()
         CommandRow{"mnuFindGoto", "Goto Line Number", "", tbFind, "goto_line_number", nullptr, NoFlags,
                    [] { CurrentPane().ExecuteCmd(CmdGotoLine, -1); }},
         CommandRow{"mnuFindGotoTop", "Goto Top", "", tbFind, "goto_top", nullptr, NoFlags, RunOnPane<CmdDocumentStart>},
-        CommandRow{"mnuFindGotoBotton", "Goto Bottom", "", tbFind, "goto_bottom", nullptr, NoFlags,
+        CommandRow{"mnuFindGotoBotton", "Goto Bottom", "", tbFind, "goto_bottom", nullptr, SeparatorBehind,
                    RunOnPane<CmdDocumentEnd>},
+        CommandRow{"mnuGotoBlock", "Goto Block", "Ctrl+Shift+B", tbFind, "goto_block", nullptr, NoFlags,
+                   [] { Host().ShowBlocks(); }},
     };
     return Rows;
 }

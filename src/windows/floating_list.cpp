@@ -4,26 +4,26 @@
 #include "windows/help_subject.h"
 
 #include <QKeyEvent>
-#include <QTreeWidget>
+#include <QTreeView>
 #include <QVBoxLayout>
 
-FloatingList::FloatingList(QWidget* parent, const QString& name, const QString& helpSubject)
-    : QFrame(parent), tree(new QTreeWidget(this)), subject(helpSubject)
+FloatingList::FloatingList(QWidget* parent, QTreeView* list, const QString& name, const QString& helpSubject)
+    : QFrame(parent), view(list), subject(helpSubject)
 {
     setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
     setAutoFillBackground(true);
     SetHelpSubject(this, subject);
-    tree->setObjectName(name);
-    tree->setHeaderHidden(true);
-    tree->setRootIsDecorated(false);
-    tree->setUniformRowHeights(true);
-    tree->installEventFilter(this);
-    tree->viewport()->installEventFilter(this);
+    view->setObjectName(name);
+    view->setHeaderHidden(true);
+    view->setRootIsDecorated(false);
+    view->setUniformRowHeights(true);
+    view->installEventFilter(this);
+    view->viewport()->installEventFilter(this);
     const int margin = Pixels(*this, 7);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(margin, margin, margin, margin);
-    layout->addWidget(tree);
-    connect(tree, &QTreeWidget::itemClicked, this, &FloatingList::Choose);
+    layout->addWidget(view);
+    connect(view, &QTreeView::clicked, this, &FloatingList::Choose);
     hide();
 }
 
@@ -39,7 +39,7 @@ void FloatingList::Open(const QRect& place)
     setGeometry(place);
     show();
     raise();
-    tree->setFocus(Qt::PopupFocusReason);
+    view->setFocus(Qt::PopupFocusReason);
 }
 
 bool FloatingList::LeftFor(const QString& helpId)
@@ -51,16 +51,15 @@ bool FloatingList::LeftFor(const QString& helpId)
     return mouseWasHere && helpId != subject;
 }
 
-void FloatingList::Choose(QTreeWidgetItem* item)
+void FloatingList::Choose(const QModelIndex& index)
 {
-    const int index = tree->indexOfTopLevelItem(item);
-    if (index >= 0)
-        emit Chosen(index);
+    if (index.isValid())
+        emit Chosen(index.row());
 }
 
 bool FloatingList::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::FocusOut && watched == tree) {
+    if (event->type() == QEvent::FocusOut && watched == view) {
         const Qt::FocusReason why = static_cast<QFocusEvent*>(event)->reason();
         // Another window in front keeps the list; a click or Tab into another part of this one does not.
         if (why != Qt::ActiveWindowFocusReason && why != Qt::PopupFocusReason)
@@ -69,7 +68,7 @@ bool FloatingList::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            Choose(tree->currentItem());
+            Choose(view->currentIndex());
             return true;
         }
     }

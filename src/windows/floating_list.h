@@ -2,21 +2,21 @@
 
 #include <QFrame>
 
-class QTreeWidget;
-class QTreeWidgetItem;
+class QModelIndex;
+class QTreeView;
 
-/// A tree in a raised frame that floats over the pane: the recent list and the comment tree. It has the keyboard while
-/// it shows, and closes when the mouse has been over it and moves onto anything else.
+/// A list in a raised frame that floats over the pane: the recent list, the comment tree, the outline of blocks. It has
+/// the keyboard while it shows, and closes when the mouse has been over it and moves onto anything else.
 class FloatingList : public QFrame
 {
     Q_OBJECT
 
 public:
-    /// `subject`: the help page of the list.
-    FloatingList(QWidget* parent, const QString& name, const QString& subject);
+    /// `view`: a list of this kind's own, named `name`. `subject`: the help page of the list.
+    FloatingList(QWidget* parent, QTreeView* view, const QString& name, const QString& subject);
 
     void Open(const QRect& place); ///< in the parent's coordinates
-    QTreeWidget* Tree() const { return tree; }
+    QTreeView* View() const { return view; }
     QString Subject() const { return subject; }
 
     /// The mouse is over the part with this help id: does the list close now?
@@ -32,9 +32,9 @@ protected:
     int Inset() const;
 
 private:
-    void Choose(QTreeWidgetItem* item);
+    void Choose(const QModelIndex& index);
 
-    QTreeWidget* tree;
+    QTreeView* view;
     QString subject;
     bool mouseWasHere = false; ///< since it opened
 };

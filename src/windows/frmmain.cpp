@@ -1,5 +1,6 @@
 #include "windows/frmmain.h"
 
+#include "conf/block_outline.h"
 #include "conf/help_for_word.h"
 #include "editor/make_pane.h"
 #include "frame/documents.h"
@@ -10,12 +11,14 @@
 #include "frame/vocabulary.h"
 #include "platform/lock_keys.h"
 #include "platform/paths.h"
+#include "windows/block_list.h"
 #include "windows/close_guard.h"
 #include "windows/comment_tree.h"
 #include "windows/dropped_files.h"
 #include "windows/find_box.h"
 #include "windows/help_subject.h"
 #include "windows/icons.h"
+#include "windows/pane_mouse.h"
 #include "windows/recent_popup.h"
 #include "windows/status_panels.h"
 #include "windows/tab_strip.h"
@@ -43,6 +46,16 @@ QString TipOfTab(int tab)
     const Document& document = Frame.Documents.at(tab);
     const QString name = HasFile(document) ? paths::Native(document.Path) : EmptyCaption.trimmed();
     return Host().Pane(tab).Modified() ? name + QStringLiteral("\nNot saved") : name;
+}
+
+void MarkBlockAtCaret(EditorPane& pane)
+{
+    const auto block = Frame.CurrentMode == ModeGfx ? BlockAround(LinesOf(pane), pane.GetSel(true).StartLine)
+                                                    : std::optional<BlockLines>();
+    if (block)
+        pane.MarkBlock(block->First, block->Last);
+    else
+        pane.MarkBlock(-1, -1);
 }
 
 } // namespace
@@ -87,6 +100,7 @@ void frmmain::LayOut()
     setStatusBar(panels);
     recent = new RecentPopup(middle);
     comments = new CommentTree(middle);
+    blocks = new BlockList(middle);
 }
 
 void frmmain::ConnectParts()
@@ -157,9 +171,14 @@ void frmmain::ConnectPane(int tab, EditorPane& pane)
 {
     pane.CodeList = [](EditorPane&) { return CodeListWords(Frame.CurrentMode); };
     pane.CodeListPick = PickCodeListItem;
+    pane.HoverText = [](EditorPane& hovered, int line, int column) {
+        return Frame.CurrentMode == ModeGfx ? BlockSummary(LinesOf(hovered), line, column) : QString();
+    };
     connect(&pane, &EditorPane::SelectionChanged, this, [&pane] {
-        if (pane.Visible())
-            UpdateCaretStatus(pane);
+        if (!pane.Visible())
+            return;
+        UpdateCaretStatus(pane);
+        MarkBlockAtCaret(pane);
     });
     connect(&pane, &EditorPane::TextChanged, this, [this, tab] { PaneTextChanged(tab); });
     connect(&pane, &EditorPane::MousePressed, this, &frmmain::PanePressed);
@@ -181,6 +200,8 @@ void frmmain::PaneTextChanged(int tab)
 void frmmain::PanePressed(Qt::MouseButton button, Qt::KeyboardModifiers modifiers)
 {
     HideLists();
+    if (RunMouseShortcut(button, modifiers))
+        return;
     // The press is still under way; the menu comes behind it.
     if (button == Qt::RightButton && modifiers == Qt::NoModifier)
         QTimer::singleShot(0, this, [this] { PopUpEditMenu(QCursor::pos()); });
@@ -221,7 +242,7 @@ void frmmain::MoveFocus()
 
 void frmmain::MouseOver(const QString& helpId)
 {
-    if (recent->LeftFor(helpId) || comments->LeftFor(helpId))
+    if (recent->LeftFor(helpId) || comments->LeftFor(helpId) || blocks->LeftFor(helpId))
         CloseLists();
 }
 
@@ -229,11 +250,12 @@ void frmmain::HideLists()
 {
     recent->hide();
     comments->hide();
+    blocks->hide();
 }
 
 bool frmmain::ListShows() const
 {
-    return recent->isVisible() || comments->isVisible();
+    return recent->isVisible() || comments->isVisible() || blocks->isVisible();
 }
 
 QString frmmain::HelpId() const

@@ -10,6 +10,7 @@
 #include <array>
 #include <memory>
 
+class BlockList;
 class CommentTree;
 class FloatingList;
 class HelpSubject;
@@ -58,10 +59,14 @@ public:
     void OpenTool(ToolWindow tool) override;
     void ShowRecent() override;
     void ShowComments() override;
+    void ShowBlocks() override;
     void CloseLists() override;
     void RecentChanged() override;
     void MediaChanged() override {}    // the media lists have no view yet
     void StyleMediaLists() override {} // as above
+    void ShowMediaEntry(int, int) override {}
+    bool CanPreview(int) const override { return false; } // nothing shows or plays media yet
+    void PreviewMedia() override {}
     void ShowMenuStrips(bool on) override { menus.ShowStrips(on); }
     void LoadCoolbar() override;
     void StopPlayers() override {}        // nothing plays yet
@@ -75,6 +80,7 @@ public:
     StatusPanels& StatusBar() const { return *panels; }
     RecentPopup& RecentBack() const { return *recent; }
     CommentTree& TreeOfComments() const { return *comments; }
+    BlockList& ListOfBlocks() const { return *blocks; }
     QString HelpId() const;
 
 protected:
@@ -110,6 +116,7 @@ private:
     StatusPanels* panels;
     RecentPopup* recent;
     CommentTree* comments;
+    BlockList* blocks;
     HelpSubject* subject;
     WindowKeys* keys;
     std::array<std::unique_ptr<EditorPane>, 8> panes;

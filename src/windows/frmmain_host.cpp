@@ -3,9 +3,11 @@
 #include "editor/make_pane.h"
 #include "frame/documents.h"
 #include "frame/frame_state.h"
+#include "windows/block_list.h"
 #include "windows/comment_tree.h"
 #include "windows/find_dialogs.h"
 #include "windows/frm_about.h"
+#include "windows/frm_inject.h"
 #include "windows/frm_project.h"
 #include "windows/recent_popup.h"
 #include "windows/status_panels.h"
@@ -43,7 +45,9 @@ void frmmain::ShowNotice(const QString& text)
 
 void frmmain::EnableCommand(const QString& control, bool menu, bool button)
 {
-    commands.Enable(control, menu, button);
+    const bool opens = !commands.Opens(control) || CanPreview(Frame.CurrentMode);
+    commands.Show(control, opens || !menu);
+    commands.Enable(control, menu && opens, button && opens);
 }
 
 void frmmain::CheckCommand(const QString& control, bool checked)
@@ -95,6 +99,8 @@ void frmmain::OpenTool(ToolWindow tool)
         RunProjectWindow(this);
     if (tool == ToolWindow::About)
         frmAbout::Run({[this](const QByteArray& tune) { PlayModule(tune); }, [this] { StopPlayers(); }}, this);
+    if (tool == ToolWindow::Inject)
+        RunInjectWindow(this);
 }
 
 void frmmain::ShowRecent()
@@ -107,6 +113,12 @@ void frmmain::ShowComments()
 {
     HideLists();
     comments->OpenOver(stack->geometry());
+}
+
+void frmmain::ShowBlocks()
+{
+    HideLists();
+    blocks->OpenOver(stack->geometry());
 }
 
 void frmmain::CloseLists()

@@ -14,6 +14,7 @@ QString HelpSubjectOf(const QWidget* part);
 /// What the pane's own mouse move stores: the word at the caret decides then.
 inline const QString TextSubject = QStringLiteral("TEXT");
 inline const QString CommentSubject = QStringLiteral("H_main_gotocomment");
+inline const QString BlockSubject = QStringLiteral("H_main_goto_block");
 inline const QString RecentSubject = QStringLiteral("H_main_recentlist");
 
 /// Keeps HelpId, the subject under the mouse, for one window. It watches mouse moves of the application, which costs

@@ -7,10 +7,16 @@
 
 #include <QTreeWidget>
 
-RecentPopup::RecentPopup(QWidget* parent) : FloatingList(parent, QStringLiteral("RecentList"), RecentSubject)
+RecentPopup::RecentPopup(QWidget* parent)
+    : FloatingList(parent, new QTreeWidget, QStringLiteral("RecentList"), RecentSubject)
 {
     setObjectName(QStringLiteral("RecentBack"));
     Tree()->setAccessibleName(QStringLiteral("Recent files"));
+}
+
+QTreeWidget* RecentPopup::Tree() const
+{
+    return static_cast<QTreeWidget*>(View());
 }
 
 void RecentPopup::Fill()

@@ -2,6 +2,8 @@
 
 #include "windows/floating_list.h"
 
+class QTreeWidget;
+
 /// The recent list: the tree RecentList in its frame RecentBack, over the left half of the pane.
 class RecentPopup : public FloatingList
 {
@@ -11,6 +13,7 @@ public:
     explicit RecentPopup(QWidget* parent);
 
     void Fill() override; ///< from Frame.Recent
+    QTreeWidget* Tree() const;
     /// `paneArea` in the parent's coordinates.
     void OpenOver(const QRect& paneArea);
 };

@@ -47,7 +47,7 @@ FIND = (
     ("replace", texts.replace), ("goto_comment_separator", texts.goto_comment),
     ("goto_next_comment", texts.goto_further_comment, "down"),
     ("goto_previous_comment", texts.goto_further_comment, "up"), ("goto_line_number", texts.goto_line),
-    ("goto_top", texts.goto_end, 0), ("goto_bottom", texts.goto_end, 180),
+    ("goto_top", texts.goto_end, 0), ("goto_bottom", texts.goto_end, 180), ("goto_block", texts.goto_block),
 )
 VIEW = (
     ("line_numbers", texts.line_numbers), ("spaces_tabs", texts.spaces_tabs),

@@ -101,6 +101,12 @@ def goto_comment():
             + arrow("sapphire", 90, 12, 11.5, .6))
 
 
+def goto_block():
+    return ("".join(gem(colour, 3, y, 4.6) for y, colour in ((3, "emerald"), (8, "amber"), (13, "ruby")))
+            + text((7, 2.5, 7), (7, 7.5, 8), (7, 12.5, 5), colour="slate")
+            + arrow("sapphire", 90, 12, 11.5, .6))
+
+
 def goto_further_comment(direction):
     return hash_sign(6, 6, .92) + badge(direction, "sapphire")
 
