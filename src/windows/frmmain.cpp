@@ -18,6 +18,7 @@
 #include "windows/find_box.h"
 #include "windows/help_subject.h"
 #include "windows/icons.h"
+#include "windows/line_hints_view.h"
 #include "windows/pane_mouse.h"
 #include "windows/recent_popup.h"
 #include "windows/status_panels.h"
@@ -69,6 +70,7 @@ frmmain::frmmain()
       panels(new StatusPanels),
       recent(nullptr),
       subject(new HelpSubject(this)),
+      hints(new LineHintsView(this)),
       keys(new WindowKeys(this))
 {
     setObjectName(QStringLiteral("frmmain"));
@@ -182,6 +184,7 @@ void frmmain::ConnectPane(int tab, EditorPane& pane)
     });
     connect(&pane, &EditorPane::TextChanged, this, [this, tab] { PaneTextChanged(tab); });
     connect(&pane, &EditorPane::MousePressed, this, &frmmain::PanePressed);
+    hints->Watch(pane);
     // Behind the drop: a question may come.
     connect(&pane, &EditorPane::FilesDropped, this, OpenDroppedFiles, Qt::QueuedConnection);
 }

@@ -14,6 +14,7 @@ class BlockList;
 class CommentTree;
 class FloatingList;
 class HelpSubject;
+class LineHintsView;
 class QStackedWidget;
 class RecentPopup;
 class StatusPanels;
@@ -118,6 +119,7 @@ private:
     CommentTree* comments;
     BlockList* blocks;
     HelpSubject* subject;
+    LineHintsView* hints;
     WindowKeys* keys;
     std::array<std::unique_ptr<EditorPane>, 8> panes;
     std::unique_ptr<EditorPane> buffer;
