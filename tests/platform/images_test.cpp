@@ -244,3 +244,30 @@ TEST(Images, WhatIsNoImageIsRefused)
     EXPECT_EQ(reason(sparse.fileName()), qt_error_string(EFBIG));
     EXPECT_TRUE(service.ReadHeader(folder.Write(QStringLiteral("a.png"), Png({60, 50}, qRgb(1, 1, 1))), -1));
 }
+
+// Catches: a helper that runs without its limits, so that an image whose loading never ends (an X11 bitmap with a
+// number too few does that to the library) runs for ever, or one that takes it over reaches the user's files.
+TEST(Images, AnEndlessImageEndsByTheLimits)
+{
+    const TestFolder folder;
+    const OddHelper helper(":");
+    images::Service service({.Decoder = helper.Program});
+    const QString path = folder.Write(QStringLiteral("a.png"), Png({6, 6}, qRgb(1, 1, 1)));
+    ASSERT_TRUE(service.Load(path, -1));
+    QFile limits(QStringLiteral("/proc/%1/limits").arg(helper.Started()[0]));
+    QFile status(QStringLiteral("/proc/%1/status").arg(helper.Started()[0]));
+    ASSERT_TRUE(limits.open(QIODevice::ReadOnly) && status.open(QIODevice::ReadOnly));
+    const QByteArray limited = limits.readAll().simplified();
+    for (const char* limit : {"Max address space 1610612736 1610612736", "Max file size 0 0", "Max open files 16 16"})
+        EXPECT_TRUE(limited.contains(limit)) << limit;
+    EXPECT_TRUE(status.readAll().simplified().contains("NoNewPrivs: 1"));
+
+    QByteArray bitmap = "#define s_width 19\n#define s_height 11\nstatic char s_bits[] = {\n";
+    bitmap += QByteArray("0x49,\n").repeated(32) + "};\n";
+    QElapsedTimer timer;
+    timer.start();
+    const auto endless = service.Load(folder.Write(QStringLiteral("endless.xbm"), bitmap), -1);
+    ASSERT_FALSE(endless);
+    EXPECT_LT(timer.elapsed(), 8000) << "the patience of the caller ended it, not the limit";
+    EXPECT_TRUE(service.Load(path, -1));
+}
