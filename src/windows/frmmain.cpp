@@ -16,6 +16,7 @@
 #include "windows/find_box.h"
 #include "windows/help_subject.h"
 #include "windows/icons.h"
+#include "windows/pane_split.h"
 #include "windows/recent_popup.h"
 #include "windows/status_panels.h"
 #include "windows/tab_strip.h"
@@ -75,18 +76,20 @@ frmmain::~frmmain() = default;
 
 void frmmain::LayOut()
 {
-    auto* middle = new QWidget(this);
-    auto* column = new QVBoxLayout(middle);
-    column->setContentsMargins(5, 2, 5, 2);
+    auto* text = new QWidget(this);
+    auto* column = new QVBoxLayout(text);
+    column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(2);
     column->addWidget(strip);
     column->addWidget(stack, 1);
     // Around the pane the strip has no subject of its own.
-    SetHelpSubject(middle, QStringLiteral(""));
-    setCentralWidget(middle);
+    SetHelpSubject(text, QStringLiteral(""));
+    split = new PaneSplit(text);
+    SetHelpSubject(split, QStringLiteral(""));
+    setCentralWidget(split);
     setStatusBar(panels);
-    recent = new RecentPopup(middle);
-    comments = new CommentTree(middle);
+    recent = new RecentPopup(text);
+    comments = new CommentTree(text);
 }
 
 void frmmain::ConnectParts()
@@ -99,6 +102,11 @@ void frmmain::ConnectParts()
     connect(&commands, &CommandSet::AboutToRun, this, &frmmain::HideLists);
     connect(recent, &RecentPopup::Chosen, this, RecentOpenSelected, Qt::QueuedConnection);
     connect(recent, &FloatingList::Dismissed, this, &frmmain::CloseLists);
+    connect(split, &PaneSplit::LaidOut, this, [this] {
+        if (!Frame.StartingUp && ListShows())
+            CloseLists();
+    });
+    connect(split, &PaneSplit::Dragged, this, &frmmain::FocusPane);
     connect(subject, &HelpSubject::Moved, this, &frmmain::MouseOver);
     connect(keys, &WindowKeys::EscapePressed, this, &frmmain::EscapePressed);
     connect(keys, &WindowKeys::HelpPressed, this, [this] { HelpForWord(HelpId()); });
@@ -296,13 +304,6 @@ void frmmain::Finish()
     finished = true;
 }
 
-void frmmain::resizeEvent(QResizeEvent* event)
-{
-    QMainWindow::resizeEvent(event);
-    if (!Frame.StartingUp && ListShows())
-        CloseLists();
-}
-
 void frmmain::dragEnterEvent(QDragEnterEvent* event)
 {
     if (!LocalFiles(*event->mimeData()).isEmpty())
@@ -327,6 +328,7 @@ void frmmain::RestorePosition()
 
 void frmmain::ShowStarted()
 {
+    split->LayoutMainWindow();
     commands.ShowMenuIcons(Frame.Settings.MenuIcons == 1);
     setWindowTitle(windowTitle() + QStringLiteral("  (Startup Time MS = %1)").arg(Frame.StartTicks.elapsed()));
 }
