@@ -12,6 +12,7 @@
 #include "platform/paths.h"
 #include "windows/close_guard.h"
 #include "windows/comment_tree.h"
+#include "windows/dialog_keys.h"
 #include "windows/dropped_files.h"
 #include "windows/find_box.h"
 #include "windows/help_subject.h"
@@ -110,6 +111,7 @@ void frmmain::ConnectParts()
     connect(subject, &HelpSubject::Moved, this, &frmmain::MouseOver);
     connect(keys, &WindowKeys::EscapePressed, this, &frmmain::EscapePressed);
     connect(keys, &WindowKeys::HelpPressed, this, [this] { HelpForWord(HelpId()); });
+    connect(new DialogKeys(this), &DialogKeys::HelpPressed, this, HelpForWord);
     connect(keys, &WindowKeys::InsertPressed, this, &frmmain::ToggleInsert);
     connect(keys, &WindowKeys::LocksChanged, this, &frmmain::ReadLocks);
     connect(keys, &WindowKeys::MenuPressed, this, [this](QWidget* part) {
