@@ -15,6 +15,7 @@ class CommentTree;
 class FloatingList;
 class HelpSubject;
 class LineHintsView;
+class PaneSplit;
 class QStackedWidget;
 class RecentPopup;
 class StatusPanels;
@@ -33,7 +34,7 @@ public:
 
     /// Size, place and state of section `Window Positions`, brought onto a screen.
     void RestorePosition();
-    /// What follows the start in the frame: menu icons, the startup time in the caption.
+    /// What follows the start in the frame: the layout, menu icons, the startup time in the caption.
     void ShowStarted();
     /// OnMainWindowClose: keeps what must not be lost. Once.
     void Finish();
@@ -78,6 +79,7 @@ public:
     const MenuTree& Menus() const { return menus; }
     const CoolBar& Bars() const { return bars; }
     TabStrip& ssTxtWindows() const { return *strip; }
+    PaneSplit& Split() const { return *split; } ///< takes the media lists
     StatusPanels& StatusBar() const { return *panels; }
     RecentPopup& RecentBack() const { return *recent; }
     CommentTree& TreeOfComments() const { return *comments; }
@@ -87,7 +89,6 @@ public:
 protected:
     bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
@@ -115,6 +116,7 @@ private:
     TabStrip* strip;
     QStackedWidget* stack;
     StatusPanels* panels;
+    PaneSplit* split;
     RecentPopup* recent;
     CommentTree* comments;
     BlockList* blocks;
