@@ -10,8 +10,20 @@
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
 
+namespace {
+
+/// The toolkit's own wish is a list of twice the size.
+class SmallList : public QListView
+{
+public:
+    using QListView::QListView;
+    QSize sizeHint() const override { return {Pixels(*this, 140), Pixels(*this, 124)}; }
+};
+
+} // namespace
+
 WordList::WordList(const QString& name, const QString& label, const QStringList& all, QWidget* parent)
-    : QWidget(parent), words(all), line(new QLineEdit(this)), list(new QListView(this))
+    : QWidget(parent), words(all), line(new QLineEdit(this)), list(new SmallList(this))
 {
     setObjectName(name);
     auto* title = new QLabel(label, this);
@@ -22,7 +34,6 @@ WordList::WordList(const QString& name, const QString& label, const QStringList&
     list->setUniformItemSizes(true);
     list->setModel(&words);
     list->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    list->setMinimumSize(Pixels(*this, 120), Pixels(*this, 110));
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins({});
     for (QWidget* part : std::initializer_list<QWidget*>{title, line, list})

@@ -91,8 +91,8 @@ TEST_F(CommandTable, MenusStandInTheToldOrder)
                     "Select Between Comments|Select All|-|Quick Element|Edit Element|Quick Preview|Edit Animation|-|"
                     "Insert A Comment Separator|Comment Selected|Uncomment Selected|Tidy Up"},
         {"mnuSearch", "Find|Find|Find Next|Find Previous|-|Replace|-|Goto Comment|Goto Next Comment|"
-                      "Goto Previous Comment|-|Goto Line Number|Goto Top|Goto Bottom"},
-        {"mnuView", "View|Line Numbers|Spaces + Tabs|Colours|-|Super Tab"},
+                      "Goto Previous Comment|-|Goto Line Number|Goto Top|Goto Bottom|-|Goto Block"},
+        {"mnuView", "View|Line Numbers|Spaces + Tabs|Colours|-|Super Tab|Line Hints"},
         {"mnuRND", "RnD|Run Rocks'n'Diamonds|Run RnD - Fast Test Selected Element|Level Manager|-|Check For Errors|-|"
                    "View Error Log|Extract From RnD"},
         {"mnuExtra", "Extra|Game Structure Wizard|Make Level Preview Palette|Make Editor Headline|-|PCX Lab|"

@@ -28,7 +28,7 @@ protected:
     void Open(const QStringList& arguments)
     {
         ASSERT_TRUE(Run.Prepare(arguments));
-        Window = std::make_unique<frmmain>();
+        Window = MakeWindow();
         InstallHost(*Window, Run.Scope.Answers);
         Window->RestorePosition();
         Window->show();
@@ -39,6 +39,8 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowActive(Window.get()));
         QCoreApplication::processEvents();
     }
+
+    virtual std::unique_ptr<frmmain> MakeWindow() { return std::make_unique<frmmain>(); }
 
     QTabBar* Tabs() const { return Window->ssTxtWindows().Bar(); }
 
