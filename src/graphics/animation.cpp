@@ -80,17 +80,18 @@ struct Mode
 
 constexpr QLatin1StringView Random("random");
 
-// A mode of the game that is not in here plays as a loop.
+// A mode of the game that is not in here plays as a loop. Words behind a comma ("linear,once") are left out.
 constexpr std::array Modes = {
-    Mode{QLatin1StringView("none"), StandOnBase},     Mode{QLatin1StringView("loop"), Loop},
-    Mode{QLatin1StringView("linear"), Linear},        Mode{QLatin1StringView("pingpong"), PingPong},
+    Mode{QLatin1StringView("none"), StandOnBase},    Mode{QLatin1StringView("loop"), Loop},
+    Mode{QLatin1StringView("linear"), Linear},       Mode{QLatin1StringView("pingpong"), PingPong},
     Mode{QLatin1StringView("pingpong2"), PingPong2},
 };
 
 auto StepOf(const QString& name)
 {
+    const QStringView word = QStringView(name).left(name.indexOf(QLatin1Char(',')));
     for (const Mode& mode : Modes)
-        if (mode.Name == name)
+        if (word == mode.Name)
             return mode.Step;
     return Loop;
 }

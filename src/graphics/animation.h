@@ -14,8 +14,8 @@ struct AnimationState
 extern AnimationState Animation;
 void ResetAnimation();
 
-constexpr int DelayUnit = 22;    ///< milliseconds of the preview for one unit of delay
-constexpr int StillDelay = 200;  ///< from this delay on the preview stands still
+constexpr int DelayUnit = 22;   ///< milliseconds of the preview for one unit of delay
+constexpr int StillDelay = 200; ///< from this delay on the preview stands still
 
 /// A whole number from 0 to below its argument, each as likely.
 using RandomBelow = std::function<int(int)>;

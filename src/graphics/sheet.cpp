@@ -14,6 +14,11 @@ void ShowSheet(const QImage& picture)
     const QString prompt = Sheet.PickPrompt;
     Sheet = SheetState{};
     Sheet.PickPrompt = prompt;
+    ReplacePicture(picture);
+}
+
+void ReplacePicture(const QImage& picture)
+{
     Sheet.Picture = picture;
     Sheet.SheetWidth = picture.width();
     Sheet.SheetHeight = picture.height();

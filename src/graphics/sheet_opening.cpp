@@ -3,6 +3,8 @@
 #include "conf/element_record.h"
 #include "graphics/sheet.h"
 
+#include <algorithm>
+
 namespace {
 
 enum Field { XPosField, YPosField };
@@ -69,7 +71,8 @@ void MarkElement()
 
 void CheckMode(const QStringList& animModes)
 {
-    if (animModes.contains(Conf.Element.AnimMode))
+    const QStringList words = Conf.Element.AnimMode.split(QLatin1Char(','));
+    if (std::all_of(words.cbegin(), words.cend(), [&](const QString& word) { return animModes.contains(word); }))
         return;
     Warn("The animation mode you typed doesn't exist. Defaulting to normal.");
     Conf.Element.AnimMode = QStringLiteral("loop");

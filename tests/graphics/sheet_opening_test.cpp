@@ -27,7 +27,7 @@ TEST(SheetOpening, MarksTheBlockThatDescribesTheSheet)
     SheetScope scope(4, 3);
     HoldBlock(3, 0, 3);
     Conf.Element.StartFrame = 2;
-    Conf.Element.AnimMode = QStringLiteral("once");
+    Conf.Element.AnimMode = QStringLiteral("linear,once");
     const SheetOpening opening = FitElementToSheet(Modes);
     EXPECT_TRUE(opening.FromBlock);
     EXPECT_TRUE(opening.MayUpdate);
@@ -35,7 +35,7 @@ TEST(SheetOpening, MarksTheBlockThatDescribesTheSheet)
     EXPECT_EQ(Sheet.End, QPoint(1, 1));
     EXPECT_EQ(Sheet.EndIndex, 5);
     EXPECT_EQ(Sheet.InStart, QPoint(1, 1));
-    EXPECT_EQ(Conf.Element.AnimMode, QStringLiteral("once"));
+    EXPECT_EQ(Conf.Element.AnimMode, QStringLiteral("linear,once"));
     EXPECT_TRUE(Sheet.ImageWarnings.isEmpty()) << Sheet.ImageWarnings.toStdString();
 }
 
