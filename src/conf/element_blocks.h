@@ -13,5 +13,3 @@ int EndOfBlock(const EditorPane& pane, int mainLine);
 
 /// "Select Element Block": the block around the caret of the current pane; nothing if there is none.
 void SelectElementBlock();
-inline void WriteElementBlock(bool, int) {}
-inline void UpdateElementBlock() {}
