@@ -46,3 +46,15 @@ void BatchHost::ShowProgress(int maximum, int value)
     ProgressShown = true;
     ++ProgressCalls;
 }
+
+void BatchHost::OpenTool(ToolWindow tool)
+{
+    if (OnOpenTool)
+        OnOpenTool(tool);
+}
+
+void BatchHost::PreviewMedia()
+{
+    if (OnPreview)
+        OnPreview();
+}

@@ -31,12 +31,15 @@ public:
     void FocusPane() override {}
     void BusyPointer(bool) override {}
     void ShowFind(EditorPane&, FindKind) override {}
-    void OpenTool(ToolWindow) override {}
+    void OpenTool(ToolWindow tool) override;
     void ShowComments() override { CommentsShown = true; }
     void ShowRecent() override { RecentShown = true; }
     void CloseLists() override { RecentShown = false; }
     void RecentChanged() override {}
     void MediaChanged() override {}
+    void ShowMediaEntry(int source, int row) override { ShownEntry = {source, row}; }
+    bool CanPreview(int) const override { return false; }
+    void PreviewMedia() override;
     void StyleMediaLists() override {}
     void ShowMenuStrips(bool) override {}
     void LoadCoolbar() override {}
@@ -50,6 +53,9 @@ public:
     QString Caption;
     QHash<QString, std::pair<bool, bool>> Commands; ///< control -> menu, button
     QHash<QString, bool> Checks;
+    std::pair<int, int> ShownEntry{0, -1};      ///< source and row in the media lists
+    std::function<void()> OnPreview;            ///< stands for the tool that opens a media file
+    std::function<void(ToolWindow)> OnOpenTool; ///< stands for the tool windows
     int ProgressMaximum = 0, ProgressValue = 0, ProgressCalls = 0;
     bool ProgressShown = false, RecentShown = false, CommentsShown = false, Enabled = true;
 

@@ -1,5 +1,6 @@
 #include "batch/verbs.h"
 
+#include "batch/block_verbs.h"
 #include "batch/conf_verbs.h"
 #include "batch/level_verbs.h"
 
@@ -18,6 +19,14 @@ constexpr Verb AllVerbs[] = {
     {"comment", "FILE A B", "Puts \"#\" in front of lines A to B, counted from 1, in place.\n", CommentVerb},
     {"uncomment", "FILE A B", "Takes one \"#\" from the front of lines A to B, counted from 1, in place.\n",
      UncommentVerb},
+    {"blocks", "FILE | --verify FILE...",
+     "Prints a JSON object a line for each element block of a graphics conf: key, line (from 1), image, xpos, ypos,\n"
+     "frames, delay, anim_mode, start_frame (-1: not given), global_sync, offset, name, reverse. Sub groups count as\n"
+     "blocks; comment lines do not.\n"
+     "With --verify it writes every block back in memory instead and prints each line that is not the same but for\n"
+     "the blanks in front of its value; the last line counts: \"A blocks: B the same, C different\". Ends with 1 if\n"
+     "any differs, else with 0.\n",
+     BlocksVerb},
     {"level info", "FILE",
      "Prints version, name, author, width, height, size (of the map, as the file tells it), bit (2bit: one byte a\n"
      "cell, 4bit: two), time, count and form (rnd1-2, rnd1-3, 1.0, 1.2 or 1.4), a line each as KEY: VALUE; NA where\n"

@@ -16,6 +16,8 @@ struct ElementRecord
     QString BlockKey; ///< what stands in front of ".xpos:" on the block's xpos line
     bool Reverse = false;
     bool ElementOpen = false; ///< opened from a block in the text, so that it can be written back
+
+    bool operator==(const ElementRecord&) const = default;
 };
 
 /// The fields of a block in the order of ElementState::FieldFound.

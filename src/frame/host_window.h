@@ -15,7 +15,7 @@ struct TabFace
 };
 
 enum class FindKind { Find, Replace, GotoLine };
-enum class ToolWindow { Project, About };
+enum class ToolWindow { Project, About, Inject };
 
 /// The main window as the rooms below it see it; frmmain implements it, and so does the host without a window.
 class HostWindow
@@ -44,7 +44,10 @@ public:
     virtual void CloseLists() = 0;              ///< hides the floating lists, focus to the pane
     virtual void RecentChanged() = 0;           ///< Frame.Recent was loaded anew
     virtual void MediaChanged() = 0;            ///< patterns or folders of the media lists changed
-    virtual void StyleMediaLists() = 0;         ///< Frame.Settings.MediaListFont and colours changed
+    virtual void ShowMediaEntry(int source, int row) = 0; ///< its tab in front, the entry selected and in view
+    virtual bool CanPreview(int mode) const = 0;          ///< is there a tool that opens the media of a mode?
+    virtual void PreviewMedia() = 0;    ///< opens the media file at hand by the mode; returns when done
+    virtual void StyleMediaLists() = 0; ///< Frame.Settings.MediaListFont and colours changed
     virtual void ShowMenuStrips(bool on) = 0;
     virtual void LoadCoolbar() = 0; ///< section `Coolbar Bands`
     virtual void StopPlayers() = 0;

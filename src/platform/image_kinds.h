@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+#include <span>
+
+/// The kinds of image that can be loaded. A kind's place in the table is its number, which is the image library's own.
+struct ImageKindRow
+{
+    const char* Name;
+    const char* Extension; ///< without "."
+};
+
+constexpr int WindowsBitmapKind = 0;
+constexpr int PaintbrushKind = 10;      ///< PCX
+constexpr int NetworkGraphicsKind = 13; ///< PNG
+constexpr int InterchangeKind = 25;     ///< GIF
+
+std::span<const ImageKindRow> ImageKinds();
+
+/// The kind by the ending of a file's name, in any letter case; -1 if it is none of the table's.
+int ImageKindOfName(const QString& fileName);
