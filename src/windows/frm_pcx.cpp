@@ -1,12 +1,14 @@
 #include "windows/frm_pcx.h"
 
-#include "conf/element_blocks.h"
+#include "conf/block_fields.h"
 #include "conf/element_record.h"
+#include "conf/write_block.h"
 #include "frame/frame_state.h"
 #include "frame/media_lists.h"
 #include "graphics/animation.h"
 #include "graphics/sheet.h"
 #include "graphics/sheet_marks.h"
+#include "graphics/tiles_in_use.h"
 #include "platform/images.h"
 #include "platform/paths.h"
 #include "platform/processes.h"
@@ -34,7 +36,6 @@ constexpr int BadImage = 107, ImageErrors = 108;
 constexpr int ImageErrorNag = 2;
 constexpr int MarkPhases = 10;
 constexpr int RedrawDelay = 100; // a preview with a longer delay is drawn again by the marks' timer
-constexpr int CallerHoldsGroup = -999;
 const QString SheetAlone = QStringLiteral("PREVIEW");
 constexpr QSize QuickSize{133, 147}; // pixels at 96 dpi
 constexpr int QuickLift = 30;
@@ -355,7 +356,7 @@ void frmPCX::MakeElement(const QString& key, bool full)
         element.AnimMode = element.AnimMode == QLatin1StringView("loop")
                                ? QStringLiteral("reverse")
                                : element.AnimMode + QStringLiteral(",reverse");
-    WriteElementBlock(full, CallerHoldsGroup);
+    WriteElementBlock(full, CallersUndoGroup);
     element.ImageFile.clear();
     accept();
 }
@@ -364,6 +365,14 @@ void frmPCX::UpdateElement()
 {
     UpdateElementBlock();
     accept();
+}
+
+void frmPCX::MarkTilesInUse()
+{
+    if (Frame.CurrentMode != ModeGfx || isPick)
+        return;
+    const int own = Conf.Element.ElementOpen ? Conf.MainLine : -1;
+    picScroll->SetTilesInUse(TilesInUse(CurrentPane(), Conf.MediaFile, own));
 }
 
 void frmPCX::WatchFile()
@@ -415,4 +424,3 @@ void PickFromSheet(QWidget* owner, const QString& file, const QString& prompt)
     Sheet.PickPrompt = prompt;
     frmPCX::Run(owner);
 }
-void frmPCX::MarkTilesInUse() {}
