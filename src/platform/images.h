@@ -52,7 +52,8 @@ std::optional<Picture> Kept(const QString& path, int kind = -1);
 /// Starts the helper in the background, so that the first image need not wait for it.
 void Warm();
 
-/// Ends the helper and forgets every picture; requests not yet answered fail. The next call starts afresh.
+/// Ends the helper and forgets every picture; whoever waits is told a failure, what was asked for later
+/// is dropped. The next call starts afresh.
 void Stop();
 
 } // namespace images

@@ -3,7 +3,12 @@
 #include "platform/file_steps.h"
 
 #include <atomic>
+#include <memory>
 #include <vector>
+
+namespace images {
+class Service;
+}
 
 namespace processes {
 class Wait;
@@ -12,9 +17,13 @@ class Wait;
 /// All that this room remembers between calls.
 struct PlatformState
 {
+    PlatformState();
+    ~PlatformState();
+
     FileSteps Steps = FileSteps::OfSystem();
-    std::vector<processes::Wait*> Waits; ///< in progress; they nest, the innermost is the last
-    std::atomic<int> SignalPipe{-1};     ///< where the signal handler writes
+    std::vector<processes::Wait*> Waits;     ///< in progress; they nest, the innermost is the last
+    std::atomic<int> SignalPipe{-1};         ///< where the signal handler writes
+    std::unique_ptr<images::Service> Images; ///< none before the first image
 };
 
 extern PlatformState Platform;

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "decoder/protocol.h"
+
+#include <memory>
+
+struct FIBITMAP;
+
+namespace decoder {
+
+struct Release
+{
+    void operator()(FIBITMAP* bitmap) const;
+};
+using Bitmap = std::unique_ptr<FIBITMAP, Release>;
+
+/// What a request comes to. With an answer that says Pixels there is an image, a standard one of 1, 4, 8, 24 or 32
+/// bits.
+struct Decoded
+{
+    Answer What;
+    Bitmap Image;
+};
+
+/// Decodes a file's bytes. The header is held against the limits before any pixel is decoded.
+Decoded Decode(const Request& request, Bytes file);
+
+/// Writes row `row`, counted from the top, as words 0xAARRGGBB.
+void WriteRow(const Decoded& decoded, std::uint32_t row, std::span<std::uint32_t> to);
+
+} // namespace decoder

@@ -1,0 +1,282 @@
+#include "platform/image_service.h"
+
+#include "platform/paths.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QPointer>
+#include <QThread>
+#include <chrono>
+#include <fcntl.h>
+#include <future>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace images {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto Still = 200ms;            ///< the time that a wait stops everything
+constexpr auto Turn = 20ms;              ///< between events from then on
+constexpr qint64 TooYoung = 100'000'000; ///< ns: a file changed so lately may change again within one tick of its clock
+constexpr quint64 SecondNs = 1'000'000'000;
+
+QString CannotBeRead()
+{
+    return QStringLiteral("The image cannot be read.");
+}
+
+qint64 ChangedAt(const struct stat& facts)
+{
+    return qint64(quint64(facts.st_mtim.tv_sec) * SecondNs) + facts.st_mtim.tv_nsec;
+}
+
+Result<FileState> StateOf(const QString& told, int kind)
+{
+    const QString found = paths::Existing(told);
+    const QString path = found.isEmpty() ? told : found;
+    struct stat facts = {};
+    if (stat(QFile::encodeName(path).constData(), &facts) != 0)
+        return Fail(path, qt_error_string(errno));
+    const int wanted = kind < 0 ? ImageKindOfName(path) : kind;
+    if (wanted < 0 || wanted >= int(ImageKinds().size()))
+        return Fail(path, QStringLiteral("This is no image of a known kind."));
+    return FileState{path, wanted, ChangedAt(facts), qint64(facts.st_size), quint64(facts.st_ino)};
+}
+
+/// An open regular file; a fifo is not waited for.
+class OpenFile
+{
+public:
+    explicit OpenFile(const QString& path)
+        : Handle(open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC))
+    {
+        struct stat facts = {};
+        if (Handle < 0 || fstat(Handle, &facts) != 0)
+            Error = errno;
+        else if (!S_ISREG(facts.st_mode))
+            Error = S_ISDIR(facts.st_mode) ? EISDIR : ENODEV;
+        else if (quint64(facts.st_size) > decoder::MostFileBytes)
+            Error = EFBIG;
+    }
+    ~OpenFile()
+    {
+        if (Handle >= 0)
+            close(Handle);
+    }
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+
+    int Handle = -1;
+    int Error = 0;
+};
+
+bool IsOld(const FileState& file)
+{
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME, &now);
+    return std::abs(qint64(quint64(now.tv_sec) * SecondNs) + now.tv_nsec - file.Time) > TooYoung;
+}
+
+/// Waits, after the first moments with windows that repaint.
+template <class Value>
+Value Await(std::future<Value> future)
+{
+    const auto* const application = QCoreApplication::instance();
+    if (future.wait_for(Still) != std::future_status::ready && application &&
+        QThread::currentThread() == application->thread()) {
+        while (future.wait_for(Turn) != std::future_status::ready)
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
+    }
+    return future.get();
+}
+
+QString ReasonOf(const DecoderProcess::Reply& reply)
+{
+    if (reply.How == DecoderProcess::Fate::TimedOut)
+        return QStringLiteral("The image cannot be read: it takes too long.");
+    if (reply.How == DecoderProcess::Fate::Answered && reply.Answer.How == decoder::Outcome::TooLarge)
+        return QStringLiteral("The image cannot be read: it is too large.");
+    return CannotBeRead();
+}
+
+} // namespace
+
+size_t qHash(const FileState& state, size_t seed)
+{
+    return qHashMulti(seed, state.Path, state.Kind, state.Time, state.Size, state.Node);
+}
+
+Service::Service(ServicePlan plan_)
+    : plan(std::move(plan_)), kept(plan.KeptBytes), helper(plan.Decoder, ending), worker([this] { Work(); })
+{
+    if (const auto* const application = QCoreApplication::instance())
+        postbox.moveToThread(application->thread());
+}
+
+Service::~Service()
+{
+    {
+        const std::lock_guard lock(mutex);
+        ending = true;
+    }
+    changed.notify_all();
+    worker.join();
+    for (const Job& job : jobs)
+        job.Done(Fail(job.File.Path, CannotBeRead()));
+}
+
+Result<Picture> Service::Load(const QString& path, int kind)
+{
+    const Result<FileState> file = StateOf(path, kind);
+    if (!file)
+        return tl::unexpected(file.error());
+    if (auto picture = Look(*file))
+        return *picture;
+    return WaitFor(*file, decoder::Task::Pixels).map([](const Decoded& decoded) { return decoded.Image; });
+}
+
+void Service::LoadLater(const QString& path, int kind, QObject* context, PictureReady ready)
+{
+    // The pointer to the context is looked at in the main thread alone.
+    auto deliver = [this, guard = QPointer<QObject>(context), ready = std::move(ready)](const Result<Picture>& result) {
+        const auto hand = [guard, ready, result] {
+            if (guard)
+                ready(result);
+        };
+        QMetaObject::invokeMethod(&postbox, hand, Qt::QueuedConnection);
+    };
+    const Result<FileState> file = StateOf(path, kind);
+    if (!file)
+        return deliver(tl::unexpected(file.error()));
+    if (const auto picture = Look(*file))
+        return deliver(*picture);
+    auto done = [deliver](const Result<Decoded>& decoded) {
+        deliver(decoded.map([](const Decoded& whole) { return whole.Image; }));
+    };
+    Queue({*file, decoder::Task::Pixels, std::move(done)}, false);
+}
+
+std::optional<Picture> Service::Kept(const QString& path, int kind)
+{
+    const Result<FileState> file = StateOf(path, kind);
+    return file ? Look(*file) : std::nullopt;
+}
+
+Result<Header> Service::ReadHeader(const QString& path, int kind)
+{
+    const Result<FileState> file = StateOf(path, kind);
+    if (!file)
+        return tl::unexpected(file.error());
+    if (const auto picture = Look(*file))
+        return Header{picture->Size(), picture->Kind, picture->Bits};
+    return WaitFor(*file, decoder::Task::Header).map([](const Decoded& decoded) {
+        return Header{decoded.Size, decoded.Image.Kind, decoded.Image.Bits};
+    });
+}
+
+void Service::Warm()
+{
+    {
+        const std::lock_guard lock(mutex);
+        warmWanted = true;
+    }
+    changed.notify_one();
+}
+
+Result<Service::Decoded> Service::WaitFor(const FileState& file, decoder::Task what)
+{
+    const auto promise = std::make_shared<std::promise<Result<Decoded>>>();
+    Queue({file, what, [promise](Result<Decoded> result) { promise->set_value(std::move(result)); }}, true);
+    return Await(promise->get_future());
+}
+
+/// Who waits comes before those that asked for later.
+void Service::Queue(Job job, bool first)
+{
+    {
+        const std::lock_guard lock(mutex);
+        jobs.insert(first ? jobs.begin() : jobs.end(), std::move(job));
+    }
+    changed.notify_one();
+}
+
+std::optional<Picture> Service::Look(const FileState& file)
+{
+    const std::lock_guard lock(mutex);
+    const Picture* const picture = kept.object(file);
+    return picture ? std::optional(*picture) : std::nullopt;
+}
+
+void Service::Keep(const FileState& file, const Picture& picture)
+{
+    if (!IsOld(file))
+        return;
+    const std::lock_guard lock(mutex);
+    kept.insert(file, new Picture(picture), picture.Pixels.sizeInBytes());
+}
+
+void Service::Work()
+{
+    std::unique_lock lock(mutex);
+    for (;;) {
+        changed.wait(lock, [this] { return ending || warmWanted || !jobs.empty(); });
+        if (ending)
+            return;
+        if (jobs.empty()) {
+            warmWanted = false;
+            lock.unlock();
+            helper.Start(); // Whether it can be started shows at the first image.
+            lock.lock();
+            continue;
+        }
+        const Job job = std::move(jobs.front());
+        jobs.pop_front();
+        lock.unlock();
+        job.Done(Carry(job));
+        lock.lock();
+    }
+}
+
+Result<Service::Decoded> Service::Carry(const Job& job)
+{
+    if (const auto picture = Look(job.File)) // the same image may have stood twice in the queue
+        return Decoded{*picture, picture->Size()};
+    const OpenFile file(job.File.Path);
+    if (file.Error != 0)
+        return Fail(job.File.Path, qt_error_string(file.Error));
+    const Result<DecoderProcess::Reply> reply = AskHelper(job, file.Handle);
+    if (!reply)
+        return tl::unexpected(reply.error());
+    const decoder::Answer& answer = reply->Answer;
+    if (reply->How != DecoderProcess::Fate::Answered || answer.How != decoder::Outcome::Done) {
+        // Broken images make the library leak, so one that could not be read costs its helper; the next stands ready.
+        helper.Stop();
+        Warm();
+        return Fail(job.File.Path, ReasonOf(*reply));
+    }
+    const Decoded decoded{{reply->Pixels, job.File.Kind, int(answer.Bits), int(answer.ColoursUsed), answer.EndsEarly},
+                          {int(answer.Width), int(answer.Height)}};
+    if (job.What == decoder::Task::Pixels)
+        Keep(job.File, decoded.Image);
+    return decoded;
+}
+
+/// A helper that has served before may have died of something else than this image: then a fresh one tries once more.
+Result<DecoderProcess::Reply> Service::AskHelper(const Job& job, int file)
+{
+    for (;;) {
+        if (const int error = helper.Start())
+            return Fail(plan.Decoder, qt_error_string(error));
+        const bool last = helper.IsFresh();
+        const decoder::Request request{++serial, quint32(job.File.Kind), job.What};
+        DecoderProcess::Reply reply = helper.Ask(request, file, plan.Patience);
+        if (reply.How != DecoderProcess::Fate::Fault || last)
+            return reply;
+        helper.Stop();
+    }
+}
+
+} // namespace images

@@ -1,0 +1,41 @@
+#include "decoder/decode_here.h"
+#include "decoder/sample_images.h"
+#include "platform/images.h"
+#include "test_support.h"
+
+#include <gtest/gtest.h>
+
+// Catches: a kind whose number, header check, depth or row order is wrong, rows written outside their line, a helper
+// whose limits are too tight for a kind, and one that shows something else than what was decoded.
+TEST(EveryKind, IsDecodedHereAndByTheHelper)
+{
+    const TestFolder folder;
+    const QList<SampleImage> samples = SampleOfEveryKind();
+    ASSERT_EQ(samples.size(), qsizetype(ImageKinds().size()));
+    for (int kind = 0; kind < samples.size(); ++kind) {
+        const SampleImage& sample = samples[kind];
+        SCOPED_TRACE(ImageKinds()[size_t(kind)].Name);
+        ASSERT_EQ(sample.Kind, kind);
+        const decoder::Decoded here = DecodeHere(kind, sample.File);
+        ASSERT_EQ(here.What.How, decoder::Outcome::Done);
+        EXPECT_EQ(here.What.Bits, quint32(sample.Bits));
+        EXPECT_FALSE(here.What.EndsEarly || here.What.Alpha);
+        const QImage shown = PixelsOf(here);
+        EXPECT_LE(Difference(shown, sample.Shows), sample.Tolerance);
+
+        const QString path = folder.Write(
+            QStringLiteral("image.%1").arg(QLatin1String(ImageKinds()[size_t(kind)].Extension).toString().toUpper()),
+            sample.File);
+        const auto header = images::ReadHeader(path);
+        ASSERT_TRUE(header) << header.error().Reason;
+        EXPECT_EQ(header->Size, sample.Shows.size());
+        EXPECT_EQ(header->Kind, kind);
+        EXPECT_EQ(header->Bits, sample.Bits);
+        const auto picture = images::Load(path);
+        ASSERT_TRUE(picture) << picture.error().Reason;
+        EXPECT_EQ(Difference(picture->Pixels, shown), 0);
+        EXPECT_EQ(picture->Bits, sample.Bits);
+        EXPECT_EQ(picture->ColoursUsed, int(here.What.ColoursUsed));
+    }
+    images::Stop();
+}
