@@ -99,9 +99,10 @@ void Search::TakeExpression(const QString& pattern, bool words, bool matchCase)
     expression.setPatternOptions(matchCase ? QRegularExpression::UseUnicodePropertiesOption
                                            : QRegularExpression::UseUnicodePropertiesOption |
                                                  QRegularExpression::CaseInsensitiveOption);
+    // A part that is not closed is noticed behind the last character.
+    const qsizetype place = qMin(expression.patternErrorOffset() + 1, pattern.size());
     if (!expression.isValid())
-        error = expression.errorString() + QStringLiteral(" (character ") +
-                QString::number(expression.patternErrorOffset() + 1) + QLatin1Char(')');
+        error = expression.errorString() + QStringLiteral(" (character ") + QString::number(place) + QLatin1Char(')');
     else if (words)
         expression.setPattern(QStringLiteral("\\b(?:") + pattern + QStringLiteral(")\\b"));
     expression.optimize();

@@ -43,6 +43,8 @@ struct FrameState
     WordListTable WordLists;
     EditorGlobals Globals;
     MessageRecord Message;
+    bool HoldMessages = false; ///< the window is being built: messages with one button wait for ShowHeldMessages
+    std::vector<MessageRecord> HeldMessages;
     std::vector<RecentEntry> Recent;
 
     MediaPatterns Media; ///< what the three file lists show

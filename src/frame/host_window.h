@@ -49,7 +49,7 @@ public:
     virtual void PreviewMedia() = 0;    ///< opens the media file at hand by the mode; returns when done
     virtual void StyleMediaLists() = 0; ///< Frame.Settings.MediaListFont and colours changed
     virtual void ShowMenuStrips(bool on) = 0;
-    virtual void LoadCoolbar() = 0; ///< section `Coolbar Bands`
+    virtual void LoadCoolbar() = 0; ///< Frame.Settings.Bands was read
     virtual void StopPlayers() = 0;
     virtual bool Turn() = 0; ///< lets events run; false: a stop is wanted
 };

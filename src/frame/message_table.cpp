@@ -119,6 +119,9 @@ constexpr MessageRow Rows[] = {
      "The backup could not be made:-^^%1^^Do you want to save without one?"},
     {306, -1, "Unsaved Text", 2, "red", "Close Anyway_Cancel", nullptr,
      "Unsaved text can not be kept for the next start:^^%1^^If you close now it is lost."},
+    {307, -1, "File Was Changed", 2, "whi", "Overwrite_Cancel", nullptr,
+     "Another program has changed this file since it was loaded or saved here:-^^%1^^Do you want to overwrite it with "
+     "the text you have here?"},
     {999, -1, "Welcome", 8, "bro", "OK_Read Help_Don't Show This Again", "OK",
      "Welcome To Gemforge.^^No Help at the moment! Just set your RND path (in options) and it should be "
      "ok!^^Cheers!^^Ross...."},

@@ -4,6 +4,7 @@
 #include "frame/frame_state.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -58,6 +59,13 @@ QString ShowMessage(int code, const QString& text, const QString& text2)
 
 QString ShowRecord()
 {
+    const QStringList captions = ButtonCaptions(Frame.Message.MessageButtons);
+    if (Frame.HoldMessages && captions.size() == 1) {
+        Frame.HeldMessages.push_back(Frame.Message);
+        Frame.Message.MessageResult = captions.first();
+        Frame.Message.MessageButtonIndex = 1;
+        return captions.first();
+    }
     const WorkScope modal;
     Frame.Message.MessageResult.clear();
     Frame.Message.MessageButtonIndex = 0;
@@ -68,6 +76,15 @@ QString ShowRecord()
     shown.MessageButtonIndex = answer.Index;
     Frame.Message = shown;
     return answer.Caption;
+}
+
+void ShowHeldMessages()
+{
+    Frame.HoldMessages = false;
+    for (const MessageRecord& record : std::exchange(Frame.HeldMessages, {})) {
+        Frame.Message = record;
+        ShowRecord();
+    }
 }
 
 QStringList ButtonCaptions(const QString& buttons)

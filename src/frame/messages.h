@@ -37,6 +37,9 @@ QString ShowMessage(int code, const QString& text = {}, const QString& text2 = {
 /// Shows Frame.Message as a caller has filled it.
 QString ShowRecord();
 
+/// Shows what waits in Frame.HeldMessages, and from now on every message at once.
+void ShowHeldMessages();
+
 /// The captions that a list of buttons gives: split at "_", up to the first empty one; at least "OK".
 QStringList ButtonCaptions(const QString& buttons);
 QString WayOutOf(const MessageRecord& record);
@@ -51,4 +54,5 @@ enum OwnMessage : int {
     MessageFileVanished = 304,   ///< text: the files
     MessageTextNotKept = 306,    ///< text: path and reason; "Close Anyway_Cancel"
     MessageNoBackup = 305,       ///< text: path and reason; "Save Without Backup_Cancel"
+    MessageOverChanged = 307,    ///< text: the file, changed since it was loaded; "Overwrite_Cancel"
 };

@@ -75,9 +75,12 @@ bool KeepText(int tab)
 bool MayWrite(const QString& path, bool ownPath)
 {
     const Document& document = Frame.Documents.at(Frame.CurrentTab);
-    const bool ask = !ownPath || document.ForeignText || ChangedOnDisk(Frame.CurrentTab);
-    if (ask && paths::FileExists(path) && ShowMessage(9) == Cancel)
+    if (ownPath && !document.ForeignText && ChangedOnDisk(Frame.CurrentTab)) {
+        if (ShowMessage(MessageOverChanged, paths::Native(path)) == Cancel)
+            return false;
+    } else if ((!ownPath || document.ForeignText) && paths::FileExists(path) && ShowMessage(9) == Cancel) {
         return false;
+    }
     EditorPane& pane = CurrentPane();
     if (pane.FitsEncoding())
         return true;

@@ -129,6 +129,7 @@ void LoadSettings()
     SettingsReader reader;
     SettingsRecord& settings = Frame.Settings;
     LoadSyntaxColours(Host().Pane(0), QStringLiteral("Syntax Colours"), true, reader);
+    settings.Bands = ReadBands(reader);
     Host().LoadCoolbar();
     ReadMediaStyle(reader, settings);
     Host().StyleMediaLists();
@@ -148,6 +149,7 @@ void LoadSettings()
     ReadAnimModes(settings);
     for (int id = 1; id <= 5; ++id)
         ApplyViewSetting(id, ViewSetting(id));
+    reader.WriteBack();
     if (!reader.Corrected().isEmpty())
         ShowMessage(MessageSettingsBroken, FirstOf(reader.Corrected()));
 }

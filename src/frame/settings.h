@@ -1,5 +1,6 @@
 #pragma once
 
+#include "frame/cool_bar_bands.h"
 #include "platform/result.h"
 
 #include <QString>
@@ -30,6 +31,7 @@ struct SettingsRecord
     std::array<int, 10> QuickElementTemplate{};
     std::array<int, 4> AutoCompleteTemplate{};
     std::array<int, 5> Nags{1, 1, 1, 1, 1};
+    std::vector<CoolBarBand> Bands; ///< of the tool bars, as LoadSettings read them
 
     int MediaListBackColour = 0, MediaListColour = 0; ///< 0x00BBGGRR
     QString MediaListFontName;

@@ -53,7 +53,24 @@ QString SettingsReader::Shipped(const QString& section, const QString& key)
 QString SettingsReader::Correct(const QString& section, const QString& key)
 {
     corrected << u'[' + section + QStringLiteral("] ") + key;
-    return Shipped(section, key);
+    return Take(section, key);
+}
+
+QString SettingsReader::Take(const QString& section, const QString& key)
+{
+    const QString value = Shipped(section, key);
+    if (!value.isNull())
+        fixes.push_back({section, key, value});
+    return value;
+}
+
+void SettingsReader::WriteBack() const
+{
+    if (fixes.isEmpty())
+        return;
+    const SettingsBatch batch;
+    for (const Fix& fix : fixes)
+        WriteIni(fix.Value, fix.Section, fix.Key);
 }
 
 int SettingsReader::Number(const QString& section, const QString& key, int low, int high)
@@ -87,5 +104,5 @@ bool SettingsReader::Truth(const QString& section, const QString& key)
 QString SettingsReader::Text(const QString& section, const QString& key)
 {
     const QString text = ReadIni(section, key);
-    return text == IniFile::NotFound ? Shipped(section, key) : text;
+    return text == IniFile::NotFound ? Take(section, key) : text;
 }

@@ -17,12 +17,21 @@ public:
     /// A text; a missing key takes the shipped one too, without a note.
     QString Text(const QString& section, const QString& key);
 
+    /// Puts every shipped value that was taken into user.ini, so that it is told once only.
+    void WriteBack() const;
+
     const QStringList& Corrected() const { return corrected; } ///< "[section] key"
 
 private:
     QString Shipped(const QString& section, const QString& key);
     QString Correct(const QString& section, const QString& key);
+    QString Take(const QString& section, const QString& key);
 
+    struct Fix
+    {
+        QString Section, Key, Value;
+    };
     QHash<QString, QString> shipped; ///< filled when first needed
+    QList<Fix> fixes;
     QStringList corrected;
 };

@@ -100,6 +100,7 @@ bool PrepareStart(const StartFolders& folders, const QStringList& arguments)
 
 void FinishStart()
 {
+    Frame.HoldMessages = true;
     Frame.DocumentLoading = false;
     ShowFirstTab();
     Frame.FlashCount = -1;

@@ -25,7 +25,8 @@ bool PrepareStart(const StartFolders& folders, const QStringList& arguments);
 void FillConfNames();
 
 /// The once-only part of the first activation, once the host is there: tabs, languages, settings, recent list and the
-/// first document. Window size and the caption's start-up time are the window's.
+/// first document. Window size and the caption's start-up time are the window's. What went wrong is held: the window
+/// calls ShowHeldMessages when it is complete.
 void FinishStart();
 
 /// The welcome, once a run, while Frame.ShowWelcome is 1. "OK" and "Don't Show This Again" are done here; the caller

@@ -51,7 +51,6 @@ ContentsPane::ContentsPane(const HelpBook& pages, QWidget* parent)
     column->addWidget(stack, 1);
     setFocusProxy(box);
 
-    FillContents();
     TintBox();
     connect(box, &QLineEdit::textChanged, this, &ContentsPane::ShowHits);
     const auto chooseTree = [this](QTreeWidgetItem* item) {
@@ -122,6 +121,8 @@ void ContentsPane::TintBox()
 
 void ContentsPane::FillContents()
 {
+    contents->clear();
+    box->clear();
     QTreeWidgetItem* chapter = nullptr;
     for (const ContentsLine& line : book.Contents()) {
         if (line.Place.File.isEmpty()) {

@@ -19,6 +19,8 @@ class ContentsPane : public QWidget
 public:
     explicit ContentsPane(const HelpBook& pages, QWidget* parent = nullptr);
 
+    /// Shows the contents that the book has now.
+    void FillContents();
     void FocusSearch();
     /// Empties the search box. False if it was empty.
     bool ClearSearch();
@@ -33,7 +35,6 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void FillContents();
     void TintBox();
     void ShowHits(const QString& words);
     void FollowKeyFromBox(int key);

@@ -7,6 +7,7 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QFileInfo>
 #include <QMenuBar>
 #include <QScreen>
 #include <QSplitter>
@@ -18,8 +19,17 @@
 #include <optional>
 #include <span>
 
-HelpWindow::HelpWindow(Result<HelpBook> opened, QWidget* parent)
-    : QMainWindow(parent), book(opened ? std::move(*opened) : HelpBook()), broken(!opened)
+namespace {
+
+std::pair<qint64, QDateTime> StateOf(const QString& archive)
+{
+    const QFileInfo file(archive);
+    return {file.size(), file.lastModified()};
+}
+
+} // namespace
+
+HelpWindow::HelpWindow(Result<HelpBook> opened, QWidget* parent) : QMainWindow(parent), broken(!opened)
 {
     split = new QSplitter(this);
     contents = new ContentsPane(book, split);
@@ -40,8 +50,35 @@ HelpWindow::HelpWindow(Result<HelpBook> opened, QWidget* parent)
     });
     connect(contents, &ContentsPane::PlaceChosen, view, &PageView::ShowPlace);
     setWindowTitle(tr("Gemforge Help"));
+    TakeBook(opened);
+}
+
+void HelpWindow::Follow(const QString& followed)
+{
+    archive = followed;
+    archiveState = StateOf(archive);
+}
+
+void HelpWindow::TakeChangedBook()
+{
+    const auto now = StateOf(archive);
+    if (archive.isEmpty() || now == archiveState)
+        return;
+    archiveState = now;
+    Result<HelpBook> opened = HelpBook::Open(archive);
+    view->Forget();
+    TakeBook(opened);
+}
+
+void HelpWindow::TakeBook(Result<HelpBook>& opened)
+{
+    broken = !opened;
+    book = opened ? std::move(*opened) : HelpBook();
+    contents->FillContents();
+    contents->setEnabled(!broken);
+    for (QAction* action : std::as_const(bookActions))
+        action->setEnabled(!broken);
     if (broken) {
-        contents->setEnabled(false);
         const QString reason = opened.error().Text().replace(QLatin1Char('^'), QLatin1Char('\n'));
         view->ShowFailure(
             tr("The help pages cannot be shown"),
@@ -58,6 +95,7 @@ void HelpWindow::ShowId(const QString& id)
 
 void HelpWindow::ShowIdInFront(const QString& id)
 {
+    TakeChangedBook();
     ShowId(id);
     if (isMinimized())
         showNormal();
@@ -90,8 +128,8 @@ void HelpWindow::MakeActions()
         return list;
     };
     const Row page[] = {
-        {"&Back", keys({"Alt+Left", "Backspace"}), QStyle::SP_ArrowBack, [this] { view->backward(); }},
-        {"&Forward", keys({"Alt+Right"}), QStyle::SP_ArrowForward, [this] { view->forward(); }},
+        {"&Back", keys({"Alt+Left", "Backspace"}), QStyle::SP_ArrowBack, [this] { view->backward(); }, false},
+        {"&Forward", keys({"Alt+Right"}), QStyle::SP_ArrowForward, [this] { view->forward(); }, false},
         {"&Contents", keys({"Alt+Home"}), QStyle::SP_FileDialogListView, [this] { ShowId(QString()); }},
         {"", {}, {}, {}},
         {"&Search All Pages", keys({"Ctrl+Shift+F", "Ctrl+K"}), {}, [this] { contents->FocusSearch(); }},
@@ -118,7 +156,8 @@ void HelpWindow::MakeActions()
             }
             auto* action = new QAction(tr(row.Caption), this);
             action->setShortcuts(row.Keys);
-            action->setEnabled(!broken || !row.NeedsBook);
+            if (row.NeedsBook)
+                bookActions << action;
             connect(action, &QAction::triggered, this, row.Run);
             menu->addAction(action);
             if (!row.Icon)

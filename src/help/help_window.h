@@ -2,6 +2,7 @@
 
 #include "help/help_book.h"
 
+#include <QDateTime>
 #include <QMainWindow>
 
 class ContentsPane;
@@ -18,6 +19,9 @@ public:
     /// A failure is shown in place of the pages.
     explicit HelpWindow(Result<HelpBook> opened, QWidget* parent = nullptr);
 
+    /// From now on an id that comes from another start is looked up in this archive's present pages.
+    void Follow(const QString& archive);
+
     void ShowId(const QString& id);
     /// For an id that came from another start: shows it and comes to the front.
     void ShowIdInFront(const QString& id);
@@ -26,6 +30,8 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void TakeBook(Result<HelpBook>& opened);
+    void TakeChangedBook();
     void MakeActions();
     void LayOut();
     void FollowView(const QUrl& source);
@@ -36,5 +42,8 @@ private:
     ContentsPane* contents;
     FindBar* find;
     QSplitter* split;
+    QList<QAction*> bookActions; ///< that make sense while there are pages
     bool broken;
+    QString archive;
+    std::pair<qint64, QDateTime> archiveState; ///< size and time
 };

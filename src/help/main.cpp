@@ -17,7 +17,9 @@ int main(int argc, char** argv)
         return 0;
 
     RunningWindow others(meetingPoint);
-    HelpWindow window(HelpBook::Open(folder + QStringLiteral("/Help.zip")));
+    const QString archive = folder + QStringLiteral("/Help.zip");
+    HelpWindow window(HelpBook::Open(archive));
+    window.Follow(archive);
     QObject::connect(&others, &RunningWindow::IdCame, &window, &HelpWindow::ShowIdInFront);
     window.ShowId(id);
     window.show();

@@ -60,6 +60,14 @@ void PageView::ShowFailure(const QString& title, const QString& text)
     setHtml(failure);
 }
 
+void PageView::Forget()
+{
+    failure.clear();
+    QTextBrowser::doSetSource(QUrl(), QTextDocument::HtmlResource);
+    clearHistory();
+    clear();
+}
+
 void PageView::SetZoom(int percent)
 {
     percent = std::clamp(percent, 50, 300);

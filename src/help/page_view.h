@@ -20,6 +20,9 @@ public:
     /// Shows a failure in place of a page.
     void ShowFailure(const QString& title, const QString& text);
 
+    /// Forgets what it shows and where it was, for another book.
+    void Forget();
+
     /// Size of the text in per cent of the desktop's, held between 50 and 300.
     void SetZoom(int percent);
     int Zoom() const { return zoom; }

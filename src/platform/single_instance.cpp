@@ -35,15 +35,27 @@ QString LockFolder()
 SingleInstance::SingleInstance(const QString& name)
 {
     const QString path = LockFolder() + QLatin1Char('/') + name + QLatin1String(".lock");
-    file = open(QFile::encodeName(path), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600);
-    if (file < 0)
-        return;
     // The file stays when the lock goes: removing it would let two starts hold locks on two files of one name.
-    another = flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    Lock(open(QFile::encodeName(path), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600));
 }
 
 SingleInstance::~SingleInstance()
 {
-    if (file >= 0)
+    for (const int file : held)
         close(file);
+}
+
+void SingleInstance::Claim(const QString& folder)
+{
+    FileFacts facts{};
+    if (stat(QFile::encodeName(folder), &facts) == 0 && facts.st_uid == geteuid())
+        Lock(open(QFile::encodeName(folder), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+}
+
+void SingleInstance::Lock(int file)
+{
+    if (file < 0)
+        return;
+    held.push_back(file);
+    another = another || (flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK);
 }

@@ -8,7 +8,8 @@
 CommandSet::CommandSet(QWidget* window) : QObject(window)
 {
     for (const MenuRow& menu : MainMenus()) {
-        for (const CommandRow& row : menu.Rows) {
+        for (const auto& [shown, apart] : ShownRows(menu)) {
+            const CommandRow& row = *shown;
             Pair pair;
             pair.Menu = Make(row, QString::fromLatin1(row.Caption));
             if (*row.Shortcut) {

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <span>
+#include <vector>
 
 /// The six tool bars.
 enum class ToolStrip : quint8 { None, tbFile, tbEdit, tbFind, tbView, tbRnD, tbExtra };
@@ -13,10 +14,13 @@ enum CommandFlag : quint8 {
     OpensMenu = 4, ///< the entry opens the menu of the same control; its button has that menu as a drop-down
 };
 
+/// Action of a command whose tool is not there yet: its row keeps the place, and nothing of it shows.
+inline constexpr void (*NotThere)() = nullptr;
+
 /// One command of the main window: menu entry, tool button, shortcut, icon and help page all follow from its row.
-/// To add a command: add its row to the file of its menu (file_commands.cpp and so on) where it shall stand, draw the
-/// icon named as its button key, write the help page of its HelpIdOf. To add a menu: a file of rows and a row in
-/// command_table.cpp.
+/// To add a command: give its row in the file of its menu (file_commands.cpp and so on) an action instead of NotThere,
+/// or add a row where it shall stand; draw the icon named as its button key, write the help page of its HelpIdOf. To
+/// add a menu: a file of rows and a row in command_table.cpp.
 struct CommandRow
 {
     const char* Control;
@@ -24,7 +28,7 @@ struct CommandRow
     const char* Shortcut; ///< portable key text; "" for none
     ToolStrip Strip;      ///< None with a button key: a drop-down entry of the button that opens this menu
     const char* ButtonKey;
-    const char* ButtonTip; ///< null: the caption
+    const char* ButtonTip; ///< null: the caption; of a drop-down entry: how the drop-down spells it
     quint8 Flags;
     void (*Action)();
 };
@@ -45,10 +49,23 @@ std::span<const CommandRow> EditCommands();
 std::span<const CommandRow> FindCommands();
 std::span<const CommandRow> ViewCommands();
 std::span<const CommandRow> RnDCommands();
+std::span<const CommandRow> ExtractCommands();
+std::span<const CommandRow> ExtraCommands();
 std::span<const CommandRow> HelpCommands();
 
 /// Every menu, in the order of the menu bar.
 std::span<const MenuRow> MainMenus();
+
+/// A row that shows, and whether a separator stands in front of it.
+struct ShownRow
+{
+    const CommandRow* Row;
+    bool Apart;
+};
+/// The rows of a menu that show; with a strip, those that have a button on it. Separators stand between shown rows
+/// only, never two together.
+std::vector<ShownRow> ShownRows(const MenuRow& menu);
+std::vector<ShownRow> ShownRows(const MenuRow& menu, ToolStrip strip);
 
 /// The help page of a part of the main window: "H_main_" + its key.
 QString HelpIdFor(const char* key);

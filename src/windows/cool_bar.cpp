@@ -1,8 +1,7 @@
 #include "windows/cool_bar.h"
 
-#include "frame/settings.h"
-#include "platform/ini_file.h"
 #include "windows/command_set.h"
+#include "windows/dialog_help.h"
 #include "windows/find_box.h"
 #include "windows/help_subject.h"
 #include "windows/menu_tree.h"
@@ -12,7 +11,6 @@
 #include <QToolBar>
 #include <QToolButton>
 #include <algorithm>
-#include <set>
 
 namespace {
 
@@ -29,23 +27,7 @@ constexpr BarRow Bars[] = {
 };
 constexpr int IconPixels = 20;
 
-QString BandValue(const char* letter, int band)
-{
-    return ReadIni(QStringLiteral("Coolbar Bands"), QString::fromLatin1(letter) + QString::number(band));
-}
-
 } // namespace
-
-std::vector<CoolBarBand> StoredBands(int count)
-{
-    std::vector<CoolBarBand> bands;
-    for (int band = 1; band <= count; ++band) {
-        CoolBarBand stored{BandValue("T", band), BandValue("C", band), BandValue("W", band).toInt(), false};
-        stored.NewRow = band > 1 && BandValue("N", band).compare(QLatin1String("True"), Qt::CaseInsensitive) == 0;
-        bands.push_back(stored);
-    }
-    return bands;
-}
 
 CoolBar::CoolBar(QMainWindow* owner, const CommandSet& commands, const MenuTree& menus)
     : window(owner), findBox(new FindBox(owner))
@@ -55,37 +37,37 @@ CoolBar::CoolBar(QMainWindow* owner, const CommandSet& commands, const MenuTree&
         bar->setObjectName(QString::fromLatin1(row.Control));
         bar->setIconSize({IconPixels, IconPixels});
         bar->setFloatable(false);
+        bar->setAllowedAreas(Qt::TopToolBarArea);
         SetHelpSubject(bar, HelpIdFor(""));
         bars[row.Strip] = bar;
         order.push_back(bar);
         window->addToolBar(bar);
     }
-    for (const MenuRow& menu : MainMenus())
-        FillBar(menu, commands, menus);
+    for (const BarRow& row : Bars)
+        FillBar(row.Strip, commands, menus);
     bars[ToolStrip::tbFind]->addWidget(findBox);
     for (QToolBar* bar : order)
         bar->setVisible(!bar->actions().isEmpty());
 }
 
-void CoolBar::FillBar(const MenuRow& menu, const CommandSet& commands, const MenuTree& menus)
+void CoolBar::FillBar(ToolStrip strip, const CommandSet& commands, const MenuTree& menus)
 {
-    std::set<ToolStrip> separate; // bars whose next button stands apart
-    for (const CommandRow& row : menu.Rows) {
-        if (row.Strip == ToolStrip::None)
-            continue;
-        QToolBar* bar = bars[row.Strip];
-        if (separate.erase(row.Strip))
-            bar->addSeparator();
-        QAction* action = commands.Button(QString::fromLatin1(row.Control));
-        bar->addAction(action);
-        auto* button = qobject_cast<QToolButton*>(bar->widgetForAction(action));
-        SetHelpSubject(button, HelpIdOf(row));
-        if (row.Flags & OpensMenu) {
-            button->setMenu(menus.Find(QString::fromLatin1(row.Control)));
-            button->setPopupMode(QToolButton::MenuButtonPopup);
+    QToolBar* bar = bars[strip];
+    for (const MenuRow& menu : MainMenus()) {
+        bool first = !bar->actions().isEmpty(); // buttons of another menu stand apart
+        for (const auto& [row, apart] : ShownRows(menu, strip)) {
+            if (apart || first)
+                bar->addSeparator();
+            first = false;
+            QAction* action = commands.Button(QString::fromLatin1(row->Control));
+            bar->addAction(action);
+            auto* button = qobject_cast<QToolButton*>(bar->widgetForAction(action));
+            SetHelpSubject(button, HelpIdOf(*row));
+            if (row->Flags & OpensMenu) {
+                button->setMenu(menus.Find(QString::fromLatin1(row->Control)));
+                button->setPopupMode(QToolButton::MenuButtonPopup);
+            }
         }
-        if (row.Flags & SeparatorBehind)
-            separate.insert(row.Strip);
     }
 }
 
@@ -94,10 +76,10 @@ QToolBar* CoolBar::Bar(ToolStrip strip) const
     return bars.at(strip);
 }
 
-void CoolBar::Load()
+void CoolBar::Load(const std::vector<CoolBarBand>& bands)
 {
-    const std::vector<CoolBarBand> bands = StoredBands(int(order.size()));
-    for (size_t band = 0; band < bands.size(); ++band) {
+    const size_t count = std::min(bands.size(), order.size());
+    for (size_t band = 0; band < count; ++band) {
         // The named bar and the one that stood here change places, so that none is lost or shown twice.
         const auto named = std::ranges::find(order, bands[band].Control, &QToolBar::objectName);
         if (named != order.end())
@@ -107,17 +89,45 @@ void CoolBar::Load()
         window->removeToolBarBreak(bar);
         window->removeToolBar(bar);
     }
-    for (size_t band = 0; band < bands.size(); ++band) {
+    for (size_t band = 0; band < count; ++band) {
         QToolBar* bar = order[band];
         if (bands[band].NewRow)
             window->addToolBarBreak();
         window->addToolBar(bar);
         bar->setVisible(!bar->actions().isEmpty());
-        if (bands[band].Tag != IniFile::NotFound)
-            bar->setWindowTitle(bands[band].Tag);
+        bar->setWindowTitle(bands[band].Tag);
         if (bar == Bar(ToolStrip::tbFind))
-            FitFindBox(bands[band].Width);
+            FitFindBox(Pixels(*bar, bands[band].Width));
     }
+}
+
+std::vector<QToolBar*> CoolBar::PresentOrder() const
+{
+    std::vector<QToolBar*> shown, present;
+    std::ranges::copy_if(order, std::back_inserter(shown), [](const QToolBar* bar) { return bar->isVisible(); });
+    std::ranges::stable_sort(shown, {}, [](const QToolBar* bar) { return std::pair(bar->y(), bar->x()); });
+    present = shown;
+    for (size_t band = 0; band < order.size(); ++band) {
+        if (std::ranges::find(present, order[band]) != present.end())
+            continue;
+        const auto before = band == 0 ? present.end() : std::ranges::find(present, order[band - 1]);
+        present.insert(before == present.end() ? present.begin() : before + 1, order[band]);
+    }
+    return present;
+}
+
+std::vector<CoolBarBand> CoolBar::Bands() const
+{
+    std::vector<CoolBarBand> bands;
+    const QToolBar* last = nullptr; // that shows
+    for (const QToolBar* bar : PresentOrder()) {
+        const bool newRow = bar->isVisible() && last && bar->y() > last->y();
+        const int width = qRound(bar->width() * 96.0 / bar->logicalDpiX());
+        bands.push_back({bar->windowTitle(), bar->objectName(), width, newRow});
+        if (bar->isVisible())
+            last = bar;
+    }
+    return bands;
 }
 
 void CoolBar::FitFindBox(int bandWidth)

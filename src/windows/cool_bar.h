@@ -1,8 +1,8 @@
 #pragma once
 
+#include "frame/cool_bar_bands.h"
 #include "windows/command_table.h"
 
-#include <QString>
 #include <map>
 #include <vector>
 
@@ -12,36 +12,31 @@ class MenuTree;
 class QMainWindow;
 class QToolBar;
 
-/// One band of section `Coolbar Bands`.
-struct CoolBarBand
-{
-    QString Tag, Control;
-    int Width = 0; ///< pixels; 0 unknown
-    bool NewRow = false;
-};
-
-/// Bands 1 to `count` as user.ini has them.
-std::vector<CoolBarBand> StoredBands(int count);
-
 /// The six tool bars, built from the command table. A bar without a button does not show.
 class CoolBar
 {
 public:
     CoolBar(QMainWindow* window, const CommandSet& commands, const MenuTree& menus);
 
-    /// Order, tags and rows from user.ini. A band whose control is unknown keeps its bar. Bars are as wide as their
-    /// buttons; only the find box stretches to its band's width.
-    void Load();
+    /// Order, tags and rows of the bands. A band whose control is unknown keeps its bar. Bars are as wide as their
+    /// buttons, and show the rest behind an arrow where a row is full; only the find box stretches to its band's width.
+    void Load(const std::vector<CoolBarBand>& bands);
+    /// The bars as they stand now, after the user has moved them; those that do not show come behind the one that they
+    /// stood behind.
+    std::vector<CoolBarBand> Bands() const;
+    /// LoadSettings' counterpart: Bands into user.ini.
+    void SaveCoolbar() const { WriteBands(Bands()); }
 
     QToolBar* Bar(ToolStrip strip) const;
     FindBox* cmbFind() const { return findBox; }
 
 private:
-    void FillBar(const MenuRow& menu, const CommandSet& commands, const MenuTree& menus);
+    void FillBar(ToolStrip strip, const CommandSet& commands, const MenuTree& menus);
     void FitFindBox(int bandWidth);
+    std::vector<QToolBar*> PresentOrder() const;
 
     QMainWindow* window;
     FindBox* findBox;
     std::map<ToolStrip, QToolBar*> bars;
-    std::vector<QToolBar*> order; ///< by band
+    std::vector<QToolBar*> order; ///< by band, as loaded
 };

@@ -12,7 +12,7 @@ std::span<const CommandRow> EditCommands()
     using enum ToolStrip;
     static constexpr std::array Rows = {
         CommandRow{"mnuUndo", "Undo", "Ctrl+Z", tbEdit, "undo", nullptr, NoFlags, RunOnPane<CmdUndo>},
-        CommandRow{"mnuRedo", "Redo", "Ctrl+Y", tbEdit, "redo", nullptr, SeparatorBehind, RunOnPane<CmdRedo>},
+        CommandRow{"mnuRedo", "Redo", "", tbEdit, "redo", nullptr, SeparatorBehind, RunOnPane<CmdRedo>},
         CommandRow{"mnuCut", "Cut", "Ctrl+X", tbEdit, "cut", nullptr, NoFlags, RunOnPane<CmdCut>},
         CommandRow{"mnuCutAppend", "Cut Append", "", tbEdit, "cut_append", nullptr, NoFlags,
                    RunOnPane<CmdCutAppend, CmdCut>},
@@ -26,6 +26,11 @@ std::span<const CommandRow> EditCommands()
                    NoFlags, SelectBetweenComments},
         CommandRow{"mnuSelectAll", "Select All", "Ctrl+A", tbEdit, "select_all", nullptr, SeparatorBehind,
                    RunAndFocus<CmdSelectAll>},
+        CommandRow{"mnuFinishEle", "Quick Element", "Ctrl+Q", tbEdit, "quick_element", nullptr, NoFlags, NotThere},
+        CommandRow{"mnuEditEdCom", "Edit Element", "Ctrl+D", tbEdit, "edit_element", nullptr, NoFlags, NotThere},
+        CommandRow{"mnuEDViewElement", "Quick Preview", "Ctrl+W", tbEdit, "quick_preview", nullptr, NoFlags, NotThere},
+        CommandRow{"mnuEditAnimation", "Edit Animation", "Ctrl+E", tbEdit, "edit_animation", nullptr, SeparatorBehind,
+                   NotThere},
         CommandRow{"mnuComment", "Insert A Comment Separator", "", tbEdit, "insert_comment_separator",
                    "Insert Comment Separator", NoFlags, InsertCommentCommand},
         CommandRow{"mnuCommentSel", "Comment Selected", "", tbEdit, "comment_selected", nullptr, NoFlags,

@@ -38,6 +38,7 @@ std::span<const CommandRow> FileCommands()
         CommandRow{"mnuDelTab", "Close Tab", "", tbFile, "close_tab", nullptr, NoFlags, CloseTab},
         CommandRow{"MnuDelAllTabs", "Close All Tabs", "", tbFile, "close_all_tabs", nullptr, SeparatorBehind,
                    CloseAllTabs},
+        CommandRow{"mnuOptions", "Options", "", tbExtra, "options", nullptr, NoFlags, NotThere},
     };
     return Rows;
 }

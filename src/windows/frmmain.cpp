@@ -112,14 +112,18 @@ void frmmain::ConnectParts()
 
 void frmmain::ClaimKeys()
 {
-    const auto claim = [this](const QKeySequence& sequence, auto&& run) {
+    const auto claim = [this](const QKeySequence& sequence, auto&& run, bool everywhere = true) {
         connect(new QShortcut(sequence, this), &QShortcut::activated, this, run);
-        keys->Claim(sequence, true);
+        keys->Claim(sequence, everywhere);
     };
     for (const auto forward : {Qt::CTRL | Qt::Key_Tab, Qt::CTRL | Qt::Key_PageDown})
         claim(forward, [this] { strip->SelectNext(1); });
     for (const auto back : {Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab, Qt::CTRL | Qt::Key_PageUp})
         claim(back, [this] { strip->SelectNext(-1); });
+    // The menu names no key for it, but hands look for these two.
+    for (const auto redo : {Qt::CTRL | Qt::Key_Y, Qt::CTRL | Qt::SHIFT | Qt::Key_Z})
+        claim(
+            redo, [this] { commands.Menu(QStringLiteral("mnuRedo"))->trigger(); }, false);
     claim(QKeySequence(Qt::Key_F6), [this] { MoveFocus(); });
     claim(QKeySequence(Qt::Key_F10), [this] { menuBar()->setActiveAction(menuBar()->actions().constFirst()); });
 

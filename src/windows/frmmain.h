@@ -63,7 +63,7 @@ public:
     void MediaChanged() override {}    // the media lists have no view yet
     void StyleMediaLists() override {} // as above
     void ShowMenuStrips(bool on) override { menus.ShowStrips(on); }
-    void LoadCoolbar() override { bars.Load(); }
+    void LoadCoolbar() override;
     void StopPlayers() override {} // nothing plays yet
     bool Turn() override;
 

@@ -83,6 +83,11 @@ void frmmain::ShowFind(EditorPane& pane, FindKind kind)
     ShowFindDialog(this, pane, kind);
 }
 
+void frmmain::LoadCoolbar()
+{
+    bars.Load(Frame.Settings.Bands);
+}
+
 void frmmain::OpenTool(ToolWindow tool)
 {
     if (tool == ToolWindow::Project)

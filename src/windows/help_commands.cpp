@@ -6,7 +6,9 @@
 std::span<const CommandRow> HelpCommands()
 {
     static constexpr std::array Rows = {
-        CommandRow{"mnuHelpView", "Help", "", ToolStrip::tbExtra, "help", nullptr, NoFlags, [] { RunHelp({}); }},
+        CommandRow{"mnuHelpView", "Help", "", ToolStrip::tbExtra, "help", nullptr, SeparatorBehind,
+                   [] { RunHelp({}); }},
+        CommandRow{"mnuHelpAbout", "About", "", ToolStrip::None, "about", nullptr, NoFlags, NotThere},
     };
     return Rows;
 }

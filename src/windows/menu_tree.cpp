@@ -35,7 +35,7 @@ MenuTree::MenuTree(QMenuBar* bar, const CommandSet& commands)
     for (const MenuRow& row : MainMenus()) {
         QMenu* menu = Find(QString::fromLatin1(row.Control));
         Fill(menu, row, commands);
-        if (!inner.contains(menu->objectName()))
+        if (!inner.contains(menu->objectName()) && !ShownRows(row).empty())
             bar->addMenu(menu);
     }
 }
@@ -46,14 +46,14 @@ void MenuTree::Fill(QMenu* menu, const MenuRow& row, const CommandSet& commands)
     strip->setVisible(false);
     menu->addAction(strip);
     strips << strip;
-    for (const CommandRow& command : row.Rows) {
-        const QString control = QString::fromLatin1(command.Control);
+    for (const auto& [command, apart] : ShownRows(row)) {
+        const QString control = QString::fromLatin1(command->Control);
         QAction* action = commands.Menu(control);
-        if (command.Flags & OpensMenu)
+        if (command->Flags & OpensMenu)
             action->setMenu(Find(control));
-        menu->addAction(action);
-        if ((command.Flags & SeparatorBehind) && &command != &row.Rows.back())
+        if (apart)
             menu->addSeparator();
+        menu->addAction(action);
     }
 }
 

@@ -44,6 +44,7 @@ int Run(QApplication& application, const StartFolders& folders)
     FinishStart();
     window.ShowStarted();
     QTimer::singleShot(0, &window, [&] {
+        ShowHeldMessages();
         OfferRecovered(&window, keeper);
         Welcome();
     });
@@ -64,12 +65,17 @@ int StartProgram(int argc, char** argv)
 
     WindowAsker asker(nullptr);
     Frame.Ask = &asker;
-    const SingleInstance instance(QStringLiteral("gemforge"));
+    SingleInstance instance(QStringLiteral("gemforge"));
+    StartFolders folders;
+    if (!instance.AnotherRuns()) {
+        folders = OrdinaryFolders(QCoreApplication::applicationDirPath());
+        instance.Claim(folders.ProgramFolder + QStringLiteral("data"));
+        instance.Claim(folders.StateFolder);
+    }
     if (instance.AnotherRuns()) {
         ShowMessage(106);
         return 1;
     }
-    const StartFolders folders = OrdinaryFolders(QCoreApplication::applicationDirPath());
     if (!PrepareStart(folders, QCoreApplication::arguments().mid(1)))
         return 1;
     const ScreenReader reader(ReadIni(QStringLiteral("Misc"), QStringLiteral("ScreenReader")).toInt());

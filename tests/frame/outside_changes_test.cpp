@@ -70,6 +70,7 @@ TEST_F(OutsideChanges, ASaveAsksBeforeItReplacesAChangedFile)
     SaveCommand();
     EXPECT_EQ(Run.Work.Read(QStringLiteral("b.conf")), "theirs\n");
     EXPECT_TRUE(CurrentPane().Modified());
+    EXPECT_TRUE(Run.TakeMessages().join(u' ').contains(QLatin1String("Another program has changed"))) << "no reason";
     Answers.Buttons = {QStringLiteral("Overwrite")};
     SaveCommand();
     EXPECT_EQ(Run.Work.Read(QStringLiteral("b.conf")), "mine old\n");

@@ -50,6 +50,7 @@ public:
     {
         ASSERT_TRUE(Prepare(arguments));
         FinishStart();
+        ShowHeldMessages();
     }
 
     QByteArray UserIni() const { return Program.Read(QStringLiteral("data/user.ini")); }

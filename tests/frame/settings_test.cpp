@@ -41,6 +41,26 @@ TEST_F(Settings, BrokenAndMissingNumbersTakeTheShippedValueAndAreToldOnce)
     EXPECT_EQ(told[0].count(u"[Syntax Colours]"), 2);
 }
 
+// Catches: a correction that is told again at every start, tool bars that lose their rows because a key of theirs is
+// missing or nonsense, and rows that the user has stored being put back with the broken ones.
+TEST_F(Settings, CorrectedValuesAreInTheFile)
+{
+    Run.Edit("SpacerWidth=43\n", "SpacerWidth=wide\n");
+    Run.Edit("N3=True\n", "N3=maybe\n");
+    Run.Edit("N4=False\n", "N4=True\n");
+    Run.Edit("C1=tbFile\nW1=360\n", "");
+    Run.Start();
+    EXPECT_EQ(Run.TakeMessages().size(), 1);
+    const std::vector<CoolBarBand> bands = Frame.Settings.Bands;
+    ASSERT_EQ(bands.size(), 6U);
+    EXPECT_EQ(bands[0], (CoolBarBand{QStringLiteral("File"), QStringLiteral("tbFile"), 360, false}));
+    EXPECT_TRUE(bands[2].NewRow && bands[3].NewRow);
+    for (const char* line : {"SpacerWidth=43\n", "C1=tbFile\n", "W1=360\n", "N3=True\n", "N4=True\n"})
+        EXPECT_TRUE(Run.UserIni().contains(line)) << line;
+    LoadSettings();
+    EXPECT_EQ(Run.TakeMessages(), QStringList());
+}
+
 // Catches: bounds that only the options window keeps, so that a width from the file makes a negative tab size.
 TEST_F(Settings, NumbersAreHeldWithinTheirBounds)
 {

@@ -60,6 +60,24 @@ TEST_F(HelpWindowTest, AFailureIsShownWithPathAndReason)
     EXPECT_TRUE(shown.contains(QLatin1String("No such file"))) << shown;
 }
 
+// Catches: an open window that goes on showing its old error, or old pages, when the pages have come or changed.
+TEST_F(HelpWindowTest, ChangedPagesAreTakenByTheOpenWindow)
+{
+    const QString archive = folder.filePath(QStringLiteral("Help.zip"));
+    HelpWindow window(HelpBook::Open(archive));
+    window.Follow(archive);
+    window.ShowId(QStringLiteral("H_main_save"));
+    const TestArchive shipped(ShippedFiles());
+    ASSERT_TRUE(QFile::copy(shipped.Path(), archive));
+    window.ShowIdInFront(QStringLiteral("H_main_save"));
+    EXPECT_EQ(File(window), QStringLiteral("h_main_save.html"));
+    EXPECT_TRUE(View(window).toPlainText().contains(QLatin1String("Save")));
+    EXPECT_TRUE(window.findChild<ContentsPane*>()->isEnabled());
+    ASSERT_TRUE(QFile::remove(archive));
+    window.ShowIdInFront(QStringLiteral("H_main_save"));
+    EXPECT_TRUE(View(window).toPlainText().contains(QLatin1String("No such file")));
+}
+
 // Catches: a word's page that opens at its top, back that loses the place, a link out of the help that is followed.
 TEST_F(HelpWindowTest, ShowsPlacesGoesBackAndStaysInside)
 {

@@ -121,6 +121,25 @@ TEST(SingleInstance, SurvivesAKilledHolder)
     qputenv("XDG_RUNTIME_DIR", runtime);
 }
 
+// Two instances on one data folder because a service, a container or sudo named another runtime folder.
+TEST(SingleInstance, AFolderIsHeldWhateverTheRuntimeFolder)
+{
+    const TestFolder shared, one, other;
+    const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(one.Path()));
+    SingleInstance first(QStringLiteral("test"));
+    first.Claim(shared.Path());
+    EXPECT_FALSE(first.AnotherRuns());
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(other.Path()));
+    SingleInstance second(QStringLiteral("test"));
+    EXPECT_FALSE(second.AnotherRuns());
+    second.Claim(other.Path(QStringLiteral("missing")));
+    EXPECT_FALSE(second.AnotherRuns());
+    second.Claim(shared.Path());
+    EXPECT_TRUE(second.AnotherRuns());
+    qputenv("XDG_RUNTIME_DIR", runtime);
+}
+
 // SIGTERM ends in the event loop, where texts can still be kept, and only while someone listens.
 TEST(EndSignals, ComeThroughTheEventLoop)
 {

@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QToolBar>
 #include <QToolButton>
+#include <algorithm>
 #include <set>
 
 using CommandTable = MainWindowTest;
@@ -15,7 +16,20 @@ void ForEachRow(Visit visit)
 {
     for (const MenuRow& menu : MainMenus())
         for (const CommandRow& row : menu.Rows)
-            visit(row);
+            if (*row.ButtonKey)
+                visit(row);
+}
+
+/// A menu's captions in their order, "-" for a separator, rows that do not show included.
+QString Whole(const MenuRow& menu)
+{
+    QStringList texts{QString::fromLatin1(menu.Caption)};
+    for (const CommandRow& row : menu.Rows) {
+        texts << QString::fromLatin1(row.Caption);
+        if (row.Flags & SeparatorBehind)
+            texts << QStringLiteral("-");
+    }
+    return texts.join(u'|');
 }
 
 QStringList Texts(const QList<QAction*>& actions)
@@ -29,7 +43,8 @@ QStringList Texts(const QList<QAction*>& actions)
 
 } // namespace
 
-// Catches: a row that was copied and not finished: a control, shortcut or button key twice, no icon, no handler.
+// Catches: a row that was copied and not finished: a control, shortcut or button key twice, no icon, an entry that does
+// nothing.
 TEST_F(CommandTable, EveryRowIsWholeAndItsOwn)
 {
     std::set<QString> controls, shortcuts, keys;
@@ -38,7 +53,7 @@ TEST_F(CommandTable, EveryRowIsWholeAndItsOwn)
         EXPECT_TRUE(controls.insert(QString::fromLatin1(row.Control)).second);
         EXPECT_TRUE(keys.insert(QString::fromLatin1(row.ButtonKey)).second);
         EXPECT_STRNE(row.Caption, "");
-        EXPECT_NE(row.Action, nullptr);
+        EXPECT_EQ(row.Action != NotThere, MenuOf(row.Control) != nullptr);
         EXPECT_FALSE(CommandIcon(QString::fromLatin1(row.ButtonKey)).isNull());
         EXPECT_EQ(HelpIdOf(row), QStringLiteral("H_main_") + QString::fromLatin1(row.ButtonKey));
         if (*row.Shortcut) {
@@ -56,7 +71,7 @@ TEST_F(CommandTable, EveryRowIsWholeAndItsOwn)
 TEST_F(CommandTable, EveryButtonHasAHelpPage)
 {
     ForEachRow([&](const CommandRow& row) {
-        if (row.Strip != ToolStrip::None) {
+        if (row.Strip != ToolStrip::None && row.Action != NotThere) {
             const QString page =
                 QStringLiteral(PROJECT_FOLDER "/help/") + HelpIdOf(row).toLower() + QStringLiteral(".html");
             EXPECT_TRUE(QFile::exists(page)) << page;
@@ -78,8 +93,17 @@ TEST_F(CommandTable, MenusStandInTheToldOrder)
         {"mnuSearch", "Find|Find|Find Next|Find Previous|-|Replace|-|Goto Comment|Goto Next Comment|"
                       "Goto Previous Comment|-|Goto Line Number|Goto Top|Goto Bottom"},
         {"mnuView", "View|Line Numbers|Spaces + Tabs|Colours|-|Super Tab"},
+        {"mnuRND", "RnD|Run Rocks'n'Diamonds|Run RnD - Fast Test Selected Element|Level Manager|-|Check For Errors|-|"
+                   "View Error Log|Extract From RnD"},
+        {"mnuExtra", "Extra|Game Structure Wizard|Make Level Preview Palette|Make Editor Headline|-|PCX Lab|"
+                     "AVI To Bitmap|-|Gemforge BASIC"},
         {"mnuHelp", "Help|Help|-|About"}};
     for (const auto& [control, whole] : told) {
+        const auto row = std::ranges::find(MainMenus(), QLatin1StringView(control),
+                                           [](const MenuRow& menu) { return QLatin1StringView(menu.Control); });
+        EXPECT_EQ(Whole(*row), QString::fromLatin1(whole));
+        if (ShownRows(*row).empty()) // all its tools are to come: the menu bar does not have it
+            continue;
         const QMenu* menu = Window->Menus().Find(QString::fromLatin1(control));
         const QStringList texts = Texts(menu->actions());
         SCOPED_TRACE(texts.join(u'|').toStdString());
@@ -160,11 +184,44 @@ TEST_F(CommandTable, CoolBarTakesTheStoredOrder)
     for (const auto& [key, value] : {std::pair("C1", "tbView"), std::pair("C2", "tbView"), std::pair("C3", "nonsense"),
                                      std::pair("N2", "True"), std::pair("N3", "False")})
         WriteIni(QString::fromLatin1(value), QStringLiteral("Coolbar Bands"), QString::fromLatin1(key));
-    Host().LoadCoolbar();
+    LoadSettings();
     QCoreApplication::processEvents();
     const CoolBar& bars = Window->Bars();
     for (const ToolStrip strip : {ToolStrip::tbFile, ToolStrip::tbEdit, ToolStrip::tbFind, ToolStrip::tbView})
         EXPECT_TRUE(bars.Bar(strip)->isVisible());
     EXPECT_EQ(bars.Bar(ToolStrip::tbView)->y(), bars.Bar(ToolStrip::tbFind)->y());
     EXPECT_LT(bars.Bar(ToolStrip::tbEdit)->y(), bars.Bar(ToolStrip::tbView)->y());
+}
+
+// Catches: a move by the user that is not stored, one that comes back in another order or on another row, a bar that
+// leaves the top of the window.
+TEST_F(CommandTable, CoolBarIsStoredAsTheUserHasMovedIt)
+{
+    const CoolBar& bars = Window->Bars();
+    QToolBar* edit = bars.Bar(ToolStrip::tbEdit);
+    EXPECT_TRUE(edit->isMovable());
+    EXPECT_FALSE(edit->isAreaAllowed(Qt::LeftToolBarArea));
+    Window->removeToolBarBreak(bars.Bar(ToolStrip::tbFind));
+    Window->insertToolBar(bars.Bar(ToolStrip::tbFile), edit);
+    edit->show();
+    Window->insertToolBarBreak(bars.Bar(ToolStrip::tbView));
+    QCoreApplication::processEvents();
+    const auto where = [&] {
+        QList<std::pair<QString, QPoint>> places;
+        for (const QToolBar* bar : Window->findChildren<QToolBar*>())
+            places << std::pair(bar->objectName(), bar->pos());
+        std::ranges::sort(places, {}, [](const auto& place) { return place.first; });
+        return places;
+    };
+    const auto moved = where();
+    bars.SaveCoolbar();
+    EXPECT_TRUE(Run.UserIni().contains("C1=tbEdit"));
+    EXPECT_TRUE(Run.UserIni().contains("C2=tbFile"));
+    EXPECT_TRUE(Run.UserIni().contains("N3=False"));
+    EXPECT_TRUE(Run.UserIni().contains("N4=True"));
+    LoadSettings();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(where(), moved);
+    bars.SaveCoolbar();
+    EXPECT_EQ(ReadIni(QStringLiteral("Coolbar Bands"), QStringLiteral("N5")), QStringLiteral("False"));
 }

@@ -104,7 +104,8 @@ TEST_F(FindDialogs, EnterFindsAndWrapsOnlyIfTicked)
     EXPECT_TRUE(dialog->isVisible());
 }
 
-// Catches: a broken expression that is told as "not found", shown in a box of its own or loses what was typed.
+// Catches: a broken expression that is told as "not found", shown in a box of its own or loses what was typed;
+// a place behind the end of the expression.
 TEST_F(FindDialogs, ABrokenExpressionIsToldInTheDialog)
 {
     CurrentPane().SetText(QStringLiteral("a(b"));
@@ -115,6 +116,12 @@ TEST_F(FindDialogs, ABrokenExpressionIsToldInTheDialog)
     Part("Replace All").click();
     EXPECT_EQ(CurrentPane().Text(), QStringLiteral("a(b"));
     EXPECT_EQ(Box("Find").currentText(), QStringLiteral("a("));
+    for (const auto& [pattern, place] :
+         {std::pair("a(", 2), std::pair("a[b", 3), std::pair("*ab", 1), std::pair("ab)c", 3)}) {
+        FindText(pattern);
+        const QString told = QStringLiteral("(character %1)").arg(place);
+        EXPECT_TRUE(Outcome().endsWith(told)) << Outcome();
+    }
     FindText("a\\(b");
     EXPECT_EQ(Outcome(), QString());
 }

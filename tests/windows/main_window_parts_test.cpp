@@ -21,6 +21,26 @@ TEST_F(MainWindowParts, CaptionTellsTheStartupTimeUntilTheModeChanges)
     EXPECT_EQ(Window->windowTitle(), QStringLiteral("Gemforge - Music Mode  "));
 }
 
+// Catches: a message at the start that stands over a window without text, caption or focus.
+TEST_F(MainWindowParts, MessagesOfTheStartWaitForTheWindow)
+{
+    TearDown();
+    ResetFrame();
+    ASSERT_TRUE(Run.Prepare({Run.Work.Path(QStringLiteral("none.conf"))}));
+    Window = std::make_unique<frmmain>();
+    InstallHost(*Window, Run.Scope.Answers);
+    Window->show();
+    FinishStart();
+    EXPECT_EQ(Run.TakeMessages(), QStringList());
+    EXPECT_EQ(Window->StatusBar().PanelText(1), ModeName(ModeGfx));
+    ShowHeldMessages();
+    const QStringList told = Run.TakeMessages();
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_TRUE(told[0].contains(QLatin1String("none.conf")));
+    ShowMessage(MessagePathError);
+    EXPECT_EQ(Run.TakeMessages().size(), 1);
+}
+
 // Catches: a window that opens on a screen that is gone, too small to use, or larger than the screen.
 TEST_F(MainWindowParts, StoredPositionIsBroughtOntoTheScreen)
 {

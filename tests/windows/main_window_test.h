@@ -34,6 +34,7 @@ protected:
         Window->show();
         FinishStart();
         Window->ShowStarted();
+        ShowHeldMessages();
         Window->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(Window.get()));
         QCoreApplication::processEvents();

@@ -23,6 +23,7 @@ TEST_F(WindowKeysTest, CommandsComeBeforeThePart)
     EXPECT_EQ(CurrentPane().GetLine(1), QStringLiteral("b: 2"));
     Press(Qt::Key_Y, Qt::ControlModifier);
     EXPECT_GT(CurrentPane().GetLineLength(1), 40);
+    EXPECT_TRUE(MenuOf("mnuRedo")->shortcut().isEmpty());
 }
 
 // Catches: Ctrl+C, V and X of the find box that work on the text instead.
