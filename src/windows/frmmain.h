@@ -64,11 +64,11 @@ public:
     void ShowBlocks() override;
     void CloseLists() override;
     void RecentChanged() override;
-    void MediaChanged() override {}    // the media lists have no view yet
-    void StyleMediaLists() override {} // as above
-    void ShowMediaEntry(int, int) override {}
-    bool CanPreview(int) const override { return false; } // nothing shows or plays media yet
-    void PreviewMedia() override {}
+    void MediaChanged() override {}           // the media lists have no view yet
+    void StyleMediaLists() override {}        // as above
+    void ShowMediaEntry(int, int) override {} // the media lists have no view yet
+    bool CanPreview(int mode) const override;
+    void PreviewMedia() override;
     void ShowMenuStrips(bool on) override { menus.ShowStrips(on); }
     void LoadCoolbar() override;
     void StopPlayers() override {}        // nothing plays yet
