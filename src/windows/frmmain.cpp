@@ -28,10 +28,8 @@
 #include "windows/window_keys.h"
 #include "windows/window_position.h"
 
-#include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
-#include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
@@ -129,9 +127,6 @@ void frmmain::ConnectParts()
     connect(subject, &HelpSubject::Moved, this, &frmmain::MouseOver);
     connect(keys, &WindowKeys::EscapePressed, this, &frmmain::EscapePressed);
     connect(keys, &WindowKeys::HelpPressed, this, [this] { HelpForWord(HelpId()); });
-    // Behind the event: on the way to the menu beside it another one opens at once.
-    for (const QAction* entry : menuBar()->actions())
-        connect(entry->menu(), &QMenu::aboutToHide, this, &frmmain::LeaveMenuBar, Qt::QueuedConnection);
     connect(new DialogKeys(this), &DialogKeys::HelpPressed, this, HelpForWord);
     connect(keys, &WindowKeys::InsertPressed, this, &frmmain::ToggleInsert);
     connect(keys, &WindowKeys::LocksChanged, this, &frmmain::ReadLocks);
@@ -246,14 +241,6 @@ void frmmain::EscapePressed()
         FocusPane();
     else
         Frame.StopRequested = true;
-}
-
-void frmmain::LeaveMenuBar()
-{
-    if (!menuBar()->hasFocus() || QApplication::activePopupWidget())
-        return;
-    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-    QCoreApplication::sendEvent(menuBar(), &escape);
 }
 
 void frmmain::MoveFocus()

@@ -104,8 +104,7 @@ private:
     void EscapePressed();
     void ToggleInsert();
     void ReadLocks();
-    void LeaveMenuBar(); ///< a menu has closed: the keyboard goes back to where it was
-    void MoveFocus();    ///< F6: pane, find box, tab strip, pane ...
+    void MoveFocus(); ///< F6: pane, find box, tab strip, pane ...
     void Activated();
     void MouseOver(const QString& helpId);
     void HideLists();

@@ -1,9 +1,7 @@
 #include "editor/make_pane.h"
 #include "main_window_test.h"
 
-#include <QApplication>
 #include <QLineEdit>
-#include <QMenuBar>
 
 using WindowKeysTest = MainWindowTest;
 
@@ -63,25 +61,6 @@ TEST_F(WindowKeysTest, EscapeClosesWhatFloatsBeforeItStops)
     Host().SetEnabled(false);
     QTest::keyClick(Window->windowHandle(), Qt::Key_Escape);
     EXPECT_TRUE(Frame.StopRequested);
-}
-
-// Catches: a menu bar that keeps the keyboard when its menu was closed by Esc, so that typed letters open menus.
-TEST_F(WindowKeysTest, EscapeFromAMenuGoesBackToTheText)
-{
-    const QWidget* pane = WidgetOf(CurrentPane());
-    for (const auto& [key, keys] : {std::pair(Qt::Key_F, Qt::KeyboardModifiers(Qt::AltModifier)),
-                                    std::pair(Qt::Key_F10, Qt::KeyboardModifiers())}) {
-        Press(key, keys);
-        QWidget* menu = QApplication::activePopupWidget();
-        ASSERT_EQ(menu, Window->Menus().Find(QStringLiteral("mnuFile")));
-        QTest::keyClick(menu, Qt::Key_Right);
-        EXPECT_NE(QApplication::activePopupWidget(), nullptr);
-        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
-        EXPECT_TRUE(WaitUntil([&] { return !QApplication::activePopupWidget() && pane->hasFocus(); }));
-    }
-    Window->menuBar()->setFocus();
-    Press(Qt::Key_Escape);
-    EXPECT_FALSE(Frame.StopRequested);
 }
 
 // Catches: overtype in one pane only, a panel that does not follow the key.
