@@ -45,7 +45,7 @@ protected:
     }
 };
 
-const QByteArray Block = "yamyam.left:  x.png\nyamyam.left.xpos:\t3 # note\nyamyam.left.foo: 1\n\nother: y.png\n";
+const QByteArray Block = "yamyam.left:  x.png\nyamyam.left.foo: 1\nyamyam.left.xpos:\t3 # note\n\nother: y.png\n";
 
 } // namespace
 
@@ -76,7 +76,7 @@ TEST_F(InjectWindow, EveryPickRebuildsAndOneUndoTakesTheVisitBack)
         QTest::keyClick(window.lstDirection()->Line(), Qt::Key_Down);
         EXPECT_EQ(Bytes(), "yamyam.moving.right:  x.png\nyamyam.moving.right.xpos:\t3 # note\n\nother: y.png\n");
     });
-    EXPECT_TRUE(WidgetOf(CurrentPane())->hasFocus());
+    EXPECT_EQ(Window->focusWidget(), WidgetOf(CurrentPane()));
     CurrentPane().ExecuteCmd(CmdUndo);
     EXPECT_EQ(Bytes(), Block);
 }
