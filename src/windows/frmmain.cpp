@@ -144,7 +144,7 @@ void frmmain::ClaimKeys()
     };
     for (const auto forward : {Qt::CTRL | Qt::Key_Tab, Qt::CTRL | Qt::Key_PageDown})
         claim(forward, [this] { strip->SelectNext(1); });
-    for (const auto back : {Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab, Qt::CTRL | Qt::Key_PageUp})
+    for (const auto back : {Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, Qt::CTRL | Qt::Key_PageUp})
         claim(back, [this] { strip->SelectNext(-1); });
     // The menu names no key for it, but hands look for these two.
     for (const auto redo : {Qt::CTRL | Qt::Key_Y, Qt::CTRL | Qt::SHIFT | Qt::Key_Z})
