@@ -2,7 +2,7 @@
 # Another library that serves better is welcome here with its reason in README.
 
 build_packages="g++ cmake ninja-build pkg-config git mold ccache
-  qt6-base-dev qt6-svg-dev libqscintilla2-qt6-dev libzip-dev libexpected-dev libx11-dev
+  qt6-base-dev qt6-svg-dev libqscintilla2-qt6-dev libfreeimage-dev libzip-dev libexpected-dev libx11-dev
   fonts-liberation"
 run_packages="libqt6svg6 xvfb openbox xdotool imagemagick x11-utils"
 test_packages="libgtest-dev clang-format xvfb openbox xdotool"

@@ -87,7 +87,7 @@ SYNTAX = [
 ]
 
 MISC = [
-    ("1stTime", 1), ("MenuIcons", 1), ("Gradients", 1), ("ShowLineNumbers", 1), ("ShowSpaces", 0), ("UseColour", 1),
+    ("1stTime", 1), ("MenuIcons", 1), ("Gradients", 1), ("ShowLineNumbers", 1), ("ShowSpaces", 0), ("LineHints", 1), ("UseColour", 1),
     ("SuperTab", 0), ("SpacerWidth", 43), ("UndoLimit", -1), ("LineCommentLineChar", "-"),
     ("LineCommentSearchChar", "~"), ("SortGotoList", 0), ("OpenSaveInLevelDir", 0), ("BackupOnSave", 1),
     ("DisableSoundLaunch", 0), ("QuickClose", 0), ("SafeSystemBASIC", 1), ("RecentLimit", 50), ("ProjectLimit", 20),

@@ -11,6 +11,7 @@ constexpr std::size_t VersionAt = 1, EncodingAt = 2, PaletteKindAt = 68;
 constexpr std::byte PaletteMark{0x0c};
 constexpr unsigned RunMark = 0xc0, LongestRun = 0x3f;
 constexpr unsigned GreyPalette = 2;
+constexpr unsigned MostSlack = 256; ///< bytes of a line behind four times what it needs; more is no line of an image
 
 unsigned Number(Bytes file, std::size_t at)
 {
@@ -44,8 +45,9 @@ struct Layout
     bool Usable() const
     {
         const bool form = (Bits == 1 && (Planes == 1 || Planes == 4)) || (Bits == 8 && (Planes == 1 || Planes == 3));
-        return form && Version <= 5 && Encoding <= 1 && BytesPerLine * 8 >= std::uint64_t(Width) * Bits &&
-               WithinLimits(Width, Height) && Wanted() <= std::uint64_t(MostPixels) * 4;
+        const std::uint64_t needed = (std::uint64_t(Width) * Bits + 7) / 8;
+        return form && Version <= 5 && Encoding <= 1 && WithinLimits(Width, Height) && BytesPerLine >= needed &&
+               BytesPerLine <= needed * 4 + MostSlack && Wanted() <= std::uint64_t(MostPixels) * 4;
     }
 
     std::uint32_t Version, Encoding, Bits, Planes, BytesPerLine;

@@ -62,6 +62,9 @@ void CodeListBox::Typed(int character)
 {
     if (IsOpen() || (character < 0x80 && !IsWordByte(char(character))))
         return;
+    const qsizetype caret = text.Selection().Caret;
+    if (text.Piece(text.LineStart(text.LineOf(caret)), caret).contains('#'))
+        return; // a comment is prose: Enter would take a word that nobody asked for
     const QString word = pane.CurrentWord();
     if (word.size() < FewestTyped || !Ask())
         return;

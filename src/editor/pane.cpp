@@ -6,7 +6,7 @@
 using Sci = QsciScintillaBase;
 
 ScintillaPane::ScintillaPane(QWidget* parent)
-    : text(parent), looks(text), blockMark(text), colouring(text), codeList(*this, text)
+    : text(parent), looks(text), marks(new MarginMarks(text)), colouring(text), codeList(*this, text)
 {
     SetLineEnd(lineEnd);
     SetTabSize(4);
@@ -43,7 +43,7 @@ void ScintillaPane::BeforeChange(int position, int kind, int length)
     ++edits;
     colouring.BeforeEdit(position, inserting ? 0 : length, inserting ? length : 0);
     looks.BeforeEdit();
-    blockMark.BeforeEdit();
+    marks->BeforeEdit(position);
     if (inserting)
         blank = false;
     if (!(kind & (Sci::SC_PERFORMED_UNDO | Sci::SC_PERFORMED_REDO)))
@@ -70,6 +70,7 @@ void ScintillaPane::Settle()
     settlePosted = false;
     looks.FitMargin();
     looks.ShowHighlight();
+    marks->AfterEdit();
     const bool moved = text.Selection() != told.Selection;
     if (told.Edits != edits) {
         told.Edits = edits;

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "editor/block_mark.h"
 #include "editor/code_list.h"
 #include "editor/colouring.h"
 #include "editor/looks.h"
+#include "editor/margin_marks.h"
 #include "editor/search.h"
 
 class QDropEvent;
@@ -26,6 +26,7 @@ public:
     QString GetLine(int line) const override;
     int GetLineLength(int line) const override;
     QByteArrayView Bytes() const override { return text.All(); }
+    QByteArrayView Bytes(int first, int last) const override;
     qsizetype LineStart(int line) const override;
     void ReplaceLines(int first, int last, QByteArrayView bytes) override;
     void InsertText(const QString& wanted, const Range& at) override;
@@ -88,6 +89,9 @@ public:
     void SetLineNumbering(bool on) override { looks.SetLineNumbering(on); }
     void SetHighlightedLine(int line) override { looks.SetHighlightedLine(line); }
     void MarkBlock(int first, int last) override;
+    void ShowLineMarks(bool on) override;
+    void SetLineMarks(std::vector<LineMark> wanted) override;
+    LineSpan VisibleLines() const override;
     bool Visible() const override;
     void SetVisible(bool wanted) override;
     void LockRedraw(bool locked) override;
@@ -204,7 +208,7 @@ private:
 
     Component text;
     Looks looks;
-    BlockMark blockMark;
+    MarginMarks* marks; ///< the widget is the component's
     Colouring colouring;
     CodeListBox codeList;
 
@@ -225,6 +229,7 @@ private:
     bool shown = true, settlePosted = false, showCaretLater = false;
     int typed = 0; ///< the last character typed, until the code list has seen it
     quint64 edits = 0;
+    LineSpan shownLines; ///< last told
     struct
     {
         quint64 Edits = 0;

@@ -98,6 +98,9 @@ void ScintillaPane::BeforePaint(const QRegion& region)
     viewport->setAttribute(Qt::WA_UpdatesDisabled, whole || locked);
     colouring.ColourView();
     viewport->setAttribute(Qt::WA_UpdatesDisabled, locked);
+    marks->Follow();
+    if (const LineSpan lines = VisibleLines(); std::exchange(shownLines, lines) != lines)
+        QMetaObject::invokeMethod(this, &EditorPane::ViewMoved, Qt::QueuedConnection); // not inside a paint
 }
 
 /// The menu is the window's; the menu key counts as a press of the right button.

@@ -25,15 +25,17 @@ int Faint(int text, int window)
 bool ScintillaPane::ShowHover(const QHelpEvent& event)
 {
     QWidget* viewport = text.Widget()->viewport();
+    const int height = int(text.Send(Sci::SCI_TEXTHEIGHT, 0L)), row = event.pos().y() / height;
+    const int line = int(text.Send(Sci::SCI_GETFIRSTVISIBLELINE)) + row;
+    QString summary = IsLine(line) ? marks->MessagesOf(line) : QString();
     const long position = text.Send(Sci::SCI_POSITIONFROMPOINTCLOSE, event.pos().x(), long(event.pos().y()));
-    const int line = position < 0 ? -1 : text.LineOf(position);
-    const QString summary = HoverText && line >= 0 ? HoverText(*this, line, text.ColumnOf(position)) : QString();
+    if (summary.isEmpty() && HoverText && position >= 0 && !marks->Covers(event.pos()))
+        summary = HoverText(*this, line, text.ColumnOf(position));
     if (summary.isEmpty()) {
         QToolTip::hideText();
         return true;
     }
-    const int top = int(text.Send(Sci::SCI_POINTYFROMPOSITION, 0, position));
-    const int height = int(text.Send(Sci::SCI_TEXTHEIGHT, line));
+    const int top = row * height;
     // The text is a conf's: never taken for markup, never wrapped.
     const QString plain =
         QStringLiteral("<p style='white-space:pre'>") + summary.toHtmlEscaped() + QStringLiteral("</p>");
@@ -43,5 +45,22 @@ bool ScintillaPane::ShowHover(const QHelpEvent& event)
 
 void ScintillaPane::MarkBlock(int first, int last)
 {
-    blockMark.Set(first, last, Faint(looks.GetColor(NormalSlot), looks.GetColor(WindowSlot)));
+    const int bgr = Faint(looks.GetColor(NormalSlot), looks.GetColor(WindowSlot));
+    marks->SetBlock(first, last, QColor(bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF));
+}
+
+void ScintillaPane::ShowLineMarks(bool on)
+{
+    marks->ShowLines(on);
+}
+
+void ScintillaPane::SetLineMarks(std::vector<LineMark> wanted)
+{
+    marks->SetLines(std::move(wanted));
+}
+
+LineSpan ScintillaPane::VisibleLines() const
+{
+    const int first = int(text.Send(Sci::SCI_GETFIRSTVISIBLELINE));
+    return {first, qMin(first + int(text.Send(Sci::SCI_LINESONSCREEN)), text.Lines() - 1)};
 }

@@ -52,6 +52,12 @@ void ScintillaPane::Write(qsizetype start, qsizetype end, QByteArrayView bytes)
     blank = false;
 }
 
+QByteArrayView ScintillaPane::Bytes(int first, int last) const
+{
+    return IsLine(first) && first <= last ? text.Piece(text.LineStart(first), text.LineStart(last + 1))
+                                          : QByteArrayView();
+}
+
 void ScintillaPane::ReplaceLines(int first, int last, QByteArrayView bytes)
 {
     if (!IsLine(first) || last < first)

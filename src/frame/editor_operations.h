@@ -9,6 +9,7 @@
 #include <QStringList>
 #include <QVariant>
 #include <functional>
+#include <vector>
 
 /// Lines and columns count from 0. Columns and lengths are UTF-16 units of GetLine. A whole-line end may be told as
 /// column LineEndColumn.
@@ -99,6 +100,24 @@ struct FindOptions
     bool MatchCase = false, WholeWord = false, RegularExpression = false, Wrap = false;
 };
 
+/// Lines of a text, the last included; none while Last is below First.
+struct LineSpan
+{
+    int First = 0, Last = -1;
+
+    bool operator==(const LineSpan&) const = default;
+};
+
+/// Something to be said of a line.
+struct LineMark
+{
+    int Line = 0;
+    bool Strong = false; ///< an error, else a hint
+    QString Message;
+
+    bool operator==(const LineMark&) const = default;
+};
+
 /// The one list of operations that the whole program uses on a text pane. The class behind it lives in editor/.
 /// Callers of Text and SelText see CR LF whatever the file has; Bytes is UTF-8 with the document's own line ends.
 class EditorPane : public QObject
@@ -115,7 +134,8 @@ public:
     virtual int LineCount() const = 0;
     virtual QString GetLine(int line) const = 0; ///< without its line end; "" outside
     virtual int GetLineLength(int line) const = 0;
-    virtual QByteArrayView Bytes() const = 0; ///< valid until the next edit
+    virtual QByteArrayView Bytes() const = 0; ///< valid until the next edit; costs as much as the text
+    virtual QByteArrayView Bytes(int first, int last) const = 0; ///< of some lines, with their ends
     virtual qsizetype LineStart(int line) const = 0;
     /// Replaces lines first..last (whole, without the last one's line end) by UTF-8 bytes with the document's own
     /// line ends: the fast way to write a pass, one undo step, only the smallest changed range is touched.
@@ -187,6 +207,10 @@ public:
     virtual void SetLineNumbering(bool on) = 0;
     virtual void SetHighlightedLine(int line) = 0;   ///< -1: none
     virtual void MarkBlock(int first, int last) = 0; ///< a faint bar beside these lines; -1: none. Gone with an edit
+    virtual void ShowLineMarks(bool on) = 0;         ///< makes room for them beside the text
+    virtual void
+    SetLineMarks(std::vector<LineMark> wanted) = 0; ///< in the order of their lines, in place of those before
+    virtual LineSpan VisibleLines() const = 0;
     virtual bool Visible() const = 0;
     virtual void SetVisible(bool visible) = 0;
     virtual void LockRedraw(bool locked) = 0; ///< nests
@@ -207,6 +231,7 @@ public:
 
 signals:
     void SelectionChanged();
+    void ViewMoved(); ///< other lines are in view
     void TextChanged();
     void ModifiedChanged(bool modified);
     void MouseMoved();

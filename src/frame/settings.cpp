@@ -33,6 +33,7 @@ constexpr NumberRow MiscNumbers[] = {
     {"Gradients", 0, 1, &SettingsRecord::Gradients},
     {"ShowLineNumbers", 0, 1, &SettingsRecord::ShowLineNumbers},
     {"ShowSpaces", 0, 1, &SettingsRecord::ShowSpaces},
+    {"LineHints", 0, 1, &SettingsRecord::LineHints},
     {"UseColour", 0, 1, &SettingsRecord::UseColour},
     {"SuperTab", 0, 1, &SettingsRecord::SuperTab},
     {"RecentLimit", 10, 200, &SettingsRecord::RecentLimit},
@@ -113,13 +114,14 @@ const std::array<SyntaxRow, 9>& SyntaxKeys()
     return Rows;
 }
 
-const std::array<ViewToggle, 4>& ViewToggles()
+const std::array<ViewToggle, 5>& ViewToggles()
 {
-    static constexpr std::array<ViewToggle, 4> Rows = {{
+    static constexpr std::array<ViewToggle, 5> Rows = {{
         {"mnuViewLineNums", "ShowLineNumbers", 1, &SettingsRecord::ShowLineNumbers},
         {"mnuViewSpaces", "ShowSpaces", 2, &SettingsRecord::ShowSpaces},
         {"mnuViewColours", "UseColour", 3, &SettingsRecord::UseColour},
         {"mnuSuperTab", "SuperTab", 5, &SettingsRecord::SuperTab},
+        {"mnuLineHints", "LineHints", 6, &SettingsRecord::LineHints},
     }};
     return Rows;
 }
@@ -147,7 +149,7 @@ void LoadSettings()
     ShowInitialFolders();
     LoadHistories();
     ReadAnimModes(settings);
-    for (int id = 1; id <= 5; ++id)
+    for (int id = 1; id <= 6; ++id)
         ApplyViewSetting(id, ViewSetting(id));
     reader.WriteBack();
     if (!reader.Corrected().isEmpty())
@@ -183,6 +185,9 @@ void ApplyViewSetting(int id, int value)
             break;
         case 5:
             pane.SetTabSize(Frame.Settings.SuperTab < 1 ? 4 : Frame.Settings.SpacerWidth - 1);
+            break;
+        case 6:
+            pane.ShowLineMarks(value == 1);
             break;
         default:
             break;

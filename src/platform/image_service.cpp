@@ -3,6 +3,7 @@
 #include "platform/paths.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QPointer>
 #include <QThread>
@@ -21,6 +22,7 @@ using namespace std::chrono_literals;
 constexpr auto Still = 200ms;            ///< the time that a wait stops everything
 constexpr auto Turn = 20ms;              ///< between events from then on
 constexpr qint64 TooYoung = 100'000'000; ///< ns: a file changed so lately may change again within one tick of its clock
+constexpr qint64 SoonEnough = 1000;      ///< ms
 constexpr quint64 SecondNs = 1'000'000'000;
 
 QString CannotBeRead()
@@ -264,16 +266,19 @@ Result<Service::Decoded> Service::Carry(const Job& job)
     return decoded;
 }
 
-/// A helper that has served before may have died of something else than this image: then a fresh one tries once more.
+/// A helper that has served before may have died of something else than this image: then a fresh one tries once more,
+/// unless it died of the time that the image took.
 Result<DecoderProcess::Reply> Service::AskHelper(const Job& job, int file)
 {
     for (;;) {
         if (const int error = helper.Start())
             return Fail(plan.Decoder, qt_error_string(error));
         const bool last = helper.IsFresh();
+        QElapsedTimer timer;
+        timer.start();
         const decoder::Request request{++serial, quint32(job.File.Kind), job.What};
         DecoderProcess::Reply reply = helper.Ask(request, file, plan.Patience);
-        if (reply.How != DecoderProcess::Fate::Fault || last)
+        if (reply.How != DecoderProcess::Fate::Fault || last || timer.hasExpired(SoonEnough))
             return reply;
         helper.Stop();
     }

@@ -1,5 +1,6 @@
 #include "windows/command_set.h"
 
+#include "windows/help_subject.h"
 #include "windows/icons.h"
 
 #include <QKeySequence>
@@ -31,6 +32,7 @@ QAction* CommandSet::Make(const CommandRow& row, const QString& text)
 {
     auto* action = new QAction(CommandIcon(QString::fromLatin1(row.ButtonKey)), text, this);
     action->setObjectName(QString::fromLatin1(row.Control));
+    SetHelpSubject(action, HelpIdOf(row));
     action->setCheckable(row.Flags & CheckEntry);
     connect(action, &QAction::triggered, this, [this, run = row.Action] {
         emit AboutToRun();

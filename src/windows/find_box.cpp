@@ -32,7 +32,9 @@ QSize FindBox::minimumSizeHint() const
 
 void FindBox::focusInEvent(QFocusEvent* event)
 {
-    Refill();
+    // The list has just closed over a choice that is still to be told.
+    if (event->reason() != Qt::PopupFocusReason)
+        Refill();
     QComboBox::focusInEvent(event);
 }
 
@@ -47,6 +49,8 @@ void FindBox::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         SearchFor(currentText());
+    else if (event->key() == Qt::Key_Down || event->key() == Qt::Key_Up)
+        showPopup(); // the component would search for each item on the way
     else
         QComboBox::keyPressEvent(event);
 }

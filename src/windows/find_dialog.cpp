@@ -3,6 +3,7 @@
 #include "frame/documents.h"
 #include "frame/frame_state.h"
 #include "windows/dialog_help.h"
+#include "windows/help_subject.h"
 
 #include <QAccessible>
 #include <QCheckBox>
@@ -56,6 +57,7 @@ QString Literal(const QString& text)
 FindDialog::FindDialog(QWidget* owner) : QDialog(owner, Qt::Tool)
 {
     setObjectName(QStringLiteral("FindDialog"));
+    SetHelpSubject(this, QStringLiteral("find_dialogs"));
     cmbFind = MakeHistory(this, QStringLiteral("Find"));
     cmbReplace = MakeHistory(this, QStringLiteral("Replace with"));
     lblReplace = new QLabel(QStringLiteral("Replace &with:"), this);

@@ -2,6 +2,7 @@
 
 #include "frame/documents.h"
 #include "windows/dialog_help.h"
+#include "windows/help_subject.h"
 #include "windows/icons.h"
 
 #include <QFile>
@@ -65,6 +66,7 @@ frmAbout::frmAbout(TunePlayer player, QWidget* owner)
       stage(new QWidget(this))
 {
     setObjectName(QStringLiteral("frmAbout"));
+    SetHelpSubject(this, QStringLiteral("H_main_about"));
     setWindowTitle(QStringLiteral("About Gemforge"));
     setFixedSize(Scaled(*this, Window).size());
     MakeParts(QString::fromUtf8(Resource("ABOUT")));

@@ -2,6 +2,7 @@
 
 #include "conf/comments.h"
 #include "frame/frame_state.h"
+#include "windows/help_subject.h"
 #include "windows/icon_grid.h"
 
 #include <QApplication>
@@ -18,6 +19,7 @@ constexpr int LongestTitle = 50;
 frmComment::frmComment(QWidget* parent) : QDialog(parent), title(new QLineEdit(this)), grid(new IconGrid(this))
 {
     setWindowTitle(QStringLiteral("Insert Comment Separator"));
+    SetHelpSubject(this, QStringLiteral("H_main_insert_comment_separator"));
     title->setMaxLength(LongestTitle);
     auto* titleLabel = new QLabel(QStringLiteral("Comment"), this);
     titleLabel->setBuddy(title);

@@ -1,6 +1,7 @@
 #include "windows/frm_mess.h"
 
 #include "windows/dialog_help.h"
+#include "windows/help_subject.h"
 #include "windows/icons.h"
 #include "windows/message_layout.h"
 
@@ -48,6 +49,7 @@ frmMess::frmMess(const MessageRecord& shown, QWidget* owner)
       colours(ColoursOf(shown.MessageColour))
 {
     setObjectName(QStringLiteral("frmMess"));
+    SetHelpSubject(this, QStringLiteral("messages"));
     setModal(true);
     setWindowTitle(record.MessageTitle);
     QString text = record.MessageText;

@@ -3,6 +3,7 @@
 #include "frame/documents.h"
 #include "frame/projects.h"
 #include "windows/dialog_help.h"
+#include "windows/help_subject.h"
 #include "windows/icons.h"
 
 #include <QDialog>
@@ -36,6 +37,7 @@ private:
 frmProject::frmProject(QWidget* owner) : QDialog(DialogParent(owner))
 {
     setObjectName(QStringLiteral("frmProject"));
+    SetHelpSubject(this, QStringLiteral("projects"));
     setWindowTitle(QStringLiteral("Gemforge - Projects"));
     treeProject = new QTreeWidget(this);
     treeProject->setObjectName(QStringLiteral("treeProject"));

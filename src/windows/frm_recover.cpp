@@ -4,6 +4,7 @@
 #include "frame/recovery.h"
 #include "platform/paths.h"
 #include "windows/dialog_help.h"
+#include "windows/help_subject.h"
 #include "windows/recovery_view.h"
 
 #include <QDialog>
@@ -52,6 +53,7 @@ frmRecover::frmRecover(QWidget* owner, Recovery& recovery, std::vector<Recovered
     : QDialog(DialogParent(owner)), keeper(recovery), texts(std::move(found))
 {
     setObjectName(QStringLiteral("frmRecover"));
+    SetHelpSubject(this, QStringLiteral("recovery"));
     setWindowTitle(QStringLiteral("Gemforge - Unsaved Texts"));
     MakeParts();
     PlaceParts();

@@ -14,11 +14,14 @@
 #include "windows/block_list.h"
 #include "windows/close_guard.h"
 #include "windows/comment_tree.h"
+#include "windows/dialog_keys.h"
 #include "windows/dropped_files.h"
 #include "windows/find_box.h"
 #include "windows/help_subject.h"
 #include "windows/icons.h"
+#include "windows/line_hints_view.h"
 #include "windows/pane_mouse.h"
+#include "windows/pane_split.h"
 #include "windows/recent_popup.h"
 #include "windows/status_panels.h"
 #include "windows/tab_strip.h"
@@ -69,6 +72,7 @@ frmmain::frmmain()
       panels(new StatusPanels),
       recent(nullptr),
       subject(new HelpSubject(this)),
+      hints(new LineHintsView(this)),
       keys(new WindowKeys(this))
 {
     setObjectName(QStringLiteral("frmmain"));
@@ -88,19 +92,21 @@ frmmain::~frmmain() = default;
 
 void frmmain::LayOut()
 {
-    auto* middle = new QWidget(this);
-    auto* column = new QVBoxLayout(middle);
-    column->setContentsMargins(5, 2, 5, 2);
+    auto* text = new QWidget(this);
+    auto* column = new QVBoxLayout(text);
+    column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(2);
     column->addWidget(strip);
     column->addWidget(stack, 1);
     // Around the pane the strip has no subject of its own.
-    SetHelpSubject(middle, QStringLiteral(""));
-    setCentralWidget(middle);
+    SetHelpSubject(text, QStringLiteral(""));
+    split = new PaneSplit(text);
+    SetHelpSubject(split, QStringLiteral(""));
+    setCentralWidget(split);
     setStatusBar(panels);
-    recent = new RecentPopup(middle);
-    comments = new CommentTree(middle);
-    blocks = new BlockList(middle);
+    recent = new RecentPopup(text);
+    comments = new CommentTree(text);
+    blocks = new BlockList(text);
 }
 
 void frmmain::ConnectParts()
@@ -113,9 +119,15 @@ void frmmain::ConnectParts()
     connect(&commands, &CommandSet::AboutToRun, this, &frmmain::HideLists);
     connect(recent, &RecentPopup::Chosen, this, RecentOpenSelected, Qt::QueuedConnection);
     connect(recent, &FloatingList::Dismissed, this, &frmmain::CloseLists);
+    connect(split, &PaneSplit::LaidOut, this, [this] {
+        if (!Frame.StartingUp && ListShows())
+            CloseLists();
+    });
+    connect(split, &PaneSplit::Dragged, this, &frmmain::FocusPane);
     connect(subject, &HelpSubject::Moved, this, &frmmain::MouseOver);
     connect(keys, &WindowKeys::EscapePressed, this, &frmmain::EscapePressed);
     connect(keys, &WindowKeys::HelpPressed, this, [this] { HelpForWord(HelpId()); });
+    connect(new DialogKeys(this), &DialogKeys::HelpPressed, this, HelpForWord);
     connect(keys, &WindowKeys::InsertPressed, this, &frmmain::ToggleInsert);
     connect(keys, &WindowKeys::LocksChanged, this, &frmmain::ReadLocks);
     connect(keys, &WindowKeys::MenuPressed, this, [this](QWidget* part) {
@@ -132,7 +144,7 @@ void frmmain::ClaimKeys()
     };
     for (const auto forward : {Qt::CTRL | Qt::Key_Tab, Qt::CTRL | Qt::Key_PageDown})
         claim(forward, [this] { strip->SelectNext(1); });
-    for (const auto back : {Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab, Qt::CTRL | Qt::Key_PageUp})
+    for (const auto back : {Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, Qt::CTRL | Qt::Key_PageUp})
         claim(back, [this] { strip->SelectNext(-1); });
     // The menu names no key for it, but hands look for these two.
     for (const auto redo : {Qt::CTRL | Qt::Key_Y, Qt::CTRL | Qt::SHIFT | Qt::Key_Z})
@@ -182,6 +194,7 @@ void frmmain::ConnectPane(int tab, EditorPane& pane)
     });
     connect(&pane, &EditorPane::TextChanged, this, [this, tab] { PaneTextChanged(tab); });
     connect(&pane, &EditorPane::MousePressed, this, &frmmain::PanePressed);
+    hints->Watch(pane);
     // Behind the drop: a question may come.
     connect(&pane, &EditorPane::FilesDropped, this, OpenDroppedFiles, Qt::QueuedConnection);
 }
@@ -318,13 +331,6 @@ void frmmain::Finish()
     finished = true;
 }
 
-void frmmain::resizeEvent(QResizeEvent* event)
-{
-    QMainWindow::resizeEvent(event);
-    if (!Frame.StartingUp && ListShows())
-        CloseLists();
-}
-
 void frmmain::dragEnterEvent(QDragEnterEvent* event)
 {
     if (!LocalFiles(*event->mimeData()).isEmpty())
@@ -349,6 +355,7 @@ void frmmain::RestorePosition()
 
 void frmmain::ShowStarted()
 {
+    split->LayoutMainWindow();
     commands.ShowMenuIcons(Frame.Settings.MenuIcons == 1);
     setWindowTitle(windowTitle() + QStringLiteral("  (Startup Time MS = %1)").arg(Frame.StartTicks.elapsed()));
 }

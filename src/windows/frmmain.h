@@ -14,6 +14,8 @@ class BlockList;
 class CommentTree;
 class FloatingList;
 class HelpSubject;
+class LineHintsView;
+class PaneSplit;
 class QStackedWidget;
 class RecentPopup;
 class StatusPanels;
@@ -32,7 +34,7 @@ public:
 
     /// Size, place and state of section `Window Positions`, brought onto a screen.
     void RestorePosition();
-    /// What follows the start in the frame: menu icons, the startup time in the caption.
+    /// What follows the start in the frame: the layout, menu icons, the startup time in the caption.
     void ShowStarted();
     /// OnMainWindowClose: keeps what must not be lost. Once.
     void Finish();
@@ -62,11 +64,11 @@ public:
     void ShowBlocks() override;
     void CloseLists() override;
     void RecentChanged() override;
-    void MediaChanged() override {}    // the media lists have no view yet
-    void StyleMediaLists() override {} // as above
-    void ShowMediaEntry(int, int) override {}
-    bool CanPreview(int) const override { return false; } // nothing shows or plays media yet
-    void PreviewMedia() override {}
+    void MediaChanged() override {}           // the media lists have no view yet
+    void StyleMediaLists() override {}        // as above
+    void ShowMediaEntry(int, int) override {} // the media lists have no view yet
+    bool CanPreview(int mode) const override;
+    void PreviewMedia() override;
     void ShowMenuStrips(bool on) override { menus.ShowStrips(on); }
     void LoadCoolbar() override;
     void StopPlayers() override {}        // nothing plays yet
@@ -77,6 +79,7 @@ public:
     const MenuTree& Menus() const { return menus; }
     const CoolBar& Bars() const { return bars; }
     TabStrip& ssTxtWindows() const { return *strip; }
+    PaneSplit& Split() const { return *split; } ///< takes the media lists
     StatusPanels& StatusBar() const { return *panels; }
     RecentPopup& RecentBack() const { return *recent; }
     CommentTree& TreeOfComments() const { return *comments; }
@@ -86,7 +89,6 @@ public:
 protected:
     bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
@@ -114,10 +116,12 @@ private:
     TabStrip* strip;
     QStackedWidget* stack;
     StatusPanels* panels;
+    PaneSplit* split;
     RecentPopup* recent;
     CommentTree* comments;
     BlockList* blocks;
     HelpSubject* subject;
+    LineHintsView* hints;
     WindowKeys* keys;
     std::array<std::unique_ptr<EditorPane>, 8> panes;
     std::unique_ptr<EditorPane> buffer;

@@ -1,6 +1,7 @@
 #include "windows/goto_dialog.h"
 
 #include "windows/dialog_help.h"
+#include "windows/help_subject.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -11,6 +12,7 @@
 GotoDialog::GotoDialog(QWidget* owner) : QDialog(owner, Qt::Tool)
 {
     setObjectName(QStringLiteral("GotoDialog"));
+    SetHelpSubject(this, QStringLiteral("H_main_goto_line_number"));
     setWindowTitle(QStringLiteral("Goto Line Number"));
     lblLine = new QLabel(this);
     numLine = new QSpinBox(this);

@@ -17,12 +17,22 @@ void SetHelpSubject(QWidget* part, const QString& id)
 
 QString HelpSubjectOf(const QWidget* part)
 {
-    for (; part && !part->isWindow(); part = part->parentWidget()) {
+    for (; part; part = part->isWindow() ? nullptr : part->parentWidget()) {
         const QVariant id = part->property(Property);
         if (id.isValid())
             return id.toString();
     }
     return {};
+}
+
+void SetHelpSubject(QAction* entry, const QString& id)
+{
+    entry->setProperty(Property, id);
+}
+
+QString HelpSubjectOf(const QAction& entry)
+{
+    return entry.property(Property).toString();
 }
 
 HelpSubject::HelpSubject(QWidget* watchedWindow) : QObject(watchedWindow), window(watchedWindow)

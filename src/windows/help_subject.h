@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAction>
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -8,7 +9,11 @@
 /// The help page of a part of the window; parts inside it share it unless they have their own.
 void SetHelpSubject(QWidget* part, const QString& id);
 
-/// HelpId of the part at hand: the nearest widget upward that has one; a null text if none has.
+/// The same for an entry of a menu.
+void SetHelpSubject(QAction* entry, const QString& id);
+QString HelpSubjectOf(const QAction& entry);
+
+/// HelpId of the part at hand: the nearest widget upward, its window included, that has one; a null text if none has.
 QString HelpSubjectOf(const QWidget* part);
 
 /// What the pane's own mouse move stores: the word at the caret decides then.

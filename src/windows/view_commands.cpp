@@ -23,6 +23,7 @@ std::span<const CommandRow> ViewCommands()
         CommandRow{"mnuViewColours", "Colours", "", tbView, "syntax_colours", "Syntax Colours",
                    CheckEntry | SeparatorBehind, Toggle<3>},
         CommandRow{"mnuSuperTab", "Super Tab", "", tbView, "super_tab", nullptr, CheckEntry, Toggle<5>},
+        CommandRow{"mnuLineHints", "Line Hints", "", None, "line_hints", nullptr, CheckEntry, Toggle<6>},
     };
     return Rows;
 }

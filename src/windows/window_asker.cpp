@@ -3,6 +3,7 @@
 #include "windows/dialog_help.h"
 #include "windows/file_filter.h"
 #include "windows/frm_mess.h"
+#include "windows/help_subject.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -24,6 +25,8 @@ std::optional<QString> AskFile(QWidget* parent, const FileQuestion& question, QF
 {
     QFileDialog dialog(parent, question.Title, question.Folder);
     dialog.setAcceptMode(mode);
+    SetHelpSubject(&dialog,
+                   mode == QFileDialog::AcceptOpen ? QStringLiteral("H_main_open") : QStringLiteral("H_main_save_as"));
     dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite); // the command asks that itself, with message 9
     dialog.setNameFilters(DialogFilters(question.Filter));
@@ -49,6 +52,7 @@ MessageAnswer WindowAsker::Message(const MessageRecord& record)
 std::optional<QString> WindowAsker::Input(const QString& title, const QString& prompt, const QString& preset)
 {
     QInputDialog dialog(Parent());
+    SetHelpSubject(&dialog, QStringLiteral("messages"));
     dialog.setWindowTitle(title);
     dialog.setLabelText(WithoutMnemonic(prompt));
     dialog.setTextValue(preset);
@@ -74,6 +78,7 @@ std::optional<QString> WindowAsker::SaveFile(const FileQuestion& question)
 std::optional<QString> WindowAsker::Folder(const QString& title)
 {
     QFileDialog dialog(Parent(), title);
+    SetHelpSubject(&dialog, QStringLiteral("H_main_open"));
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
     return Chosen(dialog);

@@ -13,7 +13,7 @@ inline decoder::Bytes BytesOf(const QByteArray& bytes)
 /// Decoded in this process, with sanitizers.
 inline decoder::Decoded DecodeHere(int kind, const QByteArray& file, decoder::Task what = decoder::Task::Pixels)
 {
-    return decoder::Decode({.Kind = quint32(kind), .What = what}, BytesOf(file));
+    return decoder::Decode({.Kind = quint32(kind), .What = what}, BytesOf(file), [](quint64) {});
 }
 
 inline QImage PixelsOf(const decoder::Decoded& decoded)

@@ -1,3 +1,4 @@
+#include "editor/margin_marks.h"
 #include "pane_fixture.h"
 
 #include <QHelpEvent>
@@ -14,6 +15,14 @@ void RestAt(QsciScintilla& widget, QPoint place)
 {
     QHelpEvent event(QEvent::ToolTip, place, widget.viewport()->mapToGlobal(place));
     QCoreApplication::sendEvent(widget.viewport(), &event);
+}
+
+QWidget* MarginOf(const QsciScintilla& widget)
+{
+    for (QObject* child : widget.children())
+        if (auto* margin = dynamic_cast<MarginMarks*>(child))
+            return margin;
+    return nullptr;
 }
 
 } // namespace
@@ -48,10 +57,17 @@ TEST_F(Hover, AsksForTheTextUnderTheMouse)
 TEST_F(Hover, MarksTheLinesOfOneBlock)
 {
     pane->SetText(u"a\nb\nc\nd\ne\n"_s);
+    Component()->resize(500, 300);
+    Component()->show();
+    const int height = int(Component()->SendScintilla(Sci::SCI_TEXTHEIGHT, 0UL));
     const auto marked = [&] {
+        QCoreApplication::processEvents();
+        const QImage shown = Component()->viewport()->parentWidget()->grab().toImage();
+        const QWidget* margin = MarginOf(*Component());
+        const QPoint bar(margin->x() + margin->width() - 2, margin->y() + height / 2);
         QList<int> lines;
         for (int line = 0; line < pane->LineCount(); ++line)
-            if (Component()->SendScintilla(Sci::SCI_MARKERGET, line) & (1 << 20))
+            if (shown.pixelColor(bar + QPoint(0, line * height)) != shown.pixelColor(bar + QPoint(0, 9 * height)))
                 lines << line;
         return lines;
     };
@@ -64,4 +80,28 @@ TEST_F(Hover, MarksTheLinesOfOneBlock)
     pane->MarkBlock(0, 0);
     pane->MarkBlock(-1, -1);
     EXPECT_EQ(marked(), QList<int>());
+}
+
+// Catches: a mark that stays where its line was when lines above are taken away, a line that says nothing or what
+// belongs to another one, room for marks that nobody asked for.
+TEST_F(Hover, LineMarksMoveWithTheirLines)
+{
+    pane->SetText(u"a\nb\nc\nd\ne\n"_s);
+    Component()->resize(500, 300);
+    Component()->show();
+    QCoreApplication::processEvents();
+    const int narrow = MarginOf(*Component())->width();
+    pane->ShowLineMarks(true);
+    pane->SetLineMarks({{.Line = 3, .Strong = true, .Message = u"wrong here"_s}});
+    pane->DeleteLine(0);
+    QCoreApplication::processEvents();
+    Component()->viewport()->repaint();
+    EXPECT_GT(MarginOf(*Component())->width(), narrow);
+    EXPECT_EQ(static_cast<MarginMarks*>(MarginOf(*Component()))->MessagesOf(2), u"wrong here"_s);
+    const int height = int(Component()->SendScintilla(Sci::SCI_TEXTHEIGHT, 0UL));
+    RestAt(*Component(), QPoint(2, 2 * height + 3));
+    EXPECT_TRUE(QToolTip::text().contains(u"wrong here"_s));
+    pane->ShowLineMarks(false);
+    Component()->viewport()->repaint();
+    EXPECT_EQ(MarginOf(*Component())->width(), narrow);
 }

@@ -1,10 +1,26 @@
+#include "dialog_support.h"
 #include "editor/make_pane.h"
 #include "main_window_test.h"
+#include "windows/dialog_keys.h"
+#include "windows/frm_comment.h"
+#include "windows/window_asker.h"
 
 #include <QMenu>
 #include <QToolBar>
 
-using HelpSubjectTest = MainWindowTest;
+class HelpSubjectTest : public MainWindowTest
+{
+protected:
+    /// Puts a program in the place of Help that only notes its id.
+    void WatchHelp()
+    {
+        const QString told = Run.Work.Path(QStringLiteral("told"));
+        Frame.HelpExe =
+            Run.Program.Write(QStringLiteral("Help"), "#!/bin/sh\nprintf %s \"$1\" > '" + told.toUtf8() + "'\n");
+        QFile::setPermissions(Frame.HelpExe, QFile::ReadOwner | QFile::ExeOwner);
+    }
+    QByteArray Told() const { return Run.Work.Read(QStringLiteral("told")); }
+};
 
 // Catches: parts that share the subject of another, a subject that stays behind when the mouse has moved on.
 TEST_F(HelpSubjectTest, FollowsTheMouse)
@@ -27,20 +43,64 @@ TEST_F(HelpSubjectTest, FollowsTheMouse)
         }
 }
 
+// Catches: a window in which F1 does nothing, one whose page nobody has written, a menu whose entries F1 does not know.
+TEST_F(HelpSubjectTest, F1InAWindowAboveShowsItsPage)
+{
+    QStringList asked;
+    QObject::connect(Window->findChild<DialogKeys*>(), &DialogKeys::HelpPressed,
+                     [&](const QString& id) { asked << id; });
+    WatchHelp();
+    const auto press = [](QWidget* in) {
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier);
+        QCoreApplication::sendEvent(in->focusWidget() ? in->focusWidget() : in, &key);
+    };
+    WindowAsker asker(Window.get());
+    MessageRecord record;
+    const std::function<void()> windows[] = {
+        [&] { asker.Message(record); },
+        [&] { asker.Input({}, {}, {}); },
+        [&] { asker.OpenFile({}); },
+        [&] { asker.SaveFile({}); },
+        [&] { asker.Folder({}); },
+        [&] { Host().OpenTool(ToolWindow::Project); },
+        [&] { Host().OpenTool(ToolWindow::About); },
+        [&] { frmComment::Ask(Window.get()); },
+    };
+    for (const auto& open : windows) {
+        OnModal([&](QWidget& window) { press(&window); });
+        open();
+    }
+    for (const auto& [kind, name] :
+         {std::pair(FindKind::Find, "FindDialog"), std::pair(FindKind::GotoLine, "GotoDialog")}) {
+        Host().ShowFind(CurrentPane(), kind);
+        auto* dialog = Window->findChild<QDialog*>(QLatin1String(name));
+        press(dialog);
+        dialog->close();
+    }
+    QMenu* menu = Window->Menus().Find(QStringLiteral("mnuEdit"));
+    menu->popup(QPoint(0, 0));
+    menu->setActiveAction(MenuOf("mnuTidyup"));
+    press(menu);
+    EXPECT_FALSE(menu->isVisible());
+    EXPECT_EQ(asked.size(), 11);
+    EXPECT_EQ(asked.constLast(), QStringLiteral("H_main_tidy_up"));
+    for (const QString& id : std::as_const(asked))
+        EXPECT_TRUE(QFile::exists(QStringLiteral(PROJECT_FOLDER "/help/") + id.toLower() + QStringLiteral(".html")))
+            << id;
+    EXPECT_TRUE(WaitUntil([&] { return Told() == "H_main_tidy_up"; }));
+}
+
 // Catches: F1 that starts nothing, hands over no id or the word of a part that the mouse has left.
 TEST_F(HelpSubjectTest, F1StartsTheHelpProgramOnTheSubject)
 {
-    const QString told = Run.Work.Path(QStringLiteral("told"));
-    Frame.HelpExe =
-        Run.Program.Write(QStringLiteral("Help"), "#!/bin/sh\nprintf %s \"$1\" > '" + told.toUtf8() + "'\n");
-    QFile::setPermissions(Frame.HelpExe, QFile::ReadOwner | QFile::ExeOwner);
+    WatchHelp();
     CurrentPane().SetText(QStringLiteral("Custom_12: x"));
     MouseOver(WidgetOf(CurrentPane()));
     Press(Qt::Key_F1);
-    EXPECT_TRUE(WaitUntil([&] { return Run.Work.Read(QStringLiteral("told")) == "!graphics info\\custom"; }));
+    EXPECT_TRUE(WaitUntil([&] { return Told() == "!graphics info\\custom"; }));
     MouseOver(Tabs());
     Press(Qt::Key_F1, Qt::ShiftModifier);
-    EXPECT_TRUE(WaitUntil([&] { return Run.Work.Read(QStringLiteral("told")) == "H_main_tabs"; }));
+    EXPECT_TRUE(WaitUntil([&] { return Told() == "H_main_tabs"; }));
 }
 
 // Catches: a menu of the component's own, none at all, one that the menu key cannot open.

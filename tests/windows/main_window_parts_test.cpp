@@ -1,6 +1,7 @@
 #include "editor/make_pane.h"
 #include "main_window_test.h"
 #include "windows/dropped_files.h"
+#include "windows/pane_split.h"
 #include "windows/screen_reader.h"
 #include "windows/window_position.h"
 
@@ -83,6 +84,48 @@ TEST_F(MainWindowParts, StatusBarShowsNoticesAndProgress)
     EXPECT_EQ(bar->width(), Window->StatusBar().width());
     Host().HideProgress();
     EXPECT_FALSE(bar->isVisible());
+}
+
+// Catches: a splitter that squeezes text or lists out of sight, a layout that leaves the parts of another size, lists
+// that keep a place for which the window has become too small.
+TEST_F(MainWindowParts, TextAndListsShareEveryWidth)
+{
+    EXPECT_EQ(PaneSplit::SplitFor(99'999, 12'000), 12'000 - 350);
+    EXPECT_EQ(PaneSplit::SplitFor(0, 12'000), 6000);
+    EXPECT_EQ(PaneSplit::SplitFor(0, 7500), 4995);
+    const QWidget* text = Window->ssTxtWindows().parentWidget();
+    EXPECT_GT(text->width(), Window->Split().width() - 20) << "no lists: the text has the whole width";
+    auto* lists = new QWidget;
+    Window->Split().SetMedia(lists);
+    auto* handle = Window->findChild<QWidget*>(QStringLiteral("picSplit"));
+    for (const QSize size : {QSize(1000, 700), QSize(500, 400)}) {
+        Window->resize(size);
+        QCoreApplication::processEvents();
+        const QRect whole = Window->Split().rect();
+        EXPECT_EQ(lists->x(), whole.width() - qRound(2500 / 15.0)) << size.width();
+        EXPECT_EQ(text->geometry().right() + 1, lists->x() - 5);
+        EXPECT_TRUE(whole.contains(lists->geometry()) && whole.contains(text->geometry()));
+        EXPECT_GT(text->height(), whole.height() - 20);
+        QTest::mousePress(handle, Qt::LeftButton, {}, {2, 50});
+        QMouseEvent drag(QEvent::MouseMove, QPointF(-900, 50), handle->mapToGlobal(QPointF(-900, 50)), Qt::NoButton,
+                         Qt::LeftButton, {});
+        QCoreApplication::sendEvent(handle, &drag);
+        EXPECT_EQ(handle->x(), qMax(whole.width() / 2, 333));
+        EXPECT_EQ(text->width(), handle->x() - 4);
+        EXPECT_GT(lists->width(), 100);
+    }
+}
+
+// Catches: a window that keeps the layout of another size when it is maximised or restored.
+TEST_F(MainWindowParts, MaximiseAndRestoreAreLaidOut)
+{
+    const QWidget* text = Window->ssTxtWindows().parentWidget();
+    const int before = text->width();
+    Window->showMaximized();
+    EXPECT_TRUE(WaitUntil([&] { return text->width() == Window->Split().width() - 10; }));
+    EXPECT_GT(Window->width(), before);
+    Window->showNormal();
+    EXPECT_TRUE(WaitUntil([&] { return text->width() == before; }));
 }
 
 // Catches: a dropped file that replaces unsaved or open text, opens twice, or leaves an empty tab behind.

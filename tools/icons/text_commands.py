@@ -142,6 +142,11 @@ def syntax_colours():
                            (3, 9, 6, "amethyst"), (10, 9, 3, "aqua"), (3, 12, 2, "rose"), (6, 12, 5, "sapphire")))
 
 
+def line_hints():
+    return (sheet() + text((6, 3, 7), (6, 7, 5), (6, 11, 6)) + solid(circle(3.4, 7.5, 1.9), "ruby")
+            + flat(circle(3.4, 12, 1.5), "amber"))
+
+
 def super_tab():
     key = rect(.5, 2.5, 15, 11, 2)
     return (solid(key, "slate") + flat(rect(2, 3.5, 12, 7.5, 1), "paper_pale")

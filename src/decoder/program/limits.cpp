@@ -12,7 +12,8 @@ namespace {
 
 constexpr rlim_t MostMemory = rlim_t(1536) << 20; ///< the largest file, its largest image and a copy
 constexpr rlim_t MostFiles = 16;
-constexpr rlim_t Seconds = 5; ///< of processor time an image
+constexpr rlim_t LeastSeconds = 2;
+constexpr std::uint64_t PixelsASecond = 12u << 20; ///< of the slowest kinds on a slow machine
 
 void Limit(int resource, rlim_t most)
 {
@@ -44,13 +45,14 @@ void Set()
     LeaveTheFiles();
 }
 
-void StartClock()
+void StartClock(std::uint64_t pixels)
 {
     rusage used{};
     getrusage(RUSAGE_SELF, &used);
     rlimit limit{};
     getrlimit(RLIMIT_CPU, &limit);
-    limit.rlim_cur = rlim_t(used.ru_utime.tv_sec) + rlim_t(used.ru_stime.tv_sec) + Seconds + 1;
+    limit.rlim_cur =
+        rlim_t(used.ru_utime.tv_sec) + rlim_t(used.ru_stime.tv_sec) + LeastSeconds + rlim_t(pixels / PixelsASecond);
     setrlimit(RLIMIT_CPU, &limit);
 }
 

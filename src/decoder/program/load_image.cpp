@@ -64,7 +64,7 @@ bool Fits(FIBITMAP* image)
 }
 
 /// What the header says is checked here, so that the library does not even begin with an image beyond the limits.
-std::optional<Decoded> FromHeader(const Request& request, Bytes file, const Memory& memory)
+std::optional<Decoded> FromHeader(const Request& request, Bytes file, const Memory& memory, const SizeKnown& known)
 {
     const auto kind = FREE_IMAGE_FORMAT(request.Kind);
     if (PeeksAt(request.Kind)) {
@@ -73,6 +73,7 @@ std::optional<Decoded> FromHeader(const Request& request, Bytes file, const Memo
             return Refused(request, Outcome::NotRead);
         if (!WithinLimits(extent->Width, extent->Height))
             return Refused(request, Outcome::TooLarge);
+        known(extent->Width * extent->Height);
         return {};
     }
     const Bitmap header = memory.Load(kind, FIF_LOAD_NOPIXELS);
@@ -82,6 +83,7 @@ std::optional<Decoded> FromHeader(const Request& request, Bytes file, const Memo
         return Refused(request, Outcome::TooLarge);
     if (request.What == Task::Header)
         return Decoded{.What = Facts(request, header.get()), .Image = {}};
+    known(std::uint64_t(FreeImage_GetWidth(header.get())) * FreeImage_GetHeight(header.get()));
     return {};
 }
 
@@ -150,7 +152,7 @@ void Release::operator()(FIBITMAP* bitmap) const
     FreeImage_Unload(bitmap);
 }
 
-Decoded Decode(const Request& request, Bytes told)
+Decoded Decode(const Request& request, Bytes told, const SizeKnown& known)
 {
     Bytes file = told;
     std::vector<std::byte> straight;
@@ -163,7 +165,7 @@ Decoded Decode(const Request& request, Bytes told)
             file = straight = StraightPcx(file);
     }
     const Memory memory(file);
-    if (auto decided = FromHeader(request, file, memory)) {
+    if (auto decided = FromHeader(request, file, memory, known)) {
         AddFacts(decided->What, pcx);
         return std::move(*decided);
     }

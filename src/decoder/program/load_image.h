@@ -2,6 +2,7 @@
 
 #include "decoder/protocol.h"
 
+#include <functional>
 #include <memory>
 
 struct FIBITMAP;
@@ -22,8 +23,11 @@ struct Decoded
     Bitmap Image;
 };
 
-/// Decodes a file's bytes. The header is held against the limits before any pixel is decoded.
-Decoded Decode(const Request& request, Bytes file);
+using SizeKnown = std::function<void(std::uint64_t pixels)>;
+
+/// Decodes a file's bytes. The header is held against the limits and its size told to `known` before any pixel is
+/// decoded.
+Decoded Decode(const Request& request, Bytes file, const SizeKnown& known);
 
 /// Writes row `row`, counted from the top, as words 0xAARRGGBB.
 void WriteRow(const Decoded& decoded, std::uint32_t row, std::span<std::uint32_t> to);

@@ -65,7 +65,7 @@ bool SendPixels(const decoder::Decoded& decoded)
 
 decoder::Decoded DecodeFile(const decoder::Request& request, int file)
 try {
-    return decoder::Decode(request, Handed(file).Read());
+    return decoder::Decode(request, Handed(file).Read(), limits::StartClock);
 } catch (const std::bad_alloc&) {
     return {.What = {.Serial = request.Serial, .How = decoder::Outcome::TooLarge}, .Image = {}};
 }
@@ -80,7 +80,7 @@ bool Serve()
     const auto request = decoder::UnpackRequest(bytes);
     if (!request)
         return false;
-    limits::StartClock();
+    limits::StartClock(0);
     const decoder::Decoded decoded = DecodeFile(*request, file);
     if (!decoder::SendAll(Socket, decoder::Pack(decoded.What)))
         return false;

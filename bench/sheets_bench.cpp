@@ -1,0 +1,114 @@
+// The tile sheet window: drawing a sheet, a running preview, and the time it keeps by the clock of the wall.
+
+#include "conf/element_record.h"
+#include "graphics/animation.h"
+#include "graphics/sheet.h"
+#include "platform/images.h"
+#include "windows/animation_preview.h"
+#include "windows/sheet_view.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+#include <benchmark/benchmark.h>
+
+namespace {
+
+QImage Picture(int side)
+{
+    QImage image(side, side, QImage::Format_RGB32);
+    for (int y = 0; y < side; ++y)
+        for (int x = 0; x < side; ++x)
+            image.setPixel(x, y, qRgb(x * 7, y * 5, x ^ y));
+    return image;
+}
+
+void HoldRun(int frames, int delay)
+{
+    Conf.Element = ElementRecord{};
+    Conf.Element.Frames = frames;
+    Conf.Element.Delay = delay;
+    Conf.Element.StartFrame = -1;
+}
+
+/// From the file to the first painted view.
+void OpenAndDraw(benchmark::State& state)
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("sheet.png"));
+    Picture(int(state.range(0))).save(file);
+    for (auto _ : state) {
+        images::Stop(); // not from what is kept
+        const auto picture = images::Load(file);
+        if (!picture) {
+            state.SkipWithError("the sheet cannot be read");
+            return;
+        }
+        ShowSheet(picture->Pixels);
+        SheetView view;
+        view.resize(view.sizeHint());
+        view.ShowPicture();
+        benchmark::DoNotOptimize(view.grab());
+    }
+}
+BENCHMARK(OpenAndDraw)->Arg(512)->Arg(2048)->Unit(benchmark::kMillisecond);
+
+/// A redraw of the whole view.
+void Draw(benchmark::State& state)
+{
+    ShowSheet(Picture(int(state.range(0))));
+    SheetView view;
+    view.resize(view.sizeHint());
+    view.ShowPicture();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(view.grab());
+}
+BENCHMARK(Draw)->Arg(512)->Arg(2048)->Unit(benchmark::kMillisecond);
+
+/// One tick of the preview with its square on the sheet.
+void Tick(benchmark::State& state)
+{
+    ShowSheet(Picture(512));
+    HoldRun(16, 1);
+    AnimationPreview preview;
+    preview.show();
+    for (auto _ : state)
+        preview.StepOnce();
+}
+BENCHMARK(Tick)->Unit(benchmark::kMicrosecond);
+
+/// Ten seconds at a delay: frames shown beside those that should have been.
+void TenSeconds(benchmark::State& state)
+{
+    ShowSheet(Picture(512));
+    HoldRun(200, int(state.range(0)));
+    AnimationPreview preview;
+    preview.show();
+    for (auto _ : state) {
+        QElapsedTimer clock;
+        preview.Start();
+        const int before = Animation.CurrentFrame;
+        clock.start();
+        qint64 shown = 0;
+        int last = before;
+        while (clock.elapsed() < 10'000) {
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+            shown += (Animation.CurrentFrame - last + 200) % 200;
+            last = Animation.CurrentFrame;
+        }
+        state.counters["shown"] = double(shown);
+        state.counters["due"] = double(10'000 / (state.range(0) * DelayUnit));
+    }
+}
+BENCHMARK(TenSeconds)->Arg(1)->Arg(7)->Arg(50)->Arg(199)->Iterations(1)->Unit(benchmark::kSecond);
+
+} // namespace
+
+int main(int count, char** values)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(count, values);
+    benchmark::Initialize(&count, values);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QPoint>
+
+// What a press on tile (column, row) of the sheet does to the block in work and to the marks. True: the run of the
+// preview starts over.
+
+/// Left button: the first tile.
+bool MarkFirstTile(QPoint tile);
+/// Right button: the last tile.
+bool MarkLastTile(QPoint tile);
+/// Middle button: the tile where the animation begins to play.
+bool MarkPlayStart(QPoint tile);

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "graphics/animation.h"
+
+#include <QElapsedTimer>
+#include <QFrame>
+#include <QTimer>
+
+class QLabel;
+
+/// `Picture1` with `picPreview`: plays the marked tiles of the sheet on show. A click starts the run over.
+class AnimationPreview : public QFrame
+{
+    Q_OBJECT
+
+public:
+    explicit AnimationPreview(QWidget* parent = nullptr);
+
+    void Start(); ///< StartAnimation: from the run's begin, in the time of the delay
+    void Stop();  ///< no more ticks
+    void ShowFrame(int tile);
+    void Redraw(); ///< the tile now shown, from a picture painted anew
+    void SetPaused(bool on);
+    bool Paused() const { return paused; }
+    void StepOnce(); ///< one tick, while paused
+    QSize sizeHint() const override;
+
+signals:
+    /// The tile (column, row) that the preview shows now.
+    void FrameShown(QPoint tile);
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void Tick();
+    void Arm();
+
+    QLabel* picPreview;
+    QTimer tmrAnimation;
+    QElapsedTimer clock;
+    TickClock ticks;
+    int interval = 0;
+    bool paused = false;
+};

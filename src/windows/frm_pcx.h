@@ -1,0 +1,79 @@
+#pragma once
+
+#include "graphics/sheet_opening.h"
+
+#include <QDialog>
+#include <QFileSystemWatcher>
+#include <QTimer>
+
+class AnimationPanel;
+class AnimationPreview;
+class NewElementPanel;
+class QLabel;
+class QPushButton;
+class SheetTools;
+class SheetView;
+
+/// "PCX Helper": one tile sheet with the marks of an animation on it, its preview, and the fields of the element that
+/// it belongs to. Opens on the file that `Conf.MediaSource` and `Conf.MediaFile` name.
+class frmPCX : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// Opens the window and returns when it is closed. A file that is no picture gives message 107 and no window.
+    static void Run(QWidget* owner);
+
+    ~frmPCX() override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    frmPCX(QWidget* owner, const QString& path);
+
+    void LayOut();
+    void ConnectParts();
+    void EnableTools();
+    void ShowElement();
+    void ShowPick();
+    void ShowWarnings();
+    void BecomeQuickPreview();
+    void CentreOnScreen();
+    void Press(QPoint tile, Qt::MouseButton button);
+    void MoveMark(int key, Qt::KeyboardModifiers keys);
+    void Restart();
+    void ShowPlayed(QPoint tile);
+    void ShowPlace(QPoint pixel);
+    void FlashMarks();
+    void FlashTitle();
+    void OpenNewElement();
+    void CloseNewElement();
+    void MakeElement(const QString& key, bool full);
+    void UpdateElement();
+    void WatchFile();
+    void ReadAgain();
+    void OpenInEditor();
+    void MarkTilesInUse();
+
+    QString path;
+    SheetOpening opening;
+    bool isPick = false, isPreview = false, isQuick = false;
+    SheetView* picScroll;
+    SheetTools* tools;
+    AnimationPanel* panel;
+    AnimationPreview* preview;
+    NewElementPanel* picNewElement;
+    QWidget* side;
+    QLabel *picFlash, *place;
+    QPushButton *cmdExit, *cmdNew, *cmdUpdate;
+    QTimer tmrFlash, tmrFlashTitle, readAgain;
+    QFileSystemWatcher watcher;
+    int MarkerPhase = 1;
+};
+
+/// A macro's pick: the sheet of `file` with `prompt` flashing above it; "PREVIEW" shows the sheet alone. The picked
+/// values stay in `Conf.Element`.
+void PickFromSheet(QWidget* owner, const QString& file, const QString& prompt);

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QFrame>
+
+class QListWidget;
+class QRadioButton;
+
+/// `picNewElement`: chooses the key of a new block and how much of it is written.
+class NewElementPanel : public QFrame
+{
+    Q_OBJECT
+
+public:
+    explicit NewElementPanel(QWidget* parent);
+
+    /// Fills the lists from the words of the game, nothing chosen, and shows itself.
+    void Open();
+
+signals:
+    /// `key`: the element with what was chosen behind it; `full`: every line of a block.
+    void MakeWanted(const QString& key, bool full);
+    void CancelWanted();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void Make();
+
+    QListWidget *lstElement, *lstAction, *lstDirection;
+    QRadioButton *useTemplate, *useFull;
+};

@@ -1,0 +1,97 @@
+#include "windows/sheet_tools.h"
+
+#include "frame/settings.h"
+#include "windows/animation_preview.h"
+#include "windows/sheet_view.h"
+
+#include <QActionGroup>
+#include <QHBoxLayout>
+#include <QToolBar>
+
+namespace {
+
+const QString Section = QStringLiteral("PCX Helper");
+constexpr int Zooms[] = {1, 2, 4};
+constexpr const char* Grounds[] = {"Checker", "Black", "White"}; // as SheetGround
+
+} // namespace
+
+SheetTools::SheetTools(SheetView& sheet, AnimationPreview& player, QWidget* parent)
+    : QWidget(parent), view(sheet), preview(player), zooms(new QActionGroup(this))
+{
+    auto* bar = new QToolBar(this);
+    bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    AddZoom(*bar);
+    bar->addSeparator();
+    AddGround(*bar);
+    bar->addSeparator();
+    AddPlay(*bar);
+    bar->addSeparator();
+    bar->addAction(QStringLiteral("Open in Image Editor"), this, &SheetTools::ImageEditorWanted);
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins({});
+    row->addWidget(bar);
+}
+
+void SheetTools::AddZoom(QToolBar& bar)
+{
+    const int kept = ReadIni(Section, QStringLiteral("Zoom")).toInt();
+    for (const int times : Zooms) {
+        QAction* action = bar.addAction(QStringLiteral("%1x").arg(times), this, [this, times] {
+            view.SetZoom(times);
+            WriteIni(times, Section, QStringLiteral("Zoom"));
+        });
+        action->setToolTip(QStringLiteral("Zoom %1 times (Ctrl + wheel)").arg(times));
+        action->setCheckable(true);
+        action->setData(times);
+        zooms->addAction(action);
+    }
+    connect(&view, &SheetView::ZoomWanted, this, &SheetTools::SetZoom);
+    SetZoom(kept > 0 ? kept : 1);
+}
+
+void SheetTools::SetZoom(int times)
+{
+    for (QAction* action : zooms->actions())
+        if (action->data().toInt() == times && !action->isChecked())
+            action->trigger();
+}
+
+void SheetTools::AddGround(QToolBar& bar)
+{
+    QAction* grid = bar.addAction(QStringLiteral("Grid"));
+    grid->setCheckable(true);
+    grid->setToolTip(QStringLiteral("Lines between the tiles"));
+    connect(grid, &QAction::toggled, this, [this](bool on) {
+        view.SetGrid(on);
+        WriteIni(on, Section, QStringLiteral("Grid"));
+    });
+    grid->setChecked(ReadIni(Section, QStringLiteral("Grid")).toInt() == 1);
+    auto* grounds = new QActionGroup(this);
+    const int kept = qBound(0, ReadIni(Section, QStringLiteral("Ground")).toInt(), int(std::size(Grounds)) - 1);
+    for (int kind = 0; kind < int(std::size(Grounds)); ++kind) {
+        QAction* action = bar.addAction(QString::fromLatin1(Grounds[kind]), this, [this, kind] {
+            view.SetGround(SheetGround(kind));
+            WriteIni(kind, Section, QStringLiteral("Ground"));
+        });
+        action->setToolTip(QStringLiteral("What stands behind see-through pixels"));
+        action->setCheckable(true);
+        action->setChecked(kind == kept);
+        grounds->addAction(action);
+    }
+    view.SetGround(SheetGround(kept));
+}
+
+void SheetTools::AddPlay(QToolBar& bar)
+{
+    QAction* pause = bar.addAction(QStringLiteral("Pause"));
+    QAction* step = bar.addAction(QStringLiteral("Single Frame"), this, [this] { preview.StepOnce(); });
+    pause->setCheckable(true);
+    pause->setToolTip(QStringLiteral("Hold the preview"));
+    step->setToolTip(QStringLiteral("One frame on, while the preview is held"));
+    step->setEnabled(false);
+    connect(pause, &QAction::toggled, this, [this, step](bool on) {
+        preview.SetPaused(on);
+        step->setEnabled(on);
+    });
+}

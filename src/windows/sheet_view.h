@@ -1,0 +1,79 @@
+#pragma once
+
+#include <QAbstractScrollArea>
+#include <QList>
+#include <QPixmap>
+#include <array>
+
+/// What stands behind the see-through pixels of a sheet.
+enum class SheetGround { Checker, Black, White };
+
+/// `picScroll`: the sheet on show, one of its pixels to one of the screen at zoom 1, with the marks laid over it.
+class SheetView : public QAbstractScrollArea
+{
+    Q_OBJECT
+
+public:
+    explicit SheetView(QWidget* parent = nullptr);
+
+    /// Takes the picture of the sheet on show; scrolled to its corner.
+    void ShowPicture();
+    /// The picture was painted anew outside; the view stays where it is.
+    void PictureChanged();
+    void SetZoom(int times); ///< 1, 2 or 4; what lies in the middle stays there
+    int Zoom() const { return zoom; }
+    void SetGrid(bool on);
+    void SetGround(SheetGround kind);
+    /// Tiles that other blocks of the text use.
+    void SetTilesInUse(QList<QPoint> tiles);
+    /// Presses are taken.
+    void SetPickable(bool on);
+
+    void SetMarkPhase(int phase); ///< 1 to 10: which picture of each mark shows
+    void MarksMoved();
+    /// The tile that the preview shows; nothing: no square.
+    void SetCurrentTile(std::optional<QPoint> tile);
+    void Uncover(QPoint tile); ///< scrolls until the tile is in view
+
+    /// Tile under a place of the viewport; nothing outside the picture.
+    std::optional<QPoint> TileAt(QPoint place) const;
+    QSize sizeHint() const override;
+
+signals:
+    void TilePressed(QPoint tile, Qt::MouseButton button);
+    /// Pixel of the picture under the mouse; (-1, -1) when it has left.
+    void PixelHovered(QPoint pixel);
+    void ZoomWanted(int times);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override; ///< left to the window: the arrow keys move marks
+    void scrollContentsBy(int dx, int dy) override;
+    bool viewportEvent(QEvent* event) override;
+
+private:
+    enum Mark { StartMark, EndMark, InStartMark, MarkCount };
+
+    void FitScrollBars();
+    void UpdateTile(std::optional<QPoint> tile);
+    QPoint Origin() const;                   ///< where the picture's corner lies in the viewport
+    QRect PlaceOf(const QPoint& tile) const; ///< of a tile in the viewport
+    std::optional<QPoint> PixelAt(QPoint place) const;
+    std::array<std::optional<QPoint>, MarkCount> MarkTiles() const;
+    void DrawGround(QPainter& painter, const QRect& area) const;
+    void DrawGrid(QPainter& painter, const QRect& area) const;
+    void DrawTilesInUse(QPainter& painter) const;
+    void DrawMarks(QPainter& painter) const;
+
+    QPixmap picture;
+    int zoom = 1, phase = 1;
+    bool grid = false, pickable = true;
+    SheetGround ground = SheetGround::Checker;
+    QList<QPoint> inUse;
+    std::array<std::optional<QPoint>, MarkCount> shownMarks;
+    std::optional<QPoint> current;
+};

@@ -1,0 +1,58 @@
+#include "decoder/fuzz_decoder.h"
+
+#include "decoder/header_peek.h"
+#include "decoder/pcx_walk.h"
+
+#include <algorithm>
+
+namespace {
+
+using namespace decoder;
+
+constexpr quint64 FewPixels = 1 << 20;
+
+/// What is taken must say the same when it is said again, and promise no more than the limits allow.
+QString FuzzMessages(Bytes bytes)
+{
+    if (const auto request = UnpackRequest(bytes); request && !std::ranges::equal(Pack(*request), bytes))
+        return QStringLiteral("a request was taken for another");
+    const auto answer = UnpackAnswer(bytes);
+    if (!answer)
+        return {};
+    if (!std::ranges::equal(Pack(*answer), bytes))
+        return QStringLiteral("an answer was taken for another");
+    const bool sized = WithinLimits(answer->Width, answer->Height);
+    if (answer->How == Outcome::Done ? !sized : PixelBytes(*answer) != 0 || answer->Width != 0)
+        return QStringLiteral("an answer promises too much");
+    return {};
+}
+
+/// Straightened once, nothing is left to straighten, and the image is as large as before.
+QString FuzzPcx(Bytes bytes)
+{
+    const PcxFacts facts = WalkPcx(bytes);
+    if (!facts.Readable || quint64(facts.Width) * facts.Height > FewPixels)
+        return {};
+    const std::vector<std::byte> straight = StraightPcx(bytes);
+    const PcxFacts again = WalkPcx(straight);
+    if (!again.Readable || again.EndsEarly || again.MisreadByLibrary)
+        return QStringLiteral("a straightened PCX is not straight");
+    const bool odd = facts.Bits == 4 && facts.Width % 2 == 1;
+    if (again.Width != facts.Width + odd || again.Height != facts.Height || again.Bits != facts.Bits)
+        return QStringLiteral("a straightened PCX has another size");
+    return {};
+}
+
+} // namespace
+
+QString FuzzDecoder(const QByteArray& bytes)
+{
+    // A copy of the exact size, so that a read behind its end is seen.
+    const std::vector<std::byte> exact(reinterpret_cast<const std::byte*>(bytes.begin()),
+                                       reinterpret_cast<const std::byte*>(bytes.end()));
+    for (quint32 kind = 0; kind < Kinds; ++kind)
+        if (const auto extent = PeekExtent(kind, exact); extent && !PeeksAt(kind))
+            return QStringLiteral("a size of a kind that is not looked at");
+    const QString fault = FuzzMessages(exact);
+    return fault.isEmpty() ? FuzzPcx(exact) : fault;
+}

@@ -1,0 +1,53 @@
+#include "graphics/sheet_marks.h"
+
+#include "sheet_scope.h"
+
+#include <gtest/gtest.h>
+
+// Catches: an end mark that is lost though it lies behind the new first tile, or kept though it lies in front.
+TEST(SheetMarks, FirstTileKeepsAnEndBehindItOnly)
+{
+    SheetScope scope(4, 3);
+    EXPECT_TRUE(MarkFirstTile({2, 0}));
+    EXPECT_TRUE(MarkLastTile({1, 1}));
+    EXPECT_EQ(Conf.Element.Frames, 4) << "the run goes on in the next row";
+    Conf.Element.StartFrame = 2;
+    Sheet.InStart = QPoint(0, 1);
+    MarkFirstTile({0, 1});
+    EXPECT_EQ(Conf.Element.Frames, 2);
+    EXPECT_EQ(Sheet.End, QPoint(1, 1));
+    EXPECT_EQ(Conf.Element.StartFrame, -1);
+    EXPECT_FALSE(Sheet.InStart);
+    MarkFirstTile({1, 1});
+    EXPECT_EQ(Conf.Element.Frames, 1);
+    EXPECT_EQ(Sheet.EndIndex, -1);
+    EXPECT_FALSE(Sheet.End);
+}
+
+// Catches: a run of no or negative length.
+TEST(SheetMarks, LastTileInFrontOfTheFirstIsOneFrame)
+{
+    SheetScope scope(4, 3);
+    MarkFirstTile({2, 1});
+    MarkLastTile({1, 1});
+    EXPECT_EQ(Conf.Element.Frames, 1);
+    EXPECT_FALSE(Sheet.End);
+    MarkLastTile({2, 1});
+    EXPECT_EQ(Conf.Element.Frames, 1);
+    EXPECT_EQ(Sheet.End, QPoint(2, 1));
+}
+
+// Catches: a start of play outside the run, or a restart where nothing was marked.
+TEST(SheetMarks, PlayStartLiesInsideTheRun)
+{
+    SheetScope scope(4, 3);
+    MarkFirstTile({2, 0});
+    MarkLastTile({1, 1});
+    EXPECT_FALSE(MarkPlayStart({1, 0})) << "in front of the run";
+    EXPECT_FALSE(MarkPlayStart({3, 2})) << "far behind it";
+    EXPECT_EQ(Conf.Element.StartFrame, -1);
+    EXPECT_TRUE(MarkPlayStart({0, 1}));
+    EXPECT_EQ(Conf.Element.StartFrame, 2);
+    EXPECT_EQ(Sheet.InStart, QPoint(0, 1));
+    EXPECT_TRUE(MarkPlayStart({2, 1})) << "one behind the last tile is still taken";
+}
