@@ -1,7 +1,13 @@
-// Passes over the lines of a conf, on bytes alone.
+// Passes over the lines of a conf on bytes alone, element blocks, and the inject window's rebuild in a pane.
 #include "conf_text.h"
 
+#include "batch/batch_host.h"
+#include "conf/block_outline.h"
+#include "conf/inject.h"
+#include "conf/line_pass.h"
 #include "conf/tidy_up.h"
+
+#include <QApplication>
 
 #include <benchmark/benchmark.h>
 
@@ -16,6 +22,59 @@ void TidyAll(benchmark::State& state)
 }
 BENCHMARK(TidyAll)->Arg(15'000)->Arg(1'500'000)->Unit(benchmark::kMillisecond);
 
+/// Every block found and read, from bytes to records. The default conf of the game has 2,737.
+void ReadAllBlocks(benchmark::State& state)
+{
+    const QByteArray text = BlockConf(int(state.range(0)));
+    for (auto _ : state) {
+        QStringList lines;
+        ForEachLine(text, {}, [&](const ByteLine& line) { lines << QString::fromUtf8(line.Text); });
+        const LineReader reader = [&](int number) {
+            return number < lines.size() ? std::optional(lines.at(number)) : std::nullopt;
+        };
+        for (const OutlineBlock& block : FindBlocks(text))
+            benchmark::DoNotOptimize(ReadBlock(reader, block.Line, {}, block.Image));
+    }
+}
+BENCHMARK(ReadAllBlocks)->Arg(2'737)->Unit(benchmark::kMillisecond);
+
+void Outline(benchmark::State& state)
+{
+    const QByteArray text = RaggedConf(int(state.range(0)));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(FindBlocks(text));
+    state.SetBytesProcessed(int64_t(state.iterations()) * text.size());
+}
+BENCHMARK(Outline)->Arg(15'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+
+/// One click in the inject window on a block of `range` lines in a usual document: the new text in the pane.
+void InjectRebuild(benchmark::State& state)
+{
+    const QStringList commands{QStringLiteral("xpos"), QStringLiteral("ypos")};
+    QString text = QStringLiteral("custom_1: a.png");
+    for (int line = 1; line < state.range(0); ++line)
+        text += QStringLiteral("\r\ncustom_1.xpos:   %1").arg(line);
+    const InjectBlock block = ParseBlock(text, {});
+    const auto pane = MakePane();
+    pane->LoadBytes(text.toUtf8() + "\r\n" + BlockConf(2'737));
+    pane->SetSel({.EndLine = int(state.range(0))}, false);
+    bool other = false;
+    for (auto _ : state) {
+        other = !other;
+        const KeyParts parts{other ? QStringLiteral("custom_2") : QStringLiteral("custom_1"), NoPart, NoPart};
+        pane->SetSelText(RebuildBlock(block, parts, {true, other}, commands, {}));
+    }
+}
+BENCHMARK(InjectRebuild)->Arg(10)->Arg(100)->Unit(benchmark::kMicrosecond);
+
 } // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

@@ -24,3 +24,16 @@ inline QByteArray RaggedConf(int lines)
     }
     return text;
 }
+
+/// A graphics conf of `blocks` element blocks in the proportions of the game's own: five lines a block and more.
+inline QByteArray BlockConf(int blocks)
+{
+    static constexpr const char* parts[] = {"", ".moving.left", ".EDITOR", ".digging", ".falling"};
+    QByteArray text;
+    for (int block = 0; block < blocks; ++block) {
+        const QByteArray key = "custom_" + QByteArray::number(block / 5) + parts[block % 5];
+        text += key + ":   RocksCustom.png\n" + key + ".xpos:   " + QByteArray::number(block % 16) + '\n' + key +
+                ".ypos:   3\n" + key + ".frames: 4\n" + (block % 2 ? key + ".delay: 2\n" : QByteArray());
+    }
+    return text;
+}

@@ -132,11 +132,8 @@ void frmInject::TellForeignLines()
 {
     const int foreign = ForeignLines(block, Words(KindGraphicComs));
     if (foreign > 0)
-        Host().ShowNotice(
-            (foreign == 1
-                 ? QStringLiteral("1 line that belongs to no command was taken out of the block")
-                 : QStringLiteral("%1 lines that belong to no command were taken out of the block").arg(foreign)) +
-            QStringLiteral("; Undo brings back all."));
+        Host().ShowNotice(QStringLiteral("%1 without a command taken out; Undo brings back all.")
+                              .arg(foreign == 1 ? QStringLiteral("1 line") : QStringLiteral("%1 lines").arg(foreign)));
 }
 
 void frmInject::RebuildBlock()

@@ -96,3 +96,32 @@ TEST_F(ConfVerbs, WrongCallsEndWithTwo)
         EXPECT_TRUE(help.Out.contains(QString::fromLatin1(verb.Help)));
     }
 }
+
+// Catches: members missing or in another order, a line number from 0, a text that breaks the JSON, bytes of a file in
+// Windows-1252 taken for UTF-8, comments printed as blocks.
+TEST_F(ConfVerbs, BlocksPrintsAnObjectALine)
+{
+    const QString conf = folder.Write(QStringLiteral("x.conf"), "# a: no.png\nzip:\tb.png\nzip.xpos: 4\n"
+                                                                "zip.anim_mode: reverse\nzip.name: \"K\xF6nig\"\n");
+    const Spoken spoken = Called({QStringLiteral("blocks"), conf});
+    EXPECT_EQ(spoken.Code, VerbDone);
+    EXPECT_EQ(spoken.Out,
+              QStringLiteral("{\"key\":\"zip\",\"line\":2,\"image\":\"b.png\",\"xpos\":4,\"ypos\":0,\"frames\":1,"
+                             "\"delay\":1,\"anim_mode\":\"loop\",\"start_frame\":-1,\"global_sync\":false,"
+                             "\"offset\":0,\"name\":\"\\\"König\\\"\",\"reverse\":true}\n"));
+    EXPECT_EQ(Called({QStringLiteral("blocks")}).Code, VerbFailed);
+    EXPECT_EQ(Called({QStringLiteral("blocks"), folder.Path(QStringLiteral("none.conf"))}).Code, VerbFailed);
+}
+
+// Catches: blocks that are not counted, a file that is changed or whose failure is forgotten behind a good one.
+TEST_F(ConfVerbs, BlocksVerifyCountsAllFiles)
+{
+    const QByteArray text = "zip: b.png\nzip.xpos: 4 # note\nzip.frames:9\nzip.moving: b.png\n";
+    const QString conf = folder.Write(QStringLiteral("x.conf"), text);
+    const Spoken good = Called({QStringLiteral("blocks"), QStringLiteral("--verify"), conf, conf});
+    EXPECT_EQ(good.Code, VerbDone);
+    EXPECT_EQ(good.Out, QStringLiteral("4 blocks: 4 the same, 0 different\n"));
+    EXPECT_EQ(folder.Read(QStringLiteral("x.conf")), text);
+    const QString none = folder.Path(QStringLiteral("none.conf"));
+    EXPECT_EQ(Called({QStringLiteral("blocks"), QStringLiteral("--verify"), none, conf}).Code, VerbFailed);
+}

@@ -70,6 +70,9 @@ TEST_F(BlockFields, ReadEndsWithTheBlock)
     Load("zip: a.pcx\nother.xpos: 1\nzip.ypos: 2\n");
     ReadFirst();
     EXPECT_EQ(Conf.FieldFound, (std::array<int, 9>{}));
+    Load("zip: a.pcx\nzip.xpos: 1\nzip.moving.xpos: 2\nzip.moving.delay: 3\n");
+    EXPECT_EQ(ReadFirst().XPos, 1);
+    EXPECT_EQ(Conf.Element.Delay, 1) << "a second xpos begins another block";
     Load("zip: a.pcx\nzip.name: a.pcx\nzip.moving: b.pcx\nzip.moving.delay: 7\n");
     EXPECT_EQ(ReadFirst().Delay, 1);
     EXPECT_EQ(Conf.FieldFound.at(8), 1) << "a name may look like a sheet";
