@@ -3,22 +3,34 @@
 #include "conf/check.h"
 #include "conf/comments.h"
 #include "conf/tidy_up.h"
+#include "editor/encoding.h"
 #include "frame/frame_state.h"
 #include "platform/paths.h"
 
 #include <QDir>
-#include <QStringDecoder>
-#include <algorithm>
 
 namespace {
 
-bool IsUtf8(const QByteArray& bytes)
+/// A conf file as the passes take it: its byte order mark stands apart and is written back.
+struct ConfFile
 {
-    if (std::all_of(bytes.begin(), bytes.end(), [](char c) { return c >= 0; }))
-        return true;
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString decoded = decoder(bytes);
-    return !decoder.hasError() && !decoded.isNull();
+    QByteArray Mark, Text;
+    bool SingleByteText = false;
+};
+
+Result<ConfFile> ReadConf(const QString& path)
+{
+    Result<QByteArray> bytes = paths::ReadWhole(path, paths::LargestDocument);
+    if (!bytes)
+        return tl::unexpected(bytes.error());
+    for (const char* wide : {"\xFF\xFE", "\xFE\xFF"})
+        if (bytes->startsWith(wide))
+            return tl::unexpected(Failure{path, QStringLiteral("the file is UTF-16; the game reads no such files")});
+    const FileEncoding encoding = EncodingOf(*bytes);
+    if (encoding != FileEncoding::Utf8Bom)
+        return ConfFile{{}, std::move(*bytes), encoding == FileEncoding::Windows1252};
+    constexpr qsizetype MarkSize = 3;
+    return ConfFile{bytes->first(MarkSize), bytes->sliced(MarkSize), false};
 }
 
 /// Lower-cased names of the files in a folder.
@@ -57,11 +69,11 @@ CheckContext ContextFor(const QString& path, const QByteArray& bytes)
 }
 
 /// Writes a pass's result if it differs.
-VerbResult WriteBack(const QString& path, const QByteArray& before, const QByteArray& after, VerbStreams& streams)
+VerbResult WriteBack(const QString& path, const ConfFile& before, const QByteArray& after, VerbStreams& streams)
 {
-    if (after == before)
+    if (after == before.Text)
         return VerbDone;
-    const Result<> written = paths::WriteWhole(path, after);
+    const Result<> written = paths::WriteWhole(path, before.Mark.isEmpty() ? after : QByteArray(before.Mark + after));
     return written ? VerbDone : Failed(written.error(), streams);
 }
 
@@ -98,23 +110,23 @@ VerbResult PassOnLines(const char* verb, const QStringList& arguments, VerbStrea
     if (!first || !last || *last < *first)
         return WrongUsage(verb, QStringLiteral("A and B are line numbers from 1, A not above B"), streams);
     const QString& path = arguments.first();
-    const Result<QByteArray> bytes = paths::ReadWhole(path, paths::LargestDocument);
-    if (!bytes)
-        return Failed(bytes.error(), streams);
-    const auto lines = FindLines(*bytes, *first, *last);
+    const Result<ConfFile> file = ReadConf(path);
+    if (!file)
+        return Failed(file.error(), streams);
+    const auto lines = FindLines(file->Text, *first, *last);
     if (!lines)
         return Failed({path, QStringLiteral("the file has fewer than %1 lines").arg(*last)}, streams);
     const auto [start, end] = *lines;
-    const QByteArray changed = pass(QByteArrayView(*bytes).sliced(start, end - start), {});
-    return WriteBack(path, *bytes, bytes->first(start) + changed + bytes->sliced(end), streams);
+    const QByteArray changed = pass(QByteArrayView(file->Text).sliced(start, end - start), {});
+    return WriteBack(path, *file, file->Text.first(start) + changed + file->Text.sliced(end), streams);
 }
 
 VerbResult CheckOne(const QString& path, VerbStreams& streams)
 {
-    const Result<QByteArray> bytes = paths::ReadWhole(path, paths::LargestDocument);
-    if (!bytes)
-        return Failed(bytes.error(), streams);
-    const auto found = FirstBadLine(*bytes, ContextFor(path, *bytes));
+    const Result<ConfFile> file = ReadConf(path);
+    if (!file)
+        return Failed(file.error(), streams);
+    const auto found = FirstBadLine(file->Text, ContextFor(path, file->Text));
     if (!found)
         return VerbDone;
     for (const QString& message : found->Messages)
@@ -124,12 +136,12 @@ VerbResult CheckOne(const QString& path, VerbStreams& streams)
 
 VerbResult TidyOne(const QString& path, VerbStreams& streams)
 {
-    const Result<QByteArray> bytes = paths::ReadWhole(path, paths::LargestDocument);
-    if (!bytes)
-        return Failed(bytes.error(), streams);
+    const Result<ConfFile> file = ReadConf(path);
+    if (!file)
+        return Failed(file.error(), streams);
     ValueColumn column = CurrentValueColumn();
-    column.SingleByteText = !IsUtf8(*bytes);
-    return WriteBack(path, *bytes, TidyLines(*bytes, column), streams);
+    column.SingleByteText = file->SingleByteText;
+    return WriteBack(path, *file, TidyLines(file->Text, column), streams);
 }
 
 /// Runs on every file; the worst result counts.

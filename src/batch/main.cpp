@@ -4,6 +4,9 @@
 #include "batch/verbs.h"
 
 #include <QCoreApplication>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
 
 int main(int argc, char** argv)
 {
@@ -14,5 +17,11 @@ int main(int argc, char** argv)
     InstallHost(host, answers);
     VerbStreams streams{out, err};
     const Result<> ready = PrepareTools(OrdinaryFolders(QCoreApplication::applicationDirPath()));
-    return ready ? RunVerb(QCoreApplication::arguments().mid(1), streams) : Failed(ready.error(), streams);
+    const VerbResult result =
+        ready ? RunVerb(QCoreApplication::arguments().mid(1), streams) : Failed(ready.error(), streams);
+    out.flush();
+    // What nobody could read is not done: a full disk behind ">" for one.
+    if (out.status() == QTextStream::Ok && std::fflush(stdout) == 0)
+        return result;
+    return Failed({QStringLiteral("standard output"), QString::fromLocal8Bit(std::strerror(errno))}, streams);
 }

@@ -73,6 +73,26 @@ bool AsksForHelp(const QString& word)
     return word == QLatin1String("--help") || word == QLatin1String("-h");
 }
 
+void Explain(const Verb& verb, QTextStream& out)
+{
+    out << "gemforge-batch " << verb.Name << ' ' << verb.Usage << '\n' << verb.Help;
+}
+
+/// "level --help": all verbs of two words that begin so. False if that is not what is asked.
+bool HelpOnFamily(const QStringList& arguments, QTextStream& out)
+{
+    if (arguments.size() != 2 || !AsksForHelp(arguments.at(1)))
+        return false;
+    bool any = false;
+    for (const Verb& verb : AllVerbs) {
+        if (!QString::fromLatin1(verb.Name).startsWith(arguments.first() + QLatin1Char(' ')))
+            continue;
+        Explain(verb, out);
+        any = true;
+    }
+    return any;
+}
+
 } // namespace
 
 std::span<const Verb> Verbs()
@@ -106,11 +126,13 @@ VerbResult RunVerb(const QStringList& arguments, VerbStreams streams)
     }
     int words = 0;
     const Verb* verb = TakeVerb(arguments, words);
+    if (!verb && HelpOnFamily(arguments, streams.Out))
+        return VerbDone;
     if (!verb)
         return WrongUsage(qPrintable(arguments.first()), QStringLiteral("there is no such verb (see --help)"), streams);
     const QStringList rest = arguments.mid(words);
     if (!rest.isEmpty() && AsksForHelp(rest.first())) {
-        streams.Out << "gemforge-batch " << verb->Name << ' ' << verb->Usage << '\n' << verb->Help;
+        Explain(*verb, streams.Out);
         return VerbDone;
     }
     return verb->Run(rest, streams);

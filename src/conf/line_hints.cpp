@@ -1,5 +1,6 @@
 #include "conf/line_hints.h"
 
+#include <QHash>
 #include <algorithm>
 #include <array>
 
@@ -57,24 +58,66 @@ QStringList UnknownWords(QByteArrayView key, const HintWords& words)
     return messages;
 }
 
-/// Line number, from 0, of an earlier line with this key; -1 if there is none. `before` ends where the line begins.
-int EarlierLine(QByteArrayView before, QByteArrayView key, int line)
+/// The key of a line that sets something; empty for any other line.
+QByteArrayView KeyOf(QByteArrayView line)
 {
-    const QByteArray wanted = key.toByteArray() + ':';
-    for (qsizetype at = before.size(); (at = before.first(at).lastIndexOf(wanted)) >= 0;) {
-        const bool atLineStart = at == 0 || before.at(at - 1) == '\n' || before.at(at - 1) == '\r';
-        if (atLineStart)
-            return line - int(before.sliced(at).count('\n'));
+    const qsizetype colon = line.indexOf(':');
+    const QByteArrayView key = line.first(qMax<qsizetype>(colon, 0));
+    return key.contains('#') || key.contains(' ') || key.contains('\t') ? QByteArrayView() : key;
+}
+
+/// The lines of a text that are looked at for hints: `Last` - `First` + 1 of them, from byte `Start` on.
+struct Stretch
+{
+    QByteArrayView Text;
+    qsizetype Start;
+    int First, Last;
+};
+
+/// Calls take(line, number) from byte `from` on for the lines up to the last of the stretch.
+template <class Take>
+void ForLines(const Stretch& stretch, qsizetype from, int number, Take take)
+{
+    for (; number <= stretch.Last; ++number) {
+        const ByteLine line = TakeLine(stretch.Text, from);
+        take(line.Text, number);
+        if (line.Break.isEmpty())
+            break;
     }
-    return -1;
+}
+
+/// For each line of the stretch whose key stands above it too, within `reach` bytes: the nearest such line. One walk
+/// for all of them.
+QHash<int, int> EarlierLines(const Stretch& stretch, qsizetype reach)
+{
+    QSet<QByteArrayView> wanted;
+    ForLines(stretch, stretch.Start, stretch.First, [&](QByteArrayView line, int) { wanted.insert(KeyOf(line)); });
+    wanted.remove(QByteArrayView());
+    qsizetype from = qMax<qsizetype>(0, stretch.Start - reach);
+    if (from > 0)
+        TakeLine(stretch.Text, from); // the rest of a line
+    int above = 0;
+    for (qsizetype at = from; at < stretch.Start; ++above)
+        TakeLine(stretch.Text, at);
+    QHash<QByteArrayView, int> seen;
+    QHash<int, int> earlier;
+    ForLines(stretch, from, stretch.First - above, [&](QByteArrayView line, int number) {
+        const QByteArrayView key = KeyOf(line);
+        if (!wanted.contains(key))
+            return;
+        if (number >= stretch.First && seen.contains(key))
+            earlier.insert(number, seen.value(key));
+        seen.insert(key, number);
+    });
+    return earlier;
 }
 
 class Hints
 {
 public:
-    Hints(QByteArrayView wholeText, const HintContext& hintContext) : text(wholeText), context(hintContext) {}
+    explicit Hints(const HintContext& hintContext) : context(hintContext) {}
 
-    void Look(QByteArrayView line, qsizetype start, int number)
+    void Look(QByteArrayView line, int number, int earlier)
     {
         for (const QString& message : CheckLine(line, context.Check))
             Add(number, HintLevel::Error, message);
@@ -86,30 +129,19 @@ public:
             return;
         if (cut >= 0)
             Add(number, HintLevel::Faint, QStringLiteral("The game cuts the line at \"#\"."));
-        LookAtKey(line.first(colon), start, number);
-    }
-
-    std::vector<LineHint> Found;
-
-private:
-    void LookAtKey(QByteArrayView key, qsizetype start, int number)
-    {
-        if (key.contains(' ') || key.contains('\t'))
-            return;
-        for (const QString& message : UnknownWords(key, context.Words))
-            Add(number, HintLevel::Faint, message);
-        const qsizetype reach = text.size() > context.WholeFileLimit ? NearReach : start;
-        const QByteArrayView before = text.sliced(qMax<qsizetype>(0, start - reach), qMin(reach, start));
-        const int earlier = EarlierLine(before, key, number);
+        if (const QByteArrayView key = KeyOf(line); !key.isEmpty())
+            for (const QString& message : UnknownWords(key, context.Words))
+                Add(number, HintLevel::Faint, message);
         if (earlier >= 0)
             Add(number, HintLevel::Faint,
                 QStringLiteral("Line %1 has the same key already; the later line counts.").arg(earlier + 1));
     }
 
+    std::vector<LineHint> Found;
+
+private:
     void Add(int line, HintLevel level, const QString& message) { Found.push_back({line, level, message}); }
 
-    static constexpr qsizetype NearReach = 64 << 10;
-    QByteArrayView text;
     const HintContext& context;
 };
 
@@ -135,15 +167,12 @@ HintWords MakeHintWords(const std::array<QStringList, WordKindCount>& lists)
 std::vector<LineHint> HintsForLines(QByteArrayView text, qsizetype start, int first, int last,
                                     const HintContext& context)
 {
-    Hints hints(text, context);
-    qsizetype from = start;
-    for (int number = first; number <= last; ++number) {
-        const qsizetype lineStart = from;
-        const ByteLine line = TakeLine(text, from);
-        hints.Look(line.Text, lineStart, number);
-        if (line.Break.isEmpty())
-            break;
-    }
+    constexpr qsizetype NearReach = 64 << 10;
+    const Stretch stretch{text, start, first, last};
+    const QHash<int, int> earlier = EarlierLines(stretch, text.size() > context.WholeFileLimit ? NearReach : start);
+    Hints hints(context);
+    ForLines(stretch, start, first,
+             [&](QByteArrayView line, int number) { hints.Look(line, number, earlier.value(number, -1)); });
     return std::move(hints.Found);
 }
 

@@ -197,6 +197,7 @@ void RefreshMedia()
 {
     for (int source = 1; source <= 3; ++source)
         Lists().List(source).Refresh();
+    Host().MediaChanged();
 }
 
 void SetExtraFolder(const QString& folder)

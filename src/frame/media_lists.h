@@ -45,7 +45,7 @@ MediaLists& Lists();
 
 /// Brings the three models in line with Frame.Media and tells the host.
 void ShowMedia();
-void RefreshMedia();
+void RefreshMedia(); ///< the folders may hold other files by now
 void SetExtraFolder(const QString& folder);
 
 struct MediaHit

@@ -71,14 +71,14 @@ bool KeepText(int tab)
     return kept.has_value();
 }
 
-/// The questions before a save; false: the user does not want it.
-bool MayWrite(const QString& path, bool ownPath)
+/// The questions before a save; false: the user does not want it. `asNamed`: the user named the file just so.
+bool MayWrite(const QString& path, bool ownPath, bool asNamed)
 {
     const Document& document = Frame.Documents.at(Frame.CurrentTab);
     if (ownPath && !document.ForeignText && ChangedOnDisk(Frame.CurrentTab)) {
         if (ShowMessage(MessageOverChanged, paths::Native(path)) == Cancel)
             return false;
-    } else if ((!ownPath || document.ForeignText) && paths::FileExists(path) && ShowMessage(9) == Cancel) {
+    } else if ((!ownPath || !asNamed || document.ForeignText) && paths::FileExists(path) && ShowMessage(9) == Cancel) {
         return false;
     }
     EditorPane& pane = CurrentPane();
@@ -95,7 +95,8 @@ bool Save(const QString& told, bool backup)
     const QString path = Absolute(paths::ForWriting(told));
     const int holder = TabWithFile(path);
     const bool ownPath = holder == Frame.CurrentTab;
-    if (!MayWrite(path, ownPath) || (backup && !BackupCurrentFile()))
+    const bool asNamed = paths::FileNameOfPath(path) == paths::FileNameOfPath(told);
+    if (!MayWrite(path, ownPath, asNamed) || (backup && !BackupCurrentFile()))
         return false;
     const bool givesWay = !ownPath && holder >= 0;
     const bool unsaved = givesWay && Host().Pane(holder).Modified();

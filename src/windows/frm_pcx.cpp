@@ -37,7 +37,7 @@ constexpr int ImageErrorNag = 2;
 constexpr int MarkPhases = 10;
 constexpr int RedrawDelay = 100; // a preview with a longer delay is drawn again by the marks' timer
 const QString SheetAlone = QStringLiteral("PREVIEW");
-constexpr QSize QuickSize{133, 147}; // pixels at 96 dpi
+constexpr QSize QuickSize{120, 127}; // pixels at 96 dpi, without the frame
 constexpr int QuickLift = 30;
 constexpr QSize FrameRoom{20, 40}; // what a window manager puts around a window
 constexpr QPoint NewElementPlace{60, 54};
@@ -212,6 +212,10 @@ void frmPCX::BecomeQuickPreview()
     for (QWidget* part : std::initializer_list<QWidget*>{picScroll, tools, panel, place, cmdExit, cmdNew, cmdUpdate})
         part->hide();
     layout()->setContentsMargins({});
+    layout()->setSpacing(0);
+    preview->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    // The name needs the room of the other buttons.
+    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     setFixedSize(Pixels(*this, QuickSize.width()), Pixels(*this, QuickSize.height()));
     const QPoint mouse = QCursor::pos();
     QRect where(QPoint(), size());

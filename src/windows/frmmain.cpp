@@ -6,6 +6,7 @@
 #include "frame/documents.h"
 #include "frame/file_commands.h"
 #include "frame/frame_state.h"
+#include "frame/media_lists.h"
 #include "frame/recent_list.h"
 #include "frame/recovery.h"
 #include "frame/vocabulary.h"
@@ -295,8 +296,10 @@ void frmmain::ToggleInsert()
 void frmmain::Activated()
 {
     ReadLocks();
-    if (!Frame.StartingUp)
-        CheckChangedOutside();
+    if (Frame.StartingUp)
+        return;
+    RefreshMedia();
+    CheckChangedOutside();
 }
 
 bool frmmain::event(QEvent* event)

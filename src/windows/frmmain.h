@@ -64,7 +64,7 @@ public:
     void ShowBlocks() override;
     void CloseLists() override;
     void RecentChanged() override;
-    void MediaChanged() override {}           // the media lists have no view yet
+    void MediaChanged() override;
     void StyleMediaLists() override {}        // as above
     void ShowMediaEntry(int, int) override {} // the media lists have no view yet
     bool CanPreview(int mode) const override;

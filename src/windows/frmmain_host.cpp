@@ -10,6 +10,7 @@
 #include "windows/frm_inject.h"
 #include "windows/frm_pcx.h"
 #include "windows/frm_project.h"
+#include "windows/line_hints_view.h"
 #include "windows/recent_popup.h"
 #include "windows/status_panels.h"
 #include "windows/tab_strip.h"
@@ -49,6 +50,11 @@ void frmmain::EnableCommand(const QString& control, bool menu, bool button)
     const bool opens = !commands.Opens(control) || CanPreview(Frame.CurrentMode);
     commands.Show(control, opens || !menu);
     commands.Enable(control, menu && opens, button && opens);
+}
+
+void frmmain::MediaChanged()
+{
+    hints->WordsChanged();
 }
 
 bool frmmain::CanPreview(int mode) const

@@ -125,3 +125,23 @@ TEST_F(ConfVerbs, BlocksVerifyCountsAllFiles)
     const QString none = folder.Path(QStringLiteral("none.conf"));
     EXPECT_EQ(Called({QStringLiteral("blocks"), QStringLiteral("--verify"), none, conf}).Code, VerbFailed);
 }
+
+// Catches: a byte order mark taken for text (it stops being one in front of which "#" was put), a file of two-byte
+// letters spoiled.
+TEST_F(ConfVerbs, ByteOrderMarksAreNoText)
+{
+    const QString file = folder.Write(QStringLiteral("a.conf"), "\xEF\xBB\xBFk:1\n");
+    EXPECT_EQ(Called({QStringLiteral("comment"), file, QStringLiteral("1"), QStringLiteral("1")}).Code, VerbDone);
+    EXPECT_EQ(folder.Read(QStringLiteral("a.conf")), "\xEF\xBB\xBF#k:1\n");
+    EXPECT_EQ(Called({QStringLiteral("uncomment"), file, QStringLiteral("1"), QStringLiteral("1")}).Code, VerbDone);
+    EXPECT_EQ(Called({QStringLiteral("tidy"), file}).Code, VerbDone);
+    EXPECT_EQ(folder.Read(QStringLiteral("a.conf")), "\xEF\xBB\xBFk:" + QByteArray(40, ' ') + "1\n");
+    folder.Write(QStringLiteral("a.conf"), "\xEF\xBB\xBF: 1\n");
+    EXPECT_EQ(Called({QStringLiteral("check"), file}).Code, VerbFound);
+    const QByteArray wide("\xFF\xFEk\0:\0 \0"
+                          "1\0",
+                          10);
+    folder.Write(QStringLiteral("a.conf"), wide);
+    EXPECT_EQ(Called({QStringLiteral("tidy"), file}).Code, VerbFailed);
+    EXPECT_EQ(folder.Read(QStringLiteral("a.conf")), wide);
+}

@@ -192,6 +192,8 @@ TEST_F(FileCommands, QuestionsBeforeASave)
     Answers.Buttons = {QStringLiteral("Overwrite")};
     EXPECT_TRUE(SaveDocument(path));
     EXPECT_TRUE(SaveDocument(path)) << "asked again";
+    EXPECT_FALSE(SaveDocument(Run.Work.Path(QStringLiteral("A.conf"))))
+        << "the file that is there is not the one named";
 
     Run.Type(QString(QChar(0x4E2D)));
     EXPECT_FALSE(SaveDocument(path));
