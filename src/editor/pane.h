@@ -145,6 +145,7 @@ private:
     bool ClaimKey(QKeyEvent& event);
     bool KeyPressed(QKeyEvent& event);
     void RunKey(const KeyRow& row);
+    void BreakTypedLine();
     const KeyRow* RowFor(const QKeyEvent& event) const;
 
     // Text and selection

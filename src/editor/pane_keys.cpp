@@ -138,8 +138,17 @@ void ScintillaPane::RunKey(const KeyRow& row)
         (this->*row.Run)({});
     else if (row.Number)
         ExecuteCmd(row.Number, {});
+    else if (row.Message == Sci::SCI_NEWLINE)
+        BreakTypedLine();
     else
         text.Send(row.Message);
+}
+
+/// A step of its own: the component would make one step of all lines typed in a row.
+void ScintillaPane::BreakTypedLine()
+{
+    const UndoGroup step(*this);
+    text.Send(Sci::SCI_NEWLINE);
 }
 
 bool ScintillaPane::OpenCodeList(const QVariant&)

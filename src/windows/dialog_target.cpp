@@ -44,7 +44,9 @@ void UncoverCaret(QWidget& dialog, EditorPane& pane)
     const QRect caret = text->inputMethodQuery(Qt::ImCursorRectangle).toRect();
     if (caret.isEmpty())
         return;
-    const QRect line = OnScreen(*text, QRect(0, caret.top(), text->width(), caret.height()));
+    // The selection ends at the caret; a letter is hardly wider than half its height.
+    const int selected = qMin(caret.left(), int(qMin<qint64>(pane.SelLength(), 1000)) * caret.height() / 2);
+    const QRect line = OnScreen(*text, caret.adjusted(-selected, 0, caret.height(), 0));
     const QRect hidden = dialog.frameGeometry();
     if (!hidden.intersects(line))
         return;

@@ -9,6 +9,10 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
+namespace {
+constexpr int MostTyped = 99'999'999;
+}
+
 GotoDialog::GotoDialog(QWidget* owner) : QDialog(owner, Qt::Tool)
 {
     setObjectName(QStringLiteral("GotoDialog"));
@@ -33,7 +37,8 @@ void GotoDialog::Open(EditorPane& pane)
     target.Set(pane);
     const int last = qMax(1, pane.LineCount());
     lblLine->setText(QStringLiteral("&Line (1 to %1):").arg(last));
-    numLine->setRange(1, last);
+    // The box would drop digits of a number above its range; a line behind the end is the last one.
+    numLine->setRange(1, qMax(last, MostTyped));
     numLine->setValue(pane.GetSel(true).StartLine + 1);
     if (!isVisible())
         PlaceBeside(*this, pane);
@@ -48,7 +53,7 @@ void GotoDialog::accept()
 {
     QDialog::accept();
     if (EditorPane* pane = target.Pane()) {
-        pane->ExecuteCmd(CmdGotoLine, numLine->value() - 1);
+        pane->ExecuteCmd(CmdGotoLine, qBound(1, numLine->value(), qMax(1, pane->LineCount())) - 1);
         pane->FocusPane();
     }
 }

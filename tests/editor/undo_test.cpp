@@ -129,7 +129,8 @@ TEST_F(UndoTest, ModifiedIsAPlaceInTheHistory)
     EXPECT_FALSE(pane->Modified()) << "the same text again is no edit";
 }
 
-// Catches: each typed letter a step of its own, or typing glued to a program's edit.
+// Catches: each typed letter a step of its own, typing glued to a program's edit, one undo that takes away all lines
+// typed in a row.
 TEST_F(UndoTest, TypingIsOneStepAndApartFromCommands)
 {
     Component()->show();
@@ -138,6 +139,13 @@ TEST_F(UndoTest, TypingIsOneStepAndApartFromCommands)
     Type(u"def"_s);
     EXPECT_EQ(pane->Text(), u"abc-def"_s);
     EXPECT_EQ(StepsBack(), 3);
+    for (const QString& line : {u"one"_s, u"two"_s}) {
+        Type(line);
+        Press(Qt::Key_Return);
+    }
+    pane->ExecuteCmd(CmdUndo);
+    pane->ExecuteCmd(CmdUndo);
+    EXPECT_EQ(pane->Text(), u"one\r\n"_s);
 }
 
 } // namespace
