@@ -19,8 +19,8 @@
 #include "windows/sheet_tools.h"
 #include "windows/sheet_view.h"
 
+#include <QApplication>
 #include <QDesktopServices>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -193,7 +193,8 @@ void frmPCX::ShowPick()
     if (isPreview) {
         Sheet.Start = Sheet.End = Sheet.InStart = std::nullopt;
         picScroll->MarksMoved();
-        side->hide();
+        for (QWidget* part : std::initializer_list<QWidget*>{side, tools, place})
+            part->hide();
     } else {
         picFlash->setText(Sheet.PickPrompt);
         picFlash->show();
@@ -238,7 +239,7 @@ void frmPCX::CentreOnScreen()
 void frmPCX::showEvent(QShowEvent* event)
 {
     QDialog::showEvent(event);
-    if (!event->spontaneous() && !isQuick)
+    if (!event->spontaneous())
         QTimer::singleShot(0, this, &frmPCX::ShowWarnings);
 }
 
@@ -251,7 +252,8 @@ void frmPCX::ShowWarnings()
 void frmPCX::leaveEvent(QEvent* event)
 {
     QDialog::leaveEvent(event);
-    if (isQuick && Frame.Settings.QuickClose)
+    const bool hasMessage = QApplication::activeModalWidget() != this; // the mouse went to that
+    if (isQuick && Frame.Settings.QuickClose && !hasMessage)
         close();
 }
 

@@ -123,6 +123,11 @@ TEST_F(SheetWindow, TellsWhatIsWrongWithTheImage)
             EXPECT_FALSE(Part<QPushButton>(window, button).isEnabled()) << button;
         EXPECT_TRUE(Part<QPushButton>(window, "cmdQuit0").isEnabled());
     });
+    Conf.QuickPreview = true;
+    Open([this](QWidget&, SheetView&) {
+        QCoreApplication::processEvents();
+        EXPECT_EQ(Run.TakeMessages().size(), 1) << "the small window tells too";
+    });
     Frame.Settings.Nags[2] = 0;
     Open([this](QWidget&, SheetView&) {
         QCoreApplication::processEvents();
@@ -264,6 +269,7 @@ TEST_F(SheetWindow, MacroPicksAndPreviews)
     EXPECT_EQ(Conf.Element.XPos, 3);
     OnModal([](QWidget& window) {
         EXPECT_EQ(window.windowTitle(), QStringLiteral("Gemforge BASIC - Preview"));
+        EXPECT_FALSE(window.findChild<QWidget*>(QStringLiteral("Picture1"))->isVisible());
         Click(Part<SheetView>(window, "picScroll"), {1, 1}, Qt::LeftButton);
         EXPECT_FALSE(Sheet.Start);
     });
