@@ -8,7 +8,7 @@ using Sci = QsciScintillaBase;
 namespace {
 
 /// Only these reach the widget's own slots, whose work for the others grows with the text.
-constexpr long ToldChanges = Sci::SC_MOD_BEFOREINSERT | Sci::SC_MOD_BEFOREDELETE;
+constexpr long ToldChanges = Sci::SC_MOD_BEFOREINSERT | Sci::SC_MOD_BEFOREDELETE | Sci::SC_MOD_CONTAINER;
 
 /// A cut between two texts must part neither a character nor a line end.
 bool MayCut(QByteArrayView bytes, qsizetype at)

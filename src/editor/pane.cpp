@@ -22,7 +22,12 @@ void ScintillaPane::ConnectComponent()
 {
     const QsciScintilla* widget = text.Widget();
     connect(widget, &Sci::SCN_MODIFIED, this,
-            [this](int position, int kind, const char*, int length) { BeforeChange(position, kind, length); });
+            [this](int position, int kind, const char*, int length, int, int, int, int, int token) {
+                if (kind & Sci::SC_MOD_CONTAINER)
+                    RecallSelection(token, kind & Sci::SC_PERFORMED_UNDO);
+                else
+                    BeforeChange(position, kind, length);
+            });
     connect(widget, &Sci::SCN_UPDATEUI, this, [this] { SettleSoon(); });
     connect(widget, &Sci::SCN_ZOOM, this, [this] {
         looks.Zoomed();

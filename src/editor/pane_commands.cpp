@@ -102,6 +102,7 @@ bool ScintillaPane::SelectCaretLine(const QVariant&)
 bool ScintillaPane::SelectAll(const QVariant&)
 {
     text.Select(0, text.Length());
+    text.ClaimSelection();
     return true;
 }
 

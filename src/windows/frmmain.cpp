@@ -19,6 +19,7 @@
 #include "windows/dropped_files.h"
 #include "windows/find_box.h"
 #include "windows/help_subject.h"
+#include "windows/hover_tile.h"
 #include "windows/icons.h"
 #include "windows/line_hints_view.h"
 #include "windows/pane_mouse.h"
@@ -29,8 +30,10 @@
 #include "windows/window_keys.h"
 #include "windows/window_position.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
@@ -114,6 +117,7 @@ void frmmain::ConnectParts()
 {
     connect(strip, &TabStrip::Changed, this, &frmmain::ShowPaneOf);
     connect(strip, &TabStrip::Activated, this, ActivateTab);
+    connect(strip, &TabStrip::Activated, this, [] { CurrentPane().CloseCodeList(); });
     connect(strip, &TabStrip::NewWanted, commands.Menu(QStringLiteral("mnuAddTab")), &QAction::trigger);
     connect(strip, &TabStrip::CloseWanted, commands.Menu(QStringLiteral("mnuDelTab")), &QAction::trigger);
     strip->TipOf = TipOfTab;
@@ -128,6 +132,9 @@ void frmmain::ConnectParts()
     connect(subject, &HelpSubject::Moved, this, &frmmain::MouseOver);
     connect(keys, &WindowKeys::EscapePressed, this, &frmmain::EscapePressed);
     connect(keys, &WindowKeys::HelpPressed, this, [this] { HelpForWord(HelpId()); });
+    // Behind the event: on the way to the menu beside it another one opens at once.
+    for (const QAction* entry : menuBar()->actions())
+        connect(entry->menu(), &QMenu::aboutToHide, this, &frmmain::LeaveMenuBar, Qt::QueuedConnection);
     connect(new DialogKeys(this), &DialogKeys::HelpPressed, this, HelpForWord);
     connect(keys, &WindowKeys::InsertPressed, this, &frmmain::ToggleInsert);
     connect(keys, &WindowKeys::LocksChanged, this, &frmmain::ReadLocks);
@@ -182,10 +189,13 @@ EditorPane& frmmain::txtBuffer()
 
 void frmmain::ConnectPane(int tab, EditorPane& pane)
 {
-    pane.CodeList = [](EditorPane&) { return CodeListWords(Frame.CurrentMode); };
+    pane.CodeList = OfferedWords;
     pane.CodeListPick = PickCodeListItem;
     pane.HoverText = [](EditorPane& hovered, int line, int column) {
         return Frame.CurrentMode == ModeGfx ? BlockSummary(LinesOf(hovered), line, column) : QString();
+    };
+    pane.HoverPicture = [](EditorPane& hovered, int line, int column) {
+        return Frame.CurrentMode == ModeGfx ? HoverTile(hovered, line, column) : QImage();
     };
     connect(&pane, &EditorPane::SelectionChanged, this, [&pane] {
         if (!pane.Visible())
@@ -242,6 +252,14 @@ void frmmain::EscapePressed()
         FocusPane();
     else
         Frame.StopRequested = true;
+}
+
+void frmmain::LeaveMenuBar()
+{
+    if (!menuBar()->hasFocus() || QApplication::activePopupWidget())
+        return;
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QCoreApplication::sendEvent(menuBar(), &escape);
 }
 
 void frmmain::MoveFocus()

@@ -104,7 +104,8 @@ private:
     void EscapePressed();
     void ToggleInsert();
     void ReadLocks();
-    void MoveFocus(); ///< F6: pane, find box, tab strip, pane ...
+    void LeaveMenuBar(); ///< a menu has closed: the keyboard goes back to where it was
+    void MoveFocus();    ///< F6: pane, find box, tab strip, pane ...
     void Activated();
     void MouseOver(const QString& helpId);
     void HideLists();

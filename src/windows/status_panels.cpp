@@ -94,6 +94,11 @@ void StatusPanels::ShowKey(int panel, bool on)
 
 void StatusPanels::ShowNotice(const QString& text)
 {
+    if (text.isEmpty()) {
+        noticeEnd.stop();
+        ShowPath();
+        return;
+    }
     QLabel* place = panels[PathPanel - 1].Text;
     place->setText(text);
     place->setAccessibleName(text);
