@@ -47,8 +47,9 @@ Sound Sound::From(double second) const
 
 double Sound::Strength(double pitch) const
 {
-    // The attack and the end have every pitch.
-    const size_t length = size_t(Seconds() * Rate), from = First() + length / 4, to = First() + length * 3 / 4;
+    // The attack and the end have every pitch; a long stretch would be deaf for one that is a little off.
+    const size_t length = size_t(Seconds() * Rate), from = First() + length / 4;
+    const size_t to = from + std::min(length / 2, size_t(0.3 * Rate));
     std::complex<double> sum = 0;
     for (size_t i = from; i < to; ++i)
         sum += samples[i] * std::polar(1.0, -2 * std::numbers::pi * pitch * double(i) / Rate);

@@ -51,12 +51,14 @@ void ModuleVoice::Add(Uint8* bytes, int size)
 
 void ModuleVoice::Feed()
 try {
-    std::array<std::int16_t, 2048> stereo;
+    std::array<std::int16_t, 2048> stereo{};
     const std::size_t frames = source->Read(stereo);
-    if (frames > 0 && SDL_AudioStreamPut(raised.get(), stereo.data(), int(frames * 4)) == 0)
-        return;
-    source.reset();
-    SDL_AudioStreamFlush(raised.get());
+    if (frames == 0)
+        source.reset();
+    // Silence behind the end, since the conversion keeps the last it was given for itself.
+    const std::size_t bytes = frames > 0 ? frames * 4 : sizeof(stereo);
+    if (SDL_AudioStreamPut(raised.get(), stereo.data(), int(bytes)) != 0)
+        source.reset();
 } catch (const std::exception&) {
     source.reset();
 }
