@@ -105,8 +105,7 @@ QString Recorder::File(const char* name, const QByteArray& bytes) const
 Sound Recorder::Recorded() const
 {
     QFile file(Folder.Path(QStringLiteral("sound")));
-    // The device was closed meanwhile if the file is shorter.
-    const bool good = file.open(QIODevice::ReadOnly) && file.seek(begin <= file.size() ? begin : 0);
+    const bool good = file.open(QIODevice::ReadOnly) && file.seek(begin);
     const QByteArray bytes = good ? file.readAll() : QByteArray();
     const auto* const values = reinterpret_cast<const qint16*>(bytes.constData());
     std::vector<double> samples;
@@ -125,9 +124,18 @@ Sound Recorder::ToSilence()
     EXPECT_TRUE(WaitFor([] { return !audio::IsPlaying(); }));
     // What the mixer had made before comes into the file a little later.
     const qint64 size = Size();
-    WaitFor([&] { return Size() < size || Size() > size + 40'000; });
+    qint64 last = -1;
+    while (Size() < size + 40'000 && last != Size()) {
+        last = Size();
+        QThread::msleep(80);
+    }
     Sound sound = Recorded();
     begin = Size() & ~3;
+    // A device that was closed begins its file anew.
+    if (last == Size()) {
+        QFile::remove(Folder.Path(QStringLiteral("sound")));
+        begin = 0;
+    }
     return sound;
 }
 
