@@ -172,6 +172,9 @@ TEST_F(Audio, DeafPlayerStopsNobody)
 {
     InsteadAtFirst("exec sleep 60");
     const QString path = File("a.wav", sound_files::Wave(440, 0.3));
+    audio::PlayMedia(path);
+    while (!QFile::exists(Folder.Path(QStringLiteral("started"))))
+        QThread::msleep(1);
     QElapsedTimer timer;
     timer.start();
     for (int times = 0; times < 200; ++times) {
