@@ -73,6 +73,8 @@ Recorder::Recorder()
     qputenv("SDL_AUDIODRIVER", "disk");
     qputenv("SDL_DISKAUDIOFILE", QFile::encodeName(Folder.Path(QStringLiteral("sound"))));
     qputenv("SDL_DISKAUDIODELAY", "4");
+    // As without a sanitizer: no memory is a failure, not the end.
+    qputenv("ASAN_OPTIONS", "allocator_may_return_null=1");
     InsteadAtFirst({});
 }
 
@@ -83,7 +85,7 @@ void Recorder::InsteadAtFirst(const QByteArray& commands)
     const QByteArray first =
         commands.isEmpty() ? QByteArray() : "[ -e started ] || { touch started; " + commands + "; }\n";
     const QString script = Folder.Write(QStringLiteral("player"), "#!/bin/sh\ncd " + folder + "\n" + first + player +
-                                                                      " 2>complaints\necho $? >code\n");
+                                                                      " 2>>complaints\necho $? >>code\n");
     chmod(QFile::encodeName(script).constData(), 0700);
     Platform.Player = std::make_unique<PlayerProcess>(script);
 }
@@ -93,7 +95,8 @@ Recorder::~Recorder()
     audio::End();
     qputenv("SDL_AUDIODRIVER", "dummy");
     EXPECT_TRUE(WaitFor([this] { return Folder.Read(QStringLiteral("code")).endsWith('\n'); }));
-    EXPECT_EQ(Folder.Read(QStringLiteral("code")), "0\n") << Folder.Read(QStringLiteral("complaints")).toStdString();
+    EXPECT_EQ(Folder.Read(QStringLiteral("code")).replace("0\n", {}), "")
+        << Folder.Read(QStringLiteral("complaints")).toStdString();
 }
 
 QString Recorder::File(const char* name, const QByteArray& bytes) const
