@@ -80,12 +80,15 @@ Recorder::Recorder()
 
 void Recorder::InsteadAtFirst(const QByteArray& commands)
 {
+    audio::End(); // a shell reads its script as it goes
     const QByteArray folder = QFile::encodeName(Folder.Path());
     const QByteArray player = QFile::encodeName(QCoreApplication::applicationDirPath()) + "/gemforge-player";
     const QByteArray first =
         commands.isEmpty() ? QByteArray() : "[ -e started ] || { touch started; " + commands + "; }\n";
-    const QString script = Folder.Write(QStringLiteral("player"), "#!/bin/sh\ncd " + folder + "\n" + first + player +
-                                                                      " 2>>complaints\necho $? >>code\n");
+    // In the background, so that the code is noted although the shell is ended by force.
+    const QString script =
+        Folder.Write(QStringLiteral("player"), "#!/bin/sh\ncd " + folder + "\n" + first + "exec 3<&0\n(" + player +
+                                                   " <&3 3<&- 2>>complaints; echo $? >>code) &\nwait\n");
     chmod(QFile::encodeName(script).constData(), 0700);
     Platform.Player = std::make_unique<PlayerProcess>(script);
 }
