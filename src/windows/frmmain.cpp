@@ -6,7 +6,6 @@
 #include "frame/documents.h"
 #include "frame/file_commands.h"
 #include "frame/frame_state.h"
-#include "frame/media_lists.h"
 #include "frame/recent_list.h"
 #include "frame/recovery.h"
 #include "frame/vocabulary.h"
@@ -21,6 +20,8 @@
 #include "windows/help_subject.h"
 #include "windows/icons.h"
 #include "windows/line_hints_view.h"
+#include "windows/media_tabs.h"
+#include "windows/media_view.h"
 #include "windows/pane_mouse.h"
 #include "windows/pane_split.h"
 #include "windows/recent_popup.h"
@@ -83,6 +84,7 @@ frmmain::frmmain()
     setContextMenuPolicy(Qt::NoContextMenu);
     setAcceptDrops(true);
     LayOut();
+    AddMediaLists();
     ConnectParts();
     ClaimKeys();
     panels->ShowKey(InsertPanel, true);
@@ -238,7 +240,10 @@ void frmmain::EscapePressed()
         CurrentPane().CloseCodeList();
     else if (ListShows())
         CloseLists();
-    else if (bars.cmbFind()->hasFocus())
+    else if (MediaView* list = ssML->Focused()) {
+        list->EndFilter();
+        FocusPane();
+    } else if (bars.cmbFind()->hasFocus() || ssML->isAncestorOf(focusWidget()))
         FocusPane();
     else
         Frame.StopRequested = true;
@@ -248,7 +253,9 @@ void frmmain::MoveFocus()
 {
     if (bars.cmbFind()->hasFocus())
         strip->Bar()->setFocus(Qt::ShortcutFocusReason);
-    else if (strip->Bar()->hasFocus() || !bars.cmbFind()->isVisible())
+    else if (strip->Bar()->hasFocus() || (!bars.cmbFind()->isVisible() && !ssML->isAncestorOf(focusWidget())))
+        ssML->FocusList();
+    else if (ssML->isAncestorOf(focusWidget()))
         FocusPane();
     else
         bars.cmbFind()->setFocus(Qt::ShortcutFocusReason);
@@ -298,7 +305,7 @@ void frmmain::Activated()
     ReadLocks();
     if (Frame.StartingUp)
         return;
-    RefreshMedia();
+    RefreshLists();
     CheckChangedOutside();
 }
 
@@ -307,6 +314,8 @@ bool frmmain::event(QEvent* event)
     // Not from inside the event: the check may ask a question.
     if (event->type() == QEvent::WindowActivate)
         QTimer::singleShot(0, this, &frmmain::Activated);
+    if (event->type() == QEvent::WindowDeactivate)
+        ssML->SaveSelection();
     return QMainWindow::event(event);
 }
 

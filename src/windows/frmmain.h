@@ -15,6 +15,8 @@ class CommentTree;
 class FloatingList;
 class HelpSubject;
 class LineHintsView;
+class MediaTabs;
+class MediaWatch;
 class PaneSplit;
 class QStackedWidget;
 class RecentPopup;
@@ -65,8 +67,8 @@ public:
     void CloseLists() override;
     void RecentChanged() override;
     void MediaChanged() override;
-    void StyleMediaLists() override {}        // as above
-    void ShowMediaEntry(int, int) override {} // the media lists have no view yet
+    void StyleMediaLists() override;
+    void ShowMediaEntry(int source, int row) override;
     bool CanPreview(int mode) const override;
     void PreviewMedia() override;
     void ShowMenuStrips(bool on) override { menus.ShowStrips(on); }
@@ -79,7 +81,8 @@ public:
     const MenuTree& Menus() const { return menus; }
     const CoolBar& Bars() const { return bars; }
     TabStrip& ssTxtWindows() const { return *strip; }
-    PaneSplit& Split() const { return *split; } ///< takes the media lists
+    PaneSplit& Split() const { return *split; }
+    MediaTabs& Media() const { return *ssML; }
     StatusPanels& StatusBar() const { return *panels; }
     RecentPopup& RecentBack() const { return *recent; }
     CommentTree& TreeOfComments() const { return *comments; }
@@ -104,8 +107,11 @@ private:
     void EscapePressed();
     void ToggleInsert();
     void ReadLocks();
-    void MoveFocus(); ///< F6: pane, find box, tab strip, pane ...
+    void MoveFocus(); ///< F6: pane, find box, tab strip, media list, pane ...
     void Activated();
+    void AddMediaLists();
+    void LeaveLists();
+    void RefreshLists();
     void MouseOver(const QString& helpId);
     void HideLists();
     bool ListShows() const;
@@ -117,6 +123,8 @@ private:
     QStackedWidget* stack;
     StatusPanels* panels;
     PaneSplit* split;
+    MediaTabs* ssML = nullptr;
+    MediaWatch* watch = nullptr;
     RecentPopup* recent;
     CommentTree* comments;
     BlockList* blocks;
