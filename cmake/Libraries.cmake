@@ -2,6 +2,9 @@
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Svg Network DBus)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(LibZip REQUIRED IMPORTED_TARGET libzip)
+pkg_check_modules(OpenMpt REQUIRED IMPORTED_TARGET libopenmpt)
+find_package(SDL2 REQUIRED)
+find_package(SDL2_mixer REQUIRED)
 
 # gemforge_found(NAME HEADER [LIBRARY]) makes the target outside::NAME.
 function(gemforge_found name header)

@@ -2,13 +2,11 @@
 
 #include "decoder/channel.h"
 #include "platform/file_steps.h"
+#include "platform/helper_start.h"
 
 #include <QElapsedTimer>
-#include <QFile>
 #include <csignal>
-#include <fcntl.h>
 #include <poll.h>
-#include <spawn.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -28,46 +26,6 @@ private:
 namespace {
 
 constexpr int Glance = 50; ///< ms between looks at whether the wait was given up
-
-class SpawnPlan
-{
-public:
-    /// The helper's standard input is the socket; it prints nothing, whatever its libraries complain about; no signal
-    /// is blocked or ignored, and no other open file gets through.
-    explicit SpawnPlan(int socket)
-    {
-        posix_spawn_file_actions_init(&actions);
-        posix_spawn_file_actions_adddup2(&actions, socket, STDIN_FILENO);
-        posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-        posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-        posix_spawn_file_actions_addclosefrom_np(&actions, STDERR_FILENO + 1);
-        posix_spawnattr_init(&attributes);
-        sigset_t set;
-        sigemptyset(&set);
-        posix_spawnattr_setsigmask(&attributes, &set);
-        sigfillset(&set);
-        posix_spawnattr_setsigdefault(&attributes, &set);
-        posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
-    }
-    ~SpawnPlan()
-    {
-        posix_spawn_file_actions_destroy(&actions);
-        posix_spawnattr_destroy(&attributes);
-    }
-    SpawnPlan(const SpawnPlan&) = delete;
-    SpawnPlan& operator=(const SpawnPlan&) = delete;
-
-    int Run(pid_t& child, const QString& program) const
-    {
-        QByteArray path = QFile::encodeName(program);
-        char* const arguments[] = {path.data(), nullptr};
-        return posix_spawn(&child, path.constData(), &actions, &attributes, arguments, environ);
-    }
-
-private:
-    posix_spawn_file_actions_t actions;
-    posix_spawnattr_t attributes;
-};
 
 QImage ImageFor(const decoder::Answer& answer)
 {
@@ -90,18 +48,11 @@ int DecoderProcess::Start()
 {
     if (Runs())
         return 0;
-    int ends[2];
-    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0)
-        return errno;
-    pid_t started = 0;
-    const int error = SpawnPlan(ends[1]).Run(started, program);
-    close(ends[1]);
-    if (error != 0) {
-        close(ends[0]);
+    StartedHelper started;
+    if (const int error = StartHelper(program, started))
         return error;
-    }
-    socket = ends[0];
-    child = started;
+    socket = started.Socket;
+    child = started.Child;
     fresh = true;
     return 0;
 }

@@ -10,6 +10,8 @@ namespace images {
 class Service;
 }
 
+class PlayerProcess;
+
 namespace processes {
 class Wait;
 }
@@ -24,6 +26,7 @@ struct PlatformState
     std::vector<processes::Wait*> Waits;     ///< in progress; they nest, the innermost is the last
     std::atomic<int> SignalPipe{-1};         ///< where the signal handler writes
     std::unique_ptr<images::Service> Images; ///< none before the first image
+    std::unique_ptr<PlayerProcess> Player;   ///< none before the first sound
 };
 
 extern PlatformState Platform;

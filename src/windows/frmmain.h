@@ -2,6 +2,7 @@
 
 #include "frame/editor_operations.h"
 #include "frame/host_window.h"
+#include "platform/audio.h"
 #include "windows/command_set.h"
 #include "windows/cool_bar.h"
 #include "windows/menu_tree.h"
@@ -73,8 +74,8 @@ public:
     void PreviewMedia() override;
     void ShowMenuStrips(bool on) override { menus.ShowStrips(on); }
     void LoadCoolbar() override;
-    void StopPlayers() override {}        // nothing plays yet
-    void PlayModule(const QByteArray&) {} // as above
+    void StopPlayers() override { audio::Stop(); }
+    void PlayModule(const QByteArray& bytes) { audio::PlayModule(bytes); }
     bool Turn() override;
 
     const CommandSet& Commands() const { return commands; }

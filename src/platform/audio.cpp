@@ -1,0 +1,112 @@
+#include "platform/audio.h"
+
+#include "platform/file_steps.h"
+#include "platform/paths.h"
+#include "platform/platform_state.h"
+#include "platform/player_process.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+namespace audio {
+
+namespace {
+
+PlayerProcess& Process()
+{
+    if (!Platform.Player) {
+        const QString program = QCoreApplication::applicationDirPath() + QStringLiteral("/gemforge-player");
+        Platform.Player = std::make_unique<PlayerProcess>(program);
+    }
+    return *Platform.Player;
+}
+
+/// An open file, closed with the scope.
+class OpenFile
+{
+public:
+    explicit OpenFile(int opened) : file(opened) {}
+    ~OpenFile()
+    {
+        if (file >= 0)
+            close(file);
+    }
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+
+    int Handle() const { return file; }
+    bool IsRegular() const
+    {
+        FileFacts facts{};
+        return file >= 0 && fstat(file, &facts) == 0 && S_ISREG(facts.st_mode);
+    }
+
+private:
+    int file;
+};
+
+bool Play(player::Voice voice, const QString& path)
+{
+    // A fifo must not be waited for.
+    const QByteArray name = QFile::encodeName(paths::Existing(path));
+    const OpenFile file(Persist([&] { return open(name.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY); }));
+    if (!file.IsRegular()) {
+        // What played before is replaced by nothing.
+        voice == player::Voice::Media ? StopMedia() : StopModule();
+        return false;
+    }
+    return Process().Play(voice, file.Handle(), path);
+}
+
+} // namespace
+
+bool PlayMedia(const QString& path)
+{
+    return Play(player::Voice::Media, path);
+}
+
+bool PlayModule(const QString& path)
+{
+    return Play(player::Voice::Module, path);
+}
+
+bool PlayModule(const QByteArray& bytes)
+{
+    const OpenFile file(memfd_create("module", MFD_CLOEXEC));
+    if (file.Handle() < 0 || write(file.Handle(), bytes.constData(), size_t(bytes.size())) != bytes.size())
+        return false;
+    return Process().Play(player::Voice::Module, file.Handle(), {});
+}
+
+void StopMedia()
+{
+    if (Platform.Player)
+        Platform.Player->Stop(player::Voice::Media);
+}
+
+void StopModule()
+{
+    if (Platform.Player)
+        Platform.Player->Stop(player::Voice::Module);
+}
+
+void Stop()
+{
+    StopMedia();
+    StopModule();
+}
+
+bool IsPlaying()
+{
+    return Platform.Player && Platform.Player->IsPlaying();
+}
+
+void End()
+{
+    Platform.Player.reset();
+}
+
+} // namespace audio

@@ -1,0 +1,33 @@
+#pragma once
+
+class QByteArray;
+class QString;
+
+/// The two players. They know nothing of each other: each goes on while the other plays, and another file on one
+/// replaces what it played. Decoding, mixing and the device are the business of the program gemforge-player, which
+/// starts with the first play; what crashes or hangs it costs that one sound. No routine waits: true says that the
+/// sound was handed over, and what cannot be played, or has no device to be played on, is silent. Every routine may be
+/// called from the main thread only.
+namespace audio {
+
+/// MediaPlayer1: plays a wave, MIDI or MP3 file from its start. False if there is no such file, or no player.
+bool PlayMedia(const QString& path);
+
+/// ModPlugin1: plays a module of any kind, one in a zip archive, or a wave file from its start, mixed at 22050 Hz.
+/// False if there is no such file, or no player.
+bool PlayModule(const QString& path);
+
+/// The same for bytes in memory.
+bool PlayModule(const QByteArray& bytes);
+
+void StopMedia();
+void StopModule();
+void Stop(); ///< both
+
+/// Whether one of them plays, or is about to.
+bool IsPlaying();
+
+/// Ends the process; the next play starts it afresh.
+void End();
+
+} // namespace audio

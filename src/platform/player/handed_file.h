@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <unistd.h>
+#include <utility>
+
+/// An open file that came over the socket; closed with the object.
+class HandedFile
+{
+public:
+    HandedFile() = default;
+    explicit HandedFile(int handle) : file(handle) {}
+    HandedFile(HandedFile&& other) noexcept : file(std::exchange(other.file, -1)) {}
+    HandedFile& operator=(HandedFile&& other) noexcept
+    {
+        std::swap(file, other.file);
+        return *this;
+    }
+    ~HandedFile()
+    {
+        if (file >= 0)
+            close(file);
+    }
+
+    int Handle() const { return file; }
+    /// For routines that open by path; has a place of its own in the file.
+    std::string Path() const { return "/proc/self/fd/" + std::to_string(file); }
+
+private:
+    int file = -1;
+};

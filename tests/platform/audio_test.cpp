@@ -1,0 +1,172 @@
+#include "mutated.h"
+#include "recorder.h"
+#include "sound_files.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QThread>
+#include <sys/stat.h>
+
+using Audio = Recorder;
+
+// Catches: a kind that is not decoded, the wrong rate between decoder and device, an end that comes early or is not
+// noticed, an MP3 file whose first bytes do not tell what it is.
+TEST_F(Audio, MediaKindsSound)
+{
+    const QByteArray mp3 = sound_files::Mp3(1);
+    const struct
+    {
+        const char* Name;
+        QByteArray Bytes;
+        double Seconds, Within;
+    } kinds[] = {
+        {"a.wav", sound_files::Wave(440, 0.5), 0.5, 0.01},        {"a.MP3", mp3, 1, 0.1},
+        {"junk.mp3", QByteArray(100, 'x') + mp3, 1, 0.1},         {"a.mid", sound_files::Midi(), 1.5, 0.5},
+        {"click.wav", sound_files::Wave(440, 0.05), 0.05, 0.001},
+    };
+    for (const auto& kind : kinds) {
+        ASSERT_TRUE(audio::PlayMedia(File(kind.Name, kind.Bytes)));
+        EXPECT_TRUE(audio::IsPlaying());
+        const Sound sound = ToSilence();
+        EXPECT_EQ(sound.Tone(), 0) << kind.Name;
+        EXPECT_NEAR(sound.Seconds(), kind.Seconds, kind.Within) << kind.Name;
+    }
+}
+
+// Catches: a kind that is not read, notes at the rate of the device instead of the module's, a packed module behind
+// an entry that is none, a wave that the module player does not take.
+TEST_F(Audio, ModuleKindsSound)
+{
+    const std::pair<const char*, QByteArray> kinds[] = {
+        {"a.mod", sound_files::Mod()},
+        {"a.s3m", sound_files::S3m()},
+        {"a.xm", sound_files::Xm()},
+        {"a.it", sound_files::It()},
+        {"a.mdz", sound_files::Zipped({"read me", sound_files::Mod()})},
+        {"a.wav", sound_files::Wave(440, 1)},
+    };
+    for (const auto& [name, bytes] : kinds) {
+        ASSERT_TRUE(audio::PlayModule(File(name, bytes)));
+        EXPECT_EQ(Hear(0.6).Tone(), 0) << name;
+        audio::StopModule();
+        ToSilence();
+    }
+    ASSERT_TRUE(audio::PlayModule(sound_files::Mod()));
+    const Sound whole = ToSilence();
+    EXPECT_EQ(whole.Tone(), 0);
+    EXPECT_NEAR(whole.Seconds(), 64 * 6 * 0.02, 0.1);
+}
+
+// Catches: players that silence each other, a second file that plays beside or behind the first, a stop that leaves
+// sound, stops the other one or comes too late for a file that is still being opened.
+TEST_F(Audio, PlayersAreIndependent)
+{
+    const QString low = File("low.wav", sound_files::Wave(440, 30)),
+                  high = File("high.wav", sound_files::Wave(660, 30));
+    const auto strengths = [this] {
+        QThread::msleep(60);
+        const double from = Recorded().Seconds();
+        const Sound sound = Hear(from + 0.4).From(from);
+        return std::pair(sound.Strength(440) > 0.1, sound.Strength(660) > 0.1);
+    };
+    ASSERT_TRUE(audio::PlayMedia(low));
+    ASSERT_TRUE(audio::PlayModule(high));
+    Hear(0.2);
+    EXPECT_EQ(strengths(), std::pair(true, true));
+    audio::StopMedia();
+    EXPECT_EQ(strengths(), std::pair(false, true));
+    ASSERT_TRUE(audio::PlayModule(low));
+    EXPECT_EQ(strengths(), std::pair(true, false));
+    audio::Stop();
+    EXPECT_FALSE(audio::IsPlaying());
+    ToSilence();
+    QThread::msleep(200);
+    EXPECT_EQ(Recorded().Seconds(), 0);
+
+    for (int times = 0; times < 20; ++times) {
+        ASSERT_TRUE(audio::PlayMedia(low));
+        ASSERT_TRUE(audio::PlayModule(high));
+        audio::Stop();
+    }
+    QThread::msleep(300);
+    EXPECT_LT(Recorded().Seconds(), 0.1);
+}
+
+// Catches: a broken, huge or strange file that ends the player, goes on for ever or silences the next; a fifo that is
+// waited for; what played before going on although its follower cannot be played.
+TEST_F(Audio, BrokenFilesAreSilent)
+{
+    const QByteArray packed = sound_files::Zipped({sound_files::Mod()});
+    const std::pair<const char*, QByteArray> kinds[] = {
+        {"b.wav", sound_files::Wave(440, 0.1)},
+        {"b.mid", sound_files::Midi()},
+        {"b.mp3", sound_files::Mp3(0.3)},
+        {"b.mod", sound_files::Mod()},
+        {"b.s3m", sound_files::S3m()},
+        {"b.xm", sound_files::Xm()},
+        {"b.it", sound_files::It()},
+        {"b.mdz", packed},
+    };
+    QRandomGenerator random(5);
+    for (const auto& [name, bytes] : kinds)
+        for (int change = 0; change < 12; ++change) {
+            const QByteArray broken = change < 4 ? bytes.left(bytes.size() * change / 5) : Mutated(bytes, random);
+            const QString path = Folder.Write(QLatin1String(name), broken);
+            audio::PlayMedia(path);
+            audio::PlayModule(path);
+            QThread::msleep(4);
+        }
+    audio::PlayModule(File("huge.mdz", sound_files::Zipped({QByteArray(80 << 20, '\0'), sound_files::Mod()})));
+    EXPECT_GE(Hear(0.4).Seconds(), 0.4);
+    ASSERT_TRUE(audio::PlayMedia(File("good.wav", sound_files::Wave(440, 30))));
+    Hear(0.4);
+    EXPECT_FALSE(audio::PlayMedia(Folder.Path(QStringLiteral("none.wav"))));
+    EXPECT_FALSE(audio::PlayModule(Folder.Path()));
+    ASSERT_EQ(mkfifo(QFile::encodeName(Folder.Path(QStringLiteral("fifo"))).constData(), 0600), 0);
+    EXPECT_FALSE(audio::PlayModule(Folder.Path(QStringLiteral("fifo"))));
+    EXPECT_FALSE(audio::IsPlaying());
+    ToSilence();
+    ASSERT_TRUE(audio::PlayMedia(File("last.wav", sound_files::Wave(440, 0.5))));
+    EXPECT_EQ(ToSilence().Tone(), 0);
+}
+
+// Catches: a machine without a device that shows, waits or fails for good; a device that stays open in silence; a
+// player that ended and is not replaced.
+TEST_F(Audio, DeviceComesAndGoes)
+{
+    qputenv("SDL_AUDIODRIVER", "none such");
+    ASSERT_TRUE(audio::PlayMedia(File("a.wav", sound_files::Wave(440, 0.3))));
+    EXPECT_EQ(ToSilence().Seconds(), 0);
+    EXPECT_FALSE(QFile::exists(Folder.Path(QStringLiteral("sound"))));
+    qputenv("SDL_AUDIODRIVER", "disk");
+
+    InsteadAtFirst("exit 1");
+    const QString path = File("a.wav", sound_files::Wave(440, 0.3));
+    audio::PlayMedia(path);
+    EXPECT_EQ(ToSilence().Seconds(), 0);
+    ASSERT_TRUE(audio::PlayMedia(path));
+    EXPECT_EQ(ToSilence().Tone(), 0);
+    const auto size = [this] { return Folder.Read(QStringLiteral("sound")).size(); };
+    QThread::msleep(1500);
+    const auto closed = size();
+    QThread::msleep(200);
+    EXPECT_EQ(size(), closed);
+    ASSERT_TRUE(audio::PlayMedia(path));
+    EXPECT_EQ(ToSilence().Tone(), 0);
+}
+
+// Catches: a player that takes nothing any more and stops the windows.
+TEST_F(Audio, DeafPlayerStopsNobody)
+{
+    InsteadAtFirst("exec sleep 60");
+    const QString path = File("a.wav", sound_files::Wave(440, 0.3));
+    QElapsedTimer timer;
+    timer.start();
+    for (int times = 0; times < 200; ++times) {
+        audio::PlayMedia(path);
+        audio::Stop();
+    }
+    EXPECT_LT(timer.elapsed(), 1000);
+    audio::PlayMedia(path);
+    EXPECT_EQ(ToSilence().Tone(), 0);
+}

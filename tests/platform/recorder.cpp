@@ -1,0 +1,138 @@
+#include "recorder.h"
+
+#include "platform/platform_state.h"
+#include "platform/player_process.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QThread>
+#include <algorithm>
+#include <complex>
+#include <numbers>
+#include <sys/stat.h>
+
+namespace {
+
+constexpr double Rate = 44100;
+
+template <class Done>
+bool WaitFor(Done done)
+{
+    for (int i = 0; i < 2000 && !done(); ++i)
+        QThread::msleep(5);
+    return done();
+}
+
+} // namespace
+
+size_t Sound::First() const
+{
+    const auto loud = std::find_if(samples.begin(), samples.end(), [](double at) { return std::abs(at) > 0.001; });
+    return size_t(loud - samples.begin());
+}
+
+double Sound::Seconds() const
+{
+    const auto loud = std::find_if(samples.rbegin(), samples.rend(), [](double at) { return std::abs(at) > 0.001; });
+    const size_t behind = size_t(samples.rend() - loud), first = First();
+    return behind > first ? double(behind - first) / Rate : 0;
+}
+
+Sound Sound::From(double second) const
+{
+    const size_t at = std::min(samples.size(), size_t(second * Rate));
+    return Sound({samples.begin() + qptrdiff(at), samples.end()});
+}
+
+double Sound::Strength(double pitch) const
+{
+    // The attack and the end have every pitch; a long stretch would be deaf for one that is a little off.
+    const size_t length = size_t(Seconds() * Rate), from = First() + length / 4;
+    const size_t to = from + std::min(length / 2, size_t(0.3 * Rate));
+    std::complex<double> sum = 0;
+    for (size_t i = from; i < to; ++i)
+        sum += samples[i] * std::polar(1.0, -2 * std::numbers::pi * pitch * double(i) / Rate);
+    return to > from ? 2 * std::abs(sum) / double(to - from) : 0;
+}
+
+int Sound::Tone() const
+{
+    int tone = -99;
+    double best = 0.005;
+    for (int step = -20; step <= 20; ++step) {
+        const double strength = Strength(440 * std::exp2(step / 12.0));
+        if (strength > best)
+            best = strength, tone = step;
+    }
+    return tone;
+}
+
+Recorder::Recorder()
+{
+    qputenv("SDL_AUDIODRIVER", "disk");
+    qputenv("SDL_DISKAUDIOFILE", QFile::encodeName(Folder.Path(QStringLiteral("sound"))));
+    qputenv("SDL_DISKAUDIODELAY", "4");
+    InsteadAtFirst({});
+}
+
+void Recorder::InsteadAtFirst(const QByteArray& commands)
+{
+    const QByteArray folder = QFile::encodeName(Folder.Path());
+    const QByteArray player = QFile::encodeName(QCoreApplication::applicationDirPath()) + "/gemforge-player";
+    const QByteArray first =
+        commands.isEmpty() ? QByteArray() : "[ -e started ] || { touch started; " + commands + "; }\n";
+    const QString script = Folder.Write(QStringLiteral("player"), "#!/bin/sh\ncd " + folder + "\n" + first + player +
+                                                                      " 2>complaints\necho $? >code\n");
+    chmod(QFile::encodeName(script).constData(), 0700);
+    Platform.Player = std::make_unique<PlayerProcess>(script);
+}
+
+Recorder::~Recorder()
+{
+    audio::End();
+    qputenv("SDL_AUDIODRIVER", "dummy");
+    EXPECT_TRUE(WaitFor([this] { return Folder.Read(QStringLiteral("code")).endsWith('\n'); }));
+    EXPECT_EQ(Folder.Read(QStringLiteral("code")), "0\n") << Folder.Read(QStringLiteral("complaints")).toStdString();
+}
+
+QString Recorder::File(const char* name, const QByteArray& bytes) const
+{
+    EXPECT_FALSE(bytes.isEmpty()) << name;
+    return Folder.Write(QLatin1String(name), bytes);
+}
+
+Sound Recorder::Recorded() const
+{
+    QFile file(Folder.Path(QStringLiteral("sound")));
+    // The device was closed meanwhile if the file is shorter.
+    const bool good = file.open(QIODevice::ReadOnly) && file.seek(begin <= file.size() ? begin : 0);
+    const QByteArray bytes = good ? file.readAll() : QByteArray();
+    const auto* const values = reinterpret_cast<const qint16*>(bytes.constData());
+    std::vector<double> samples;
+    for (qsizetype i = 0; i + 1 < bytes.size() / 2; i += 2)
+        samples.push_back((values[i] + values[i + 1]) / 65536.0);
+    return Sound(std::move(samples));
+}
+
+qint64 Recorder::Size() const
+{
+    return QFileInfo(Folder.Path(QStringLiteral("sound"))).size();
+}
+
+Sound Recorder::ToSilence()
+{
+    EXPECT_TRUE(WaitFor([] { return !audio::IsPlaying(); }));
+    // What the mixer had made before comes into the file a little later.
+    const qint64 size = Size();
+    WaitFor([&] { return Size() < size || Size() > size + 40'000; });
+    Sound sound = Recorded();
+    begin = Size() & ~3;
+    return sound;
+}
+
+Sound Recorder::Hear(double seconds) const
+{
+    EXPECT_TRUE(WaitFor([&] { return Recorded().Seconds() >= seconds; })) << Recorded().Seconds();
+    return Recorded();
+}
