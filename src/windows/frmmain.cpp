@@ -199,7 +199,7 @@ void frmmain::ConnectPane(int tab, EditorPane& pane)
     connect(&pane, &EditorPane::MousePressed, this, &frmmain::PanePressed);
     hints->Watch(pane);
     // Behind the drop: a question may come.
-    connect(&pane, &EditorPane::FilesDropped, this, OpenDroppedFiles, Qt::QueuedConnection);
+    connect(&pane, &EditorPane::FilesDropped, this, DropIntoText, Qt::QueuedConnection);
 }
 
 void frmmain::PaneTextChanged(int tab)

@@ -39,7 +39,10 @@ void frmmain::AddMediaLists()
             [this](int source, const QPoint& at) { PopUpMediaMenu(ssML->View(source), at); });
     connect(&ssML->Extra(), &ExtraPage::DriveChosen, this, &frmmain::FocusPane);
     connect(&ssML->Extra(), &ExtraPage::InjectWanted, this, InsertInjectPath);
-    connect(watch, &MediaWatch::Changed, this, RefreshMedia);
+    connect(watch, &MediaWatch::Changed, this, [this] {
+        RefreshMedia();
+        ssML->LookAtPictures();
+    });
     split->SetMedia(ssML);
 }
 
@@ -94,6 +97,7 @@ void frmmain::RefreshLists()
 {
     paths::ChangeToFolder(Frame.CurrentFolder);
     RefreshMedia();
+    ssML->LookAtPictures();
     ssML->Extra().Refresh();
     watch->Follow({Frame.Media.BaseFolder, Frame.Media.ExtraFolder, Frame.Media.RndFolder});
     ssML->RestoreSelection();

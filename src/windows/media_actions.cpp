@@ -1,9 +1,11 @@
 #include "windows/media_actions.h"
 
 #include "conf/element_record.h"
+#include "frame/documents.h"
 #include "frame/frame_state.h"
 #include "frame/media_lists.h"
 #include "frame/settings.h"
+#include "platform/audio.h"
 #include "platform/paths.h"
 #include "platform/processes.h"
 #include "windows/frm_pcx.h"
@@ -32,14 +34,33 @@ void ShowSheet(QWidget* owner, const QString&)
     frmPCX::Run(owner);
 }
 
+/// The endings that the media player takes; all else is the module player's.
+constexpr QLatin1StringView MediaPlayerKinds[] = {QLatin1StringView("mid"), QLatin1StringView("mp3")};
+
+void PlayWave(QWidget*, const QString& path)
+{
+    audio::PlayMedia(path);
+}
+
+void PlayMusic(QWidget*, const QString& path)
+{
+    if (std::ranges::find(MediaPlayerKinds, path.right(3).toLower()) != std::end(MediaPlayerKinds)) {
+        audio::StopModule();
+        audio::PlayMedia(path);
+    } else {
+        audio::StopMedia();
+        audio::PlayModule(path);
+    }
+}
+
 struct ToolRow
 {
     int FirstMode, LastMode;
     void (*Open)(QWidget* owner, const QString& path);
 };
 constexpr ToolRow Tools[] = {
-    {ModeGfx, ModeGfx, ShowSheet},
-    {ModeLvl, ModeLvl, [](QWidget*, const QString& path) { ShowLevel(path); }},
+    {ModeGfx, ModeGfx, ShowSheet}, {ModeSfx, ModeSfx, PlayWave},
+    {ModeMus, ModeMus, PlayMusic}, {ModeLvl, ModeLvl, [](QWidget*, const QString& path) { ShowLevel(path); }},
     {ModeHlt, ModeEdi, ShowSheet},
 };
 
@@ -113,8 +134,10 @@ void PopUpMediaMenu(MediaView& view, const QPoint& onScreen)
         entry->setEnabled(!path.isEmpty());
         return entry;
     };
-    if (Host().CanPreview(Frame.CurrentMode) || Frame.CurrentMode == ModeLvl)
-        menu->setDefaultAction(add("Preview", [source = view.Source()] { OpenMediaEntry(source); }));
+    const int mode = Frame.CurrentMode;
+    if (HasMediaTool(mode))
+        menu->setDefaultAction(add(mode == ModeSfx || mode == ModeMus ? "Play" : "Preview",
+                                   [source = view.Source()] { OpenMediaEntry(source); }));
     add("Insert Name", [name = view.Selected()] { InsertFileName(name); });
     menu->addSeparator();
     add("Open With Another Program", [path] { OpenOutside(path); });

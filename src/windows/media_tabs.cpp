@@ -6,7 +6,6 @@
 #include "windows/dialog_help.h"
 #include "windows/extra_page.h"
 #include "windows/help_subject.h"
-#include "windows/media_style.h"
 #include "windows/media_view.h"
 
 #include <QMouseEvent>
@@ -106,8 +105,14 @@ void MediaTabs::ShowLists()
 void MediaTabs::SetStyle()
 {
     for (MediaView* view : views)
-        GiveMediaStyle(*view);
+        view->SetStyle();
     extra->SetStyle();
+}
+
+void MediaTabs::LookAtPictures()
+{
+    for (MediaView* view : views)
+        view->LookAtPictures();
 }
 
 void MediaTabs::SaveSelection() const

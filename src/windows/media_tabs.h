@@ -23,6 +23,8 @@ public:
     /// Colours and font of the settings, thumbnails.
     void SetStyle();
 
+    void LookAtPictures(); ///< the files may have changed
+
     void SaveSelection() const; ///< to SavedListIndex
     /// The saved entries are selected again; an index of 0 leaves its list without a selection.
     void RestoreSelection();

@@ -1,6 +1,9 @@
 #include "windows/media_view.h"
 
 #include "frame/media_lists.h"
+#include "windows/media_style.h"
+#include "windows/media_tip.h"
+#include "windows/thumbnails.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -8,10 +11,11 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPainter>
+#include <QToolTip>
 #include <QUrl>
 
 MediaView::MediaView(int list, const char* name, QWidget* parent)
-    : QListView(parent), source(list), filter(new QLineEdit(this))
+    : QListView(parent), source(list), filter(new QLineEdit(this)), thumbnails(new Thumbnails(*this))
 {
     setObjectName(QString::fromLatin1(name));
     setUniformItemSizes(true);
@@ -26,6 +30,7 @@ MediaView::MediaView(int list, const char* name, QWidget* parent)
     filter->setPlaceholderText(QStringLiteral("Filter"));
     filter->setClearButtonEnabled(true);
     filter->hide();
+    setItemDelegate(thumbnails);
     filter->installEventFilter(this);
     connect(filter, &QLineEdit::textChanged, this, &MediaView::Narrow);
 }
@@ -111,6 +116,17 @@ void MediaView::EndFilter()
 bool MediaView::HasKeyboard() const
 {
     return hasFocus() || filter->hasFocus();
+}
+
+void MediaView::SetStyle()
+{
+    GiveMediaStyle(*this);
+    scheduleDelayedItemsLayout(); // rows have another height with pictures
+}
+
+void MediaView::LookAtPictures()
+{
+    thumbnails->LookAgain();
 }
 
 void MediaView::SetNote(const QString& text)
@@ -219,6 +235,19 @@ void MediaView::paintEvent(QPaintEvent* event)
     painter.setPen(palette().color(QPalette::PlaceholderText));
     const QRect room = viewport()->rect().adjusted(6, 6, -6, -6);
     painter.drawText(room, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, told);
+}
+
+bool MediaView::viewportEvent(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QListView::viewportEvent(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const QModelIndex index = indexAt(help->pos());
+    if (index.isValid())
+        QToolTip::showText(help->globalPos(), MediaTip(PathOf(index)), viewport(), visualRect(index));
+    else
+        QToolTip::hideText();
+    return true;
 }
 
 bool MediaView::eventFilter(QObject* watched, QEvent* event)

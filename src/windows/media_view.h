@@ -5,6 +5,7 @@
 
 class MediaListModel;
 class QLineEdit;
+class Thumbnails;
 
 /// One file list beside the text: PCXBrowser, extraFileList or rndFileList. It is a palette: a press selects and is
 /// told, and the keyboard stays where it was. By key it can be entered; then Enter opens, Ctrl+Enter inserts, letters
@@ -31,6 +32,9 @@ public:
     void EndFilter();
     bool HasKeyboard() const;
 
+    void SetStyle();       ///< colours, font and thumbnails of the settings
+    void LookAtPictures(); ///< files may have another picture by now
+
     /// What stands in the place of entries while there are none.
     void SetNote(const QString& text);
 
@@ -50,6 +54,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -61,6 +66,7 @@ private:
     int source;
     QSortFilterProxyModel shown;
     QLineEdit* filter;
+    Thumbnails* thumbnails;
     QString note;
     QPoint pressedAt;
     bool mayDrag = false;
