@@ -150,7 +150,11 @@ bool ScintillaPane::TakeFiles(QDropEvent& event)
     }
     event.setDropAction(Qt::CopyAction);
     event.accept();
-    if (event.type() == QEvent::Drop)
-        emit FilesDropped(files);
+    if (event.type() == QEvent::Drop) {
+        const QPoint place = event.position().toPoint();
+        const qsizetype position = text.Send(Sci::SCI_POSITIONFROMPOINT, place.x(), long(place.y()));
+        const int line = text.LineOf(position), column = text.ColumnOf(position);
+        emit FilesDropped(files, {line, column, line, column});
+    }
     return true;
 }

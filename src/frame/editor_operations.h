@@ -239,7 +239,7 @@ signals:
     void MouseMoved();
     void FocusGained();
     void MousePressed(Qt::MouseButton button, Qt::KeyboardModifiers keys);
-    void FilesDropped(const QStringList& paths);
+    void FilesDropped(const QStringList& paths, const Range& at);
 };
 
 /// One object shared by all panes: the languages and the two histories.

@@ -48,7 +48,7 @@ public:
     virtual void ShowMediaEntry(int source, int row) = 0; ///< its tab in front, the entry selected and in view
     virtual bool CanPreview(int mode) const = 0;          ///< is there a tool that opens the media of a mode?
     virtual void PreviewMedia() = 0;    ///< opens the media file at hand by the mode; returns when done
-    virtual void StyleMediaLists() = 0; ///< Frame.Settings.MediaListFont and colours changed
+    virtual void StyleMediaLists() = 0; ///< colours and font of the media lists or Thumbnails changed
     virtual void ShowMenuStrips(bool on) = 0;
     virtual void LoadCoolbar() = 0; ///< Frame.Settings.Bands was read
     virtual void StopPlayers() = 0;

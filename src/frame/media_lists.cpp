@@ -6,9 +6,26 @@
 
 #include <QFile>
 #include <algorithm>
-#include <filesystem>
+#include <chrono>
+#include <utility>
+#include <vector>
 
 namespace {
+
+/// A folder changed within this time before it is read may change again without another time on it.
+constexpr std::chrono::seconds CoarsestClock{3};
+constexpr std::size_t MostRuns = 64; ///< of rows that come or go one by one; beyond, the list is made anew
+
+std::filesystem::path Native(const QString& folder)
+{
+    return QFile::encodeName(folder).toStdString();
+}
+
+std::filesystem::file_time_type TimeOf(const QString& folder)
+{
+    std::error_code unknown;
+    return std::filesystem::last_write_time(Native(folder), unknown);
+}
 
 /// Endings of patterns such as "*.pcx;*.png", with their dot.
 QStringList Endings(const QString& patterns)
@@ -19,19 +36,46 @@ QStringList Endings(const QString& patterns)
     return endings;
 }
 
+bool Fits(const QString& name, const QStringList& endings)
+{
+    return std::any_of(endings.begin(), endings.end(),
+                       [&](const QString& ending) { return name.endsWith(ending, Qt::CaseInsensitive); });
+}
+
+/// Rows that stand together and come or go together.
+struct Run
+{
+    qsizetype First, Count;
+};
+
+/// The runs of `list` that `other` lacks; both are in order.
+std::vector<Run> RunsMissingIn(const QStringList& other, const QStringList& list)
+{
+    std::vector<Run> runs;
+    qsizetype at = 0;
+    for (qsizetype row = 0; row < list.size(); ++row) {
+        while (at < other.size() && NaturallyBefore(other[at], list[row]))
+            ++at;
+        if (at < other.size() && other[at] == list[row])
+            ++at;
+        else if (!runs.empty() && runs.back().First + runs.back().Count == row)
+            ++runs.back().Count;
+        else
+            runs.push_back({row, 1});
+    }
+    return runs;
+}
+
 QStringList ReadFolder(const QString& folder, const QString& patterns)
 {
     const QStringList endings = Endings(patterns);
     QStringList names;
     std::error_code error;
-    std::filesystem::directory_iterator entry(QFile::encodeName(folder).toStdString(), error);
+    std::filesystem::directory_iterator entry(Native(folder), error);
     for (const std::filesystem::directory_iterator end; !error && entry != end; entry.increment(error)) {
         const QString name = QFile::decodeName(entry->path().filename().c_str());
-        const bool fits = std::any_of(endings.begin(), endings.end(), [&](const QString& ending) {
-            return name.endsWith(ending, Qt::CaseInsensitive);
-        });
         std::error_code unknown;
-        if (fits && entry->is_regular_file(unknown))
+        if (Fits(name, endings) && entry->is_regular_file(unknown))
             names << name;
     }
     std::sort(names.begin(), names.end(), NaturallyBefore);
@@ -111,22 +155,56 @@ void MediaListModel::Show(const QString& newFolder, const QString& newPatterns)
     endResetModel();
 }
 
-void MediaListModel::Refresh()
+bool MediaListModel::Refresh()
 {
-    if (!isRead)
+    if (!isRead || IsAsRead())
+        return false;
+    const QStringList before = std::exchange(names, {});
+    Read();
+    QStringList now = std::exchange(names, before);
+    if (now == before)
+        return false;
+    Become(std::move(now));
+    return true;
+}
+
+void MediaListModel::Become(QStringList now)
+{
+    const std::vector<Run> gone = RunsMissingIn(now, names), come = RunsMissingIn(names, now);
+    if (gone.size() + come.size() > MostRuns) {
+        beginResetModel();
+        names = std::move(now);
+        endResetModel();
         return;
-    QStringList now = ReadFolder(folder, patterns);
-    if (now == names)
-        return;
-    beginResetModel();
-    names = std::move(now);
-    endResetModel();
+    }
+    for (auto run = gone.rbegin(); run != gone.rend(); ++run) {
+        beginRemoveRows({}, int(run->First), int(run->First + run->Count - 1));
+        names.remove(run->First, run->Count);
+        endRemoveRows();
+    }
+    for (const Run& run : come) {
+        beginInsertRows({}, int(run.First), int(run.First + run.Count - 1));
+        names = names.first(run.First) + now.mid(run.First, run.Count) + names.mid(run.First);
+        endInsertRows();
+    }
+}
+
+bool MediaListModel::IsAsRead() const
+{
+    return !mayBeTorn && TimeOf(folder) == folderTime;
+}
+
+void MediaListModel::Read() const
+{
+    folderTime = TimeOf(folder);
+    mayBeTorn = folderTime > std::filesystem::file_time_type::clock::now() - CoarsestClock;
+    names = folder.isEmpty() ? QStringList() : ReadFolder(folder, patterns);
 }
 
 const QStringList& MediaListModel::Names() const
 {
     if (!isRead)
-        names = folder.isEmpty() ? QStringList() : ReadFolder(folder, patterns);
+        Read();
     isRead = true;
     return names;
 }
@@ -195,9 +273,11 @@ void ShowMedia()
 
 void RefreshMedia()
 {
+    bool changed = false;
     for (int source = 1; source <= 3; ++source)
-        Lists().List(source).Refresh();
-    Host().MediaChanged();
+        changed |= Lists().List(source).Refresh();
+    if (changed)
+        Host().MediaChanged();
 }
 
 void SetExtraFolder(const QString& folder)
@@ -221,4 +301,24 @@ std::optional<MediaHit> FindImageInLists(const QString& value)
         if (!hit)
             hit = FindExactly(twin);
     return hit;
+}
+
+bool IsMediaName(const QString& name)
+{
+    return std::ranges::any_of(
+        Modes(), [&](const ModeRow& mode) { return Fits(name, Endings(MediaPattern(mode.BasePattern))); });
+}
+
+void InsertFileName(const QString& name)
+{
+    if (name.isEmpty())
+        return;
+    EditorPane& pane = CurrentPane();
+    Range at = pane.GetSel(true);
+    if (!pane.SelText().isEmpty())
+        pane.ReplaceSel(name);
+    else
+        pane.InsertText(name, {at.StartLine, at.StartCol, at.StartLine, at.StartCol});
+    at.StartCol += int(name.size());
+    pane.SetSel({at.StartLine, at.StartCol, at.StartLine, at.StartCol}, false);
 }

@@ -2,10 +2,13 @@
 
 #include <QAbstractListModel>
 #include <QStringList>
+#include <array>
+#include <filesystem>
 #include <optional>
 
 /// The files of one folder that fit some patterns ("*.pcx;*.png", case ignored), in the order people count them.
-/// The folder is read when an entry is first asked for and again only by Refresh.
+/// The folder is read when an entry is first asked for and again only by Refresh. Entries that stay keep their index
+/// objects, so that a view keeps its selection and its place.
 class MediaListModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -15,7 +18,7 @@ public:
 
     /// No folder, or none that exists: an empty list. The same folder and patterns again change nothing.
     void Show(const QString& folder, const QString& patterns);
-    void Refresh();
+    bool Refresh(); ///< true: other entries stand there now. Looks at the folder's time first
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
@@ -28,16 +31,21 @@ public:
 
 private:
     const QStringList& Names() const;
+    void Read() const;
+    bool IsAsRead() const;
+    void Become(QStringList now);
 
     QString folder, patterns;
     mutable QStringList names;
-    mutable bool isRead = false;
+    mutable bool isRead = false, mayBeTorn = false;
+    mutable std::filesystem::file_time_type folderTime;
 };
 
 /// The three file lists beside the text.
 struct MediaLists
 {
     MediaListModel Base, Extra, Rnd;
+    std::array<int, 4> SavedListIndex{}; ///< by source: the selected rows when the window last lost the focus
 
     MediaListModel& List(int source); ///< 1 Base, 2 Extra, 3 RnD
 };
@@ -45,7 +53,7 @@ MediaLists& Lists();
 
 /// Brings the three models in line with Frame.Media and tells the host.
 void ShowMedia();
-void RefreshMedia(); ///< the folders may hold other files by now
+void RefreshMedia(); ///< the folders may hold other files by now; tells the host if they do
 void SetExtraFolder(const QString& folder);
 
 struct MediaHit
@@ -64,6 +72,12 @@ bool StandsFor(const QString& value, const QString& name);
 
 /// Patterns of a mode row with the sheet endings of the game's table in place of "*.pcx".
 QString MediaPattern(const char* told);
+
+/// Does a name fit the list of any mode?
+bool IsMediaName(const QString& name);
+
+/// Writes a file name over the selection of the current pane or at its caret, which ends behind it. "" does nothing.
+void InsertFileName(const QString& name);
 
 /// Order of file names: case ignored, numbers by their value.
 bool NaturallyBefore(const QString& a, const QString& b);

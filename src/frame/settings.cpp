@@ -10,6 +10,7 @@
 
 namespace {
 
+constexpr int ThumbnailsId = 7;
 const QString Misc = QStringLiteral("Misc");
 
 struct NumberRow
@@ -34,6 +35,7 @@ constexpr NumberRow MiscNumbers[] = {
     {"ShowLineNumbers", 0, 1, &SettingsRecord::ShowLineNumbers},
     {"ShowSpaces", 0, 1, &SettingsRecord::ShowSpaces},
     {"LineHints", 0, 1, &SettingsRecord::LineHints},
+    {"Thumbnails", 0, 1, &SettingsRecord::Thumbnails},
     {"UseColour", 0, 1, &SettingsRecord::UseColour},
     {"SuperTab", 0, 1, &SettingsRecord::SuperTab},
     {"RecentLimit", 10, 200, &SettingsRecord::RecentLimit},
@@ -114,14 +116,15 @@ const std::array<SyntaxRow, 9>& SyntaxKeys()
     return Rows;
 }
 
-const std::array<ViewToggle, 5>& ViewToggles()
+const std::array<ViewToggle, 6>& ViewToggles()
 {
-    static constexpr std::array<ViewToggle, 5> Rows = {{
+    static constexpr std::array<ViewToggle, 6> Rows = {{
         {"mnuViewLineNums", "ShowLineNumbers", 1, &SettingsRecord::ShowLineNumbers},
         {"mnuViewSpaces", "ShowSpaces", 2, &SettingsRecord::ShowSpaces},
         {"mnuViewColours", "UseColour", 3, &SettingsRecord::UseColour},
         {"mnuSuperTab", "SuperTab", 5, &SettingsRecord::SuperTab},
         {"mnuLineHints", "LineHints", 6, &SettingsRecord::LineHints},
+        {"mnuThumbnails", "Thumbnails", ThumbnailsId, &SettingsRecord::Thumbnails},
     }};
     return Rows;
 }
@@ -149,7 +152,7 @@ void LoadSettings()
     ShowInitialFolders();
     LoadHistories();
     ReadAnimModes(settings);
-    for (int id = 1; id <= 6; ++id)
+    for (int id = 1; id <= ThumbnailsId; ++id)
         ApplyViewSetting(id, ViewSetting(id));
     reader.WriteBack();
     if (!reader.Corrected().isEmpty())
@@ -168,6 +171,8 @@ int ViewSetting(int id)
 
 void ApplyViewSetting(int id, int value)
 {
+    if (id == ThumbnailsId)
+        Host().StyleMediaLists();
     for (int tab = 0; tab < 8; ++tab) {
         EditorPane& pane = Host().Pane(tab);
         switch (id) {

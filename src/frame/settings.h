@@ -22,7 +22,8 @@ const std::array<SyntaxRow, 9>& SyntaxKeys();
 struct SettingsRecord
 {
     int MenuIcons = 1, Gradients = 1, ShowLineNumbers = 1, ShowSpaces = 0, UseColour = 1, SuperTab = 0;
-    int LineHints = 1; ///< marks beside lines that something is to be said of
+    int LineHints = 1;  ///< marks beside lines that something is to be said of
+    int Thumbnails = 0; ///< small pictures in the media lists
     int SpacerWidth = 43, UndoLimit = -1;
     QString LineCommentLineChar, LineCommentSearchChar;
     int SortGotoList = 0, OpenSaveInLevelDir = 0, BackupOnSave = 1, DisableSoundLaunch = 0, QuickClose = 0;
@@ -70,9 +71,10 @@ void LoadSettings();
 void LoadSyntaxColours(EditorPane& pane, const QString& section, bool copyToAllPanes);
 void LoadSyntaxColours(EditorPane& pane, const QString& section, bool copyToAllPanes, SettingsReader& reader);
 
-/// View settings by number: 1 line numbers, 2 blanks and tabs, 3 colours, 4 undo limit, 5 super tab, 6 line hints.
+/// View settings by number: 1 line numbers, 2 blanks and tabs, 3 colours, 4 undo limit, 5 super tab, 6 line hints,
+/// 7 thumbnails.
 int ViewSetting(int id);
-void ApplyViewSetting(int id, int value); ///< to all eight panes
+void ApplyViewSetting(int id, int value); ///< to all eight panes, or the lists
 
 /// A view toggle: flips the setting, its check mark and button, writes the key, applies it to all panes.
 struct ViewToggle
@@ -82,7 +84,7 @@ struct ViewToggle
     int Id;
     int SettingsRecord::*Value;
 };
-const std::array<ViewToggle, 5>& ViewToggles();
+const std::array<ViewToggle, 6>& ViewToggles();
 void ToggleView(int id);
 
 /// RndFolder and its like from RNDPath and compat.ini; the first data folder that holds `FileNameCheck5` counts.

@@ -3,6 +3,7 @@
 #include "frame/documents.h"
 #include "frame/file_commands.h"
 #include "frame/frame_state.h"
+#include "frame/media_lists.h"
 #include "platform/paths.h"
 
 #include <QMimeData>
@@ -49,4 +50,19 @@ void OpenDroppedFiles(const QStringList& files)
     for (const QString& file : files)
         if (IsHeld(file) || MakeRoom())
             OpenDocument(file, false);
+}
+
+void DropIntoText(const QStringList& files, const Range& at)
+{
+    QStringList names, others;
+    for (const QString& file : files) {
+        const QString name = paths::FileNameOfPath(file);
+        const bool named = IsMediaName(name);
+        (named ? names : others) << (named ? name : file);
+    }
+    if (!names.isEmpty() && CurrentPane().SetSel(at, false)) {
+        InsertFileName(names.join(u' '));
+        Host().FocusPane();
+    }
+    OpenDroppedFiles(others);
 }

@@ -3,6 +3,7 @@
 #include <QStringList>
 
 class QMimeData;
+struct Range;
 
 /// Paths of the local files that are dragged; empty if there are none.
 QStringList LocalFiles(const QMimeData& data);
@@ -10,3 +11,7 @@ QStringList LocalFiles(const QMimeData& data);
 /// Opens files as a user would: a file that a tab holds is shown there; the current tab is used if it is empty and
 /// unchanged, else a new one; without a free tab the current one, after message 8.
 void OpenDroppedFiles(const QStringList& files);
+
+/// Files dropped into the current pane: those that a media list holds leave their names at the place, parted by
+/// blanks; the others are opened.
+void DropIntoText(const QStringList& files, const Range& at);

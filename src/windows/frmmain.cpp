@@ -6,7 +6,6 @@
 #include "frame/documents.h"
 #include "frame/file_commands.h"
 #include "frame/frame_state.h"
-#include "frame/media_lists.h"
 #include "frame/recent_list.h"
 #include "frame/recovery.h"
 #include "frame/vocabulary.h"
@@ -22,6 +21,8 @@
 #include "windows/hover_tile.h"
 #include "windows/icons.h"
 #include "windows/line_hints_view.h"
+#include "windows/media_tabs.h"
+#include "windows/media_view.h"
 #include "windows/pane_mouse.h"
 #include "windows/pane_split.h"
 #include "windows/recent_popup.h"
@@ -86,6 +87,7 @@ frmmain::frmmain()
     setContextMenuPolicy(Qt::NoContextMenu);
     setAcceptDrops(true);
     LayOut();
+    AddMediaLists();
     ConnectParts();
     ClaimKeys();
     panels->ShowKey(InsertPanel, true);
@@ -207,7 +209,7 @@ void frmmain::ConnectPane(int tab, EditorPane& pane)
     connect(&pane, &EditorPane::MousePressed, this, &frmmain::PanePressed);
     hints->Watch(pane);
     // Behind the drop: a question may come.
-    connect(&pane, &EditorPane::FilesDropped, this, OpenDroppedFiles, Qt::QueuedConnection);
+    connect(&pane, &EditorPane::FilesDropped, this, DropIntoText, Qt::QueuedConnection);
 }
 
 void frmmain::PaneTextChanged(int tab)
@@ -248,7 +250,10 @@ void frmmain::EscapePressed()
         CurrentPane().CloseCodeList();
     else if (ListShows())
         CloseLists();
-    else if (bars.cmbFind()->hasFocus())
+    else if (MediaView* list = ssML->Focused()) {
+        list->EndFilter();
+        FocusPane();
+    } else if (bars.cmbFind()->hasFocus() || ssML->isAncestorOf(focusWidget()))
         FocusPane();
     else
         Frame.StopRequested = true;
@@ -266,7 +271,9 @@ void frmmain::MoveFocus()
 {
     if (bars.cmbFind()->hasFocus())
         strip->Bar()->setFocus(Qt::ShortcutFocusReason);
-    else if (strip->Bar()->hasFocus() || !bars.cmbFind()->isVisible())
+    else if (strip->Bar()->hasFocus() || (!bars.cmbFind()->isVisible() && !ssML->isAncestorOf(focusWidget())))
+        ssML->FocusList();
+    else if (ssML->isAncestorOf(focusWidget()))
         FocusPane();
     else
         bars.cmbFind()->setFocus(Qt::ShortcutFocusReason);
@@ -316,7 +323,7 @@ void frmmain::Activated()
     ReadLocks();
     if (Frame.StartingUp)
         return;
-    RefreshMedia();
+    RefreshLists();
     CheckChangedOutside();
 }
 
@@ -325,6 +332,8 @@ bool frmmain::event(QEvent* event)
     // Not from inside the event: the check may ask a question.
     if (event->type() == QEvent::WindowActivate)
         QTimer::singleShot(0, this, &frmmain::Activated);
+    if (event->type() == QEvent::WindowDeactivate)
+        ssML->SaveSelection();
     return QMainWindow::event(event);
 }
 

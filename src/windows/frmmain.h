@@ -16,6 +16,8 @@ class CommentTree;
 class FloatingList;
 class HelpSubject;
 class LineHintsView;
+class MediaTabs;
+class MediaWatch;
 class PaneSplit;
 class QStackedWidget;
 class RecentPopup;
@@ -66,8 +68,8 @@ public:
     void CloseLists() override;
     void RecentChanged() override;
     void MediaChanged() override;
-    void StyleMediaLists() override {}        // as above
-    void ShowMediaEntry(int, int) override {} // the media lists have no view yet
+    void StyleMediaLists() override;
+    void ShowMediaEntry(int source, int row) override;
     bool CanPreview(int mode) const override;
     void PreviewMedia() override;
     void ShowMenuStrips(bool on) override { menus.ShowStrips(on); }
@@ -80,7 +82,8 @@ public:
     const MenuTree& Menus() const { return menus; }
     const CoolBar& Bars() const { return bars; }
     TabStrip& ssTxtWindows() const { return *strip; }
-    PaneSplit& Split() const { return *split; } ///< takes the media lists
+    PaneSplit& Split() const { return *split; }
+    MediaTabs& Media() const { return *ssML; }
     StatusPanels& StatusBar() const { return *panels; }
     RecentPopup& RecentBack() const { return *recent; }
     CommentTree& TreeOfComments() const { return *comments; }
@@ -106,8 +109,11 @@ private:
     void ToggleInsert();
     void ReadLocks();
     void LeaveMenuBar(); ///< a menu has closed: the keyboard goes back to where it was
-    void MoveFocus();    ///< F6: pane, find box, tab strip, pane ...
+    void MoveFocus();    ///< F6: pane, find box, tab strip, media list, pane ...
     void Activated();
+    void AddMediaLists();
+    void LeaveLists();
+    void RefreshLists();
     void MouseOver(const QString& helpId);
     void HideLists();
     bool ListShows() const;
@@ -119,6 +125,8 @@ private:
     QStackedWidget* stack;
     StatusPanels* panels;
     PaneSplit* split;
+    MediaTabs* ssML = nullptr;
+    MediaWatch* watch = nullptr;
     RecentPopup* recent;
     CommentTree* comments;
     BlockList* blocks;

@@ -8,9 +8,7 @@
 #include "windows/find_dialogs.h"
 #include "windows/frm_about.h"
 #include "windows/frm_inject.h"
-#include "windows/frm_pcx.h"
 #include "windows/frm_project.h"
-#include "windows/line_hints_view.h"
 #include "windows/recent_popup.h"
 #include "windows/status_panels.h"
 #include "windows/tab_strip.h"
@@ -50,22 +48,6 @@ void frmmain::EnableCommand(const QString& control, bool menu, bool button)
     const bool opens = !commands.Opens(control) || CanPreview(Frame.CurrentMode);
     commands.Show(control, opens || !menu);
     commands.Enable(control, menu && opens, button && opens);
-}
-
-void frmmain::MediaChanged()
-{
-    hints->WordsChanged();
-}
-
-bool frmmain::CanPreview(int mode) const
-{
-    return mode == ModeGfx || (mode >= ModeHlt && mode <= ModeEdi); // the sheet window; nothing plays sound yet
-}
-
-void frmmain::PreviewMedia()
-{
-    if (CanPreview(Frame.CurrentMode))
-        frmPCX::Run(this);
 }
 
 void frmmain::CheckCommand(const QString& control, bool checked)

@@ -24,6 +24,7 @@ std::span<const CommandRow> ViewCommands()
                    CheckEntry | SeparatorBehind, Toggle<3>},
         CommandRow{"mnuSuperTab", "Super Tab", "", tbView, "super_tab", nullptr, CheckEntry, Toggle<5>},
         CommandRow{"mnuLineHints", "Line Hints", "", None, "line_hints", nullptr, CheckEntry, Toggle<6>},
+        CommandRow{"mnuThumbnails", "Thumbnails", "", None, "thumbnails", nullptr, CheckEntry, Toggle<7>},
     };
     return Rows;
 }

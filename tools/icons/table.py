@@ -52,6 +52,7 @@ FIND = (
 VIEW = (
     ("line_numbers", texts.line_numbers), ("spaces_tabs", texts.spaces_tabs),
     ("syntax_colours", texts.syntax_colours), ("super_tab", texts.super_tab), ("line_hints", texts.line_hints),
+    ("thumbnails", texts.thumbnails),
 )
 GAME = (
     ("run_rnd", game.run_game), ("run_rnd_fast", game.run_fast), ("rnd_levman", game.level_manager),

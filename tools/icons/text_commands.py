@@ -1,7 +1,7 @@
 """Commands on the text: selecting, elements, comments, finding, going somewhere, views."""
 
 from .paint import circle, flat, line, moved, polygon, rect, shine, solid
-from .shapes import arrow, badge, bolt, film, gem, hash_sign, magnifier, page, pencil, sheet, sparkle, text, tiles
+from .shapes import arrow, badge, bolt, film, gem, hash_sign, magnifier, page, pencil, picture, sheet, sparkle, text, tiles
 
 
 def band(y, height, colour="sapphire", x=.5, width=15):
@@ -145,6 +145,11 @@ def syntax_colours():
 def line_hints():
     return (sheet() + text((6, 3, 7), (6, 7, 5), (6, 11, 6)) + solid(circle(3.4, 7.5, 1.9), "ruby")
             + flat(circle(3.4, 12, 1.5), "amber"))
+
+
+def thumbnails():
+    return (picture(0, 0, 7, 7) + picture(0, 8, 7, 7)
+            + text((9, 2, 6, "ink"), (9, 4, 4, "ink"), (9, 10, 6, "ink"), (9, 12, 4, "ink")))
 
 
 def super_tab():

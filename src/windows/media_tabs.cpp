@@ -1,0 +1,152 @@
+#include "windows/media_tabs.h"
+
+#include "frame/frame_state.h"
+#include "frame/media_lists.h"
+#include "windows/command_table.h"
+#include "windows/dialog_help.h"
+#include "windows/extra_page.h"
+#include "windows/help_subject.h"
+#include "windows/media_view.h"
+
+#include <QMouseEvent>
+#include <QTabBar>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int Edge = 5; // around the controls of a page, pixels at 96 dpi
+
+/// All captions show in a narrow window too: the tabs share what room there is.
+class EvenTabs : public QTabBar
+{
+public:
+    using QTabBar::QTabBar;
+
+protected:
+    QSize tabSizeHint(int tab) const override
+    {
+        const QSize wanted = QTabBar::tabSizeHint(tab);
+        const int share = parentWidget() ? parentWidget()->width() / qMax(1, count()) - 1 : wanted.width();
+        const int least = fontMetrics().horizontalAdvance(tabText(tab)) + fontMetrics().averageCharWidth();
+        return {qMax(least, qMin(share, wanted.width())), wanted.height()};
+    }
+    QSize minimumTabSizeHint(int tab) const override { return tabSizeHint(tab); }
+};
+
+/// A page that is one list.
+QWidget* PageOf(MediaView* view)
+{
+    auto* page = new QWidget;
+    auto* layout = new QVBoxLayout(page);
+    const int edge = Pixels(*page, Edge);
+    layout->setContentsMargins(edge, edge, edge, edge);
+    layout->addWidget(view);
+    return page;
+}
+
+QString NoteFor(int source)
+{
+    if (source == 3 && Frame.Media.RndFolder.isEmpty())
+        return QStringLiteral("The game's folder is not known");
+    const QString& pattern = source == 1 ? Frame.Media.BasePattern : Frame.Media.ListPattern;
+    return IsMediaName(pattern.mid(1)) ? QStringLiteral("Nothing here") : QString();
+}
+
+} // namespace
+
+MediaTabs::MediaTabs(QWidget* parent)
+    : QTabWidget(parent),
+      views{new MediaView(1, "PCXBrowser", nullptr), new MediaView(2, "extraFileList", nullptr),
+            new MediaView(3, "rndFileList", nullptr)},
+      extra(new ExtraPage(*views[1]))
+{
+    setObjectName(QStringLiteral("ssML"));
+    setTabBar(new EvenTabs);
+    setAccessibleName(QStringLiteral("Media lists"));
+    tabBar()->setFocusPolicy(Qt::TabFocus);
+    tabBar()->setAccessibleName(accessibleName());
+    AddPage(PageOf(views[0]), "Base", "ml_base");
+    AddPage(extra, "Extra", "ml_extra");
+    AddPage(PageOf(views[2]), "RnD", "ml_rnd");
+    views[0]->setAccessibleName(QStringLiteral("Files beside the document"));
+    views[1]->setAccessibleName(QStringLiteral("Files of the extra folder"));
+    views[2]->setAccessibleName(QStringLiteral("Files of the game"));
+    for (MediaView* view : views)
+        ConnectView(*view);
+    const auto followSubject = [this] { SetHelpSubject(this, HelpSubjectOf(currentWidget())); };
+    connect(this, &QTabWidget::currentChanged, this, followSubject);
+    connect(this, &QTabWidget::tabBarClicked, this, &MediaTabs::Clicked, Qt::QueuedConnection);
+    followSubject();
+}
+
+void MediaTabs::AddPage(QWidget* page, const char* caption, const char* helpKey)
+{
+    SetHelpSubject(page, HelpIdFor(helpKey));
+    addTab(page, QString::fromLatin1(caption));
+}
+
+void MediaTabs::ConnectView(MediaView& view)
+{
+    const int source = view.Source();
+    connect(&view, &MediaView::Pressed, this, [=, this](bool insert) { emit Pressed(source, insert); });
+    connect(&view, &MediaView::Opened, this, [=, this] { emit Opened(source); });
+    connect(&view, &MediaView::Inserted, this, [=, this] { emit Inserted(source); });
+    connect(&view, &MediaView::MenuWanted, this, [=, this](QPoint at) { emit MenuWanted(source, at); });
+}
+
+void MediaTabs::ShowLists()
+{
+    extra->ShowFolder(Frame.Media.ExtraFolder);
+    View(3).setEnabled(!Frame.Media.RndFolder.isEmpty());
+    for (MediaView* view : views)
+        view->SetNote(NoteFor(view->Source()));
+}
+
+void MediaTabs::SetStyle()
+{
+    for (MediaView* view : views)
+        view->SetStyle();
+    extra->SetStyle();
+}
+
+void MediaTabs::LookAtPictures()
+{
+    for (MediaView* view : views)
+        view->LookAtPictures();
+}
+
+void MediaTabs::SaveSelection() const
+{
+    for (const MediaView* view : views)
+        Lists().SavedListIndex.at(view->Source()) = view->SelectedRow();
+}
+
+void MediaTabs::RestoreSelection()
+{
+    for (MediaView* view : views) {
+        const int row = Lists().SavedListIndex.at(view->Source());
+        if (row != view->SelectedRow() || row == 0)
+            view->SelectRow(row > 0 ? row : -1);
+    }
+}
+
+MediaView* MediaTabs::Focused() const
+{
+    const auto view = std::ranges::find_if(views, &MediaView::HasKeyboard);
+    return view == views.end() ? nullptr : *view;
+}
+
+void MediaTabs::FocusList()
+{
+    MediaView& view = View(currentIndex() + 1);
+    if (view.isEnabled())
+        view.setFocus(Qt::ShortcutFocusReason);
+    else
+        tabBar()->setFocus(Qt::ShortcutFocusReason);
+}
+
+void MediaTabs::mousePressEvent(QMouseEvent* event)
+{
+    event->accept();
+    emit Clicked();
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QTabWidget>
+#include <array>
+
+class ExtraPage;
+class MediaView;
+
+/// ssML, right of the text: the file lists Base, Extra and RnD. It shows what Frame.Media and the settings say and
+/// tells what the user does.
+class MediaTabs : public QTabWidget
+{
+    Q_OBJECT
+
+public:
+    explicit MediaTabs(QWidget* parent = nullptr);
+
+    MediaView& View(int source) const { return *views[std::size_t(source - 1)]; } ///< as in MediaLists::List
+    ExtraPage& Extra() const { return *extra; }
+
+    /// Patterns or folders of the lists have changed.
+    void ShowLists();
+    /// Colours and font of the settings, thumbnails.
+    void SetStyle();
+
+    void LookAtPictures(); ///< the files may have changed
+
+    void SaveSelection() const; ///< to SavedListIndex
+    /// The saved entries are selected again; an index of 0 leaves its list without a selection.
+    void RestoreSelection();
+
+    MediaView* Focused() const; ///< the list that has the keyboard, null for none
+    void FocusList();           ///< the keyboard to the list in front
+
+signals:
+    void Clicked(); ///< on a tab or beside the lists
+    void Pressed(int source, bool insert);
+    void Opened(int source);
+    void Inserted(int source); ///< by key
+    void MenuWanted(int source, const QPoint& onScreen);
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+
+private:
+    void AddPage(QWidget* page, const char* caption, const char* helpKey);
+    void ConnectView(MediaView& view);
+
+    std::array<MediaView*, 3> views;
+    ExtraPage* extra;
+};

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QFileSystemWatcher>
+#include <QTimer>
+
+/// Tells when files come to or go from some folders: not for each file, but within a second of the first. Nothing runs
+/// while nothing happens there. Files replaced by a save count.
+class MediaWatch : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit MediaWatch(QObject* parent);
+
+    /// In place of the folders before. One that does not exist is passed over until it is told again.
+    void Follow(const QStringList& folders);
+
+signals:
+    void Changed();
+
+private:
+    void Tell();
+
+    QFileSystemWatcher watcher;
+    QTimer soon;
+};
