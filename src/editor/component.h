@@ -69,4 +69,5 @@ private:
     QsciScintilla* widget;
     QPointer<QObject> alive; ///< null when a parent took the widget with it
     bool caretXStale = false;
+    bool unclaimed = false; ///< the selection was made by a message
 };

@@ -76,6 +76,7 @@ void ScintillaPane::Settle()
     looks.FitMargin();
     looks.ShowHighlight();
     marks->AfterEdit();
+    text.ClaimSelection();
     const bool moved = text.Selection() != told.Selection;
     if (told.Edits != edits) {
         told.Edits = edits;

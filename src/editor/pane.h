@@ -203,6 +203,7 @@ private:
     bool ClearSelection(const QVariant&);
     bool DeleteWordLeft(const QVariant&);
     bool DeleteWordRight(const QVariant&);
+    bool OpenMenu(const QVariant&);
     bool OpenCodeList(const QVariant&);
     qsizetype NextWord(qsizetype from) const;
     qsizetype PreviousWord(qsizetype from) const;

@@ -102,7 +102,6 @@ bool ScintillaPane::SelectCaretLine(const QVariant&)
 bool ScintillaPane::SelectAll(const QVariant&)
 {
     text.Select(0, text.Length());
-    text.ClaimSelection();
     return true;
 }
 

@@ -364,13 +364,19 @@ void frmmain::Finish()
 void frmmain::dragEnterEvent(QDragEnterEvent* event)
 {
     if (!LocalFiles(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+        AcceptAsCopy(*event);
+}
+
+void frmmain::dragMoveEvent(QDragMoveEvent* event)
+{
+    if (!LocalFiles(*event->mimeData()).isEmpty())
+        AcceptAsCopy(*event);
 }
 
 void frmmain::dropEvent(QDropEvent* event)
 {
     const QStringList files = LocalFiles(*event->mimeData());
-    event->acceptProposedAction();
+    AcceptAsCopy(*event);
     QTimer::singleShot(0, this, [files] { OpenDroppedFiles(files); });
 }
 
