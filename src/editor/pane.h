@@ -2,6 +2,7 @@
 
 #include "editor/code_list.h"
 #include "editor/colouring.h"
+#include "editor/drop_place.h"
 #include "editor/looks.h"
 #include "editor/margin_marks.h"
 #include "editor/search.h"
@@ -218,6 +219,7 @@ private:
     MarginMarks* marks; ///< the widget is the component's
     Colouring colouring;
     CodeListBox codeList;
+    DropPlace dropPlace{text};
 
     FileEncoding encoding = FileEncoding::Utf8;
     LineBreak lineEnd = LineBreak::CrLf;

@@ -79,6 +79,9 @@ bool ScintillaPane::ViewportEvent(QEvent* event)
         return ContextMenu(event);
     case QEvent::ToolTip:
         return ShowHover(*static_cast<QHelpEvent*>(event));
+    case QEvent::DragLeave:
+        dropPlace.Hide();
+        return false;
     case QEvent::DragEnter:
     case QEvent::DragMove:
     case QEvent::Drop:
@@ -150,11 +153,14 @@ bool ScintillaPane::TakeFiles(QDropEvent& event)
     }
     event.setDropAction(Qt::CopyAction);
     event.accept();
+    const QPoint point = event.position().toPoint();
     if (event.type() == QEvent::Drop) {
-        const QPoint place = event.position().toPoint();
-        const qsizetype position = text.Send(Sci::SCI_POSITIONFROMPOINT, place.x(), long(place.y()));
+        const qsizetype position = dropPlace.At(point);
         const int line = text.LineOf(position), column = text.ColumnOf(position);
+        dropPlace.Hide();
         emit FilesDropped(files, {line, column, line, column});
+    } else if (LeaveNames && LeaveNames(files)) {
+        dropPlace.Show(point);
     }
     return true;
 }

@@ -230,6 +230,7 @@ public:
     std::function<bool(EditorPane&, const QString&)> CodeListPick; ///< item chosen; false: the pane inserts nothing
     std::function<QString(EditorPane&, int line, int column)> HoverText;   ///< of the text under the mouse; empty: none
     std::function<QImage(EditorPane&, int line, int column)> HoverPicture; ///< beside HoverText; null: none
+    std::function<bool(const QStringList& paths)> LeaveNames; ///< would files that are dragged leave their names?
 
 signals:
     void SelectionChanged();

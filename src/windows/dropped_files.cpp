@@ -63,6 +63,11 @@ void OpenDroppedFiles(const QStringList& files)
     }
 }
 
+bool AnyLeavesItsName(const QStringList& files)
+{
+    return std::ranges::any_of(files, [](const QString& file) { return IsMediaName(file); });
+}
+
 void DropIntoText(const QStringList& files, const Range& at)
 {
     QStringList names, others;

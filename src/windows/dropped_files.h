@@ -16,6 +16,9 @@ void AcceptAsCopy(QDropEvent& event);
 /// unchanged, else a new one; without a free tab the current one, after message 8.
 void OpenDroppedFiles(const QStringList& files);
 
+/// Is one of the files of a kind that a media list holds?
+bool AnyLeavesItsName(const QStringList& files);
+
 /// Files dropped into the current pane: those that a media list holds leave their names at the place, parted by
 /// blanks; the others are opened.
 void DropIntoText(const QStringList& files, const Range& at);

@@ -8,7 +8,6 @@
 #include "windows/help_subject.h"
 #include "windows/media_style.h"
 #include "windows/media_view.h"
-#include "windows/volumes.h"
 
 #include <QComboBox>
 #include <QPushButton>
@@ -53,9 +52,13 @@ ExtraPage::ExtraPage(MediaView& files)
 
 void ExtraPage::FillDrives()
 {
+    const QList<Volume> now = Volumes();
+    if (now == volumes)
+        return;
+    volumes = now;
     const QString before = extraDrive->currentData().toString();
     extraDrive->clear();
-    for (const Volume& volume : Volumes())
+    for (const Volume& volume : volumes)
         extraDrive->addItem(volume.Caption, volume.Folder);
     extraDrive->setCurrentIndex(qMax(0, extraDrive->findData(before)));
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "windows/volumes.h"
+
 #include <QWidget>
 
 class FolderTree;
@@ -39,5 +41,6 @@ private:
     FolderTree* extraDir;
     MediaView& extraFileList;
     QPushButton* cmdInjectPath;
+    QList<Volume> volumes;
     QString shown;
 };

@@ -208,6 +208,7 @@ void frmmain::ConnectPane(int tab, EditorPane& pane)
     connect(&pane, &EditorPane::TextChanged, this, [this, tab] { PaneTextChanged(tab); });
     connect(&pane, &EditorPane::MousePressed, this, &frmmain::PanePressed);
     hints->Watch(pane);
+    pane.LeaveNames = AnyLeavesItsName;
     // Behind the drop: a question may come.
     connect(&pane, &EditorPane::FilesDropped, this, DropIntoText, Qt::QueuedConnection);
 }

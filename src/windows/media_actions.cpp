@@ -29,9 +29,11 @@ void OpenOutside(const QString& path)
         Host().ShowNotice(QStringLiteral("No program answers for ") + paths::Native(path));
 }
 
+/// Of whichever list; sounds and levels are those of Base, since the others hold none.
 void ShowSheet(QWidget* owner, const QString&)
 {
-    frmPCX::Run(owner);
+    if (!Conf.MediaFile.isEmpty())
+        frmPCX::Run(owner);
 }
 
 /// The endings that the media player takes; all else is the module player's.
@@ -39,11 +41,14 @@ constexpr QLatin1StringView MediaPlayerKinds[] = {QLatin1StringView("mid"), QLat
 
 void PlayWave(QWidget*, const QString& path)
 {
-    audio::PlayMedia(path);
+    if (!path.isEmpty())
+        audio::PlayMedia(path); // what cannot be played is silent
 }
 
 void PlayMusic(QWidget*, const QString& path)
 {
+    if (path.isEmpty())
+        return;
     if (std::ranges::find(MediaPlayerKinds, path.right(3).toLower()) != std::end(MediaPlayerKinds)) {
         audio::StopModule();
         audio::PlayMedia(path);
@@ -89,15 +94,16 @@ bool HasMediaTool(int mode)
     return ToolOf(mode) != nullptr;
 }
 
-void OpenByMode(QWidget* owner, const QString& path)
+void OpenByMode(QWidget* owner, const QString& baseEntry)
 {
-    const ToolRow* tool = ToolOf(Frame.CurrentMode);
-    if (tool && !path.isEmpty())
-        tool->Open(owner, path);
+    if (const ToolRow* tool = ToolOf(Frame.CurrentMode))
+        tool->Open(owner, baseEntry);
 }
 
 void ShowLevel(const QString& path)
 {
+    if (path.isEmpty())
+        return;
     const QString viewer = Frame.ProgramFolder + QStringLiteral("Mapglass");
     if (!paths::FileExists(viewer)) {
         ShowMessage(MapglassMissing);

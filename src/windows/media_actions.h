@@ -11,8 +11,9 @@ class QWidget;
 /// A double click on a list: no element block stands behind the file. Ends in the host's PreviewMedia.
 void OpenMediaEntry(int source);
 
-/// Opens `path` by the current mode; `owner` is the window above which it opens. Nothing for an empty path.
-void OpenByMode(QWidget* owner, const QString& path);
+/// Opens by the current mode: the sheet Conf.MediaFile of list Conf.MediaSource above the window `owner`, or the sound
+/// or level `baseEntry`, a path. Nothing if that is empty.
+void OpenByMode(QWidget* owner, const QString& baseEntry);
 
 /// Is there a tool for the media of a mode?
 bool HasMediaTool(int mode);

@@ -9,6 +9,7 @@
 #include "windows/media_view.h"
 
 #include <QMouseEvent>
+#include <QProxyStyle>
 #include <QTabBar>
 #include <QVBoxLayout>
 
@@ -16,21 +17,17 @@ namespace {
 
 constexpr int Edge = 5; // around the controls of a page, pixels at 96 dpi
 
-/// All captions show in a narrow window too: the tabs share what room there is.
-class EvenTabs : public QTabBar
+/// Tabs as narrow as their captions allow: all of them show in a narrow window too.
+class NarrowTabs : public QProxyStyle
 {
 public:
-    using QTabBar::QTabBar;
+    explicit NarrowTabs(QObject* owner) { setParent(owner); }
 
-protected:
-    QSize tabSizeHint(int tab) const override
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override
     {
-        const QSize wanted = QTabBar::tabSizeHint(tab);
-        const int share = parentWidget() ? parentWidget()->width() / qMax(1, count()) - 1 : wanted.width();
-        const int least = fontMetrics().horizontalAdvance(tabText(tab)) + fontMetrics().averageCharWidth();
-        return {qMax(least, qMin(share, wanted.width())), wanted.height()};
+        const int told = QProxyStyle::pixelMetric(metric, option, widget);
+        return metric == PM_TabBarTabHSpace ? qMin(told, widget ? Pixels(*widget, 2 * Edge) : told) : told;
     }
-    QSize minimumTabSizeHint(int tab) const override { return tabSizeHint(tab); }
 };
 
 /// A page that is one list.
@@ -61,10 +58,11 @@ MediaTabs::MediaTabs(QWidget* parent)
       extra(new ExtraPage(*views[1]))
 {
     setObjectName(QStringLiteral("ssML"));
-    setTabBar(new EvenTabs);
     setAccessibleName(QStringLiteral("Media lists"));
     tabBar()->setFocusPolicy(Qt::TabFocus);
     tabBar()->setAccessibleName(accessibleName());
+    tabBar()->setStyle(new NarrowTabs(this));
+    tabBar()->setUsesScrollButtons(false);
     AddPage(PageOf(views[0]), "Base", "ml_base");
     AddPage(extra, "Extra", "ml_extra");
     AddPage(PageOf(views[2]), "RnD", "ml_rnd");
@@ -99,7 +97,7 @@ void MediaTabs::ShowLists()
     extra->ShowFolder(Frame.Media.ExtraFolder);
     View(3).setEnabled(!Frame.Media.RndFolder.isEmpty());
     for (MediaView* view : views)
-        view->SetNote(NoteFor(view->Source()));
+        view->Follow(NoteFor(view->Source()));
 }
 
 void MediaTabs::SetStyle()

@@ -13,6 +13,7 @@
 #include <QPainter>
 #include <QToolTip>
 #include <QUrl>
+#include <algorithm>
 
 MediaView::MediaView(int list, const char* name, QWidget* parent)
     : QListView(parent), source(list), filter(new QLineEdit(this)), thumbnails(new Thumbnails(*this))
@@ -40,13 +41,26 @@ MediaListModel& MediaView::List() const
     return Lists().List(source);
 }
 
+void MediaView::Attach()
+{
+    if (model())
+        return;
+    shown.setSourceModel(&List());
+    setModel(&shown);
+}
+
 void MediaView::showEvent(QShowEvent* event)
 {
-    if (!model()) {
-        shown.setSourceModel(&List());
-        setModel(&shown);
-    }
+    Attach();
     QListView::showEvent(event);
+}
+
+// Where the keyboard comes in there is something to move from.
+void MediaView::focusInEvent(QFocusEvent* event)
+{
+    QListView::focusInEvent(event);
+    if (SelectedRow() < 0 && shown.rowCount() > 0)
+        setCurrentIndex(shown.index(0, 0));
 }
 
 QString MediaView::Selected() const
@@ -62,8 +76,9 @@ int MediaView::SelectedRow() const
 
 void MediaView::SelectRow(int row)
 {
-    if (!model())
+    if (!model() && row < 0)
         return;
+    Attach();
     const QModelIndex index = shown.mapFromSource(List().index(row));
     if (!index.isValid()) {
         selectionModel()->clear();
@@ -129,9 +144,12 @@ void MediaView::LookAtPictures()
     thumbnails->LookAgain();
 }
 
-void MediaView::SetNote(const QString& text)
+void MediaView::Follow(const QString& told)
 {
-    note = text;
+    if (folder != List().Folder())
+        EndFilter();
+    folder = List().Folder();
+    note = told;
     viewport()->update();
 }
 

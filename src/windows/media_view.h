@@ -35,8 +35,9 @@ public:
     void SetStyle();       ///< colours, font and thumbnails of the settings
     void LookAtPictures(); ///< files may have another picture by now
 
-    /// What stands in the place of entries while there are none.
-    void SetNote(const QString& text);
+    /// Folder or patterns may be others now; a filter is for one folder only. `note` stands in the place of entries
+    /// while there are none.
+    void Follow(const QString& note);
 
 signals:
     void Pressed(bool insert); ///< by the mouse, behind the selecting
@@ -46,6 +47,7 @@ signals:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -59,6 +61,7 @@ protected:
 
 private:
     MediaListModel& List() const;
+    void Attach();
     void PressAt(QMouseEvent& event);
     void DragEntry();
     void PlaceFilter();
@@ -67,7 +70,7 @@ private:
     QSortFilterProxyModel shown;
     QLineEdit* filter;
     Thumbnails* thumbnails;
-    QString note;
+    QString note, folder;
     QPoint pressedAt;
     bool mayDrag = false;
 };

@@ -19,6 +19,17 @@ bool IsOn()
     return Frame.Settings.Thumbnails == 1;
 }
 
+/// Smaller images keep their size. A large one is thinned out before it is smoothed, which costs by its size.
+QImage Fitted(const QImage& image, const QSize& room)
+{
+    if (image.isNull() || image.size().boundedTo(room) == image.size())
+        return image;
+    const QSize size = image.size().scaled(room, Qt::KeepAspectRatio).expandedTo({1, 1});
+    const QSize rough = size * 8;
+    return (image.size().boundedTo(rough) == image.size() ? image : image.scaled(rough))
+        .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
 } // namespace
 
 Thumbnails::Thumbnails(MediaView& list) : QStyledItemDelegate(&list), view(list), thumbs(Most)
@@ -101,14 +112,8 @@ void Thumbnails::AskNext()
 void Thumbnails::Take(const QString& path, Thumb thumb, const QImage& image)
 {
     const qreal ratio = view.devicePixelRatioF();
-    const QSize room = QSize(Side(), Side()) * ratio;
-    const QSize fitted = image.size().boundedTo(room) == image.size()
-                             ? image.size()
-                             : image.size().scaled(room, Qt::KeepAspectRatio).expandedTo({1, 1});
-    if (!image.isNull()) {
-        thumb.Picture = QPixmap::fromImage(image.scaled(fitted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
-        thumb.Picture.setDevicePixelRatio(ratio);
-    }
+    thumb.Picture = QPixmap::fromImage(Fitted(image, QSize(Side(), Side()) * ratio));
+    thumb.Picture.setDevicePixelRatio(ratio);
     thumbs.insert(path, new Thumb(std::move(thumb)));
     view.viewport()->update();
     AskNext();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QList>
 #include <QString>
 
@@ -14,3 +15,6 @@ struct Volume
 
 /// The root, the home folder and what is mounted for people to use: disks and sticks, not the system's own mounts.
 QList<Volume> Volumes();
+
+/// Of these the mounted ones, from the text of the system's mount table.
+QList<Volume> MountedForPeople(const QByteArray& table);

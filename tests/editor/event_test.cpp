@@ -142,22 +142,27 @@ TEST_F(EventTest, MousePresses)
     EXPECT_EQ(Heard(), u"v"_s);
 }
 
-// Catches: a dropped file written into the text as its address.
+// Catches: a dropped file written into the text as its address, its place told as the caret's.
 TEST_F(EventTest, DroppedFilesAreTold)
 {
     QStringList told;
-    QObject::connect(pane.get(), &EditorPane::FilesDropped, pane.get(),
-                     [&](const QStringList& paths) { told = paths; });
+    Range place;
+    QObject::connect(pane.get(), &EditorPane::FilesDropped, pane.get(), [&](const QStringList& paths, const Range& at) {
+        told = paths;
+        place = at;
+    });
+    pane->SetText(u"ab\r\ncd"_s);
     QMimeData files;
     files.setUrls({QUrl::fromLocalFile(u"/tmp/a b.conf"_s), QUrl(u"https://example.org/x"_s)});
     files.setText(u"file:///tmp/a b.conf"_s);
     QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &files, Qt::LeftButton, {});
     QCoreApplication::sendEvent(Component()->viewport(), &enter);
     EXPECT_TRUE(enter.isAccepted());
-    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &files, Qt::LeftButton, {});
+    QDropEvent drop(QPointF(300, Component()->textHeight(1) * 1.5), Qt::CopyAction, &files, Qt::LeftButton, {});
     QCoreApplication::sendEvent(Component()->viewport(), &drop);
     EXPECT_EQ(told, QStringList(u"/tmp/a b.conf"_s));
-    EXPECT_EQ(pane->Text(), QString());
+    EXPECT_EQ(place, (Range{1, 2, 1, 2}));
+    EXPECT_EQ(pane->Text(), u"ab\r\ncd"_s);
 }
 
 // Catches: a key that the pane takes from the window's menus, one of the usual keys that does nothing.

@@ -38,6 +38,36 @@ TEST_F(MediaListsTest, EntriesStandInTheOrderPeopleCount)
     EXPECT_EQ(list.rowCount(), 0);
 }
 
+// Catches: entries mixed up where some came and some went, a place in the list lost by a refresh, a change that the
+// folder's time hides.
+TEST_F(MediaListsTest, ARefreshKeepsWhatStays)
+{
+    for (const char* name : {"b.pcx", "c.pcx", "f.pcx", "g.pcx"})
+        Run.Work.Write(QString::fromLatin1(name), "");
+    MediaListModel list;
+    list.Show(Run.Work.Path(), QStringLiteral("*.pcx"));
+    ASSERT_EQ(list.rowCount(), 4);
+    const QPersistentModelIndex kept = list.index(2), gone = list.index(3);
+    const auto now = [&] { return NamesOf(list).join(u' ').remove(QStringLiteral(".pcx")); };
+    QFile::remove(Run.Work.Path(QStringLiteral("b.pcx")));
+    QFile::remove(Run.Work.Path(QStringLiteral("g.pcx")));
+    for (const char* name : {"a.pcx", "d.pcx", "e.pcx", "z.pcx"})
+        Run.Work.Write(QString::fromLatin1(name), "");
+    EXPECT_TRUE(list.Refresh());
+    EXPECT_EQ(now(), QStringLiteral("a c d e f z"));
+    EXPECT_EQ(kept.row(), 4);
+    EXPECT_FALSE(gone.isValid());
+    EXPECT_FALSE(list.Refresh());
+    for (int i = 0; i < 300; i += 2)
+        Run.Work.Write(QStringLiteral("c%1.pcx").arg(i), "");
+    EXPECT_TRUE(list.Refresh());
+    for (int i = 1; i < 300; i += 2)
+        Run.Work.Write(QStringLiteral("c%1.pcx").arg(i), "");
+    EXPECT_TRUE(list.Refresh());
+    EXPECT_EQ(list.rowCount(), 306);
+    EXPECT_EQ(list.Name(300), QStringLiteral("c298.pcx"));
+}
+
 // Catches: an order that is no order (sort would run wild): equal names, digits against letters, leading zeros.
 TEST_F(MediaListsTest, TheOrderIsStrict)
 {

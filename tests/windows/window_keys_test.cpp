@@ -1,5 +1,7 @@
 #include "editor/make_pane.h"
 #include "main_window_test.h"
+#include "windows/media_tabs.h"
+#include "windows/media_view.h"
 
 #include <QLineEdit>
 
@@ -84,6 +86,8 @@ TEST_F(WindowKeysTest, F6GoesRoundTheParts)
     EXPECT_TRUE(Window->Bars().cmbFind()->hasFocus());
     Press(Qt::Key_F6);
     EXPECT_TRUE(Tabs()->hasFocus());
+    Press(Qt::Key_F6);
+    EXPECT_TRUE(Window->Media().View(1).hasFocus());
     Press(Qt::Key_F6);
     EXPECT_TRUE(WidgetOf(CurrentPane())->hasFocus());
 }
