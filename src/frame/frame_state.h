@@ -51,6 +51,7 @@ struct FrameState
     std::shared_ptr<MediaLists> Lists;
     std::shared_ptr<IniStore> Ini; ///< of DataFolder
     bool StopRequested = false;
+    bool Ending = false; ///< the program ends: nothing is asked any more
     int RunningWork = 0; ///< macros, child waits, modal windows, open groups; a close waits for 0
 
     HostWindow* Host = nullptr;

@@ -5,7 +5,12 @@
 #include <QRandomGenerator>
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <ctime>
+#include <dirent.h>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 
@@ -57,6 +62,36 @@ int CopyAttributes(const QByteArray& from, int to)
     return 0;
 }
 
+constexpr const char* Prefix = ".gemforge-";
+constexpr time_t LongestSave = 3600; // seconds; another machine's process may be at work in a shared folder
+
+bool IsLeftover(int folder, QByteArrayView name)
+{
+    if (!name.startsWith(Prefix))
+        return false;
+    const QByteArray rest = name.sliced(qsizetype(strlen(Prefix))).toByteArray();
+    bool isNumber = false;
+    const int process = rest.left(rest.indexOf('-')).toInt(&isNumber);
+    struct stat facts
+    {
+    };
+    return isNumber && process > 0 && kill(process, 0) != 0 && errno == ESRCH &&
+           fstatat(folder, name.toByteArray(), &facts, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(facts.st_mode) &&
+           facts.st_mtime < time(nullptr) - LongestSave;
+}
+
+/// Takes away what saves that were killed have left beside their file.
+void SweepFolder(const QByteArray& path)
+{
+    DIR* folder = opendir(path.isEmpty() ? "." : path.constData());
+    if (!folder)
+        return;
+    while (const dirent* entry = readdir(folder))
+        if (IsLeftover(dirfd(folder), entry->d_name))
+            unlinkat(dirfd(folder), entry->d_name, 0);
+    closedir(folder);
+}
+
 } // namespace
 
 int WriteAll(int file, QByteArrayView bytes, off_t at)
@@ -97,8 +132,9 @@ BesideFile::~BesideFile()
 int BesideFile::Open(const QByteArray& path, mode_t mode)
 {
     target = path;
+    SweepFolder(FolderOf(path));
     for (int attempt = 0; attempt < 100; ++attempt) {
-        const QByteArray candidate = FolderOf(path) + ".gemforge-" + QByteArray::number(getpid()) + '-' +
+        const QByteArray candidate = FolderOf(path) + Prefix + QByteArray::number(getpid()) + '-' +
                                      QByteArray::number(QRandomGenerator::system()->generate64(), 16);
         file = Persist([&] { return Steps().Open(candidate, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, mode); });
         if (file >= 0) {

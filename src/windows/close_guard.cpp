@@ -27,7 +27,7 @@ void EndWork()
     // If they fail there is nobody left to ask.
     if (Frame.Keeper)
         static_cast<void>(Frame.Keeper->KeepAllNow());
-    Frame.StopRequested = true;
+    Frame.StopRequested = Frame.Ending = true;
     processes::StopWaiting();
     CloseModalWindows();
     QCoreApplication::exit(0);

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QSignalBlocker>
+#include <QWheelEvent>
 
 FindBox::FindBox(QWidget* parent) : QComboBox(parent)
 {
@@ -86,6 +87,12 @@ void FindBox::keyPressEvent(QKeyEvent* event)
         showPopup(); // the component would search for each item on the way
     else
         QComboBox::keyPressEvent(event);
+}
+
+/// The component would search for each entry that the wheel passes.
+void FindBox::wheelEvent(QWheelEvent* event)
+{
+    event->ignore();
 }
 
 void FindBox::Refill()

@@ -1,4 +1,5 @@
 #include "windows/frm_mess.h"
+#include "frame/frame_state.h"
 
 #include "windows/dialog_help.h"
 #include "windows/help_subject.h"
@@ -172,7 +173,10 @@ QSize frmMess::MeasureText(int widest) const
 MessageAnswer frmMess::Ask()
 {
     const ModalScope scope;
-    exec();
+    if (Frame.Ending)
+        reject();
+    else
+        exec();
     return answer;
 }
 

@@ -164,7 +164,9 @@ void frmRecover::TakeSelected()
 {
     for (QTreeWidgetItem* item : Selected()) {
         if (!TakeRecovered(TextOf(*item))) {
-            ShowMessage(MessagePathError, QStringLiteral("All tabs are in use. Close one, then take the text."));
+            ShowMessage(
+                MessagePathError,
+                QStringLiteral("All tabs are in use. Keep the text for later: the next start offers it again."));
             return;
         }
         Drop(item);

@@ -5,6 +5,7 @@
 #include "frame/recovery.h"
 #include "frame/settings.h"
 #include "frame/start_up.h"
+#include "platform/close_requests.h"
 #include "platform/signals.h"
 #include "platform/single_instance.h"
 #include "windows/close_guard.h"
@@ -16,6 +17,7 @@
 #include <QApplication>
 #include <QSessionManager>
 #include <QTimer>
+#include <cstdlib>
 
 namespace {
 
@@ -25,6 +27,13 @@ void Welcome()
         RunHelp({});
 }
 
+/// The toolkit ends the process from inside the event loop when the display goes away.
+void KeepAtExit()
+{
+    if (Frame.Keeper)
+        static_cast<void>(Frame.Keeper->KeepAllNow());
+}
+
 int Run(QApplication& application, const StartFolders& folders)
 {
     Recovery keeper(folders.StateFolder, nullptr, {}, SpareRecoveryFolder());
@@ -32,6 +41,7 @@ int Run(QApplication& application, const StartFolders& folders)
     WindowAsker asker(&window);
     InstallHost(window, asker);
     Frame.Keeper = &keeper;
+    std::atexit(KeepAtExit);
 
     EndSignals ends;
     QObject::connect(&ends, &EndSignals::EndWanted, &window, &frmmain::EndProgram);
@@ -41,6 +51,10 @@ int Run(QApplication& application, const StartFolders& folders)
 
     window.RestorePosition();
     window.show();
+    const CloseRequests closing(*window.windowHandle(), [&window] {
+        if (QApplication::activeModalWidget()) // any other wish arrives by itself
+            QTimer::singleShot(0, &window, &frmmain::EndProgram);
+    });
     FinishStart();
     window.ShowStarted();
     QTimer::singleShot(0, &window, [&] {

@@ -27,6 +27,7 @@ TabStrip::TabStrip(QWidget* parent) : QWidget(parent), bar(new QTabBar(this))
     for (int tab = 0; tab < int(faces.size()); ++tab) {
         bar->addTab(EmptyCaption);
         bar->setTabVisible(tab, tab == 0);
+        bar->setTabEnabled(tab, tab == 0);
     }
     faces[0].Visible = true;
     NameCloseButtons();
@@ -74,6 +75,7 @@ void TabStrip::SetTab(int tab, const TabFace& face)
     // A disabled tab could not stay selected, and the flash dims the selected one: only its looks change.
     bar->setTabIcon(tab, face.Enabled ? picture : QIcon(picture.pixmap(bar->iconSize(), QIcon::Disabled)));
     bar->setTabTextColor(tab, face.Enabled ? QColor() : palette().color(QPalette::Disabled, QPalette::WindowText));
+    bar->setTabEnabled(tab, face.Visible); // else the wheel and the arrow keys would select what does not show
     bar->setTabVisible(tab, face.Visible);
 }
 

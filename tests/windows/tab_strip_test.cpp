@@ -53,6 +53,20 @@ TEST_F(TabStripTest, MiddleReleaseAndCloseButtonCloseTheirTab)
     EXPECT_TRUE(Tabs()->isTabVisible(0));
 }
 
+// Catches: a hidden tab that becomes the current one, so that commands work on a text that nobody sees.
+TEST_F(TabStripTest, WheelAndKeysPassHiddenTabs)
+{
+    Window->show();
+    Tabs()->setFocus();
+    for (const Qt::Key key : {Qt::Key_Right, Qt::Key_End, Qt::Key_Left})
+        QTest::keyClick(Tabs(), key);
+    QWheelEvent turn(QPointF(5, 5), Tabs()->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
+                     false);
+    QCoreApplication::sendEvent(Tabs(), &turn);
+    EXPECT_EQ(Host().SelectedTab(), 0);
+    EXPECT_EQ(Frame.CurrentTab, 0);
+}
+
 // Catches: tabs that the keyboard cannot reach, a step that lands on a hidden tab or stops at the end.
 TEST_F(TabStripTest, KeysGoRoundTheVisibleTabs)
 {
