@@ -102,6 +102,7 @@ frmPCX::frmPCX(QWidget* owner, const QString& file)
     }
     MarkTilesInUse();
     WatchFile();
+    QCoreApplication::instance()->installEventFilter(this);
 }
 
 frmPCX::~frmPCX() = default;
@@ -118,6 +119,7 @@ void frmPCX::LayOut()
     picFlash->setAlignment(Qt::AlignCenter);
     picFlash->hide();
     place = new QLabel(this);
+    place->setObjectName(QStringLiteral("place"));
     const auto button = [this](const char* name, const char* caption) {
         auto* made = new QPushButton(QString::fromLatin1(caption), this);
         made->setObjectName(QString::fromLatin1(name));
@@ -135,14 +137,17 @@ void frmPCX::LayOut()
     beside->addStretch();
     for (QPushButton* made : {cmdUpdate, cmdNew, cmdExit})
         beside->addWidget(made);
+    sheetColumn = new QVBoxLayout;
+    sheetColumn->addWidget(tools);
+    sheetColumn->addWidget(picScroll, 1);
+    sheetColumn->addWidget(place);
+    place->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     auto* middle = new QHBoxLayout;
-    middle->addWidget(picScroll, 1);
+    middle->addLayout(sheetColumn, 1);
     middle->addWidget(side);
     auto* column = new QVBoxLayout(this);
     column->addWidget(picFlash);
-    column->addWidget(tools);
     column->addLayout(middle, 1);
-    column->addWidget(place);
     picNewElement = new NewElementPanel(this);
     picScroll->ShowPicture();
     picScroll->setFocus();
@@ -234,15 +239,28 @@ void frmPCX::CentreOnScreen()
 {
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     const QRect whole = (parentWidget() ? parentWidget()->screen() : screen())->availableGeometry();
+    if (!isPreview)
+        FitSheetColumn();
     resize(sizeHint().boundedTo(whole.size() - FrameRoom));
     move(whole.center() - rect().center());
+}
+
+/// What the column beside needs more than the sheet goes to the line below the sheet, so that the view has its own
+/// size.
+void frmPCX::FitSheetColumn()
+{
+    const int more = side->sizeHint().height() - sheetColumn->sizeHint().height();
+    place->setMinimumHeight(place->sizeHint().height() + qMax(0, more));
 }
 
 void frmPCX::showEvent(QShowEvent* event)
 {
     QDialog::showEvent(event);
-    if (!event->spontaneous())
-        QTimer::singleShot(0, this, &frmPCX::ShowWarnings);
+    if (event->spontaneous())
+        return;
+    if (opening.FromBlock && Sheet.Start)
+        picScroll->Centre(*Sheet.Start);
+    QTimer::singleShot(0, this, &frmPCX::ShowWarnings);
 }
 
 void frmPCX::ShowWarnings()
@@ -309,13 +327,17 @@ void frmPCX::ShowPlayed(QPoint tile)
 void frmPCX::ShowPlace(QPoint pixel)
 {
     const QPoint tile(pixel.x() / TileSize, pixel.y() / TileSize);
-    place->setText(pixel.x() < 0 ? QString()
-                                 : QStringLiteral("Tile %1 (column %2, row %3)   Pixel %4, %5")
-                                       .arg(tile.y() * Sheet.SheetColumns + tile.x())
-                                       .arg(tile.x())
-                                       .arg(tile.y())
-                                       .arg(pixel.x())
-                                       .arg(pixel.y()));
+    if (pixel.x() < 0) {
+        place->clear();
+        return;
+    }
+    const bool whole = tile.x() < Sheet.SheetColumns && tile.y() < Sheet.SheetRows;
+    const QString where = whole ? QStringLiteral("Tile %1 (column %2, row %3)")
+                                      .arg(tile.y() * Sheet.SheetColumns + tile.x())
+                                      .arg(tile.x())
+                                      .arg(tile.y())
+                                : QStringLiteral("No whole tile");
+    place->setText(where + QStringLiteral("   Pixel %1, %2").arg(pixel.x()).arg(pixel.y()));
 }
 
 void frmPCX::FlashMarks()
@@ -411,13 +433,29 @@ void frmPCX::OpenInEditor()
         place->setText(QStringLiteral("No image editor answers; name one as ImageEditor in user.ini"));
 }
 
+/// Ctrl+D closes the window wherever the focus is: a text box would take the key for itself.
+bool frmPCX::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress || !watched->isWidgetType())
+        return false;
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    if (key.key() != Qt::Key_D || key.modifiers() != Qt::ControlModifier)
+        return false;
+    QWidget* list = static_cast<QWidget*>(watched)->window();
+    const bool popped = list->windowType() == Qt::Popup && list->parentWidget();
+    if ((popped ? list->parentWidget()->window() : list) != this)
+        return false;
+    if (popped)
+        list->close();
+    close();
+    return true;
+}
+
 void frmPCX::keyPressEvent(QKeyEvent* event)
 {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const bool arrow = event->key() >= Qt::Key_Left && event->key() <= Qt::Key_Down;
-    if (event->key() == Qt::Key_D && event->modifiers() == Qt::ControlModifier)
-        close();
-    else if (auto* button = qobject_cast<QPushButton*>(focusWidget()); button && enter)
+    if (auto* button = qobject_cast<QPushButton*>(focusWidget()); button && enter)
         button->click();
     else if (arrow && picScroll->hasFocus() && !isPreview && !opening.TooSmall)
         MoveMark(event->key(), event->modifiers());
