@@ -27,6 +27,8 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QUrl>
 #include <QVBoxLayout>
 
@@ -40,6 +42,7 @@ constexpr int RedrawDelay = 100; // a preview with a longer delay is drawn again
 const QString SheetAlone = QStringLiteral("PREVIEW");
 constexpr QSize QuickSize{120, 127}; // pixels at 96 dpi, without the frame
 constexpr int QuickLift = 30;
+constexpr int LeastRollingHeight = 60;
 constexpr QSize FrameRoom{20, 40}; // what a window manager puts around a window
 constexpr QPoint NewElementPlace{60, 54};
 
@@ -49,6 +52,26 @@ QString PathOfMedia()
         return paths::Inside(Conf.MediaFile);
     return Lists().List(Conf.MediaSource).Folder() + Conf.MediaFile;
 }
+
+/// As large as what is in it, and rolled only where the screen is too small for that.
+class Rolling : public QScrollArea
+{
+public:
+    Rolling(QWidget* inside, QWidget* parent) : QScrollArea(parent)
+    {
+        setFrameShape(QFrame::NoFrame);
+        setWidgetResizable(true);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        setFocusPolicy(Qt::NoFocus);
+        setWidget(inside);
+    }
+    QSize sizeHint() const override { return widget()->sizeHint(); }
+    QSize minimumSizeHint() const override
+    {
+        const int bar = verticalScrollBar()->sizeHint().width();
+        return {widget()->minimumSizeHint().width() + bar, LeastRollingHeight};
+    }
+};
 
 QStringList KnownModes()
 {
@@ -133,7 +156,8 @@ void frmPCX::LayOut()
     auto* beside = new QVBoxLayout(side);
     beside->setContentsMargins({});
     beside->addWidget(preview);
-    beside->addWidget(panel);
+    panelArea = new Rolling(panel, side);
+    beside->addWidget(panelArea);
     beside->addStretch();
     for (QPushButton* made : {cmdUpdate, cmdNew, cmdExit})
         beside->addWidget(made);
@@ -217,7 +241,8 @@ void frmPCX::BecomeQuickPreview()
     const QString names[] = {element.ElementName, element.BlockKey, QStringLiteral("Error!")};
     setWindowTitle(
         *std::find_if(std::begin(names), std::end(names) - 1, [](const QString& n) { return !n.isEmpty(); }));
-    for (QWidget* part : std::initializer_list<QWidget*>{picScroll, tools, panel, place, cmdExit, cmdNew, cmdUpdate})
+    for (QWidget* part :
+         std::initializer_list<QWidget*>{picScroll, tools, panelArea, place, cmdExit, cmdNew, cmdUpdate})
         part->hide();
     layout()->setContentsMargins({});
     layout()->setSpacing(0);

@@ -69,7 +69,7 @@ private:
     AnimationPanel* panel;
     AnimationPreview* preview;
     NewElementPanel* picNewElement;
-    QWidget* side;
+    QWidget *side, *panelArea;
     QVBoxLayout* sheetColumn; ///< with its tools above and the place of the mouse below
     QLabel *picFlash, *place;
     QPushButton *cmdExit, *cmdNew, *cmdUpdate;
