@@ -27,6 +27,7 @@ AnimationPreview::AnimationPreview(QWidget* parent) : QFrame(parent), picPreview
     setFrameShape(QFrame::StyledPanel);
     picPreview->setObjectName(QStringLiteral("picPreview"));
     picPreview->setFixedSize(TileSize, TileSize);
+    setMinimumHeight(TileSize * 3 / 2);
     tmrAnimation.setSingleShot(true);
     tmrAnimation.setTimerType(Qt::PreciseTimer);
     connect(&tmrAnimation, &QTimer::timeout, this, &AnimationPreview::Tick);

@@ -208,11 +208,12 @@ void SheetView::DrawGrid(QPainter& painter, const QRect& area) const
         painter.drawLine(area.left(), y, area.right(), y);
 }
 
-void SheetView::DrawTilesInUse(QPainter& painter) const
+void SheetView::DrawTilesInUse(QPainter& painter, const QRect& area) const
 {
     painter.setPen(QPen(QColor(255, 200, 0, 150), 1, Qt::DotLine));
     for (const QPoint& tile : inUse)
-        painter.drawRect(PlaceOf(tile).adjusted(1, 1, -2, -2));
+        if (const QRect place = PlaceOf(tile); place.intersects(area))
+            painter.drawRect(place.adjusted(1, 1, -2, -2));
 }
 
 void SheetView::DrawMarks(QPainter& painter) const
@@ -242,7 +243,7 @@ void SheetView::paintEvent(QPaintEvent* event)
     painter.drawPixmap(QRect(Origin() + source.topLeft() * zoom, source.size() * zoom), picture, source);
     if (grid)
         DrawGrid(painter, area);
-    DrawTilesInUse(painter);
+    DrawTilesInUse(painter, area);
     DrawMarks(painter);
 }
 

@@ -71,7 +71,7 @@ private:
     std::array<std::optional<QPoint>, MarkCount> MarkTiles() const;
     void DrawGround(QPainter& painter, const QRect& area) const;
     void DrawGrid(QPainter& painter, const QRect& area) const;
-    void DrawTilesInUse(QPainter& painter) const;
+    void DrawTilesInUse(QPainter& painter, const QRect& area) const;
     void DrawMarks(QPainter& painter) const;
 
     QPixmap picture;
