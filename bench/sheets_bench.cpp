@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QHBoxLayout>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
@@ -65,15 +66,41 @@ void Draw(benchmark::State& state)
 }
 BENCHMARK(Draw)->Arg(512)->Arg(2048)->Unit(benchmark::kMillisecond);
 
-/// One tick of the preview with its square on the sheet.
+/// Counts what a widget paints.
+class PaintCounter : public QObject
+{
+public:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        Paints += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+    qint64 Paints = 0;
+};
+
+/// One tick of the preview, painted, with its square on the sheet painted where it was and where it is.
 void Tick(benchmark::State& state)
 {
     ShowSheet(Picture(512));
     HoldRun(16, 1);
-    AnimationPreview preview;
-    preview.show();
-    for (auto _ : state)
-        preview.StepOnce();
+    QWidget window;
+    auto* const row = new QHBoxLayout(&window);
+    auto* const view = new SheetView;
+    auto* const preview = new AnimationPreview;
+    row->addWidget(view);
+    row->addWidget(preview);
+    QObject::connect(preview, &AnimationPreview::FrameShown, view, &SheetView::SetCurrentTile);
+    view->ShowPicture();
+    window.show();
+    QCoreApplication::processEvents();
+    PaintCounter counter;
+    view->viewport()->installEventFilter(&counter);
+    for (auto _ : state) {
+        preview->StepOnce();
+        QEvent paint(QEvent::UpdateRequest); // now and not by the next frame of the screen
+        QCoreApplication::sendEvent(&window, &paint);
+    }
+    state.counters["painted"] = double(counter.Paints) / double(state.iterations());
 }
 BENCHMARK(Tick)->Unit(benchmark::kMicrosecond);
 

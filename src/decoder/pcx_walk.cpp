@@ -7,7 +7,7 @@ namespace decoder {
 namespace {
 
 constexpr std::size_t HeaderSize = 128, PaletteSize = 1 + 256 * 3;
-constexpr std::size_t VersionAt = 1, EncodingAt = 2, PaletteKindAt = 68;
+constexpr std::size_t VersionAt = 1, EncodingAt = 2, ColoursAt = 16, PaletteKindAt = 68;
 constexpr std::byte PaletteMark{0x0c};
 constexpr unsigned RunMark = 0xc0, LongestRun = 0x3f;
 constexpr unsigned GreyPalette = 2;
@@ -103,6 +103,16 @@ Progress WalkRuns(Bytes data, const Layout& layout, Take take)
     return progress;
 }
 
+std::optional<std::array<std::uint32_t, 2>> TwoColoursOf(Bytes file, const Layout& layout)
+{
+    const auto colour = [file](std::size_t at) {
+        return Number(file, at) << 16 | Number(file, at + 1) << 8 | Number(file, at + 2);
+    };
+    const std::array two{colour(ColoursAt), colour(ColoursAt + 3)};
+    const bool tells = layout.Bits == 1 && layout.Planes == 1 && two[0] != two[1];
+    return tells ? std::optional(two) : std::nullopt;
+}
+
 bool PaletteIsCut(Bytes file, const Layout& layout, const Progress& progress)
 {
     return layout.HasPalette() && layout.Version == 5 && Number(file, PaletteKindAt) != GreyPalette &&
@@ -150,8 +160,10 @@ PcxFacts WalkPcx(Bytes file)
     const bool cut = progress.Lines < layout.Wanted();
     facts.EndsEarly = cut || PaletteIsCut(file, layout, progress);
     const std::size_t palette = layout.HasPalette() ? PaletteAt(file, HeaderSize + progress.Read) : file.size();
-    const bool trailer = palette < file.size() - std::min(file.size(), PaletteSize);
-    facts.MisreadByLibrary = cut || crossed || trailer || layout.Encoding == 0 || layout.IsOddInPlanes();
+    // The library looks 769 bytes before the end of any file, also where that is no palette or lies before its begin.
+    const bool elsewhere = layout.HasPalette() && palette + PaletteSize != file.size();
+    facts.TwoColours = TwoColoursOf(file, layout);
+    facts.MisreadByLibrary = cut || crossed || elsewhere || layout.Encoding == 0 || layout.IsOddInPlanes();
     return facts;
 }
 

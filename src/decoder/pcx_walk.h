@@ -2,6 +2,7 @@
 
 #include "decoder/protocol.h"
 
+#include <array>
 #include <vector>
 
 /// A look over a PCX before the image library has it: what it is, and whether its data are whole, which the library
@@ -15,6 +16,8 @@ struct PcxFacts
     std::uint32_t Bits = 0;        ///< of a pixel, over all planes
     bool EndsEarly = false;        ///< the pixels or the palette behind them are not whole
     bool MisreadByLibrary = false; ///< StraightPcx has to come first
+    /// Of 1 bit in one plane, as 0xRRGGBB: the header's own two, which the game shows; nothing where they are alike.
+    std::optional<std::array<std::uint32_t, 2>> TwoColours = {};
 };
 
 PcxFacts WalkPcx(Bytes file);

@@ -3,6 +3,7 @@
 #include "graphics/sheet.h"
 
 #include <QLabel>
+#include <QPainter>
 #include <QRandomGenerator>
 #include <chrono>
 
@@ -26,6 +27,7 @@ AnimationPreview::AnimationPreview(QWidget* parent) : QFrame(parent), picPreview
     setFrameShape(QFrame::StyledPanel);
     picPreview->setObjectName(QStringLiteral("picPreview"));
     picPreview->setFixedSize(TileSize, TileSize);
+    setMinimumHeight(TileSize * 3 / 2);
     tmrAnimation.setSingleShot(true);
     tmrAnimation.setTimerType(Qt::PreciseTimer);
     connect(&tmrAnimation, &QTimer::timeout, this, &AnimationPreview::Tick);
@@ -75,13 +77,25 @@ void AnimationPreview::ShowFrame(int tile)
     const int row = Sheet.SheetColumns > 0 ? tile / Sheet.SheetColumns : 0;
     const int column = tile - row * Sheet.SheetColumns;
     const QPoint place(qMax(0, column), qMax(0, row));
-    picPreview->setPixmap(QPixmap::fromImage(Sheet.Picture.copy(QRect(place * TileSize, QSize(TileSize, TileSize)))));
+    QPixmap shown(TileSize, TileSize);
+    QPainter painter(&shown);
+    painter.fillRect(shown.rect(), GroundBrush(ground));
+    painter.drawImage(QPoint(), Sheet.Picture, QRect(place * TileSize, shown.size()));
+    painter.end();
+    picPreview->setPixmap(shown);
     emit FrameShown(place);
 }
 
 void AnimationPreview::Redraw()
 {
     ShowFrame(qMax(0, Animation.CurrentFrame));
+}
+
+void AnimationPreview::SetGround(SheetGround kind)
+{
+    ground = kind;
+    if (!picPreview->pixmap().isNull())
+        Redraw();
 }
 
 void AnimationPreview::SetPaused(bool on)

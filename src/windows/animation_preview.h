@@ -1,6 +1,7 @@
 #pragma once
 
 #include "graphics/animation.h"
+#include "windows/sheet_ground.h"
 
 #include <QElapsedTimer>
 #include <QFrame>
@@ -20,6 +21,7 @@ public:
     void Stop();  ///< no more ticks
     void ShowFrame(int tile);
     void Redraw(); ///< the tile now shown, from a picture painted anew
+    void SetGround(SheetGround kind);
     void SetPaused(bool on);
     bool Paused() const { return paused; }
     void StepOnce(); ///< one tick, while paused
@@ -43,4 +45,5 @@ private:
     TickClock ticks;
     int interval = 0;
     bool paused = false;
+    SheetGround ground = SheetGround::Checker;
 };

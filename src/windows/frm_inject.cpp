@@ -21,9 +21,8 @@
 namespace {
 
 constexpr int DirectionCount = 4, FirstCrumbledOff = 8, LastCrumbledOff = 17, BorderSize = 18;
-constexpr int MouseLeaveTick = 10;                ///< ms
-constexpr QPoint BesideMouse{140, -30};           ///< of the window's centre, so that the mouse is over the lists
-constexpr QColor PresentColour{0x00, 0x70, 0x00}; ///< of a command that the block has
+constexpr int MouseLeaveTick = 10;      ///< ms
+constexpr QPoint BesideMouse{140, -30}; ///< of the window's centre, so that the mouse is over the lists
 
 const QStringList& Words(WordKind kind)
 {
@@ -33,6 +32,12 @@ const QStringList& Words(WordKind kind)
 QStringList Directions()
 {
     return Words(KindActions).mid(0, DirectionCount);
+}
+
+/// Of a command that the block has; a green that stands out from either window.
+QColor PresentColour(const QPalette& window)
+{
+    return window.color(QPalette::Window).lightness() < 128 ? QColor(0x58, 0xd8, 0x58) : QColor(0x00, 0x70, 0x00);
 }
 
 QStringList WithNone(QStringList words)
@@ -119,7 +124,7 @@ void frmInject::ShowBlock()
         QCheckBox* box = chkOption(command);
         box->setChecked(true);
         QPalette colours = box->palette();
-        colours.setColor(QPalette::WindowText, PresentColour);
+        colours.setColor(QPalette::WindowText, PresentColour(colours));
         box->setPalette(colours);
         QFont bold = box->font();
         bold.setBold(true);

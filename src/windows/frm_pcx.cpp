@@ -22,13 +22,10 @@
 
 #include <QApplication>
 #include <QDesktopServices>
-#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 #include <QUrl>
-#include <QVBoxLayout>
 
 namespace {
 
@@ -38,9 +35,6 @@ constexpr int ImageErrorNag = 2;
 constexpr int MarkPhases = 10;
 constexpr int RedrawDelay = 100; // a preview with a longer delay is drawn again by the marks' timer
 const QString SheetAlone = QStringLiteral("PREVIEW");
-constexpr QSize QuickSize{120, 127}; // pixels at 96 dpi, without the frame
-constexpr int QuickLift = 30;
-constexpr QSize FrameRoom{20, 40}; // what a window manager puts around a window
 constexpr QPoint NewElementPlace{60, 54};
 
 QString PathOfMedia()
@@ -102,73 +96,10 @@ frmPCX::frmPCX(QWidget* owner, const QString& file)
     }
     MarkTilesInUse();
     WatchFile();
+    QCoreApplication::instance()->installEventFilter(this);
 }
 
 frmPCX::~frmPCX() = default;
-
-void frmPCX::LayOut()
-{
-    picScroll = new SheetView(this);
-    preview = new AnimationPreview(this);
-    tools = new SheetTools(*picScroll, *preview, this);
-    panel = new AnimationPanel(this);
-    picFlash = new QLabel(this);
-    picFlash->setObjectName(QStringLiteral("picFlash"));
-    picFlash->setTextFormat(Qt::PlainText);
-    picFlash->setAlignment(Qt::AlignCenter);
-    picFlash->hide();
-    place = new QLabel(this);
-    const auto button = [this](const char* name, const char* caption) {
-        auto* made = new QPushButton(QString::fromLatin1(caption), this);
-        made->setObjectName(QString::fromLatin1(name));
-        made->setAutoDefault(false); // Enter belongs to the boxes
-        return made;
-    };
-    cmdExit = button("cmdQuit0", "Exit");
-    cmdNew = button("cmdQuit1", "New Element");
-    cmdUpdate = button("cmdQuit2", "Update Element");
-    side = new QWidget(this);
-    auto* beside = new QVBoxLayout(side);
-    beside->setContentsMargins({});
-    beside->addWidget(preview);
-    beside->addWidget(panel);
-    beside->addStretch();
-    for (QPushButton* made : {cmdUpdate, cmdNew, cmdExit})
-        beside->addWidget(made);
-    auto* middle = new QHBoxLayout;
-    middle->addWidget(picScroll, 1);
-    middle->addWidget(side);
-    auto* column = new QVBoxLayout(this);
-    column->addWidget(picFlash);
-    column->addWidget(tools);
-    column->addLayout(middle, 1);
-    column->addWidget(place);
-    picNewElement = new NewElementPanel(this);
-    picScroll->ShowPicture();
-    picScroll->setFocus();
-}
-
-void frmPCX::ConnectParts()
-{
-    connect(picScroll, &SheetView::TilePressed, this, &frmPCX::Press);
-    connect(picScroll, &SheetView::PixelHovered, this, &frmPCX::ShowPlace);
-    connect(preview, &AnimationPreview::FrameShown, this, &frmPCX::ShowPlayed);
-    connect(panel, &AnimationPanel::RestartWanted, this, &frmPCX::Restart);
-    connect(panel, &AnimationPanel::StartWanted, preview, &AnimationPreview::Start);
-    connect(picNewElement, &NewElementPanel::CancelWanted, this, &frmPCX::CloseNewElement);
-    connect(picNewElement, &NewElementPanel::MakeWanted, this, &frmPCX::MakeElement);
-    connect(cmdExit, &QPushButton::clicked, this, &QDialog::reject);
-    connect(cmdNew, &QPushButton::clicked, this, &frmPCX::OpenNewElement);
-    connect(cmdUpdate, &QPushButton::clicked, this, &frmPCX::UpdateElement);
-    connect(tools, &SheetTools::ImageEditorWanted, this, &frmPCX::OpenInEditor);
-    connect(&tmrFlash, &QTimer::timeout, this, &frmPCX::FlashMarks);
-    connect(&tmrFlashTitle, &QTimer::timeout, this, &frmPCX::FlashTitle);
-    readAgain.setSingleShot(true);
-    readAgain.setInterval(150); // a program that is still writing has written by then
-    connect(&readAgain, &QTimer::timeout, this, &frmPCX::ReadAgain);
-    connect(&watcher, &QFileSystemWatcher::fileChanged, &readAgain, qOverload<>(&QTimer::start));
-    connect(&watcher, &QFileSystemWatcher::directoryChanged, &readAgain, qOverload<>(&QTimer::start));
-}
 
 void frmPCX::EnableTools()
 {
@@ -206,43 +137,14 @@ void frmPCX::ShowPick()
     Sheet.PickPrompt.clear();
 }
 
-void frmPCX::BecomeQuickPreview()
-{
-    const ElementRecord& element = Conf.Element;
-    const QString names[] = {element.ElementName, element.BlockKey, QStringLiteral("Error!")};
-    setWindowTitle(
-        *std::find_if(std::begin(names), std::end(names) - 1, [](const QString& n) { return !n.isEmpty(); }));
-    for (QWidget* part : std::initializer_list<QWidget*>{picScroll, tools, panel, place, cmdExit, cmdNew, cmdUpdate})
-        part->hide();
-    layout()->setContentsMargins({});
-    layout()->setSpacing(0);
-    preview->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    // The name needs the room of the other buttons.
-    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
-    setFixedSize(Pixels(*this, QuickSize.width()), Pixels(*this, QuickSize.height()));
-    const QPoint mouse = QCursor::pos();
-    QRect where(QPoint(), size());
-    where.moveCenter(mouse - QPoint(0, Pixels(*this, QuickLift)));
-    const QScreen* screen = QGuiApplication::screenAt(mouse);
-    const QRect whole = (screen ? screen : this->screen())->availableGeometry();
-    where.moveLeft(qBound(whole.left(), where.left(), whole.right() - where.width()));
-    where.moveTop(qBound(whole.top(), where.top(), whole.bottom() - where.height()));
-    move(where.topLeft());
-}
-
-void frmPCX::CentreOnScreen()
-{
-    setWindowFlag(Qt::WindowMaximizeButtonHint);
-    const QRect whole = (parentWidget() ? parentWidget()->screen() : screen())->availableGeometry();
-    resize(sizeHint().boundedTo(whole.size() - FrameRoom));
-    move(whole.center() - rect().center());
-}
-
 void frmPCX::showEvent(QShowEvent* event)
 {
     QDialog::showEvent(event);
-    if (!event->spontaneous())
-        QTimer::singleShot(0, this, &frmPCX::ShowWarnings);
+    if (event->spontaneous())
+        return;
+    if (opening.FromBlock && Sheet.Start)
+        picScroll->Centre(*Sheet.Start);
+    QTimer::singleShot(0, this, &frmPCX::ShowWarnings);
 }
 
 void frmPCX::ShowWarnings()
@@ -309,13 +211,17 @@ void frmPCX::ShowPlayed(QPoint tile)
 void frmPCX::ShowPlace(QPoint pixel)
 {
     const QPoint tile(pixel.x() / TileSize, pixel.y() / TileSize);
-    place->setText(pixel.x() < 0 ? QString()
-                                 : QStringLiteral("Tile %1 (column %2, row %3)   Pixel %4, %5")
-                                       .arg(tile.y() * Sheet.SheetColumns + tile.x())
-                                       .arg(tile.x())
-                                       .arg(tile.y())
-                                       .arg(pixel.x())
-                                       .arg(pixel.y()));
+    if (pixel.x() < 0) {
+        place->clear();
+        return;
+    }
+    const bool whole = tile.x() < Sheet.SheetColumns && tile.y() < Sheet.SheetRows;
+    const QString where = whole ? QStringLiteral("Tile %1 (column %2, row %3)")
+                                      .arg(tile.y() * Sheet.SheetColumns + tile.x())
+                                      .arg(tile.x())
+                                      .arg(tile.y())
+                                : QStringLiteral("No whole tile");
+    place->setText(where + QStringLiteral("   Pixel %1, %2").arg(pixel.x()).arg(pixel.y()));
 }
 
 void frmPCX::FlashMarks()
@@ -411,13 +317,29 @@ void frmPCX::OpenInEditor()
         place->setText(QStringLiteral("No image editor answers; name one as ImageEditor in user.ini"));
 }
 
+/// Ctrl+D closes the window wherever the focus is: a text box would take the key for itself.
+bool frmPCX::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress || !watched->isWidgetType())
+        return false;
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    if (key.key() != Qt::Key_D || key.modifiers() != Qt::ControlModifier)
+        return false;
+    QWidget* list = static_cast<QWidget*>(watched)->window();
+    const bool popped = list->windowType() == Qt::Popup && list->parentWidget();
+    if ((popped ? list->parentWidget()->window() : list) != this)
+        return false;
+    if (popped)
+        list->close();
+    close();
+    return true;
+}
+
 void frmPCX::keyPressEvent(QKeyEvent* event)
 {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const bool arrow = event->key() >= Qt::Key_Left && event->key() <= Qt::Key_Down;
-    if (event->key() == Qt::Key_D && event->modifiers() == Qt::ControlModifier)
-        close();
-    else if (auto* button = qobject_cast<QPushButton*>(focusWidget()); button && enter)
+    if (auto* button = qobject_cast<QPushButton*>(focusWidget()); button && enter)
         button->click();
     else if (arrow && picScroll->hasFocus() && !isPreview && !opening.TooSmall)
         MoveMark(event->key(), event->modifiers());

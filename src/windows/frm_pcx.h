@@ -11,6 +11,7 @@ class AnimationPreview;
 class NewElementPanel;
 class QLabel;
 class QPushButton;
+class QVBoxLayout;
 class SheetTools;
 class SheetView;
 
@@ -27,6 +28,7 @@ public:
     ~frmPCX() override;
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -42,6 +44,7 @@ private:
     void ShowWarnings();
     void BecomeQuickPreview();
     void CentreOnScreen();
+    void FitSheetColumn();
     void Press(QPoint tile, Qt::MouseButton button);
     void MoveMark(int key, Qt::KeyboardModifiers keys);
     void Restart();
@@ -66,7 +69,8 @@ private:
     AnimationPanel* panel;
     AnimationPreview* preview;
     NewElementPanel* picNewElement;
-    QWidget* side;
+    QWidget *side, *panelArea;
+    QVBoxLayout* sheetColumn; ///< with its tools above and the place of the mouse below
     QLabel *picFlash, *place;
     QPushButton *cmdExit, *cmdNew, *cmdUpdate;
     QTimer tmrFlash, tmrFlashTitle, readAgain;

@@ -37,24 +37,31 @@ void SheetTools::AddZoom(QToolBar& bar)
 {
     const int kept = ReadIni(Section, QStringLiteral("Zoom")).toInt();
     for (const int times : Zooms) {
-        QAction* action = bar.addAction(QStringLiteral("%1x").arg(times), this, [this, times] {
-            view.SetZoom(times);
-            WriteIni(times, Section, QStringLiteral("Zoom"));
-        });
+        QAction* action = bar.addAction(QStringLiteral("%1x").arg(times), this, [this, times] { SetZoom(times); });
         action->setToolTip(QStringLiteral("Zoom %1 times (Ctrl + wheel)").arg(times));
         action->setCheckable(true);
         action->setData(times);
         zooms->addAction(action);
     }
     connect(&view, &SheetView::ZoomWanted, this, &SheetTools::SetZoom);
-    SetZoom(kept > 0 ? kept : 1);
+    SetZoom(std::find(std::begin(Zooms), std::end(Zooms), kept) != std::end(Zooms) ? kept : 1);
 }
 
-void SheetTools::SetZoom(int times)
+void SheetTools::SetZoom(int times, std::optional<QPoint> place)
 {
     for (QAction* action : zooms->actions())
-        if (action->data().toInt() == times && !action->isChecked())
-            action->trigger();
+        if (action->data().toInt() == times)
+            action->setChecked(true);
+    if (view.Zoom() == times)
+        return;
+    view.SetZoom(times, place);
+    WriteIni(times, Section, QStringLiteral("Zoom"));
+}
+
+void SheetTools::SetGround(int kind)
+{
+    view.SetGround(SheetGround(kind));
+    preview.SetGround(SheetGround(kind));
 }
 
 void SheetTools::AddGround(QToolBar& bar)
@@ -71,7 +78,7 @@ void SheetTools::AddGround(QToolBar& bar)
     const int kept = qBound(0, ReadIni(Section, QStringLiteral("Ground")).toInt(), int(std::size(Grounds)) - 1);
     for (int kind = 0; kind < int(std::size(Grounds)); ++kind) {
         QAction* action = bar.addAction(QString::fromLatin1(Grounds[kind]), this, [this, kind] {
-            view.SetGround(SheetGround(kind));
+            SetGround(kind);
             WriteIni(kind, Section, QStringLiteral("Ground"));
         });
         action->setToolTip(QStringLiteral("What stands behind see-through pixels"));
@@ -79,7 +86,7 @@ void SheetTools::AddGround(QToolBar& bar)
         action->setChecked(kind == kept);
         grounds->addAction(action);
     }
-    view.SetGround(SheetGround(kept));
+    SetGround(kept);
 }
 
 void SheetTools::AddPlay(QToolBar& bar)

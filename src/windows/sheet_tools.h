@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QPoint>
 #include <QWidget>
+#include <optional>
 
 class QAction;
 class SheetView;
@@ -15,7 +17,8 @@ class SheetTools : public QWidget
 public:
     SheetTools(SheetView& view, AnimationPreview& preview, QWidget* parent);
 
-    void SetZoom(int times);
+    /// Holding what lies at `place` of the view, if one is given.
+    void SetZoom(int times, std::optional<QPoint> place = std::nullopt);
 
 signals:
     void ImageEditorWanted();
@@ -24,6 +27,7 @@ private:
     void AddZoom(class QToolBar& bar);
     void AddGround(class QToolBar& bar);
     void AddPlay(class QToolBar& bar);
+    void SetGround(int kind);
 
     SheetView& view;
     AnimationPreview& preview;

@@ -14,18 +14,8 @@ namespace {
 constexpr QSize ViewSize{770, 521};
 constexpr QRect CurrentSquare{9, 9, 14, 14}; // inside its tile
 constexpr int MarkPictures = 10;             // of each mark
-constexpr int CheckSize = 8;
 constexpr int LargestZoom = 4;
-
-QPixmap CheckerTile()
-{
-    QPixmap tile(2 * CheckSize, 2 * CheckSize);
-    tile.fill(QColor(0x66, 0x66, 0x66));
-    QPainter painter(&tile);
-    for (const QPoint corner : {QPoint(0, 0), QPoint(CheckSize, CheckSize)})
-        painter.fillRect(QRect(corner, QSize(CheckSize, CheckSize)), QColor(0x99, 0x99, 0x99));
-    return tile;
-}
+constexpr QPoint NoPlace{-1, -1};
 
 } // namespace
 
@@ -37,6 +27,9 @@ SheetView::SheetView(QWidget* parent) : QAbstractScrollArea(parent)
     viewport()->setMouseTracking(true);
     for (QScrollBar* bar : {horizontalScrollBar(), verticalScrollBar()})
         bar->setSingleStep(TileSize);
+    // Bars that come and go would take their room from the sheet.
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     horizontalScrollBar()->setObjectName(QStringLiteral("HScroll"));
     verticalScrollBar()->setObjectName(QStringLiteral("VScroll"));
 }
@@ -44,7 +37,8 @@ SheetView::SheetView(QWidget* parent) : QAbstractScrollArea(parent)
 QSize SheetView::sizeHint() const
 {
     const int frame = 2 * frameWidth();
-    return ViewSize + QSize(frame, frame);
+    const QSize bars(verticalScrollBar()->sizeHint().width(), horizontalScrollBar()->sizeHint().height());
+    return ViewSize + bars + QSize(frame, frame);
 }
 
 void SheetView::ShowPicture()
@@ -61,17 +55,34 @@ void SheetView::PictureChanged()
     picture = QPixmap::fromImage(Sheet.Picture);
     FitScrollBars();
     viewport()->update();
+    TellPixel();
 }
 
-void SheetView::SetZoom(int times)
+void SheetView::SetZoom(int times, std::optional<QPoint> held)
 {
+    const auto& start = shownMarks[StartMark];
     const QPoint middle = viewport()->rect().center();
-    const QPoint held = (middle - Origin()) / zoom;
+    QPoint place = held.value_or(middle);
+    const QPoint from = place - Origin();
+    QPoint pixel(from.x() / zoom, from.y() / zoom); // QPoint's own division rounds
+    if (!held && start) {
+        pixel = *start * TileSize + QPoint(TileSize, TileSize) / 2;
+        const QPoint before = PlaceOf(*start).center();
+        place = viewport()->rect().contains(before) ? before : middle;
+    }
     zoom = times;
     FitScrollBars();
-    horizontalScrollBar()->setValue(held.x() * zoom - middle.x());
-    verticalScrollBar()->setValue(held.y() * zoom - middle.y());
+    ScrollTo(pixel, place);
+    if (!held && start)
+        Uncover(*start);
     viewport()->update();
+    TellPixel();
+}
+
+void SheetView::ScrollTo(QPoint pixel, QPoint place)
+{
+    horizontalScrollBar()->setValue(pixel.x() * zoom - place.x());
+    verticalScrollBar()->setValue(pixel.y() * zoom - place.y());
 }
 
 void SheetView::SetGrid(bool on)
@@ -130,6 +141,12 @@ void SheetView::Uncover(QPoint tile)
     shift(verticalScrollBar(), place.top(), place.bottom() - seen.bottom());
 }
 
+void SheetView::Centre(QPoint tile)
+{
+    if (!viewport()->rect().contains(PlaceOf(tile)))
+        ScrollTo(tile * TileSize + QPoint(TileSize, TileSize) / 2, viewport()->rect().center());
+}
+
 void SheetView::FitScrollBars()
 {
     const QSize whole = picture.size() * zoom, seen = viewport()->size();
@@ -163,21 +180,21 @@ std::optional<QPoint> SheetView::PixelAt(QPoint place) const
     const QPoint from = place - Origin();
     if (!QRect(QPoint(), picture.size() * zoom).contains(from))
         return std::nullopt;
-    return QPoint(from.x() / zoom, from.y() / zoom); // QPoint's own division rounds
+    return QPoint(from.x() / zoom, from.y() / zoom);
 }
 
 std::optional<QPoint> SheetView::TileAt(QPoint place) const
 {
     const auto pixel = PixelAt(place);
-    return pixel ? std::optional(QPoint(pixel->x() / TileSize, pixel->y() / TileSize)) : std::nullopt;
+    const QRect whole(0, 0, picture.width() / TileSize, picture.height() / TileSize);
+    const QPoint tile = pixel ? QPoint(pixel->x() / TileSize, pixel->y() / TileSize) : NoPlace;
+    return whole.contains(tile) ? std::optional(tile) : std::nullopt;
 }
 
 void SheetView::DrawGround(QPainter& painter, const QRect& area) const
 {
-    static const QBrush checker(CheckerTile());
-    const QBrush brushes[] = {checker, Qt::black, Qt::white};
     painter.setBrushOrigin(Origin());
-    painter.fillRect(area, brushes[int(ground)]);
+    painter.fillRect(area, GroundBrush(ground));
 }
 
 void SheetView::DrawGrid(QPainter& painter, const QRect& area) const
@@ -191,11 +208,12 @@ void SheetView::DrawGrid(QPainter& painter, const QRect& area) const
         painter.drawLine(area.left(), y, area.right(), y);
 }
 
-void SheetView::DrawTilesInUse(QPainter& painter) const
+void SheetView::DrawTilesInUse(QPainter& painter, const QRect& area) const
 {
     painter.setPen(QPen(QColor(255, 200, 0, 150), 1, Qt::DotLine));
     for (const QPoint& tile : inUse)
-        painter.drawRect(PlaceOf(tile).adjusted(1, 1, -2, -2));
+        if (const QRect place = PlaceOf(tile); place.intersects(area))
+            painter.drawRect(place.adjusted(1, 1, -2, -2));
 }
 
 void SheetView::DrawMarks(QPainter& painter) const
@@ -225,7 +243,7 @@ void SheetView::paintEvent(QPaintEvent* event)
     painter.drawPixmap(QRect(Origin() + source.topLeft() * zoom, source.size() * zoom), picture, source);
     if (grid)
         DrawGrid(painter, area);
-    DrawTilesInUse(painter);
+    DrawTilesInUse(painter, area);
     DrawMarks(painter);
 }
 
@@ -237,6 +255,12 @@ void SheetView::resizeEvent(QResizeEvent*)
 void SheetView::scrollContentsBy(int, int)
 {
     viewport()->update();
+    TellPixel();
+}
+
+void SheetView::TellPixel()
+{
+    emit PixelHovered(viewport()->rect().contains(mouse) ? PixelAt(mouse).value_or(NoPlace) : NoPlace);
 }
 
 void SheetView::mousePressEvent(QMouseEvent* event)
@@ -248,13 +272,16 @@ void SheetView::mousePressEvent(QMouseEvent* event)
 
 void SheetView::mouseMoveEvent(QMouseEvent* event)
 {
-    emit PixelHovered(PixelAt(event->pos()).value_or(QPoint(-1, -1)));
+    mouse = event->pos();
+    TellPixel();
 }
 
 bool SheetView::viewportEvent(QEvent* event)
 {
-    if (event->type() == QEvent::Leave)
-        emit PixelHovered({-1, -1});
+    if (event->type() == QEvent::Leave) {
+        mouse = NoPlace;
+        TellPixel();
+    }
     return QAbstractScrollArea::viewportEvent(event);
 }
 
@@ -269,7 +296,11 @@ void SheetView::wheelEvent(QWheelEvent* event)
         QAbstractScrollArea::wheelEvent(event);
         return;
     }
-    const int wanted = event->angleDelta().y() > 0 ? zoom * 2 : zoom / 2;
+    wheelTurn += event->angleDelta().y();
+    if (qAbs(wheelTurn) < QWheelEvent::DefaultDeltasPerStep)
+        return;
+    const int wanted = wheelTurn > 0 ? zoom * 2 : zoom / 2;
+    wheelTurn = 0;
     if (wanted >= 1 && wanted <= LargestZoom)
-        emit ZoomWanted(wanted);
+        emit ZoomWanted(wanted, event->position().toPoint());
 }

@@ -1,12 +1,11 @@
 #pragma once
 
+#include "windows/sheet_ground.h"
+
 #include <QAbstractScrollArea>
 #include <QList>
 #include <QPixmap>
 #include <array>
-
-/// What stands behind the see-through pixels of a sheet.
-enum class SheetGround { Checker, Black, White };
 
 /// `picScroll`: the sheet on show, one of its pixels to one of the screen at zoom 1, with the marks laid over it.
 class SheetView : public QAbstractScrollArea
@@ -20,7 +19,9 @@ public:
     void ShowPicture();
     /// The picture was painted anew outside; the view stays where it is.
     void PictureChanged();
-    void SetZoom(int times); ///< 1, 2 or 4; what lies in the middle stays there
+    /// 1, 2 or 4. What lies at `held`, a place of the viewport, stays there; without one the first tile if it is
+    /// marked, else what lies in the middle.
+    void SetZoom(int times, std::optional<QPoint> held = std::nullopt);
     int Zoom() const { return zoom; }
     void SetGrid(bool on);
     void SetGround(SheetGround kind);
@@ -34,8 +35,9 @@ public:
     /// The tile that the preview shows; nothing: no square.
     void SetCurrentTile(std::optional<QPoint> tile);
     void Uncover(QPoint tile); ///< scrolls until the tile is in view
+    void Centre(QPoint tile);  ///< as Uncover, but a tile out of view comes into the middle
 
-    /// Tile under a place of the viewport; nothing outside the picture.
+    /// Tile under a place of the viewport; nothing outside the whole tiles of the picture.
     std::optional<QPoint> TileAt(QPoint place) const;
     QSize sizeHint() const override;
 
@@ -43,7 +45,8 @@ signals:
     void TilePressed(QPoint tile, Qt::MouseButton button);
     /// Pixel of the picture under the mouse; (-1, -1) when it has left.
     void PixelHovered(QPoint pixel);
-    void ZoomWanted(int times);
+    /// By the wheel at `place` of the viewport.
+    void ZoomWanted(int times, QPoint place);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -59,6 +62,8 @@ private:
     enum Mark { StartMark, EndMark, InStartMark, MarkCount };
 
     void FitScrollBars();
+    void ScrollTo(QPoint pixel, QPoint place); ///< brings a pixel of the picture to a place of the viewport
+    void TellPixel();
     void UpdateTile(std::optional<QPoint> tile);
     QPoint Origin() const;                   ///< where the picture's corner lies in the viewport
     QRect PlaceOf(const QPoint& tile) const; ///< of a tile in the viewport
@@ -66,7 +71,7 @@ private:
     std::array<std::optional<QPoint>, MarkCount> MarkTiles() const;
     void DrawGround(QPainter& painter, const QRect& area) const;
     void DrawGrid(QPainter& painter, const QRect& area) const;
-    void DrawTilesInUse(QPainter& painter) const;
+    void DrawTilesInUse(QPainter& painter, const QRect& area) const;
     void DrawMarks(QPainter& painter) const;
 
     QPixmap picture;
@@ -76,4 +81,6 @@ private:
     QList<QPoint> inUse;
     std::array<std::optional<QPoint>, MarkCount> shownMarks;
     std::optional<QPoint> current;
+    QPoint mouse{-1, -1}; ///< in the viewport, outside if it has left
+    int wheelTurn = 0;    ///< what is left over of less than a step
 };

@@ -1,3 +1,5 @@
+#include "decoder/bmp_files.h"
+#include "decoder/bmp_header.h"
 #include "decoder/fuzz_decoder.h"
 #include "decoder/header_peek.h"
 #include "decoder/pcx_files.h"
@@ -40,6 +42,13 @@ QList<QByteArray> PcxFiles()
             BuildPcx({.Width = 30, .Height = 9, .Encoding = 0}, 4)};
 }
 
+QList<QByteArray> BmpFiles()
+{
+    return {BuildBmp({.Header = 108, .Bits = 8, .Colours = 9}, 1).File,
+            BuildBmp({.Bits = 32, .Masks = {0xff0000, 0xff00, 0xff, 0xff000000}}, 2).File,
+            BuildBmp({.Bits = 16, .Masks = {0xf00, 0xf0, 0xf, 0}}, 3).File};
+}
+
 } // namespace
 
 // Catches: reads outside the bytes, endless walks, messages that promise what is not to be believed, PCX files that
@@ -47,8 +56,8 @@ QList<QByteArray> PcxFiles()
 TEST(FuzzDecoder, MutatedMessagesAndFiles)
 {
     QRandomGenerator random(20240612);
-    int messages = 0, files = 0;
-    QList<QByteArray> inputs = GoodMessages() + PcxFiles();
+    int messages = 0, files = 0, bitmaps = 0;
+    QList<QByteArray> inputs = GoodMessages() + PcxFiles() + BmpFiles();
     for (const SampleImage& sample : SampleOfEveryKind())
         if (sample.File.size() < 100'000)
             inputs << sample.File;
@@ -61,9 +70,11 @@ TEST(FuzzDecoder, MutatedMessagesAndFiles)
             const decoder::Bytes view = std::as_bytes(std::span(bytes.constData(), size_t(bytes.size())));
             messages += decoder::UnpackAnswer(view) || decoder::UnpackRequest(view) ? 1 : 0;
             files += decoder::WalkPcx(view).Readable ? 1 : 0;
+            bitmaps += decoder::NeedsPlainBmp(view) ? 1 : 0;
         }
     }
     EXPECT_GT(messages, 20) << "the inputs no longer get through";
+    EXPECT_GT(bitmaps, 100) << "the inputs no longer get through";
     EXPECT_GT(files, 200) << "the inputs no longer get through";
 }
 

@@ -1,9 +1,11 @@
 #include "decoder/fuzz_decoder.h"
 
+#include "decoder/bmp_header.h"
 #include "decoder/header_peek.h"
 #include "decoder/pcx_walk.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
@@ -43,6 +45,21 @@ QString FuzzPcx(Bytes bytes)
     return {};
 }
 
+/// Plain once, plain for good, with the pixels inside and no more bytes than promised.
+QString FuzzBmp(Bytes bytes)
+{
+    if (!NeedsPlainBmp(bytes))
+        return {};
+    const std::vector<std::byte> plain = PlainBmp(bytes);
+    if (NeedsPlainBmp(plain))
+        return QStringLiteral("a plain bitmap is not plain");
+    if (plain.size() > bytes.size() * 2)
+        return QStringLiteral("a plain bitmap has grown");
+    quint32 offset = 0;
+    std::memcpy(&offset, plain.data() + 10, sizeof(offset));
+    return offset <= plain.size() ? QString() : QStringLiteral("a plain bitmap has its pixels outside");
+}
+
 } // namespace
 
 QString FuzzDecoder(const QByteArray& bytes)
@@ -53,6 +70,8 @@ QString FuzzDecoder(const QByteArray& bytes)
     for (quint32 kind = 0; kind < Kinds; ++kind)
         if (const auto extent = PeekExtent(kind, exact); extent && !PeeksAt(kind))
             return QStringLiteral("a size of a kind that is not looked at");
-    const QString fault = FuzzMessages(exact);
-    return fault.isEmpty() ? FuzzPcx(exact) : fault;
+    for (const auto fuzz : {FuzzMessages, FuzzPcx, FuzzBmp})
+        if (const QString fault = fuzz(exact); !fault.isEmpty())
+            return fault;
+    return {};
 }

@@ -89,6 +89,8 @@ QByteArray BuildPcx(const PcxPlan& plan, quint32 seed)
     put(8, 3 + plan.Width - 1), put(10, 5 + plan.Height - 1);
     for (int at = 16; at < 64; ++at)
         file[at] = char(random.bounded(256));
+    if (plan.LikeColours)
+        file.replace(16, 6, QByteArray(6, '\x55'));
     file[65] = char(plan.Planes);
     put(66, (plan.Width * plan.Bits + 7) / 8 + plan.Slack);
     file += Encoded(Lines(plan, random), plan, random);
@@ -113,7 +115,7 @@ QImage ReadPcx(const QByteArray& file)
         for (int grey = 0; grey < 256; ++grey)
             palette += QByteArray(3, char(grey));
     }
-    if (bits == 1 && planes == 1)
+    if (bits == 1 && planes == 1 && Colour(palette, 0) == Colour(palette, 1))
         palette = QByteArray(3, '\0') + QByteArray(3, '\xff');
     const QByteArray data = file.sliced(HeaderSize).chopped(far ? PaletteSize : 0);
     const QByteArray lines = Expanded(data, file[2] == 1, line * image.height());

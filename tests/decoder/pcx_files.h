@@ -13,8 +13,9 @@ struct PcxPlan
     int Version = 5, Encoding = 1;
     bool RunsCrossLines = false;
     bool EmptyRuns = false;
-    bool Palette = true;     ///< of 256 colours, behind the data
-    QByteArray Between = {}; ///< before that palette
+    bool LikeColours = false; ///< the first two of the header
+    bool Palette = true;      ///< of 256 colours, behind the data
+    QByteArray Between = {};  ///< before that palette
 };
 
 /// The file with pixels at random, in runs of different lengths.

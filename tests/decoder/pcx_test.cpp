@@ -11,6 +11,7 @@ constexpr int PcxKind = 10;
 
 const PcxPlan Plans[] = {
     {.Form = "one bit", .Width = 37, .Height = 9, .Bits = 1},
+    {.Form = "one bit, black and white", .Width = 37, .Height = 9, .Bits = 1, .LikeColours = true},
     {.Form = "four planes", .Width = 43, .Height = 20, .Bits = 1, .Planes = 4, .Slack = 1},
     {.Form = "256 colours", .Width = 64, .Height = 96},
     {.Form = "odd width", .Width = 61, .Height = 40, .Slack = 1},

@@ -7,12 +7,15 @@
 #include "graphics/sheet.h"
 #include "windows/sheet_view.h"
 
+#include <QAction>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QWheelEvent>
 
 namespace {
 
@@ -46,8 +49,9 @@ protected:
 
     void WriteSheet(QSize size, Qt::GlobalColor colour = Qt::blue) const
     {
-        QImage image(size, QImage::Format_RGB32);
+        QImage image(size, QImage::Format_ARGB32);
         image.fill(colour);
+        image.setPixelColor(size.width() - 1, size.height() - 1, Qt::red); // with none opaque all would count so
         ASSERT_TRUE(image.save(Run.Work.Path() + QStringLiteral("/a.png")));
     }
 
@@ -97,8 +101,13 @@ TEST_F(SheetWindow, ClicksMarkTheAnimation)
         EXPECT_EQ(Text(window, "txtXpos"), QStringLiteral("3"));
         EXPECT_EQ(Text(window, "txtFrames"), QStringLiteral("7"));
         EXPECT_TRUE(Part<QPushButton>(window, "cmdQuit2").isEnabled());
-        QTest::keyClick(&window, Qt::Key_D, Qt::ControlModifier);
-        EXPECT_FALSE(window.isVisible());
+        auto& name = Part<QLineEdit>(window, "txtName");
+        name.setFocus();
+        name.setText(QStringLiteral("whole"));
+        name.home(false);
+        QTest::keyClick(&name, Qt::Key_D, Qt::ControlModifier);
+        EXPECT_FALSE(window.isVisible()) << "wherever the focus is";
+        EXPECT_EQ(name.text(), QStringLiteral("whole"));
     });
     EXPECT_EQ(Conf.Element.ImageFile, QStringLiteral("a.png"));
 }
@@ -204,21 +213,77 @@ TEST_F(SheetWindow, MakesANewElement)
     EXPECT_TRUE(Conf.Element.ImageFile.isEmpty());
 }
 
-// Catches: scrolling that begins a pixel early or late, a tile that is lost when zoomed or scrolled.
-TEST_F(SheetWindow, ScrollsAndZooms)
+// Catches: scrolling that begins a pixel early or late.
+TEST_F(SheetWindow, ScrollsFromOnePixelTooMany)
 {
-    WriteSheet({771 + 64, 521});
-    HoldBlock(0, 0, 1);
-    Conf.FieldFound.fill(1);
-    Open([](QWidget&, SheetView& view) {
-        const int width = view.viewport()->width();
-        EXPECT_EQ(view.horizontalScrollBar()->maximum(), qMax(0, 771 + 64 - width));
+    for (const int more : {0, 1}) {
+        WriteSheet({770 + more, 521 + more});
+        HoldBlock(0, 0, 1);
+        Open([more](QWidget& window, SheetView& view) {
+            window.resize(window.sizeHint()); // the screen of the tests may be smaller
+            EXPECT_EQ(view.viewport()->size(), QSize(770, 521));
+            EXPECT_EQ(view.horizontalScrollBar()->maximum(), more);
+            EXPECT_EQ(view.verticalScrollBar()->maximum(), more);
+        });
+    }
+}
+
+// Catches: a tile that is lost when zoomed or scrolled, a first tile that is out of view, a press on less than a tile
+// that marks one the sheet has not.
+TEST_F(SheetWindow, ZoomsAndScrolls)
+{
+    WriteSheet({771 + 64, 1021});
+    HoldBlock(24, 30, 1);
+    Open([](QWidget& window, SheetView& view) {
+        const QRect seen = view.viewport()->rect();
+        const auto& bars = std::pair(view.horizontalScrollBar(), view.verticalScrollBar());
+        const auto place = [&](QPoint pixel) {
+            return pixel * view.Zoom() - QPoint(bars.first->value(), bars.second->value());
+        };
+        const QPoint first = QPoint(24, 30) * TileSize;
+        EXPECT_TRUE(seen.contains(place(first + QPoint(31, 31)))) << "at opening";
         view.SetZoom(4);
-        EXPECT_EQ(view.horizontalScrollBar()->maximum(), (771 + 64) * 4 - width);
+        EXPECT_TRUE(seen.contains(place(first)) && seen.contains(place(first + QPoint(31, 31))));
+        EXPECT_EQ(bars.first->maximum(), (771 + 64) * 4 - seen.width());
+        view.SetZoom(2);
+        QTest::mouseMove(view.viewport(), {100, 120});
+        auto* const told = window.findChild<QLabel*>(QStringLiteral("place"));
+        const QString before = told->text();
+        QWheelEvent wheel({100, 120}, view.viewport()->mapToGlobal(QPointF(100, 120)), {}, {0, 120}, {},
+                          Qt::ControlModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(view.viewport(), &wheel);
+        EXPECT_EQ(view.Zoom(), 4);
+        EXPECT_EQ(told->text(), before) << "the pixel under the mouse stays there";
+        bars.second->setValue(bars.second->value() - TileSize);
+        EXPECT_NE(told->text(), before) << "the sheet moved under the mouse";
+
+        bars.first->setValue(bars.first->maximum());
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, seen.topRight() - QPoint(3, -9));
+        EXPECT_EQ(Sheet.Start, QPoint(24, 30)) << "the last column is cut";
         view.horizontalScrollBar()->setValue(TileSize * 4 * 3 + 5);
         view.verticalScrollBar()->setValue(TileSize * 4 + 1);
         Click(view, {4, 2}, Qt::LeftButton);
         EXPECT_EQ(Sheet.Start, QPoint(4, 2));
+    });
+}
+
+// Catches: see-through pixels of the preview on the window's grey.
+TEST_F(SheetWindow, PreviewStandsOnTheChosenGround)
+{
+    WriteSheet(SmallSheet, Qt::transparent);
+    HoldBlock(0, 0, 1);
+    Open([](QWidget& window, SheetView&) {
+        const auto& shown = Part<QLabel>(window, "picPreview");
+        ASSERT_TRUE(QTest::qWaitFor([&shown] { return !shown.pixmap().isNull(); })) << "the first tick";
+        const std::pair<const char*, QColor> grounds[] = {
+            {"White", Qt::white}, {"Black", Qt::black}, {"Checker", QColor(0x99, 0x99, 0x99)}};
+        for (const auto& [name, colour] : grounds)
+            for (QAction* action : window.findChildren<QAction*>()) {
+                if (action->text() != QLatin1String(name))
+                    continue;
+                action->trigger();
+                EXPECT_EQ(shown.pixmap().toImage().pixelColor(1, 1), colour) << name;
+            }
     });
 }
 

@@ -1,5 +1,6 @@
 #include "decoder/program/load_image.h"
 
+#include "decoder/bmp_header.h"
 #include "decoder/header_peek.h"
 #include "decoder/pcx_walk.h"
 
@@ -10,7 +11,7 @@ namespace decoder {
 
 namespace {
 
-constexpr std::uint32_t PcxKind = FIF_PCX;
+constexpr std::uint32_t BmpKind = FIF_BMP, PcxKind = FIF_PCX;
 
 class Memory
 {
@@ -56,6 +57,17 @@ void AddFacts(Answer& answer, const PcxFacts& pcx)
         return;
     answer.Width = pcx.Width;
     answer.EndsEarly = pcx.EndsEarly;
+}
+
+void TakeColours(FIBITMAP* image, const PcxFacts& pcx)
+{
+    RGBQUAD* const palette = FreeImage_GetPalette(image);
+    for (std::size_t i = 0; pcx.TwoColours && palette && i < pcx.TwoColours->size(); ++i) {
+        const std::uint32_t colour = (*pcx.TwoColours)[i];
+        palette[i].rgbRed = BYTE(colour >> 16);
+        palette[i].rgbGreen = BYTE(colour >> 8);
+        palette[i].rgbBlue = BYTE(colour);
+    }
 }
 
 bool Fits(FIBITMAP* image)
@@ -163,6 +175,8 @@ Decoded Decode(const Request& request, Bytes told, const SizeKnown& known)
             return Refused(request, Outcome::NotRead);
         if (pcx.MisreadByLibrary)
             file = straight = StraightPcx(file);
+    } else if (request.Kind == BmpKind && NeedsPlainBmp(file)) {
+        file = straight = PlainBmp(file);
     }
     const Memory memory(file);
     if (auto decided = FromHeader(request, file, memory, known)) {
@@ -176,6 +190,7 @@ Decoded Decode(const Request& request, Bytes told, const SizeKnown& known)
         return Refused(request, Outcome::TooLarge);
     Answer answer = Facts(request, image.get());
     AddFacts(answer, pcx);
+    TakeColours(image.get(), pcx);
     if (request.What == Task::Header)
         return {.What = answer, .Image = {}};
     if (image = ToStandard(std::move(image)); image)
