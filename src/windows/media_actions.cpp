@@ -136,7 +136,7 @@ void PopUpMediaMenu(MediaView& view, const QPoint& onScreen)
     menu->setAttribute(Qt::WA_DeleteOnClose);
     const QString path = view.Path();
     const auto add = [&](const char* caption, auto&& run) {
-        QAction* entry = menu->addAction(QString::fromLatin1(caption), menu, run, Qt::QueuedConnection);
+        QAction* entry = menu->addAction(QString::fromLatin1(caption), &view, run, Qt::QueuedConnection);
         entry->setEnabled(!path.isEmpty());
         return entry;
     };
@@ -144,7 +144,10 @@ void PopUpMediaMenu(MediaView& view, const QPoint& onScreen)
     if (HasMediaTool(mode))
         menu->setDefaultAction(add(mode == ModeSfx || mode == ModeMus ? "Play" : "Preview",
                                    [source = view.Source()] { OpenMediaEntry(source); }));
-    add("Insert Name", [name = view.Selected()] { InsertFileName(name); });
+    add("Insert Name", [name = view.Selected()] {
+        InsertFileName(name);
+        Host().FocusPane();
+    });
     menu->addSeparator();
     add("Open With Another Program", [path] { OpenOutside(path); });
     add("Show in Folder", [path] { ShowInFolder(path); });

@@ -12,6 +12,7 @@
 #include "windows/media_view.h"
 
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QDir>
 #include <QLineEdit>
 #include <QMenu>
@@ -104,7 +105,7 @@ protected:
             names << List(source).model()->index(row, 0).data().toString();
         return names;
     }
-    bool TextHasTheKeyboard() const { return WidgetOf(CurrentPane())->hasFocus(); }
+    bool TextHasTheKeyboard() const { return Window->focusWidget() == WidgetOf(CurrentPane()); }
     int Silenced() const { return static_cast<ListeningWindow&>(*Window).Silenced; }
 };
 
@@ -248,6 +249,21 @@ TEST_F(MediaWindow, KeysReachOpenNarrowAndLeave)
     List().OpenFilter(QStringLiteral("nothing"));
     ASSERT_TRUE(OpenDocument(Run.Work.Write(QStringLiteral("sub/graphicsinfo.conf"), "x\n"), true));
     EXPECT_TRUE(List().Filter()->text().isEmpty());
+}
+
+// Catches: entries of the menu that do nothing since the menu has gone by then, an entry for nothing under the mouse.
+TEST_F(MediaWindow, TheMenuWorksOnTheEntryUnderIt)
+{
+    Click(2, {}, Qt::RightButton);
+    QContextMenuEvent press(QContextMenuEvent::Mouse, PlaceOf(2).center(), QCursor::pos());
+    QCoreApplication::sendEvent(List().viewport(), &press);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->defaultAction()->text(), QStringLiteral("Preview"));
+    menu->setActiveAction(menu->actions().at(1));
+    QTest::keyClick(menu, Qt::Key_Return);
+    EXPECT_TRUE(WaitUntil([] { return FirstLine() == QLatin1String("c.pngone two"); }));
+    EXPECT_TRUE(TextHasTheKeyboard());
 }
 
 // Catches: a tree that cannot show where the game keeps its files, a list that does not follow it, a path that is
