@@ -118,11 +118,16 @@ void ShowLevel(const QString& path)
 
 void ShowInFolder(const QString& path)
 {
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        OpenOutside(paths::FolderOfPath(path));
+        return;
+    }
     QDBusMessage call = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("/org/freedesktop/FileManager1"),
         QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
     call << QStringList(QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)) << QString();
-    auto* answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call));
+    auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(call));
     QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [path](QDBusPendingCallWatcher* done) {
         if (QDBusPendingReply<>(*done).isError())
             OpenOutside(paths::FolderOfPath(path));

@@ -7,18 +7,35 @@
 #include "windows/dropped_files.h"
 #include "windows/extra_page.h"
 #include "windows/folder_tree.h"
+#include "windows/media_actions.h"
 #include "windows/media_tabs.h"
 #include "windows/media_tip.h"
 #include "windows/media_view.h"
 
 #include <QComboBox>
 #include <QContextMenuEvent>
+#include <QDesktopServices>
 #include <QDir>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 
 namespace {
+
+/// Stands in for the desktop's programs.
+class Desktop : public QObject
+{
+    Q_OBJECT
+
+public:
+    Desktop() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "Open"); }
+    ~Desktop() override { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
+
+    QStringList Opened;
+
+public slots:
+    void Open(const QUrl& url) { Opened << url.toLocalFile(); }
+};
 
 /// The real window; counts the silences.
 class ListeningWindow : public frmmain
@@ -251,7 +268,8 @@ TEST_F(MediaWindow, KeysReachOpenNarrowAndLeave)
     EXPECT_TRUE(List().Filter()->text().isEmpty());
 }
 
-// Catches: entries of the menu that do nothing since the menu has gone by then, an entry for nothing under the mouse.
+// Catches: entries of the menu that do nothing since the menu has gone by then, a folder that shows only where file
+// managers listen.
 TEST_F(MediaWindow, TheMenuWorksOnTheEntryUnderIt)
 {
     Click(2, {}, Qt::RightButton);
@@ -264,6 +282,10 @@ TEST_F(MediaWindow, TheMenuWorksOnTheEntryUnderIt)
     QTest::keyClick(menu, Qt::Key_Return);
     EXPECT_TRUE(WaitUntil([] { return FirstLine() == QLatin1String("c.pngone two"); }));
     EXPECT_TRUE(TextHasTheKeyboard());
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere");
+    const Desktop desktop;
+    ShowInFolder(List().Path());
+    EXPECT_EQ(desktop.Opened, QStringList{Run.Work.Path()});
 }
 
 // Catches: a tree that cannot show where the game keeps its files, a list that does not follow it, a path that is
@@ -349,3 +371,5 @@ TEST_F(MediaWindow, ListsLookAsTheSettingsSay)
     EXPECT_EQ(WaveSeconds(head + QByteArray("LIST\xff\xff\xff\xff", 8)), 0);
     EXPECT_EQ(WaveSeconds(head.first(22)), 0);
 }
+
+#include "media_window_test.moc"
