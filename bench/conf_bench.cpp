@@ -3,9 +3,12 @@
 
 #include "batch/batch_host.h"
 #include "conf/block_outline.h"
+#include "conf/check.h"
+#include "conf/comments.h"
 #include "conf/inject.h"
 #include "conf/line_pass.h"
 #include "conf/tidy_up.h"
+#include "editor/make_pane.h"
 
 #include <QApplication>
 
@@ -21,6 +24,55 @@ void TidyAll(benchmark::State& state)
     state.SetBytesProcessed(int64_t(state.iterations()) * text.size());
 }
 BENCHMARK(TidyAll)->Arg(15'000)->Arg(1'500'000)->Unit(benchmark::kMillisecond);
+
+/// Every line looked at; none is bad.
+void CheckAll(benchmark::State& state)
+{
+    const QByteArray text = RaggedConf(int(state.range(0)));
+    const CheckContext context{true, {QStringLiteral("png")}, {QStringLiteral("rockscustom.png")}};
+    for (auto _ : state)
+        if (FirstBadLine(text, context))
+            state.SkipWithError("a line is bad");
+    state.SetBytesProcessed(int64_t(state.iterations()) * text.size());
+}
+BENCHMARK(CheckAll)->Arg(15'000)->Arg(1'500'000)->Unit(benchmark::kMillisecond);
+
+void CommentAndUncommentAll(benchmark::State& state)
+{
+    const QByteArray text = RaggedConf(int(state.range(0)));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(UncommentLines(CommentLines(text)));
+    state.SetBytesProcessed(int64_t(state.iterations()) * text.size());
+}
+BENCHMARK(CommentAndUncommentAll)->Arg(1'500'000)->Unit(benchmark::kMillisecond);
+
+/// A pass over a whole document, with its undo: 0 comments, 1 uncomments, 2 tidies.
+void PassInPaneAndUndo(benchmark::State& state)
+{
+    const LinePass passes[] = {CommentLines, UncommentLines, [](QByteArrayView lines, const PassProgress& progress) {
+                                   return TidyLines(lines, {.SpacerWidth = 43}, progress);
+                               }};
+    BatchHost host;
+    const auto pane = MakePane();
+    pane->LoadBytes(RaggedConf(1'500'000));
+    for (auto _ : state) {
+        pane->ExecuteCmd(CmdSelectAll);
+        RunPassOnSelection(*pane, passes[state.range(0)]);
+        pane->ExecuteCmd(CmdUndo);
+    }
+}
+BENCHMARK(PassInPaneAndUndo)->Arg(0)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
+
+/// A text that does not occur, from the top to the end.
+void FindInPane(benchmark::State& state)
+{
+    const auto pane = MakePane();
+    pane->LoadBytes(RaggedConf(int(state.range(0))));
+    for (auto _ : state)
+        if (pane->FindPlain(QStringLiteral("yamyam"), true))
+            state.SkipWithError("found");
+}
+BENCHMARK(FindInPane)->Arg(1'500'000)->Unit(benchmark::kMillisecond);
 
 /// Every block found and read, from bytes to records. The default conf of the game has 2,737.
 void ReadAllBlocks(benchmark::State& state)

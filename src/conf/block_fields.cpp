@@ -213,6 +213,8 @@ void UpdateElementBlock()
 {
     EditorPane& pane = CurrentPane();
     const UndoGroup group(pane);
+    if (!Conf.UnknownMode.isEmpty())
+        Conf.Element.AnimMode = std::exchange(Conf.UnknownMode, QString());
     for (const LineChange& change : UpdatedLines(LinesOf(pane), Conf.MainLine, Conf.Element, CurrentValueColumn())) {
         pane.SelectLine(change.Line, true);
         pane.ReplaceSel(change.Text);

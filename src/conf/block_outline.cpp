@@ -145,15 +145,20 @@ std::optional<BlockLines> BlockAround(const LineReader& lines, int line)
     return last >= line ? std::optional(BlockLines{*main, last}) : std::nullopt;
 }
 
-QString BlockSummary(const LineReader& lines, int line, int column)
+std::optional<HoveredBlock> BlockUnder(const LineReader& lines, int line, int column)
 {
     const QString hovered = lines(line).value_or(QString());
     if (column >= hovered.indexOf(QLatin1Char(':')))
-        return {};
+        return std::nullopt;
     const std::optional<int> main = MainLineOf(lines, line, !IsInGroup(KeyLineKey(hovered)));
     if (!main)
-        return {};
+        return std::nullopt;
     const QString text = *lines(*main);
-    const BlockReading read = ReadBlock(lines, *main, {}, ValueOf(text));
-    return MainKey(text) + QStringLiteral(": ") + ValueOf(text) + ToldFields(read);
+    return HoveredBlock{MainKey(text), ValueOf(text), ReadBlock(lines, *main, {}, ValueOf(text))};
+}
+
+QString BlockSummary(const LineReader& lines, int line, int column)
+{
+    const std::optional<HoveredBlock> block = BlockUnder(lines, line, column);
+    return block ? block->Key + QStringLiteral(": ") + block->Image + ToldFields(block->Read) : QString();
 }

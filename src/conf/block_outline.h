@@ -26,6 +26,13 @@ struct BlockLines
 /// another one. At most 200 lines are looked at downward.
 std::optional<BlockLines> BlockAround(const LineReader& lines, int line);
 
-/// What the block says that the key under (line, column) belongs to, in one line; empty where there is none. A key of
-/// a sub group tells of the group.
+/// The block that the key under (line, column) belongs to; a key of a sub group belongs to the group.
+struct HoveredBlock
+{
+    QString Key, Image;
+    BlockReading Read;
+};
+std::optional<HoveredBlock> BlockUnder(const LineReader& lines, int line, int column);
+
+/// What the block says that the key under (line, column) belongs to, in one line; empty where there is none.
 QString BlockSummary(const LineReader& lines, int line, int column);

@@ -32,6 +32,7 @@ struct ElementState
     int MainLine = 0, CaretLine = 0;
     int MediaSource = 1; ///< list that holds MediaFile: 1 Base, 2 Extra, 3 RnD
     QString MediaFile;
+    QString UnknownMode; ///< the block's anim_mode that "loop" stands in for until the user picks one; else empty
     bool QuickPreview = false, CrumbledBlock = false;
     QList<bool> CommandPresent; ///< one flag an entry of GraphicComs
 };

@@ -119,8 +119,9 @@ public:
 
     void Look(QByteArrayView line, int number, int earlier)
     {
-        for (const QString& message : CheckLine(line, context.Check))
-            Add(number, HintLevel::Error, message);
+        if (!context.BareLines || line.contains(':'))
+            for (const QString& message : CheckLine(line, context.Check))
+                Add(number, HintLevel::Error, message);
         if (line.size() > LongestGameLine)
             Add(number, HintLevel::Faint, QStringLiteral("The game reads no more than 1,023 bytes of a line."));
         const qsizetype colon = line.indexOf(':');

@@ -59,6 +59,16 @@ bool PaletteStandsAtTheEnd(Bytes file)
     return file.size() >= HeaderSize + PaletteSize && file[file.size() - PaletteSize] == PaletteMark;
 }
 
+/// Where the palette begins: at the end, or else in front of bytes that do not belong to the image, at the first mark
+/// behind the pixels, where the game looks for it; the file's size if there is none.
+std::size_t PaletteAt(Bytes file, std::size_t pixelsEnd)
+{
+    if (PaletteStandsAtTheEnd(file))
+        return file.size() - PaletteSize;
+    const auto mark = std::find(file.begin() + std::ptrdiff_t(pixelsEnd), file.end(), PaletteMark);
+    return std::size_t(file.end() - mark) < PaletteSize ? file.size() : std::size_t(mark - file.begin());
+}
+
 Bytes DataOf(Bytes file, const Layout& layout)
 {
     const bool behind = layout.HasPalette() && PaletteStandsAtTheEnd(file);
@@ -107,10 +117,11 @@ void AddColumn(std::vector<std::byte>& header)
     header[at + 1] = std::byte(moved >> 8);
 }
 
-void AppendPalette(std::vector<std::byte>& to, Bytes file)
+void AppendPalette(std::vector<std::byte>& to, Bytes file, std::size_t pixelsEnd)
 {
-    if (PaletteStandsAtTheEnd(file)) {
-        to.insert(to.end(), file.end() - PaletteSize, file.end());
+    if (const std::size_t at = PaletteAt(file, pixelsEnd); at < file.size()) {
+        const Bytes palette = file.subspan(at, PaletteSize);
+        to.insert(to.end(), palette.begin(), palette.end());
         return;
     }
     to.push_back(PaletteMark);
@@ -138,7 +149,9 @@ PcxFacts WalkPcx(Bytes file)
     });
     const bool cut = progress.Lines < layout.Wanted();
     facts.EndsEarly = cut || PaletteIsCut(file, layout, progress);
-    facts.MisreadByLibrary = cut || crossed || layout.Encoding == 0 || layout.IsOddInPlanes();
+    const std::size_t palette = layout.HasPalette() ? PaletteAt(file, HeaderSize + progress.Read) : file.size();
+    const bool trailer = palette < file.size() - std::min(file.size(), PaletteSize);
+    facts.MisreadByLibrary = cut || crossed || trailer || layout.Encoding == 0 || layout.IsOddInPlanes();
     return facts;
 }
 
@@ -163,7 +176,7 @@ std::vector<std::byte> StraightPcx(Bytes file)
     const Progress progress = WalkRuns(DataOf(file, layout), layout, append);
     append(layout.Wanted() - progress.Lines, std::byte{});
     if (layout.HasPalette())
-        AppendPalette(straight, file);
+        AppendPalette(straight, file, HeaderSize + progress.Read);
     return straight;
 }
 

@@ -46,15 +46,15 @@ bool CodeListBox::IsOpen() const
     return view && view->isVisible();
 }
 
-bool CodeListBox::Ask()
+bool CodeListBox::Ask(bool typing)
 {
-    items = pane.CodeList ? pane.CodeList(pane) : QStringList();
+    items = pane.CodeList ? pane.CodeList(pane, typing) : QStringList();
     return !items.isEmpty();
 }
 
 void CodeListBox::Open()
 {
-    if (Ask())
+    if (Ask(false))
         Show(std::max<qsizetype>(FirstFor(pane.CurrentWord()), 0));
 }
 
@@ -66,7 +66,7 @@ void CodeListBox::Typed(int character)
     if (text.Piece(text.LineStart(text.LineOf(caret)), caret).contains('#'))
         return; // a comment is prose: Enter would take a word that nobody asked for
     const QString word = pane.CurrentWord();
-    if (word.size() < FewestTyped || !Ask())
+    if (word.size() < FewestTyped || !Ask(true))
         return;
     const qsizetype found = FirstFor(word);
     if (found >= 0)
@@ -138,9 +138,22 @@ void CodeListBox::Select(qsizetype row)
 
 qsizetype CodeListBox::FirstFor(const QString& word) const
 {
-    const auto found = std::find_if(items.begin(), items.end(),
-                                    [&](const QString& item) { return item.startsWith(word, Qt::CaseInsensitive); });
-    return found == items.end() ? -1 : found - items.begin();
+    const auto first = [this](const QString& start) {
+        const auto found = std::find_if(items.begin(), items.end(), [&](const QString& item) {
+            return item.startsWith(start, Qt::CaseInsensitive);
+        });
+        return found == items.end() ? -1 : found - items.begin();
+    };
+    const qsizetype bracketed = BehindBracket(word) ? first(u'[' + word) : -1;
+    return bracketed < 0 ? first(word) : bracketed;
+}
+
+/// Some items begin with a bracket, which is no part of a word.
+bool CodeListBox::BehindBracket(const QString& word) const
+{
+    const qsizetype caret = text.Selection().Caret;
+    const qsizetype start = caret - word.toUtf8().size();
+    return start > text.LineStart(text.LineOf(caret)) && text.Piece(start - 1, start) == "[";
 }
 
 void CodeListBox::Follow()

@@ -25,12 +25,13 @@ public:
     bool TakeAccept(bool always); ///< not `always`: an item that stands in the text already is not taken
 
 private:
-    bool Ask();
+    bool Ask(bool typing);
     void Show(qsizetype selected);
     void Select(qsizetype row);
     void Place();
     void Pick(qsizetype row);
     qsizetype FirstFor(const QString& word) const;
+    bool BehindBracket(const QString& word) const;
     qsizetype Selected() const;
 
     EditorPane& pane;

@@ -1,5 +1,7 @@
 #include "editor/component.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <Qsci/qsciscintilla.h>
 #include <algorithm>
 
@@ -8,7 +10,7 @@ using Sci = QsciScintillaBase;
 namespace {
 
 /// Only these reach the widget's own slots, whose work for the others grows with the text.
-constexpr long ToldChanges = Sci::SC_MOD_BEFOREINSERT | Sci::SC_MOD_BEFOREDELETE;
+constexpr long ToldChanges = Sci::SC_MOD_BEFOREINSERT | Sci::SC_MOD_BEFOREDELETE | Sci::SC_MOD_CONTAINER;
 
 /// A cut between two texts must part neither a character nor a line end.
 bool MayCut(QByteArrayView bytes, qsizetype at)
@@ -41,6 +43,8 @@ qsizetype CommonEnd(QByteArrayView before, QByteArrayView after)
 Component::Component(QWidget* parent) : widget(new QsciScintilla(parent)), alive(widget)
 {
     widget->setUtf8(true);
+    // What other windows select is no reason to draw a selection pale.
+    QObject::disconnect(QGuiApplication::clipboard(), nullptr, widget, nullptr);
     Send(Sci::SCI_SETMODEVENTMASK, ToldChanges);
     Send(Sci::SCI_USEPOPUP, Sci::SC_POPUP_NEVER);
     Send(Sci::SCI_SETLAYOUTCACHE, Sci::SC_CACHE_PAGE);
@@ -158,7 +162,7 @@ void Component::Select(qsizetype anchor, qsizetype caret)
         Send(Sci::SCI_GETMOVEEXTENDSSELECTION))
         Send(Sci::SCI_CLEARSELECTIONS);
     Send(Sci::SCI_SETSELECTION, caret, anchor);
-    caretXStale = true;
+    caretXStale = unclaimed = true;
 }
 
 void Component::SelectColumns(const RawSelection& corners)
@@ -178,9 +182,12 @@ void Component::SelectColumns(const RawSelection& corners)
 void Component::ClaimSelection()
 {
     constexpr qsizetype most = 1 << 20;
+    if (!unclaimed || !widget->isVisible() || !widget->updatesEnabled())
+        return;
+    unclaimed = false;
     const RawSelection shown = Selection();
     const bool claims = shown.End() > shown.Start() && shown.End() - shown.Start() < most && !shown.Columns;
-    if (claims && Send(Sci::SCI_GETSELECTIONS) == 1 && widget->isVisible() && widget->updatesEnabled())
+    if (claims && Send(Sci::SCI_GETSELECTIONS) == 1)
         Send(Sci::SCI_SETCURRENTPOS, shown.Caret);
 }
 

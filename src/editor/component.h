@@ -61,13 +61,13 @@ public:
     QList<Span> SelectedPieces() const;
     void Select(qsizetype anchor, qsizetype caret); ///< does not scroll
     void SelectColumns(const RawSelection& corners);
-    void ShowCaret();  ///< scrolls if needed
-    void KeepCaretX(); ///< before a vertical move: the column it aims at is the caret's
+    void ClaimSelection(); ///< a selection made by a message looks as one made by the user
+    void ShowCaret();      ///< scrolls if needed
+    void KeepCaretX();     ///< before a vertical move: the column it aims at is the caret's
 
 private:
-    void ClaimSelection();
-
     QsciScintilla* widget;
     QPointer<QObject> alive; ///< null when a parent took the widget with it
     bool caretXStale = false;
+    bool unclaimed = false; ///< the selection was made by a message
 };

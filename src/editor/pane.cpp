@@ -22,7 +22,12 @@ void ScintillaPane::ConnectComponent()
 {
     const QsciScintilla* widget = text.Widget();
     connect(widget, &Sci::SCN_MODIFIED, this,
-            [this](int position, int kind, const char*, int length) { BeforeChange(position, kind, length); });
+            [this](int position, int kind, const char*, int length, int, int, int, int, int token) {
+                if (kind & Sci::SC_MOD_CONTAINER)
+                    RecallSelection(token, kind & Sci::SC_PERFORMED_UNDO);
+                else
+                    BeforeChange(position, kind, length);
+            });
     connect(widget, &Sci::SCN_UPDATEUI, this, [this] { SettleSoon(); });
     connect(widget, &Sci::SCN_ZOOM, this, [this] {
         looks.Zoomed();
@@ -71,6 +76,7 @@ void ScintillaPane::Settle()
     looks.FitMargin();
     looks.ShowHighlight();
     marks->AfterEdit();
+    text.ClaimSelection();
     const bool moved = text.Selection() != told.Selection;
     if (told.Edits != edits) {
         told.Edits = edits;

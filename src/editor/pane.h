@@ -7,6 +7,9 @@
 #include "editor/margin_marks.h"
 #include "editor/search.h"
 
+#include <optional>
+#include <vector>
+
 class QDropEvent;
 class QHelpEvent;
 class QKeyEvent;
@@ -141,7 +144,7 @@ private:
     void BeforePaint(const QRegion& region);
     bool ContextMenu(QEvent* event);
     bool MousePress(QMouseEvent& event);
-    void PutCaretAt(QPoint place);
+    void PutCaretAt(QPoint place, bool always);
     void ClearComponentKeys();
     bool ClaimKey(QKeyEvent& event);
     bool KeyPressed(QKeyEvent& event);
@@ -158,6 +161,8 @@ private:
     void SelectColumns(const Range& range);
     void SetWholeText(QByteArrayView bytes);
     void ForgetHistory();
+    void RecallSelection(int group, bool undone);
+    void ShowRecalled();
     qsizetype Caret() const { return text.Selection().Caret; }
     qsizetype Anchor() const { return text.Selection().Anchor; }
     void MoveCaret(qsizetype to, bool extend);
@@ -199,6 +204,7 @@ private:
     bool ClearSelection(const QVariant&);
     bool DeleteWordLeft(const QVariant&);
     bool DeleteWordRight(const QVariant&);
+    bool OpenMenu(const QVariant&);
     bool OpenCodeList(const QVariant&);
     qsizetype NextWord(qsizetype from) const;
     qsizetype PreviousWord(qsizetype from) const;
@@ -218,6 +224,16 @@ private:
     FileEncoding encoding = FileEncoding::Utf8;
     LineBreak lineEnd = LineBreak::CrLf;
     bool blank = true; ///< LineCount is 0
+
+    /// Where the selection stood around an undo group, since the component only knows where its last edit was.
+    struct GroupSelection
+    {
+        RawSelection Before, After;
+    };
+    std::vector<GroupSelection> groupSelections; ///< by the number that the component's history holds
+    RawSelection groupStart;
+    quint64 groupEdits = 0;
+    std::optional<RawSelection> recalled; ///< by the step just undone or redone
 
     int groups = 0; ///< undo groups open
     int undoLimit = -1;

@@ -2,7 +2,6 @@
 
 #include <QContextMenuEvent>
 #include <QDropEvent>
-#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QMimeData>
 #include <QPaintEvent>
@@ -120,36 +119,27 @@ bool ScintillaPane::MousePress(QMouseEvent& event)
     const Qt::MouseButton button = event.button();
     const Qt::KeyboardModifiers keys = event.modifiers();
     const bool alt = keys & Qt::AltModifier;
-    if (button == Qt::RightButton || (button == Qt::MiddleButton && alt)) {
-        PutCaretAt(event.position().toPoint());
+    const bool shortcut = alt && !(keys & Qt::ShiftModifier);
+    if (button == Qt::RightButton || shortcut) { // the component would go on selecting up to the release
+        PutCaretAt(event.position().toPoint(), shortcut);
         event.accept();
         emit MousePressed(button, keys);
         return true;
     }
     SettleSoon();
     // The component moves the caret first: who listens works on what stands there.
-    const QPointF place = event.position(), onScreen = event.globalPosition();
     QMetaObject::invokeMethod(
-        this,
-        [=, this] {
-            emit MousePressed(button, keys);
-            // A window that opened over a held button has taken the release that would have ended the selecting.
-            if (alt && text.Widget() && !(QGuiApplication::mouseButtons() & button)) {
-                QMouseEvent release(QEvent::MouseButtonRelease, place, onScreen, button, Qt::NoButton, keys);
-                QCoreApplication::sendEvent(text.Widget()->viewport(), &release);
-            }
-        },
-        Qt::QueuedConnection);
+        this, [=, this] { emit MousePressed(button, keys); }, Qt::QueuedConnection);
     return false;
 }
 
-/// Into the clicked place, unless that is selected.
-void ScintillaPane::PutCaretAt(QPoint place)
+/// Into the clicked place; not `always`: unless that is selected.
+void ScintillaPane::PutCaretAt(QPoint place, bool always)
 {
     const Work work(*this);
     const qsizetype position = text.Send(Sci::SCI_POSITIONFROMPOINT, place.x(), long(place.y()));
     const RawSelection selected = text.Selection();
-    if (position < selected.Start() || position > selected.End() || selected.Start() == selected.End())
+    if (always || position < selected.Start() || position > selected.End() || selected.Start() == selected.End())
         text.Select(position, position);
 }
 

@@ -63,6 +63,7 @@ void ScintillaPane::SetWholeText(QByteArrayView bytes)
     text.Send(Sci::SCI_ADDTEXT, bytes.size(), bytes.isEmpty() ? "" : bytes.data());
     text.Send(Sci::SCI_SETUNDOCOLLECTION, undoLimit != 0);
     text.Send(Sci::SCI_EMPTYUNDOBUFFER);
+    groupSelections.clear();
     text.Send(Sci::SCI_SETSCROLLWIDTH, 1);
     ++edits;
 }

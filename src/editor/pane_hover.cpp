@@ -1,6 +1,8 @@
 #include "editor/pane.h"
 
+#include <QBuffer>
 #include <QHelpEvent>
+#include <QImage>
 #include <QToolTip>
 #include <Qsci/qsciscintilla.h>
 
@@ -20,6 +22,17 @@ int Faint(int text, int window)
     };
     return channel(0) | channel(8) | channel(16);
 }
+
+/// A picture for a tool tip, which takes text alone.
+QString MarkupOf(const QImage& picture)
+{
+    if (picture.isNull())
+        return {};
+    QByteArray file;
+    QBuffer to(&file);
+    picture.save(&to, "PNG");
+    return QStringLiteral("<img src='data:image/png;base64,%1'>").arg(QLatin1StringView(file.toBase64()));
+}
 } // namespace
 
 bool ScintillaPane::ShowHover(const QHelpEvent& event)
@@ -28,17 +41,21 @@ bool ScintillaPane::ShowHover(const QHelpEvent& event)
     const int height = int(text.Send(Sci::SCI_TEXTHEIGHT, 0L)), row = event.pos().y() / height;
     const int line = int(text.Send(Sci::SCI_GETFIRSTVISIBLELINE)) + row;
     QString summary = IsLine(line) ? marks->MessagesOf(line) : QString();
+    QImage picture;
     const long position = text.Send(Sci::SCI_POSITIONFROMPOINTCLOSE, event.pos().x(), long(event.pos().y()));
-    if (summary.isEmpty() && HoverText && position >= 0 && !marks->Covers(event.pos()))
+    if (summary.isEmpty() && HoverText && position >= 0 && !marks->Covers(event.pos())) {
         summary = HoverText(*this, line, text.ColumnOf(position));
+        if (HoverPicture && !summary.isEmpty())
+            picture = HoverPicture(*this, line, text.ColumnOf(position));
+    }
     if (summary.isEmpty()) {
         QToolTip::hideText();
         return true;
     }
     const int top = row * height;
     // The text is a conf's: never taken for markup, never wrapped.
-    const QString plain =
-        QStringLiteral("<p style='white-space:pre'>") + summary.toHtmlEscaped() + QStringLiteral("</p>");
+    const QString plain = MarkupOf(picture) + QStringLiteral("<p style='white-space:pre'>") + summary.toHtmlEscaped() +
+                          QStringLiteral("</p>");
     QToolTip::showText(event.globalPos(), plain, viewport, QRect(0, top, viewport->width(), height));
     return true;
 }

@@ -75,6 +75,10 @@ const ScintillaPane::KeyRow ScintillaPane::KeyRows[] = {
     {Qt::Key_Return | Shift, 0, Sci::SCI_NEWLINE},
     {Qt::Key_Tab, 0, Sci::SCI_TAB},
     {Qt::Key_Backtab | Shift, 0, Sci::SCI_BACKTAB},
+    {Qt::Key_F10 | Shift, 0, 0, &ScintillaPane::OpenMenu},
+    {Qt::Key_0 | Ctrl, 0, Sci::SCI_SETZOOM},
+    {Qt::Key_Plus | Ctrl, 0, Sci::SCI_ZOOMIN},
+    {Qt::Key_Minus | Ctrl, 0, Sci::SCI_ZOOMOUT},
     {Qt::Key_Space | Ctrl, 0, 0, &ScintillaPane::OpenCodeList},
 };
 
@@ -149,6 +153,13 @@ void ScintillaPane::BreakTypedLine()
 {
     const UndoGroup step(*this);
     text.Send(Sci::SCI_NEWLINE);
+}
+
+/// For keyboards without a menu key.
+bool ScintillaPane::OpenMenu(const QVariant&)
+{
+    emit MousePressed(Qt::RightButton, Qt::NoModifier);
+    return true;
 }
 
 bool ScintillaPane::OpenCodeList(const QVariant&)

@@ -18,7 +18,9 @@ bool ScintillaPane::Undo(const QVariant&)
 {
     if (!CanUndo())
         return false;
+    const Work work(*this);
     text.Send(Sci::SCI_UNDO);
+    ShowRecalled();
     ++stepsBack;
     return true;
 }
@@ -27,15 +29,38 @@ bool ScintillaPane::Redo(const QVariant&)
 {
     if (!CanRedo())
         return false;
+    const Work work(*this);
     text.Send(Sci::SCI_REDO);
+    ShowRecalled();
     stepsBack = qMax(0, stepsBack - 1);
     return true;
 }
 
+void ScintillaPane::RecallSelection(int group, bool undone)
+{
+    const GroupSelection& around = groupSelections.at(size_t(group));
+    recalled = undone ? around.Before : around.After;
+}
+
+void ScintillaPane::ShowRecalled()
+{
+    if (!recalled)
+        return;
+    if (recalled->Columns)
+        text.SelectColumns(*recalled);
+    else
+        text.Select(recalled->Anchor, recalled->Caret);
+    recalled.reset();
+    ShowCaret();
+}
+
 bool ScintillaPane::OpenGroup(const QVariant&)
 {
-    if (groups++ == 0)
+    if (groups++ == 0) {
+        groupStart = text.Selection();
+        groupEdits = edits;
         text.Send(Sci::SCI_BEGINUNDOACTION);
+    }
     return true;
 }
 
@@ -43,8 +68,13 @@ bool ScintillaPane::CloseGroup(const QVariant&)
 {
     if (groups == 0)
         return false;
-    if (--groups == 0)
-        text.Send(Sci::SCI_ENDUNDOACTION);
+    if (--groups > 0)
+        return true;
+    if (edits != groupEdits && undoLimit != 0) {
+        text.Send(Sci::SCI_ADDUNDOACTION, long(groupSelections.size()), 0L);
+        groupSelections.push_back({groupStart, text.Selection()});
+    }
+    text.Send(Sci::SCI_ENDUNDOACTION);
     return true;
 }
 
@@ -61,6 +91,9 @@ void ScintillaPane::ForgetHistory()
     if (groups > 0)
         text.Send(Sci::SCI_ENDUNDOACTION);
     text.Send(Sci::SCI_EMPTYUNDOBUFFER);
+    groupSelections.clear();
+    groupStart = text.Selection();
+    groupEdits = edits;
     if (groups > 0)
         text.Send(Sci::SCI_BEGINUNDOACTION);
     stepsBack = 0;

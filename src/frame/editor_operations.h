@@ -225,9 +225,11 @@ public:
     virtual bool CodeListOpen() const = 0;
     virtual void CloseCodeList() = 0; ///< Esc closes the list before it stops anything
 
-    std::function<QStringList(EditorPane&)> CodeList;              ///< asked when the list may open; empty answer: none
+    /// Asked when the list may open, by a key of its own or because the user is typing; empty answer: none.
+    std::function<QStringList(EditorPane&, bool typing)> CodeList;
     std::function<bool(EditorPane&, const QString&)> CodeListPick; ///< item chosen; false: the pane inserts nothing
-    std::function<QString(EditorPane&, int line, int column)> HoverText; ///< of the text under the mouse; empty: none
+    std::function<QString(EditorPane&, int line, int column)> HoverText;   ///< of the text under the mouse; empty: none
+    std::function<QImage(EditorPane&, int line, int column)> HoverPicture; ///< beside HoverText; null: none
     std::function<bool(const QStringList& paths)> LeaveNames; ///< would files that are dragged leave their names?
 
 signals:

@@ -28,7 +28,7 @@ public:
     virtual void SelectTab(int tab) = 0; ///< fires the strip's click: the pane of the tab comes in front
     virtual int SelectedTab() const = 0;
     virtual void SetPanel(int panel, const QString& text, int picture = 0) = 0; ///< 1 to 3; picture as in TabFace
-    virtual void ShowNotice(const QString& text) = 0; ///< a line in the status bar for some seconds
+    virtual void ShowNotice(const QString& text) = 0; ///< a line in the status bar for some seconds; "" ends it
     virtual void SetCaption(const QString& caption) = 0;
     virtual void EnableCommand(const QString& control, bool menu, bool button) = 0;
     virtual void CheckCommand(const QString& control, bool checked) = 0;

@@ -305,6 +305,14 @@ void SetExtraFolder(const QString& folder)
     ShowMedia();
 }
 
+bool StandsFor(const QString& value, const QString& name)
+{
+    const QStringList values = QStringList(value) + Twins(value);
+    return !value.isEmpty() && std::any_of(values.begin(), values.end(), [&](const QString& start) {
+        return name.startsWith(start, Qt::CaseInsensitive);
+    });
+}
+
 std::optional<MediaHit> FindImageInLists(const QString& value)
 {
     std::optional<MediaHit> hit = FindExactly(value);

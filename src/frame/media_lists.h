@@ -67,6 +67,9 @@ struct MediaHit
 /// list has may be there with the other ending, as the game takes it.
 std::optional<MediaHit> FindImageInLists(const QString& value);
 
+/// Does `value` stand for the file `name`, by the rule of FindImageInLists?
+bool StandsFor(const QString& value, const QString& name);
+
 /// Patterns of a mode row with the sheet endings of the game's table in place of "*.pcx".
 QString MediaPattern(const char* told);
 

@@ -117,7 +117,7 @@ constexpr MessageRow Rows[] = {
      "Another program has moved or deleted:-^^%1^^The text is still here. Save it to make the file again."},
     {305, -1, "No Backup", 2, "whi", "Save Without Backup_Cancel", nullptr,
      "The backup could not be made:-^^%1^^Do you want to save without one?"},
-    {306, -1, "Unsaved Text", 2, "red", "Close Anyway_Cancel", nullptr,
+    {306, -1, "Unsaved Text", 2, "red", "Cancel_Close Anyway", nullptr,
      "Unsaved text can not be kept for the next start:^^%1^^If you close now it is lost."},
     {307, -1, "File Was Changed", 2, "whi", "Overwrite_Cancel", nullptr,
      "Another program has changed this file since it was loaded or saved here:-^^%1^^Do you want to overwrite it with "

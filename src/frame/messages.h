@@ -52,7 +52,7 @@ enum OwnMessage : int {
     MessageSettingsBroken = 302, ///< text: keys that took the shipped default
     MessageFolderReadOnly = 303, ///< text: path and reason; settings stay in memory
     MessageFileVanished = 304,   ///< text: the files
-    MessageTextNotKept = 306,    ///< text: path and reason; "Close Anyway_Cancel"
+    MessageTextNotKept = 306,    ///< text: path and reason; "Cancel_Close Anyway"
     MessageNoBackup = 305,       ///< text: path and reason; "Save Without Backup_Cancel"
     MessageOverChanged = 307,    ///< text: the file, changed since it was loaded; "Overwrite_Cancel"
 };

@@ -69,6 +69,7 @@ void ShowMissing(int tab, const QString& path)
     Document& document = Frame.Documents.at(tab);
     document.Face.Visible = true;
     document.Mode = ModeTxt;
+    document.Face.Picture = ModeTxt + 1;
     EditorPane& pane = Host().Pane(tab);
     pane.AddText(QStringLiteral("You deleted or renamed this file."));
     pane.ClearUndoBuffer();

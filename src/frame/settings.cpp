@@ -62,6 +62,14 @@ void ReadMisc(SettingsReader& reader, SettingsRecord& settings)
     Frame.ShowWelcome = reader.Flag(Misc, QStringLiteral("1stTime"));
 }
 
+/// The window reads them itself, before there are settings.
+void CorrectWindowPosition(SettingsReader& reader)
+{
+    constexpr int Most = 100'000; // pixels
+    for (const char* key : {"Left", "Top", "Width", "Height", "Max"})
+        reader.Number(QStringLiteral("Window Positions"), QString::fromLatin1(key), -Most, Most);
+}
+
 void ReadMediaStyle(SettingsReader& reader, SettingsRecord& settings)
 {
     const QString section = QStringLiteral("Syntax Colours");
@@ -142,6 +150,7 @@ void LoadSettings()
     ReadFlags(reader, QStringLiteral("AutoCompleteTemplate"), settings.AutoCompleteTemplate);
     ReadFlags(reader, QStringLiteral("Nags"), settings.Nags);
     ReadMisc(reader, settings);
+    CorrectWindowPosition(reader);
     Host().ShowMenuStrips(settings.Gradients == 1);
     for (const ViewToggle& row : ViewToggles())
         Host().CheckCommand(QString::fromLatin1(row.Control), settings.*row.Value == 1);

@@ -42,7 +42,7 @@ QString TableOf(const QString& section)
 {
     if (section == QLatin1StringView("Elements"))
         return QStringLiteral("lg_gfxele");
-    for (const char* name : {"Actions", "GraphicComs", "Special"})
+    for (const char* name : {"Actions", "GraphicComs", "Special", "AnimModes", "AnimModifiers"})
         if (section == QLatin1StringView(name))
             return QStringLiteral("lg_gfxact");
     return QStringLiteral("lg_other");
@@ -100,21 +100,43 @@ void MakeLanguages()
         Frame.Globals.RegisterLanguage(QString::fromLatin1(Modes().at(row.Mode).Language), LanguageOf(row));
 }
 
-QStringList CodeListWords(int mode)
+namespace {
+
+/// The order of the lists behind `before`: a part of a key says which parts may follow it.
+std::array<int, WordKindCount> KindsBehind(int mode, const QString& before)
+{
+    if (!before.endsWith(u'.'))
+        return {KindElements, KindActions, KindGraphicComs, KindSpecial};
+    const QString key = before.chopped(1);
+    const QString part = key.sliced(key.lastIndexOf(u'.') + 1).trimmed();
+    if (Frame.WordLists.at(mode).at(KindActions).contains(part, Qt::CaseInsensitive))
+        return {KindGraphicComs, KindActions, KindSpecial, KindElements};
+    return {KindActions, KindGraphicComs, KindSpecial, KindElements};
+}
+
+} // namespace
+
+QStringList CodeListWords(int mode, const QString& before)
 {
     QStringList words;
-    for (int kind = 0; mode != ModeTxt && kind < WordKindCount; ++kind)
+    if (mode == ModeTxt)
+        return words;
+    for (const int kind : KindsBehind(mode, before))
         if (Frame.Settings.AutoCompleteTemplate.at(kind) == 1)
             words += Frame.WordLists.at(mode).at(kind);
     words.removeAll(NoWords);
     return words;
 }
 
-int CodeListChoice(const QStringList& items, const QString& word)
+QStringList OfferedWords(EditorPane& pane, bool typing)
 {
-    const auto hit = std::find_if(items.begin(), items.end(),
-                                  [&](const QString& item) { return item.startsWith(word, Qt::CaseInsensitive); });
-    return hit == items.end() ? 0 : int(hit - items.begin());
+    const Range caret = pane.GetSel(true);
+    QString before = pane.GetLine(caret.EndLine).left(caret.EndCol);
+    while (!before.isEmpty() && (before.back().isLetterOrNumber() || before.back() == u'_'))
+        before.chop(1);
+    if (typing && Frame.CurrentMode == ModeHlt && before.contains(u':'))
+        return {};
+    return CodeListWords(Frame.CurrentMode, before);
 }
 
 bool PickCodeListItem(EditorPane& pane, const QString& item)
@@ -123,7 +145,11 @@ bool PickCodeListItem(EditorPane& pane, const QString& item)
     const Range before = pane.GetSel(true);
     const Range caret{before.EndLine, before.EndCol, before.EndLine, before.EndCol};
     pane.ExecuteCmd(CmdWordLeftExtend);
-    const QString word = pane.SelText();
+    QString word = pane.SelText();
+    if (item.startsWith(u'[') && !word.startsWith(u'[')) { // no word's part, so that it stands in front
+        pane.ExecuteCmd(CmdCharLeftExtend);
+        word = pane.SelText();
+    }
     const bool otherLine = pane.GetSel(true).StartLine != before.StartLine;
     if (otherLine || item.left(word.size()) != word)
         pane.SetSel(caret, false); // no beginning of the item: it goes in behind the word

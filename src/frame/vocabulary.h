@@ -18,11 +18,12 @@ void MakeLanguages();
 /// One section of its table file: the words 1 to Count; a missing key gives "[NOT FOUND]".
 QStringList ReadWordList(const QString& section);
 
-/// What the code list offers now, in the order of the lists ticked in AutoCompleteTemplate. Empty in mode 0.
-QStringList CodeListWords(int mode);
+/// The words of the lists ticked in AutoCompleteTemplate. Behind a dot those that can follow there stand first, else
+/// the lists keep their order. Empty in mode 0. `before` is the line up to the word that is being completed.
+QStringList CodeListWords(int mode, const QString& before = {});
 
-/// The item to select: the first that begins with `word`, case ignored; 0 if none does.
-int CodeListChoice(const QStringList& items, const QString& word);
+/// What the code list offers at the caret. The prose of a help text asks for none while it is typed.
+QStringList OfferedWords(EditorPane& pane, bool typing);
 
 /// Puts a chosen item into the text; false: the pane must insert nothing itself.
 bool PickCodeListItem(EditorPane& pane, const QString& item);

@@ -4,6 +4,7 @@
 #include "graphics/sheet.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -75,7 +76,7 @@ void CheckMode(const QStringList& animModes)
     if (std::all_of(words.cbegin(), words.cend(), [&](const QString& word) { return animModes.contains(word); }))
         return;
     Warn("The animation mode you typed doesn't exist. Defaulting to normal.");
-    Conf.Element.AnimMode = QStringLiteral("loop");
+    Conf.UnknownMode = std::exchange(Conf.Element.AnimMode, QStringLiteral("loop"));
 }
 
 void StartFromDefaults()
@@ -97,6 +98,7 @@ SheetOpening FitElementToSheet(const QStringList& animModes)
 {
     SheetOpening opening;
     opening.MayUpdate = Conf.Element.ElementOpen;
+    Conf.UnknownMode.clear();
     CheckSize(opening);
     CheckPlaceFields(opening);
     opening.FromBlock = Conf.MediaFile == Conf.Element.ImageFile;

@@ -2,6 +2,7 @@
 
 #include "conf/block_outline.h"
 #include "frame/editor_operations.h"
+#include "frame/media_lists.h"
 #include "graphics/sheet.h"
 
 #include <set>
@@ -12,7 +13,7 @@ QList<QPoint> TilesInUse(const EditorPane& pane, const QString& image, int witho
     std::set<int> used;
     const LineReader lines = LinesOf(pane);
     for (const OutlineBlock& block : FindBlocks(pane.Bytes())) {
-        if (block.Line == without || block.Image.compare(image, Qt::CaseInsensitive) != 0)
+        if (block.Line == without || !StandsFor(block.Image, image))
             continue;
         const BlockReading read = ReadBlock(lines, block.Line, ElementRecord{}, image);
         const int first = read.Element.YPos * Sheet.SheetColumns + read.Element.XPos;

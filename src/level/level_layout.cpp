@@ -41,6 +41,8 @@ Result<LevelLayout> FindLayout(QByteArrayView bytes, const OffsetTable& table)
     const QString version = LeadingText(bytes);
     const bool current = version == QLatin1StringView("RND1");
     bool known = false;
+    if (version != version.toUpper()) // the game minds the case, names of sections do not
+        return Fail({}, QStringLiteral("it does not begin like a level"));
     for (const QString& section : {version, QString(version + QStringLiteral(" AUTH"))}) {
         const LevelOffsets row = table(section);
         if (row.Mapdata == 0)

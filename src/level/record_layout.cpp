@@ -1,6 +1,7 @@
 #include "level/level_layout.h"
 
 #include <QtEndian>
+#include <algorithm>
 
 namespace {
 
@@ -28,11 +29,19 @@ constexpr RecordRow FieldRecords[] = {
     {0x44, 0, &LevelOffsets::Count},
 };
 
+bool IsName(QByteArrayView name)
+{
+    return std::all_of(name.begin(), name.end(),
+                       [](char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); });
+}
+
 Result<Chunk> ChunkAt(QByteArrayView bytes, qsizetype at)
 {
     if (at > bytes.size() - 8)
         return Fail({}, QStringLiteral("it ends before its map"));
     const Chunk chunk{bytes.sliced(at, 4), at + 8, qsizetype(qFromBigEndian<quint32>(bytes.data() + at + 4))};
+    if (!IsName(chunk.Name))
+        return Fail({}, QStringLiteral("its chunks do not stand where this form has them"));
     if (chunk.Size > bytes.size() - chunk.Start)
         return Fail({}, QStringLiteral("it ends inside its chunk %1").arg(QLatin1StringView(chunk.Name)));
     return chunk;

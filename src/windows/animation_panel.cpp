@@ -1,7 +1,7 @@
 #include "windows/animation_panel.h"
 
 #include "conf/element_record.h"
-#include "frame/vocabulary.h"
+#include "frame/frame_state.h"
 #include "graphics/animation.h"
 #include "windows/apply_field.h"
 
@@ -123,7 +123,7 @@ void AnimationPanel::MakePlay()
     delay->addWidget(cmdDelaySpin[1]);
     cmbAnimMode = new QComboBox(Frame3);
     cmbAnimMode->setObjectName(QStringLiteral("cmbAnimMode"));
-    cmbAnimMode->addItems(ReadWordList(QStringLiteral("AnimModes")));
+    cmbAnimMode->addItems(Frame.Settings.AnimModes);
     chkReverse = new QCheckBox(QStringLiteral("Reverse"), Frame3);
     chkReverse->setObjectName(QStringLiteral("chkReverse"));
     chkGlobalsync = new QCheckBox(QStringLiteral("Global Sync"), Frame3);
@@ -153,6 +153,7 @@ void AnimationPanel::ConnectPlay()
     connect(chkGlobalsync, &QCheckBox::toggled, this, [](bool on) { Conf.Element.GlobalSync = on; });
     connect(cmbAnimMode, &QComboBox::textActivated, this, [this](const QString& mode) {
         Conf.Element.AnimMode = mode;
+        Conf.UnknownMode.clear();
         emit RestartWanted();
     });
 }

@@ -55,7 +55,8 @@ bool DialogKeys::eventFilter(QObject* watched, QEvent* event)
         CloseMenus();
         emit HelpPressed(id);
     } else if (const auto* dialog = qobject_cast<QDialog*>(part->window())) {
-        emit HelpPressed(SubjectIn(*dialog));
+        if (HelpSubjectOf(dialog) != NoHelpSubject)
+            emit HelpPressed(SubjectIn(*dialog));
     } else {
         return false;
     }

@@ -6,6 +6,8 @@
 #include "frame/media_lists.h"
 #include "platform/paths.h"
 
+#include <QDropEvent>
+#include <QFileInfo>
 #include <QMimeData>
 #include <QUrl>
 #include <algorithm>
@@ -45,11 +47,20 @@ QStringList LocalFiles(const QMimeData& data)
     return files;
 }
 
+void AcceptAsCopy(QDropEvent& event)
+{
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+}
+
 void OpenDroppedFiles(const QStringList& files)
 {
-    for (const QString& file : files)
-        if (IsHeld(file) || MakeRoom())
+    for (const QString& file : files) {
+        const QFileInfo facts(file);
+        const bool fails = !facts.isFile() || !facts.isReadable(); // and takes no tab
+        if (fails || IsHeld(file) || MakeRoom())
             OpenDocument(file, false);
+    }
 }
 
 bool AnyLeavesItsName(const QStringList& files)

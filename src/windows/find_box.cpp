@@ -3,8 +3,10 @@
 #include "frame/frame_state.h"
 #include "windows/pane_commands.h"
 
+#include <QDropEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QSignalBlocker>
 
 FindBox::FindBox(QWidget* parent) : QComboBox(parent)
@@ -17,7 +19,19 @@ FindBox::FindBox(QWidget* parent) : QComboBox(parent)
     setCompleter(nullptr);
     lineEdit()->setPlaceholderText(QStringLiteral("Find"));
     lineEdit()->setAccessibleName(accessibleName());
+    lineEdit()->installEventFilter(this);
+    DimPlaceholder();
     connect(this, &QComboBox::textActivated, this, SearchFor);
+}
+
+/// Files are the window's, which opens them; a dropped text is taken.
+bool FindBox::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool arrives = event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove;
+    if (!arrives || !static_cast<QDropEvent*>(event)->mimeData()->hasUrls())
+        return QComboBox::eventFilter(watched, event);
+    event->ignore();
+    return true;
 }
 
 QSize FindBox::sizeHint() const
@@ -28,6 +42,25 @@ QSize FindBox::sizeHint() const
 QSize FindBox::minimumSizeHint() const
 {
     return {fontMetrics().averageCharWidth() * 12, QComboBox::minimumSizeHint().height()};
+}
+
+/// Half of the text's colour; the toolkit's own is black whatever the palette.
+void FindBox::DimPlaceholder()
+{
+    QPalette colours = lineEdit()->palette();
+    QColor dim = palette().color(QPalette::Text);
+    dim.setAlpha(128);
+    if (colours.color(QPalette::PlaceholderText) == dim)
+        return;
+    colours.setColor(QPalette::PlaceholderText, dim);
+    lineEdit()->setPalette(colours);
+}
+
+void FindBox::changeEvent(QEvent* event)
+{
+    QComboBox::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && lineEdit())
+        DimPlaceholder();
 }
 
 void FindBox::focusInEvent(QFocusEvent* event)

@@ -7,6 +7,7 @@
 #include "frame/host_window.h"
 #include "windows/command_table.h"
 #include "windows/dialog_help.h"
+#include "windows/help_subject.h"
 #include "windows/place_at_mouse.h"
 #include "windows/word_list.h"
 
@@ -46,6 +47,7 @@ frmInject::frmInject(EditorPane& target, QWidget* parent)
     : QDialog(parent), pane(target), visit(target), block(ParseBlock(Host().txtBuffer().Text(), Directions()))
 {
     setObjectName(QStringLiteral("frmInject"));
+    SetHelpSubject(this, HelpIdFor("edit_element"));
     setWindowTitle(QStringLiteral("Edit Element"));
     auto* column = new QVBoxLayout(this);
     column->addWidget(MakeLists(), 1);
@@ -168,9 +170,7 @@ void frmInject::timerEvent(QTimerEvent* event)
 
 void frmInject::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_F1)
-        RunHelp(HelpIdFor("edit_element"));
-    else if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
         QDialog::keyPressEvent(event);
 }
 

@@ -15,6 +15,7 @@
 #include "windows/animation_panel.h"
 #include "windows/animation_preview.h"
 #include "windows/dialog_help.h"
+#include "windows/help_subject.h"
 #include "windows/new_element_panel.h"
 #include "windows/sheet_tools.h"
 #include "windows/sheet_view.h"
@@ -83,6 +84,7 @@ frmPCX::frmPCX(QWidget* owner, const QString& file)
       isQuick(Conf.QuickPreview && !isPick)
 {
     setObjectName(QStringLiteral("frmPCX"));
+    SetHelpSubject(this, NoHelpSubject);
     LayOut();
     ConnectParts();
     ShowElement();
@@ -411,11 +413,12 @@ void frmPCX::OpenInEditor()
 
 void frmPCX::keyPressEvent(QKeyEvent* event)
 {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const bool arrow = event->key() >= Qt::Key_Left && event->key() <= Qt::Key_Down;
     if (event->key() == Qt::Key_D && event->modifiers() == Qt::ControlModifier)
         close();
-    else if (event->key() == Qt::Key_F1)
-        event->accept();
+    else if (auto* button = qobject_cast<QPushButton*>(focusWidget()); button && enter)
+        button->click();
     else if (arrow && picScroll->hasFocus() && !isPreview && !opening.TooSmall)
         MoveMark(event->key(), event->modifiers());
     else

@@ -8,6 +8,7 @@
 
 #include <QDialog>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -15,6 +16,22 @@
 namespace {
 
 constexpr int KeyRole = Qt::UserRole;
+
+/// An arrow selects even where there is no other row to go to.
+class ProjectTree : public QTreeWidget
+{
+public:
+    using QTreeWidget::QTreeWidget;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        QTreeWidget::keyPressEvent(event);
+        const bool moves = event->key() >= Qt::Key_Home && event->key() <= Qt::Key_PageDown;
+        if (moves && currentItem() && selectedItems().isEmpty())
+            setCurrentItem(currentItem());
+    }
+};
 
 /// Shows the projects, makes and deletes them, and remembers the one that shall be loaded.
 class frmProject : public QDialog
@@ -39,7 +56,7 @@ frmProject::frmProject(QWidget* owner) : QDialog(DialogParent(owner))
     setObjectName(QStringLiteral("frmProject"));
     SetHelpSubject(this, QStringLiteral("projects"));
     setWindowTitle(QStringLiteral("Gemforge - Projects"));
-    treeProject = new QTreeWidget(this);
+    treeProject = new ProjectTree(this);
     treeProject->setObjectName(QStringLiteral("treeProject"));
     treeProject->setAccessibleName(QStringLiteral("Projects"));
     treeProject->setHeaderHidden(true);

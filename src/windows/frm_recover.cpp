@@ -182,7 +182,7 @@ void frmRecover::ThrowSelectedAway()
                                ? QStringLiteral("Do you want to throw away the kept text?^^") + items.front()->text(0)
                                : QStringLiteral("Do you want to throw away %1 kept texts?").arg(items.size());
     question.MessageIcon = 2;
-    question.MessageButtons = QStringLiteral("Throw Away_Cancel");
+    question.MessageButtons = QStringLiteral("Cancel_Throw Away");
     Frame.Message = question;
     if (ShowRecord() == QStringLiteral("Cancel"))
         return;

@@ -18,6 +18,7 @@
 #include "windows/dropped_files.h"
 #include "windows/find_box.h"
 #include "windows/help_subject.h"
+#include "windows/hover_tile.h"
 #include "windows/icons.h"
 #include "windows/line_hints_view.h"
 #include "windows/media_tabs.h"
@@ -30,8 +31,10 @@
 #include "windows/window_keys.h"
 #include "windows/window_position.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
@@ -116,6 +119,7 @@ void frmmain::ConnectParts()
 {
     connect(strip, &TabStrip::Changed, this, &frmmain::ShowPaneOf);
     connect(strip, &TabStrip::Activated, this, ActivateTab);
+    connect(strip, &TabStrip::Activated, this, [] { CurrentPane().CloseCodeList(); });
     connect(strip, &TabStrip::NewWanted, commands.Menu(QStringLiteral("mnuAddTab")), &QAction::trigger);
     connect(strip, &TabStrip::CloseWanted, commands.Menu(QStringLiteral("mnuDelTab")), &QAction::trigger);
     strip->TipOf = TipOfTab;
@@ -130,6 +134,9 @@ void frmmain::ConnectParts()
     connect(subject, &HelpSubject::Moved, this, &frmmain::MouseOver);
     connect(keys, &WindowKeys::EscapePressed, this, &frmmain::EscapePressed);
     connect(keys, &WindowKeys::HelpPressed, this, [this] { HelpForWord(HelpId()); });
+    // Behind the event: on the way to the menu beside it another one opens at once.
+    for (const QAction* entry : menuBar()->actions())
+        connect(entry->menu(), &QMenu::aboutToHide, this, &frmmain::LeaveMenuBar, Qt::QueuedConnection);
     connect(new DialogKeys(this), &DialogKeys::HelpPressed, this, HelpForWord);
     connect(keys, &WindowKeys::InsertPressed, this, &frmmain::ToggleInsert);
     connect(keys, &WindowKeys::LocksChanged, this, &frmmain::ReadLocks);
@@ -184,10 +191,13 @@ EditorPane& frmmain::txtBuffer()
 
 void frmmain::ConnectPane(int tab, EditorPane& pane)
 {
-    pane.CodeList = [](EditorPane&) { return CodeListWords(Frame.CurrentMode); };
+    pane.CodeList = OfferedWords;
     pane.CodeListPick = PickCodeListItem;
     pane.HoverText = [](EditorPane& hovered, int line, int column) {
         return Frame.CurrentMode == ModeGfx ? BlockSummary(LinesOf(hovered), line, column) : QString();
+    };
+    pane.HoverPicture = [](EditorPane& hovered, int line, int column) {
+        return Frame.CurrentMode == ModeGfx ? HoverTile(hovered, line, column) : QImage();
     };
     connect(&pane, &EditorPane::SelectionChanged, this, [&pane] {
         if (!pane.Visible())
@@ -248,6 +258,14 @@ void frmmain::EscapePressed()
         FocusPane();
     else
         Frame.StopRequested = true;
+}
+
+void frmmain::LeaveMenuBar()
+{
+    if (!menuBar()->hasFocus() || QApplication::activePopupWidget())
+        return;
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QCoreApplication::sendEvent(menuBar(), &escape);
 }
 
 void frmmain::MoveFocus()
@@ -347,13 +365,19 @@ void frmmain::Finish()
 void frmmain::dragEnterEvent(QDragEnterEvent* event)
 {
     if (!LocalFiles(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+        AcceptAsCopy(*event);
+}
+
+void frmmain::dragMoveEvent(QDragMoveEvent* event)
+{
+    if (!LocalFiles(*event->mimeData()).isEmpty())
+        AcceptAsCopy(*event);
 }
 
 void frmmain::dropEvent(QDropEvent* event)
 {
     const QStringList files = LocalFiles(*event->mimeData());
-    event->acceptProposedAction();
+    AcceptAsCopy(*event);
     QTimer::singleShot(0, this, [files] { DropIntoText(files, CurrentPane().GetSel(true)); });
 }
 

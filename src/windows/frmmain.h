@@ -94,6 +94,7 @@ protected:
     bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
 private:
@@ -108,7 +109,8 @@ private:
     void EscapePressed();
     void ToggleInsert();
     void ReadLocks();
-    void MoveFocus(); ///< F6: pane, find box, tab strip, media list, pane ...
+    void LeaveMenuBar(); ///< a menu has closed: the keyboard goes back to where it was
+    void MoveFocus();    ///< F6: pane, find box, tab strip, media list, pane ...
     void Activated();
     void AddMediaLists();
     void LeaveLists();

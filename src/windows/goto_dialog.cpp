@@ -37,8 +37,8 @@ void GotoDialog::Open(EditorPane& pane)
     target.Set(pane);
     const int last = qMax(1, pane.LineCount());
     lblLine->setText(QStringLiteral("&Line (1 to %1):").arg(last));
-    // The box would drop digits of a number above its range; a line behind the end is the last one.
-    numLine->setRange(1, qMax(last, MostTyped));
+    // The box would drop digits of a number outside its range; a line behind the end is the last one, line 0 the first.
+    numLine->setRange(0, qMax(last, MostTyped));
     numLine->setValue(pane.GetSel(true).StartLine + 1);
     if (!isVisible())
         PlaceBeside(*this, pane);

@@ -16,6 +16,9 @@ QString HelpSubjectOf(const QAction& entry);
 /// HelpId of the part at hand: the nearest widget upward, its window included, that has one; a null text if none has.
 QString HelpSubjectOf(const QWidget* part);
 
+/// Of a window that swallows F1.
+inline const QString NoHelpSubject = QStringLiteral("-");
+
 /// What the pane's own mouse move stores: the word at the caret decides then.
 inline const QString TextSubject = QStringLiteral("TEXT");
 inline const QString CommentSubject = QStringLiteral("H_main_gotocomment");

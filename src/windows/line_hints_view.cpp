@@ -53,6 +53,7 @@ const HintContext& LineHintsView::Context()
     if (!context || mode != Frame.CurrentMode) {
         mode = Frame.CurrentMode;
         context = std::make_unique<HintContext>();
+        context->BareLines = Frame.CurrentMode == ModeEdi;
         context->Check = CurrentCheckContext();
         context->Words = MakeHintWords(Frame.WordLists.at(mode));
     }

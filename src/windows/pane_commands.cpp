@@ -7,8 +7,10 @@ void SearchPane(int command)
         pane.ExecuteCmd(CmdFindDialog);
         return;
     }
-    if (pane.ExecuteCmd(command))
+    if (pane.ExecuteCmd(command)) {
+        Host().ShowNotice({});
         return;
+    }
     const QString broken = pane.FindError();
     Host().ShowNotice(broken.isEmpty() ? QStringLiteral("Not found: ") + pane.FindText() : broken);
 }

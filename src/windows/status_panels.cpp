@@ -59,6 +59,8 @@ StatusPanels::StatusPanels(QWidget* parent) : QStatusBar(parent), progress(new Q
     panels[PathPanel - 1].Text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     for (int panel = 1; panel < PathPanel; ++panel)
         panels.at(panel - 1).Text->setMinimumWidth(1);
+    panels[PathPanel - 1].Text->installEventFilter(this);
+    pathText = panels[PathPanel - 1].Text->text();
     progress->setAccessibleName(QStringLiteral("Progress"));
     progress->hide();
     noticeEnd.setSingleShot(true);
@@ -72,15 +74,35 @@ void StatusPanels::SetPanel(int panel, const QString& text, int picture)
         path = text;
         noticeEnd.stop();
     }
-    shown.Text->setText(text);
+    if (panel == PathPanel)
+        ShowPathText(text);
+    else
+        shown.Text->setText(text);
     shown.Text->setAccessibleName(QString::fromLatin1(Rows[panel - 1].Name) + QStringLiteral(": ") + text.simplified());
     const QIcon icon = picture > 0 ? ListImage(QStringLiteral("mode"), picture) : QIcon();
     shown.Picture->setPixmap(icon.pixmap(Pixels(*this, 16)));
     shown.Picture->setVisible(!icon.isNull());
 }
 
+/// Cut in the middle where it has no room: the file's name is what counts.
+void StatusPanels::ShowPathText(const QString& text)
+{
+    QLabel* place = panels[PathPanel - 1].Text;
+    pathText = text;
+    place->setText(place->fontMetrics().elidedText(text, Qt::ElideMiddle, qMax(1, place->width())));
+}
+
+bool StatusPanels::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Resize && watched == panels[PathPanel - 1].Text)
+        ShowPathText(pathText);
+    return QStatusBar::eventFilter(watched, event);
+}
+
 QString StatusPanels::PanelText(int panel) const
 {
+    if (panel == PathPanel)
+        return pathText;
     return panels.at(panel - 1).Text->text();
 }
 
@@ -94,8 +116,13 @@ void StatusPanels::ShowKey(int panel, bool on)
 
 void StatusPanels::ShowNotice(const QString& text)
 {
+    if (text.isEmpty()) {
+        noticeEnd.stop();
+        ShowPath();
+        return;
+    }
     QLabel* place = panels[PathPanel - 1].Text;
-    place->setText(text);
+    ShowPathText(text);
     place->setAccessibleName(text);
     QAccessibleEvent told(place, QAccessible::Alert);
     QAccessible::updateAccessibility(&told);

@@ -32,9 +32,11 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void ShowPath();
+    void ShowPathText(const QString& text);
     void FitProgress();
 
     struct Panel
@@ -44,6 +46,7 @@ private:
     };
     std::array<Panel, 6> panels;
     QString path;
+    QString pathText; ///< of its panel in full
     QTimer noticeEnd;
     QProgressBar* progress;
     QElapsedTimer painted;

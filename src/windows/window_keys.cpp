@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QMenuBar>
 
 WindowKeys::WindowKeys(QWidget* watchedWindow) : QObject(watchedWindow), window(watchedWindow)
 {
@@ -55,6 +56,8 @@ bool WindowKeys::eventFilter(QObject* watched, QEvent* event)
 bool WindowKeys::Pressed(QWidget* part, const QKeyEvent& key)
 {
     if (key.key() == Qt::Key_Escape) {
+        if (qobject_cast<QMenuBar*>(part)) // gives the keyboard back
+            return false;
         emit EscapePressed();
         return true;
     }

@@ -55,6 +55,10 @@ TEST(HintsForLines, TellsASecondEqualKey)
 TEST(HintsForLines, TellsErrorsCutsAndLongLines)
 {
     EXPECT_EQ(Said("yamyam: ", 0), QStringList{QStringLiteral("! Missing value after the colon.")});
+    HintContext bare;
+    bare.BareLines = true;
+    EXPECT_EQ(Said("char_a", 0, bare), QStringList());
+    EXPECT_EQ(Said("char_a", 0, HintContext{}).size(), 1);
     EXPECT_EQ(Said("yamyam: a # b", 0), QStringList{QStringLiteral("The game cuts the line at \"#\".")});
     EXPECT_EQ(Said("# unknown: a # b", 0), QStringList());
     EXPECT_EQ(Said("yamyam: " + QByteArray(1015, 'v'), 0), QStringList());

@@ -10,7 +10,7 @@ struct CodeListTest : PaneTest
     {
         Component()->resize(600, 300);
         Component()->show();
-        pane->CodeList = [this](EditorPane&) { return words; };
+        pane->CodeList = [this](EditorPane&, bool) { return words; };
         pane->CodeListPick = [this](EditorPane&, const QString& item) {
             picked << item;
             return inserts;
@@ -88,6 +88,17 @@ TEST_F(CodeListTest, KeysChoose)
     Type(u"yam"_s);
     pane->CloseCodeList();
     EXPECT_FALSE(pane->CodeListOpen());
+}
+
+// Catches: an item with a bracket in front that no typing finds.
+TEST_F(CodeListTest, ABracketInFrontCounts)
+{
+    words << u"[yard]"_s;
+    Type(u"[ya"_s);
+    EXPECT_EQ(Selected(), u"[yard]"_s);
+    pane->SetText({});
+    Type(u"(ya"_s);
+    EXPECT_EQ(Selected(), u"yamyam"_s);
 }
 
 // Catches: Enter behind a finished word that changes nothing instead of breaking the line.

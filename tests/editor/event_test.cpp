@@ -119,8 +119,13 @@ TEST_F(EventTest, MousePresses)
     QGuiApplication::clipboard()->setText(u"paste"_s, QClipboard::Selection);
     Mouse(QEvent::MouseButtonPress, third, Qt::MiddleButton, Qt::AltModifier);
     EXPECT_EQ(Heard(), u"s4a"_s);
+    Mouse(QEvent::MouseButtonPress, second, Qt::LeftButton, Qt::AltModifier);
+    EXPECT_EQ(Heard(), u"s1a"_s);
+    Mouse(QEvent::MouseMove, QPointF(5, height * 0.5), Qt::LeftButton, Qt::AltModifier);
+    Mouse(QEvent::MouseButtonRelease, QPointF(5, height * 0.5), Qt::LeftButton, Qt::AltModifier);
+    EXPECT_EQ(Shown(), u"abc\ndef|\nghi"_s) << "a shortcut selects nothing";
     Mouse(QEvent::MouseButtonPress, second, Qt::LeftButton);
-    EXPECT_EQ(Heard(), u"s1"_s);
+    EXPECT_EQ(Heard(), u"1"_s);
     Mouse(QEvent::MouseButtonRelease, second, Qt::LeftButton);
     EXPECT_EQ(Shown(), u"abc\ndef|\nghi"_s);
     Mouse(QEvent::MouseButtonPress, QPointF(5, height * 0.5), Qt::LeftButton, Qt::ControlModifier);

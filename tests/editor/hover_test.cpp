@@ -47,6 +47,10 @@ TEST_F(Hover, AsksForTheTextUnderTheMouse)
     RestAt(*Component(), placeOf(1, 4));
     EXPECT_EQ(asked, (QList{std::pair(1, 4)}));
     EXPECT_TRUE(QToolTip::text().contains(u"&lt;b&gt; &amp; a tile"_s)) << QToolTip::text().toStdString();
+    pane->HoverPicture = [](EditorPane&, int, int) { return QImage(2, 2, QImage::Format_RGB32); };
+    RestAt(*Component(), placeOf(1, 3));
+    EXPECT_TRUE(QToolTip::text().startsWith(u"<img src='data:image/png;base64,"_s));
+    asked.removeLast();
     RestAt(*Component(), placeOf(0, 2));
     EXPECT_EQ(asked.last(), std::pair(0, 2));
     RestAt(*Component(), QPoint(400, 200));

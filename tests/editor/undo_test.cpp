@@ -47,6 +47,38 @@ TEST_F(UndoTest, AGroupIsOneStep)
     EXPECT_FALSE(pane->ExecuteCmd(139));
 }
 
+// Catches: a caret that lands at the last edit of a pass instead of where the user was, also after redo, after a
+// second group, and behind a history that was cleared in between.
+TEST_F(UndoTest, AGroupBringsItsSelectionBack)
+{
+    const auto pass = [this](const QString& line, const Range& after) {
+        const UndoGroup group(*pane);
+        pane->ReplaceLines(0, 2, line.toUtf8());
+        pane->SetSel(after, false);
+    };
+    pane->LoadBytes("one\r\ntwo\r\nthree");
+    pane->SetSel({1, 1, 1, 3}, false);
+    pass(u"ONE\r\ntwo\r\nTHREE"_s, {0, 0, 0, 0});
+    pane->SetSel({2, 2, 2, 2}, false);
+    pass(u"one!\r\ntwo\r\nthree!"_s, {0, 1, 0, 2});
+    {
+        const UndoGroup idle(*pane);
+    }
+    pane->ExecuteCmd(CmdUndo);
+    EXPECT_EQ(pane->GetSel(true), (Range{2, 2, 2, 2}));
+    pane->ExecuteCmd(CmdUndo);
+    EXPECT_EQ(pane->GetSel(true), (Range{1, 1, 1, 3}));
+    EXPECT_FALSE(pane->CanUndo());
+    pane->ExecuteCmd(CmdRedo);
+    EXPECT_EQ(pane->GetSel(true), (Range{0, 0, 0, 0}));
+    pane->ExecuteCmd(CmdRedo);
+    EXPECT_EQ(pane->GetSel(true), (Range{0, 1, 0, 2}));
+    pane->ClearUndoBuffer();
+    pass(u"1\r\n2\r\n3"_s, {0, 0, 0, 0});
+    pane->ExecuteCmd(CmdUndo);
+    EXPECT_EQ(pane->GetSel(true), (Range{0, 1, 0, 2}));
+}
+
 // Catches: a text that a group loads or writes whole and that cannot be taken back.
 TEST_F(UndoTest, ALoadInsideAGroupComesBack)
 {

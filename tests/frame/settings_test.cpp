@@ -16,6 +16,7 @@ TEST_F(Settings, TheShippedSettingsLoadWithoutACorrection)
     EXPECT_EQ(Frame.Settings.SheetKinds, (QStringList{QStringLiteral("pcx"), QStringLiteral("png")}));
     EXPECT_EQ(Frame.Settings.ComType[1], QStringLiteral("-e \"print graphicsinfo.conf\""));
     EXPECT_TRUE(Frame.Settings.AnimModes.contains(QStringLiteral("pingpong2")));
+    EXPECT_TRUE(ReadWordList(QStringLiteral("AnimModifiers")).contains(QStringLiteral("opaque_player")));
     EXPECT_EQ(Window.Pane(7).GetColor(8), 0xB00000);
     EXPECT_EQ(Window.Pane(7).GetColor(16), 255);
     EXPECT_EQ(Window.Checks.value(QStringLiteral("mnuSuperTab"), true), false);

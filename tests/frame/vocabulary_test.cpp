@@ -62,8 +62,24 @@ TEST_F(Vocabulary, TheCodeListOffersWhatIsTicked)
     Frame.Settings.AutoCompleteTemplate = {0, 1, 0, 1};
     EXPECT_EQ(CodeListWords(ModeGfx), QStringList{QStringLiteral("left")});
     EXPECT_TRUE(CodeListWords(ModeTxt).isEmpty());
-    EXPECT_EQ(CodeListChoice(CodeListWords(ModeSfx), QStringLiteral("RING")), 1);
-    EXPECT_EQ(CodeListChoice(CodeListWords(ModeSfx), QStringLiteral("none")), 0);
+}
+
+// Catches: an element offered before what can stand behind a dot, and a list that opens over the prose of a help text.
+TEST_F(Vocabulary, BehindADotComesWhatCanFollow)
+{
+    EXPECT_EQ(CodeListWords(ModeGfx, QStringLiteral("yamyam.")).first(), QStringLiteral("left"));
+    EXPECT_EQ(CodeListWords(ModeGfx, QStringLiteral("yamyam.LEFT.")).first(), QStringLiteral("xpos"));
+    EXPECT_EQ(CodeListWords(ModeGfx, QStringLiteral("yamyam.left: ")).first(), QStringLiteral("yamyam"));
+    EditorPane& pane = Window.txtBuffer();
+    pane.SetText(QStringLiteral("yamyam.le"));
+    pane.ExecuteCmd(CmdDocumentEnd);
+    Frame.CurrentMode = ModeHlt;
+    EXPECT_EQ(OfferedWords(pane, true).first(), QStringLiteral("left"));
+    pane.SetText(QStringLiteral("yamyam: it le"));
+    pane.ExecuteCmd(CmdDocumentEnd);
+    EXPECT_TRUE(OfferedWords(pane, true).isEmpty());
+    EXPECT_FALSE(OfferedWords(pane, false).isEmpty());
+    Frame.CurrentMode = ModeTxt;
 }
 
 struct Pick
@@ -82,6 +98,8 @@ TEST_F(Vocabulary, APickCompletesTheWordAtTheCaret)
         {"top\r\n", "yamyam", "top\r\nyamyam", 6},
         {"Yam", "yamyam", "Yamyamyam", 9}, // letter case counts
         {"foo.", "left", "foo.left", 8},
+        {"[def", "[default]", "[default]", 9}, // the bracket belongs to the item
+        {"def", "[default]", "def[default]", 12},
     };
     for (const Pick& pick : picks) {
         SCOPED_TRACE(pick.Before);

@@ -54,6 +54,7 @@ TEST(SheetOpening, MendsWhatDoesNotFitFieldByField)
     EXPECT_EQ(Conf.Element.XPos + Conf.Element.YPos, 0);
     EXPECT_EQ(Conf.Element.Frames, 1);
     EXPECT_EQ(Conf.Element.AnimMode, QStringLiteral("loop"));
+    EXPECT_EQ(Conf.UnknownMode, QStringLiteral("wobble")) << "an update leaves it unless the user picks another";
 
     SheetScope whole(4, 3);
     HoldBlock(0, 0, 12);

@@ -63,25 +63,36 @@ TEST_F(Audio, PlayersAreIndependent)
 {
     const QString low = File("low.wav", sound_files::Wave(440, 30)),
                   high = File("high.wav", sound_files::Wave(660, 30));
-    const auto strengths = [this] {
-        QThread::msleep(60);
-        const double from = Recorded().Seconds();
-        const Sound sound = Hear(from + 0.4).From(from);
-        return std::pair(sound.Strength(440) > 0.1, sound.Strength(660) > 0.1);
+    // A machine that is busy carries it out a little later.
+    const auto becomes = [this](bool hasLow, bool hasHigh) {
+        for (int attempt = 0; attempt < 10; ++attempt) {
+            QThread::msleep(60);
+            const double from = Recorded().Seconds();
+            const Sound sound = Hear(from + 0.4).From(from);
+            if ((sound.Strength(440) > 0.1) == hasLow && (sound.Strength(660) > 0.1) == hasHigh)
+                return true;
+        }
+        return false;
+    };
+    const auto fallsSilent = [this] {
+        double before = -1;
+        for (int attempt = 0; attempt < 30 && before != Recorded().Seconds(); ++attempt) {
+            before = Recorded().Seconds();
+            QThread::msleep(60);
+        }
+        return before == Recorded().Seconds();
     };
     ASSERT_TRUE(audio::PlayMedia(low));
     ASSERT_TRUE(audio::PlayModule(high));
-    Hear(0.2);
-    EXPECT_EQ(strengths(), std::pair(true, true));
+    EXPECT_TRUE(becomes(true, true));
     audio::StopMedia();
-    EXPECT_EQ(strengths(), std::pair(false, true));
+    EXPECT_TRUE(becomes(false, true));
     ASSERT_TRUE(audio::PlayModule(low));
-    EXPECT_EQ(strengths(), std::pair(true, false));
+    EXPECT_TRUE(becomes(true, false));
     audio::Stop();
     EXPECT_FALSE(audio::IsPlaying());
+    EXPECT_TRUE(fallsSilent());
     ToSilence();
-    QThread::msleep(200);
-    EXPECT_EQ(Recorded().Seconds(), 0);
 
     for (int times = 0; times < 20; ++times) {
         ASSERT_TRUE(audio::PlayMedia(low));
@@ -151,6 +162,7 @@ TEST_F(Audio, DeviceComesAndGoes)
     const auto closed = size();
     QThread::msleep(200);
     EXPECT_EQ(size(), closed);
+    ToSilence();
     ASSERT_TRUE(audio::PlayMedia(path));
     EXPECT_EQ(ToSilence().Tone(), 0);
 }
@@ -160,6 +172,9 @@ TEST_F(Audio, DeafPlayerStopsNobody)
 {
     InsteadAtFirst("exec sleep 60");
     const QString path = File("a.wav", sound_files::Wave(440, 0.3));
+    audio::PlayMedia(path);
+    while (!QFile::exists(Folder.Path(QStringLiteral("started"))))
+        QThread::msleep(1);
     QElapsedTimer timer;
     timer.start();
     for (int times = 0; times < 200; ++times) {

@@ -73,17 +73,22 @@ Recorder::Recorder()
     qputenv("SDL_AUDIODRIVER", "disk");
     qputenv("SDL_DISKAUDIOFILE", QFile::encodeName(Folder.Path(QStringLiteral("sound"))));
     qputenv("SDL_DISKAUDIODELAY", "4");
+    // As without a sanitizer: no memory is a failure, not the end.
+    qputenv("ASAN_OPTIONS", "allocator_may_return_null=1");
     InsteadAtFirst({});
 }
 
 void Recorder::InsteadAtFirst(const QByteArray& commands)
 {
+    audio::End(); // a shell reads its script as it goes
     const QByteArray folder = QFile::encodeName(Folder.Path());
     const QByteArray player = QFile::encodeName(QCoreApplication::applicationDirPath()) + "/gemforge-player";
     const QByteArray first =
         commands.isEmpty() ? QByteArray() : "[ -e started ] || { touch started; " + commands + "; }\n";
-    const QString script = Folder.Write(QStringLiteral("player"), "#!/bin/sh\ncd " + folder + "\n" + first + player +
-                                                                      " 2>complaints\necho $? >code\n");
+    // In the background, so that the code is noted although the shell is ended by force.
+    const QString script =
+        Folder.Write(QStringLiteral("player"), "#!/bin/sh\ncd " + folder + "\n" + first + "exec 3<&0\n(" + player +
+                                                   " <&3 3<&- 2>>complaints; echo $? >>code) &\nwait\n");
     chmod(QFile::encodeName(script).constData(), 0700);
     Platform.Player = std::make_unique<PlayerProcess>(script);
 }
@@ -93,7 +98,8 @@ Recorder::~Recorder()
     audio::End();
     qputenv("SDL_AUDIODRIVER", "dummy");
     EXPECT_TRUE(WaitFor([this] { return Folder.Read(QStringLiteral("code")).endsWith('\n'); }));
-    EXPECT_EQ(Folder.Read(QStringLiteral("code")), "0\n") << Folder.Read(QStringLiteral("complaints")).toStdString();
+    EXPECT_EQ(Folder.Read(QStringLiteral("code")).replace("0\n", {}), "")
+        << Folder.Read(QStringLiteral("complaints")).toStdString();
 }
 
 QString Recorder::File(const char* name, const QByteArray& bytes) const
@@ -105,8 +111,7 @@ QString Recorder::File(const char* name, const QByteArray& bytes) const
 Sound Recorder::Recorded() const
 {
     QFile file(Folder.Path(QStringLiteral("sound")));
-    // The device was closed meanwhile if the file is shorter.
-    const bool good = file.open(QIODevice::ReadOnly) && file.seek(begin <= file.size() ? begin : 0);
+    const bool good = file.open(QIODevice::ReadOnly) && file.seek(begin);
     const QByteArray bytes = good ? file.readAll() : QByteArray();
     const auto* const values = reinterpret_cast<const qint16*>(bytes.constData());
     std::vector<double> samples;
@@ -125,9 +130,18 @@ Sound Recorder::ToSilence()
     EXPECT_TRUE(WaitFor([] { return !audio::IsPlaying(); }));
     // What the mixer had made before comes into the file a little later.
     const qint64 size = Size();
-    WaitFor([&] { return Size() < size || Size() > size + 40'000; });
+    qint64 last = -1;
+    while (Size() < size + 40'000 && last != Size()) {
+        last = Size();
+        QThread::msleep(80);
+    }
     Sound sound = Recorded();
     begin = Size() & ~3;
+    // A device that was closed begins its file anew.
+    if (last == Size()) {
+        QFile::remove(Folder.Path(QStringLiteral("sound")));
+        begin = 0;
+    }
     return sound;
 }
 

@@ -1,4 +1,5 @@
 #include "main_window_test.h"
+#include "platform/audio.h"
 #include "windows/frm_about.h"
 
 #include <QApplication>
@@ -92,7 +93,9 @@ TEST_F(AboutWindow, PlaysToItsEnd)
         QWidget* about = QApplication::activeModalWidget();
         ASSERT_TRUE(about && about->objectName() == QLatin1String("frmAbout"));
         EXPECT_EQ(Frame.RunningWork, 1);
+        EXPECT_TRUE(audio::IsPlaying());
         about->close();
     });
     MenuOf("mnuHelpAbout")->trigger();
+    EXPECT_FALSE(audio::IsPlaying());
 }

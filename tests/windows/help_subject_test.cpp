@@ -65,6 +65,7 @@ TEST_F(HelpSubjectTest, F1InAWindowAboveShowsItsPage)
         [&] { Host().OpenTool(ToolWindow::Project); },
         [&] { Host().OpenTool(ToolWindow::About); },
         [&] { frmComment::Ask(Window.get()); },
+        [&] { Host().OpenTool(ToolWindow::Inject); },
     };
     for (const auto& open : windows) {
         OnModal([&](QWidget& window) { press(&window); });
@@ -82,7 +83,7 @@ TEST_F(HelpSubjectTest, F1InAWindowAboveShowsItsPage)
     menu->setActiveAction(MenuOf("mnuTidyup"));
     press(menu);
     EXPECT_FALSE(menu->isVisible());
-    EXPECT_EQ(asked.size(), 11);
+    EXPECT_EQ(asked.size(), 12);
     EXPECT_EQ(asked.constLast(), QStringLiteral("H_main_tidy_up"));
     for (const QString& id : std::as_const(asked))
         EXPECT_TRUE(QFile::exists(QStringLiteral(PROJECT_FOLDER "/help/") + id.toLower() + QStringLiteral(".html")))

@@ -25,7 +25,7 @@ public:
     /// Until nobody is left to play for.
     void Run()
     {
-        while (wishes.Receive(device.IsOpen() ? Glance : -1)) {
+        while (wishes.Receive(Patience())) {
             CarryOut(player::Voice::Media, media);
             CarryOut(player::Voice::Module, module);
             Tell();
@@ -36,6 +36,14 @@ public:
     }
 
 private:
+    /// More may have come while a file was opened.
+    int Patience() const
+    {
+        if (wishes.HasAny())
+            return 0;
+        return device.IsOpen() ? Glance : -1;
+    }
+
     template <class AVoice>
     void CarryOut(player::Voice of, AVoice& voice)
     {
@@ -52,10 +60,9 @@ private:
 
     void Tell()
     {
-        const bool waiting = wishes.Has(player::Voice::Media) || wishes.Has(player::Voice::Module);
         const player::State state{.Serial = wishes.LastSerial(),
                                   .Playing = std::uint32_t(media.Playing()) | std::uint32_t(module.Playing()) << 1};
-        if (waiting || (state.Serial == told.Serial && state.Playing == told.Playing))
+        if (wishes.HasAny() || (state.Serial == told.Serial && state.Playing == told.Playing))
             return;
         if (send(Socket, &state, sizeof(state), MSG_DONTWAIT | MSG_NOSIGNAL) == sizeof(state))
             told = state;
@@ -66,7 +73,7 @@ private:
         const auto now = std::chrono::steady_clock::now();
         if (media.Playing() || module.Playing())
             heard = now;
-        if (!device.IsOpen() || now - heard < Linger)
+        if (!device.IsOpen() || wishes.HasAny() || now - heard < Linger)
             return;
         media.Stop();
         module.Stop();

@@ -1,5 +1,7 @@
 #include "platform/player/media_voice.h"
 
+#include "platform/player/pcm_source.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
@@ -35,6 +37,16 @@ SDL_RWops* BytesOf(const HandedFile& file)
     return bytes ? SDL_RWFromFP(bytes, SDL_TRUE) : nullptr;
 }
 
+Mix_Chunk* LoadWave(const HandedFile& file)
+{
+    SDL_AudioSpec spec{};
+    Uint8* samples = nullptr;
+    Uint32 length = 0;
+    const bool good = SDL_LoadWAV_RW(BytesOf(file), 1, &spec, &samples, &length) && IsPlayableRate(spec.freq);
+    SDL_FreeWAV(samples);
+    return good ? Mix_LoadWAV_RW(BytesOf(file), 1) : nullptr;
+}
+
 Mix_Music* LoadAs(Mix_MusicType kind, const HandedFile& file)
 {
     SDL_RWops* const bytes = BytesOf(file);
@@ -46,7 +58,7 @@ Mix_Music* LoadAs(Mix_MusicType kind, const HandedFile& file)
 bool MediaVoice::Load(const Wish& wish)
 {
     if (IsShortWave(wish.File)) {
-        wave.reset(Mix_LoadWAV_RW(BytesOf(wish.File), 1));
+        wave.reset(LoadWave(wish.File));
         return wave != nullptr;
     }
     music.reset(LoadAs(MUS_NONE, wish.File));

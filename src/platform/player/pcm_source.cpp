@@ -36,6 +36,8 @@ public:
     {
         if (!SDL_LoadWAV_RW(SDL_RWFromConstMem(bytes.constData(), int(bytes.size())), 1, &spec, &samples, &length))
             return;
+        if (!IsPlayableRate(spec.freq))
+            return;
         frame = SDL_AUDIO_BITSIZE(spec.format) / 8u * spec.channels;
         converted.reset(SDL_NewAudioStream(spec.format, spec.channels, spec.freq, AUDIO_S16SYS, 2, ModuleRate));
     }

@@ -18,5 +18,11 @@ public:
 
 constexpr int ModuleRate = 22050;
 
+/// Whether a wave of this many samples a second is played; conversion from others would swell without measure.
+constexpr bool IsPlayableRate(int rate)
+{
+    return rate >= 1000 && rate <= 384000;
+}
+
 /// A module of any kind, one in a zip archive, or a wave; null if it is none of them, broken or too large.
 std::unique_ptr<PcmSource> OpenPcm(const HandedFile& file);

@@ -24,6 +24,7 @@ public:
     [[nodiscard]] bool Receive(int patience);
 
     bool Has(player::Voice voice) const { return last[std::size_t(voice)].has_value(); }
+    bool HasAny() const { return Has(player::Voice::Media) || Has(player::Voice::Module); }
     std::optional<Wish> Take(player::Voice voice) { return std::exchange(last[std::size_t(voice)], std::nullopt); }
     std::uint32_t LastSerial() const { return serial; } ///< of what was received
 
