@@ -7,6 +7,10 @@
 #include <QFile>
 #include <algorithm>
 #include <chrono>
+#include <dirent.h>
+#include <memory>
+#include <span>
+#include <sys/stat.h>
 #include <utility>
 #include <vector>
 
@@ -34,6 +38,15 @@ QStringList Endings(const QString& patterns)
     for (const QString& pattern : patterns.split(u';', Qt::SkipEmptyParts))
         endings << pattern.trimmed().mid(1);
     return endings;
+}
+
+/// The sort asks this of every letter.
+char16_t Folded(QChar letter)
+{
+    const char16_t code = letter.unicode();
+    if (code < 128)
+        return code >= u'A' && code <= u'Z' ? char16_t(code + 32) : code;
+    return letter.toCaseFolded().unicode();
 }
 
 bool Fits(const QString& name, const QStringList& endings)
@@ -66,17 +79,23 @@ std::vector<Run> RunsMissingIn(const QStringList& other, const QStringList& list
     return runs;
 }
 
+bool IsFile(DIR* folder, const dirent& entry)
+{
+    if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN)
+        return entry.d_type == DT_REG;
+    struct stat facts = {};
+    return fstatat(dirfd(folder), entry.d_name, &facts, 0) == 0 && S_ISREG(facts.st_mode);
+}
+
 QStringList ReadFolder(const QString& folder, const QString& patterns)
 {
     const QStringList endings = Endings(patterns);
+    const std::unique_ptr<DIR, int (*)(DIR*)> open(opendir(QFile::encodeName(folder).constData()), closedir);
     QStringList names;
-    std::error_code error;
-    std::filesystem::directory_iterator entry(Native(folder), error);
-    for (const std::filesystem::directory_iterator end; !error && entry != end; entry.increment(error)) {
-        const QString name = QFile::decodeName(entry->path().filename().c_str());
-        std::error_code unknown;
-        if (Fits(name, endings) && entry->is_regular_file(unknown))
-            names << name;
+    while (const dirent* entry = open ? readdir(open.get()) : nullptr) {
+        QString name = QFile::decodeName(entry->d_name);
+        if (Fits(name, endings) && IsFile(open.get(), *entry))
+            names << std::move(name);
     }
     std::sort(names.begin(), names.end(), NaturallyBefore);
     return names;
@@ -135,7 +154,7 @@ bool NaturallyBefore(const QString& a, const QString& b)
             i += length;
             j += other;
         } else {
-            const char16_t left = a[i++].toCaseFolded().unicode(), right = b[j++].toCaseFolded().unicode();
+            const char16_t left = Folded(a[i++]), right = Folded(b[j++]);
             if (left != right)
                 return left < right;
         }
@@ -305,8 +324,9 @@ std::optional<MediaHit> FindImageInLists(const QString& value)
 
 bool IsMediaName(const QString& name)
 {
-    return std::ranges::any_of(
-        Modes(), [&](const ModeRow& mode) { return Fits(name, Endings(MediaPattern(mode.BasePattern))); });
+    return std::ranges::any_of(std::span(Modes()).subspan(ModeGfx), [&](const ModeRow& mode) {
+        return Fits(name, Endings(MediaPattern(mode.BasePattern)));
+    });
 }
 
 void InsertFileName(const QString& name)

@@ -19,6 +19,6 @@ void OpenDroppedFiles(const QStringList& files);
 /// Is one of the files of a kind that a media list holds?
 bool AnyLeavesItsName(const QStringList& files);
 
-/// Files dropped into the current pane: those that a media list holds leave their names at the place, parted by
+/// Files dropped into the current pane: those that a media list holds leave their names in place of `at`, parted by
 /// blanks; the others are opened.
 void DropIntoText(const QStringList& files, const Range& at);

@@ -378,7 +378,7 @@ void frmmain::dropEvent(QDropEvent* event)
 {
     const QStringList files = LocalFiles(*event->mimeData());
     AcceptAsCopy(*event);
-    QTimer::singleShot(0, this, [files] { OpenDroppedFiles(files); });
+    QTimer::singleShot(0, this, [files] { DropIntoText(files, CurrentPane().GetSel(true)); });
 }
 
 void frmmain::RestorePosition()

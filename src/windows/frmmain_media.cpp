@@ -87,7 +87,7 @@ void frmmain::PreviewMedia()
     const int source = Conf.MediaSource;
     if (source >= 1 && source <= 3) {
         Conf.MediaFile = ssML->View(source).Selected();
-        ssML->SaveSelection();
+        Lists().SavedListIndex.at(source) = ssML->View(source).SelectedRow();
     }
     OpenByMode(this, ssML->View(1).Path());
     FocusPane();

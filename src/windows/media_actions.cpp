@@ -118,11 +118,16 @@ void ShowLevel(const QString& path)
 
 void ShowInFolder(const QString& path)
 {
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        OpenOutside(paths::FolderOfPath(path));
+        return;
+    }
     QDBusMessage call = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("/org/freedesktop/FileManager1"),
         QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
     call << QStringList(QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)) << QString();
-    auto* answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call));
+    auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(call));
     QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [path](QDBusPendingCallWatcher* done) {
         if (QDBusPendingReply<>(*done).isError())
             OpenOutside(paths::FolderOfPath(path));
@@ -136,7 +141,7 @@ void PopUpMediaMenu(MediaView& view, const QPoint& onScreen)
     menu->setAttribute(Qt::WA_DeleteOnClose);
     const QString path = view.Path();
     const auto add = [&](const char* caption, auto&& run) {
-        QAction* entry = menu->addAction(QString::fromLatin1(caption), menu, run, Qt::QueuedConnection);
+        QAction* entry = menu->addAction(QString::fromLatin1(caption), &view, run, Qt::QueuedConnection);
         entry->setEnabled(!path.isEmpty());
         return entry;
     };
@@ -144,7 +149,10 @@ void PopUpMediaMenu(MediaView& view, const QPoint& onScreen)
     if (HasMediaTool(mode))
         menu->setDefaultAction(add(mode == ModeSfx || mode == ModeMus ? "Play" : "Preview",
                                    [source = view.Source()] { OpenMediaEntry(source); }));
-    add("Insert Name", [name = view.Selected()] { InsertFileName(name); });
+    add("Insert Name", [name = view.Selected()] {
+        InsertFileName(name);
+        Host().FocusPane();
+    });
     menu->addSeparator();
     add("Open With Another Program", [path] { OpenOutside(path); });
     add("Show in Folder", [path] { ShowInFolder(path); });

@@ -12,6 +12,8 @@
 #include <QProxyStyle>
 #include <QTabBar>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -86,7 +88,10 @@ void MediaTabs::AddPage(QWidget* page, const char* caption, const char* helpKey)
 void MediaTabs::ConnectView(MediaView& view)
 {
     const int source = view.Source();
-    connect(&view, &MediaView::Pressed, this, [=, this](bool insert) { emit Pressed(source, insert); });
+    connect(&view, &MediaView::Pressed, this, [=, this](bool insert) {
+        awaited.at(source) = false;
+        emit Pressed(source, insert);
+    });
     connect(&view, &MediaView::Opened, this, [=, this] { emit Opened(source); });
     connect(&view, &MediaView::Inserted, this, [=, this] { emit Inserted(source); });
     connect(&view, &MediaView::MenuWanted, this, [=, this](QPoint at) { emit MenuWanted(source, at); });
@@ -113,17 +118,18 @@ void MediaTabs::LookAtPictures()
         view->LookAtPictures();
 }
 
-void MediaTabs::SaveSelection() const
+void MediaTabs::SaveSelection()
 {
     for (const MediaView* view : views)
         Lists().SavedListIndex.at(view->Source()) = view->SelectedRow();
+    awaited.fill(true);
 }
 
 void MediaTabs::RestoreSelection()
 {
     for (MediaView* view : views) {
         const int row = Lists().SavedListIndex.at(view->Source());
-        if (row != view->SelectedRow() || row == 0)
+        if (std::exchange(awaited.at(view->Source()), false) && (row != view->SelectedRow() || row == 0))
             view->SelectRow(row > 0 ? row : -1);
     }
 }

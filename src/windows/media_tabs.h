@@ -25,8 +25,9 @@ public:
 
     void LookAtPictures(); ///< the files may have changed
 
-    void SaveSelection() const; ///< to SavedListIndex
-    /// The saved entries are selected again; an index of 0 leaves its list without a selection.
+    void SaveSelection(); ///< to SavedListIndex, as the window loses the focus
+    /// The saved entries are selected again; an index of 0 leaves its list without a selection. A list that was
+    /// pressed meanwhile keeps what was chosen, and nothing comes back twice.
     void RestoreSelection();
 
     MediaView* Focused() const; ///< the list that has the keyboard, null for none
@@ -48,4 +49,5 @@ private:
 
     std::array<MediaView*, 3> views;
     ExtraPage* extra;
+    std::array<bool, 4> awaited{}; ///< by source: saved and not yet restored
 };

@@ -203,8 +203,10 @@ void MediaView::mouseDoubleClickEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton || event->modifiers().testFlag(Qt::ControlModifier))
         PressAt(*event);
-    else if (indexAt(event->position().toPoint()).isValid() && !Selected().isEmpty())
+    else if (const QModelIndex index = indexAt(event->position().toPoint()); index.isValid()) {
+        setCurrentIndex(index);
         emit Opened();
+    }
 }
 
 void MediaView::DragEntry()

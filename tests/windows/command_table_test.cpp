@@ -92,7 +92,7 @@ TEST_F(CommandTable, MenusStandInTheToldOrder)
                     "Insert A Comment Separator|Comment Selected|Uncomment Selected|Tidy Up"},
         {"mnuSearch", "Find|Find|Find Next|Find Previous|-|Replace|-|Goto Comment|Goto Next Comment|"
                       "Goto Previous Comment|-|Goto Line Number|Goto Top|Goto Bottom|-|Goto Block"},
-        {"mnuView", "View|Line Numbers|Spaces + Tabs|Colours|-|Super Tab|Line Hints"},
+        {"mnuView", "View|Line Numbers|Spaces + Tabs|Colours|-|Super Tab|Line Hints|Thumbnails"},
         {"mnuRND", "RnD|Run Rocks'n'Diamonds|Run RnD - Fast Test Selected Element|Level Manager|-|Check For Errors|-|"
                    "View Error Log|Extract From RnD"},
         {"mnuExtra", "Extra|Game Structure Wizard|Make Level Preview Palette|Make Editor Headline|-|PCX Lab|"

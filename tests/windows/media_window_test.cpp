@@ -7,17 +7,35 @@
 #include "windows/dropped_files.h"
 #include "windows/extra_page.h"
 #include "windows/folder_tree.h"
+#include "windows/media_actions.h"
 #include "windows/media_tabs.h"
 #include "windows/media_tip.h"
 #include "windows/media_view.h"
 
 #include <QComboBox>
+#include <QContextMenuEvent>
+#include <QDesktopServices>
 #include <QDir>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 
 namespace {
+
+/// Stands in for the desktop's programs.
+class Desktop : public QObject
+{
+    Q_OBJECT
+
+public:
+    Desktop() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "Open"); }
+    ~Desktop() override { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
+
+    QStringList Opened;
+
+public slots:
+    void Open(const QUrl& url) { Opened << url.toLocalFile(); }
+};
 
 /// The real window; counts the silences.
 class ListeningWindow : public frmmain
@@ -66,7 +84,6 @@ protected:
     void DoubleClick(int row, int source = 1) const
     {
         QTest::mouseDClick(List(source).viewport(), Qt::LeftButton, {}, PlaceOf(row, source).center());
-        QCoreApplication::processEvents();
     }
     /// Another window takes the focus, something happens, the focus comes back.
     void WhileAway(const std::function<void()>& act) const
@@ -80,6 +97,24 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowActive(Window.get()));
         QTest::qWait(20);
     }
+    /// Waits for a modal window and closes it; its title.
+    QString TitleOfModal() const
+    {
+        QString title;
+        QTimer look;
+        QObject::connect(&look, &QTimer::timeout, [&] {
+            QWidget* modal = QApplication::activeModalWidget();
+            if (!modal || !modal->isVisible())
+                return;
+            title = modal->windowTitle();
+            modal->close();
+        });
+        look.start(5);
+        WaitUntil([&] { return !title.isEmpty() && !QApplication::activeModalWidget(); });
+        Window->activateWindow(); // as a window manager does
+        EXPECT_TRUE(QTest::qWaitForWindowActive(Window.get()));
+        return title;
+    }
     QStringList Shown(int source = 1) const
     {
         QStringList names;
@@ -87,7 +122,7 @@ protected:
             names << List(source).model()->index(row, 0).data().toString();
         return names;
     }
-    bool TextHasTheKeyboard() const { return WidgetOf(CurrentPane())->hasFocus(); }
+    bool TextHasTheKeyboard() const { return Window->focusWidget() == WidgetOf(CurrentPane()); }
     int Silenced() const { return static_cast<ListeningWindow&>(*Window).Silenced; }
 };
 
@@ -129,11 +164,8 @@ TEST_F(MediaWindow, DoubleClickOpensByMode)
 {
     Conf.Element.ElementOpen = Conf.QuickPreview = true;
     Conf.FieldFound.fill(0);
-    QString title;
-    OnModal([&](QWidget& window) { title = window.windowTitle(); });
     DoubleClick(1);
-    ASSERT_TRUE(WaitUntil([&] { return !title.isEmpty() && !QApplication::activeModalWidget(); }));
-    EXPECT_EQ(title, QStringLiteral("b.png"));
+    EXPECT_EQ(TitleOfModal(), QStringLiteral("b.png"));
     EXPECT_FALSE(Conf.Element.ElementOpen || Conf.QuickPreview);
     EXPECT_EQ(Conf.FieldFound[8], 1);
     EXPECT_EQ(Lists().SavedListIndex[1], 1);
@@ -143,6 +175,7 @@ TEST_F(MediaWindow, DoubleClickOpensByMode)
     Run.Work.Write(QStringLiteral("001.level"), "level");
     RefreshMedia();
     SetMode(ModeLvl);
+    Click(0); // the refresh of the window's return is still to come
     DoubleClick(0);
     EXPECT_TRUE(WaitUntil([&] { return !Run.Scope.Answers.Shown.empty(); }));
     EXPECT_TRUE(Run.TakeMessages().value(0).contains(QLatin1String("Mapglass")));
@@ -219,11 +252,8 @@ TEST_F(MediaWindow, KeysReachOpenNarrowAndLeave)
     QTest::keyClicks(List().Filter(), QStringLiteral("."));
     EXPECT_EQ(Shown(), QStringList{QStringLiteral("c.png")});
     Press(Qt::Key_Down);
-    QString title;
-    OnModal([&](QWidget& window) { title = window.windowTitle(); });
-    Press(Qt::Key_Return);
-    EXPECT_TRUE(WaitUntil([&] { return !title.isEmpty() && !QApplication::activeModalWidget(); }));
-    EXPECT_EQ(title, QStringLiteral("c.png"));
+    QTest::keyClick(List().Filter(), Qt::Key_Return);
+    EXPECT_EQ(TitleOfModal(), QStringLiteral("c.png"));
     List().setFocus();
     Press(Qt::Key_Escape);
     EXPECT_TRUE(TextHasTheKeyboard());
@@ -236,6 +266,26 @@ TEST_F(MediaWindow, KeysReachOpenNarrowAndLeave)
     List().OpenFilter(QStringLiteral("nothing"));
     ASSERT_TRUE(OpenDocument(Run.Work.Write(QStringLiteral("sub/graphicsinfo.conf"), "x\n"), true));
     EXPECT_TRUE(List().Filter()->text().isEmpty());
+}
+
+// Catches: entries of the menu that do nothing since the menu has gone by then, a folder that shows only where file
+// managers listen.
+TEST_F(MediaWindow, TheMenuWorksOnTheEntryUnderIt)
+{
+    Click(2, {}, Qt::RightButton);
+    QContextMenuEvent press(QContextMenuEvent::Mouse, PlaceOf(2).center(), QCursor::pos());
+    QCoreApplication::sendEvent(List().viewport(), &press);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->defaultAction()->text(), QStringLiteral("Preview"));
+    menu->setActiveAction(menu->actions().at(1));
+    QTest::keyClick(menu, Qt::Key_Return);
+    EXPECT_TRUE(WaitUntil([] { return FirstLine() == QLatin1String("c.pngone two"); }));
+    EXPECT_TRUE(TextHasTheKeyboard());
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere");
+    const Desktop desktop;
+    ShowInFolder(List().Path());
+    EXPECT_EQ(desktop.Opened, QStringList{Run.Work.Path()});
 }
 
 // Catches: a tree that cannot show where the game keeps its files, a list that does not follow it, a path that is
@@ -321,3 +371,5 @@ TEST_F(MediaWindow, ListsLookAsTheSettingsSay)
     EXPECT_EQ(WaveSeconds(head + QByteArray("LIST\xff\xff\xff\xff", 8)), 0);
     EXPECT_EQ(WaveSeconds(head.first(22)), 0);
 }
+
+#include "media_window_test.moc"
