@@ -56,7 +56,10 @@ void frmPCX::Run(QWidget* owner)
     const QString path = PathOfMedia();
     const auto picture = images::Load(path);
     if (!picture) {
-        ShowMessage(BadImage);
+        if (picture.error().Path == path)
+            ShowMessage(BadImage);
+        else
+            ShowMessage(MessagePathError, picture.error().Text()); // the decoder is not there
         return;
     }
     ShowSheet(picture->Pixels);

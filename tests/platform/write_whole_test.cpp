@@ -307,6 +307,27 @@ TEST_F(WriteWhole, AnothersFileStaysAnothers)
     EXPECT_EQ(Found(), New);
 }
 
+// Catches: a file of a save that still runs, or of no save at all, taken away.
+TEST_F(WriteWhole, SweepsWhatKilledSavesHaveLeft)
+{
+    const pid_t gone = fork();
+    if (gone == 0)
+        _exit(0);
+    waitpid(gone, nullptr, 0);
+    const timespec longAgo[] = {{1'000'000'000, 0}, {1'000'000'000, 0}};
+    const auto leave = [&](pid_t process, bool old) {
+        const QString path = folder.Write(QStringLiteral(".gemforge-%1-%2").arg(process).arg(old), "half");
+        if (old)
+            utimensat(AT_FDCWD, QFile::encodeName(path).constData(), longAgo, 0);
+        return path;
+    };
+    const QString dead = leave(gone, true), fresh = leave(gone, false), living = leave(getpid(), true);
+    const QString other = folder.Write(QStringLiteral(".gemforge-notes"), "kept");
+    ASSERT_TRUE(paths::WriteWhole(folder.Path(QStringLiteral("a.conf")), New));
+    EXPECT_FALSE(QFile::exists(dead));
+    EXPECT_TRUE(QFile::exists(fresh) && QFile::exists(living) && QFile::exists(other));
+}
+
 // A backup must never fall on an existing one; a reader must not wait on a fifo nor take a file of any size.
 TEST_F(WriteWhole, CopiesAndReads)
 {

@@ -140,6 +140,9 @@ TEST_F(MainWindowParts, DroppedFilesTakeEmptyTabsFirst)
     EXPECT_EQ(Frame.Documents[1].Path, b);
     EXPECT_FALSE(Frame.Documents[2].Face.Visible);
     EXPECT_EQ(Host().SelectedTab(), 0);
+    OpenDroppedFiles({Run.Work.Path({})});
+    EXPECT_EQ(Run.TakeMessages().size(), 1);
+    EXPECT_FALSE(Frame.Documents[2].Face.Visible) << "a folder takes no tab";
 }
 
 // Catches: a screen reader that starts after the program and finds panes without text, a setting that is not obeyed.
