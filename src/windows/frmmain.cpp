@@ -364,14 +364,21 @@ void frmmain::Finish()
 
 void frmmain::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!LocalFiles(*event->mimeData()).isEmpty())
-        AcceptAsCopy(*event);
+    TakeDrag(*event);
 }
 
 void frmmain::dragMoveEvent(QDragMoveEvent* event)
 {
-    if (!LocalFiles(*event->mimeData()).isEmpty())
-        AcceptAsCopy(*event);
+    TakeDrag(*event);
+}
+
+/// What comes from a list of our own is for the text alone: a hand that slips on the list drops nothing.
+void frmmain::TakeDrag(QDropEvent& event) const
+{
+    if (ssML->isAncestorOf(qobject_cast<QWidget*>(event.source())) || LocalFiles(*event.mimeData()).isEmpty())
+        event.ignore();
+    else
+        AcceptAsCopy(event);
 }
 
 void frmmain::dropEvent(QDropEvent* event)

@@ -114,6 +114,7 @@ private:
     void Activated();
     void AddMediaLists();
     void LeaveLists();
+    void TakeDrag(QDropEvent& event) const;
     void RefreshLists();
     void MouseOver(const QString& helpId);
     void HideLists();
