@@ -179,7 +179,7 @@ void OpenCodeList(benchmark::State& state)
     QStringList words;
     for (int i = 0; i < state.range(0); ++i)
         words << QStringLiteral("word_%1").arg((i * 7919) % 100'000);
-    shown.pane->CodeList = [&](EditorPane&) { return words; };
+    shown.pane->CodeList = [&](EditorPane&, bool) { return words; };
     for (auto _ : state) {
         shown.Press(Qt::Key_Space, Qt::ControlModifier);
         state.PauseTiming();
