@@ -79,6 +79,18 @@ void TypeInTheMiddle(benchmark::State& state)
 }
 BENCHMARK(TypeInTheMiddle)->Arg(Usual)->Arg(Great)->Unit(benchmark::kMicrosecond);
 
+/// At the end of a line of a million characters.
+void TypeInALongLine(benchmark::State& state)
+{
+    ShownPane shown(0);
+    shown.pane->LoadBytes(QByteArray(1'000'000, 'w'));
+    shown.pane->ExecuteCmd(CmdDocumentEnd);
+    shown.Paint();
+    for (auto _ : state)
+        shown.Press(Qt::Key_X, {}, QStringLiteral("x"));
+}
+BENCHMARK(TypeInALongLine)->Unit(benchmark::kMillisecond);
+
 void CaretDown(benchmark::State& state)
 {
     ShownPane shown(int(state.range(0)));
