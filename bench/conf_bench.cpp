@@ -1,6 +1,7 @@
 // Passes over the lines of a conf on bytes alone, element blocks, and the inject window's rebuild in a pane.
 #include "conf_text.h"
 
+#include "batch/answer_list.h"
 #include "batch/batch_host.h"
 #include "conf/block_outline.h"
 #include "conf/check.h"
@@ -9,6 +10,7 @@
 #include "conf/line_pass.h"
 #include "conf/tidy_up.h"
 #include "editor/make_pane.h"
+#include "frame/frame_state.h"
 
 #include <QApplication>
 
@@ -53,6 +55,8 @@ void PassInPaneAndUndo(benchmark::State& state)
                                    return TidyLines(lines, {.SpacerWidth = 43}, progress);
                                }};
     BatchHost host;
+    AnswerList answers;
+    InstallHost(host, answers);
     const auto pane = MakePane();
     pane->LoadBytes(RaggedConf(1'500'000));
     for (auto _ : state) {
