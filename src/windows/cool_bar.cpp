@@ -6,11 +6,14 @@
 #include "windows/help_subject.h"
 #include "windows/menu_tree.h"
 
+#include <QEvent>
 #include <QMainWindow>
 #include <QMenu>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -26,6 +29,7 @@ constexpr BarRow Bars[] = {
     {ToolStrip::tbRnD, "tbRnD", "RnD"},    {ToolStrip::tbExtra, "tbExtra", "Extra"},
 };
 constexpr int IconPixels = 20;
+constexpr int SettleMs = 400; ///< the toolkit's bars glide into their place
 
 } // namespace
 
@@ -42,6 +46,7 @@ CoolBar::CoolBar(QMainWindow* owner, const CommandSet& commands, const MenuTree&
         bars[row.Strip] = bar;
         order.push_back(bar);
         window->addToolBar(bar);
+        bar->installEventFilter(this);
     }
     for (const BarRow& row : Bars)
         FillBar(row.Strip, commands, menus);
@@ -128,6 +133,31 @@ std::vector<CoolBarBand> CoolBar::Bands() const
             last = bar;
     }
     return bands;
+}
+
+/// Which bar follows which, and where a row begins.
+QStringList CoolBar::Places() const
+{
+    QStringList now;
+    for (const CoolBarBand& band : Bands())
+        now << (band.NewRow ? QStringLiteral("/") : QString()) + band.Control;
+    return now;
+}
+
+void CoolBar::StoreIfMoved()
+{
+    if (const QStringList now = Places(); std::exchange(places, now) != now)
+        SaveCoolbar();
+}
+
+/// A bar that the user lets go may stand elsewhere; the window has laid it out behind the release.
+bool CoolBar::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::MouseButtonPress)
+        places = Places();
+    if (event->type() == QEvent::MouseButtonRelease)
+        QTimer::singleShot(SettleMs, this, &CoolBar::StoreIfMoved);
+    return QObject::eventFilter(watched, event);
 }
 
 void CoolBar::FitFindBox(int bandWidth)

@@ -3,6 +3,8 @@
 #include "frame/cool_bar_bands.h"
 #include "windows/command_table.h"
 
+#include <QObject>
+#include <QStringList>
 #include <map>
 #include <vector>
 
@@ -13,8 +15,10 @@ class QMainWindow;
 class QToolBar;
 
 /// The six tool bars, built from the command table. A bar without a button does not show.
-class CoolBar
+class CoolBar : public QObject
 {
+    Q_OBJECT
+
 public:
     CoolBar(QMainWindow* window, const CommandSet& commands, const MenuTree& menus);
 
@@ -30,13 +34,19 @@ public:
     QToolBar* Bar(ToolStrip strip) const;
     FindBox* cmbFind() const { return findBox; }
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void FillBar(ToolStrip strip, const CommandSet& commands, const MenuTree& menus);
     void FitFindBox(int bandWidth);
+    QStringList Places() const;
+    void StoreIfMoved();
     std::vector<QToolBar*> PresentOrder() const;
 
     QMainWindow* window;
     FindBox* findBox;
     std::map<ToolStrip, QToolBar*> bars;
     std::vector<QToolBar*> order; ///< by band, as loaded
+    QStringList places;           ///< of the bands when they were last loaded or stored
 };

@@ -42,6 +42,8 @@ void frmmain::AddMediaLists()
     connect(watch, &MediaWatch::Changed, this, [this] {
         RefreshMedia();
         ssML->LookAtPictures();
+        if (!isActiveWindow())
+            ssML->SaveSelection(); // its files stand elsewhere now
     });
     split->SetMedia(ssML);
 }

@@ -27,7 +27,7 @@ std::optional<QString> AskFile(QWidget* parent, const FileQuestion& question, QF
     dialog.setAcceptMode(mode);
     SetHelpSubject(&dialog,
                    mode == QFileDialog::AcceptOpen ? QStringLiteral("H_main_open") : QStringLiteral("H_main_save_as"));
-    dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog.setFileMode(QFileDialog::AnyFile); // a typed name may be one that the filter hides, such as a backup's
     dialog.setOption(QFileDialog::DontConfirmOverwrite); // the command asks that itself, with message 9
     dialog.setNameFilters(DialogFilters(question.Filter));
     if (!question.Preset.isEmpty())
