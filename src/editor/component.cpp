@@ -178,7 +178,7 @@ void Component::SelectColumns(const RawSelection& corners)
 }
 
 // A selection made by a message is drawn pale, as one that another window has taken over, until it is claimed. One
-// that is set again claims the desktop's selection; a huge one would be copied for it.
+// that is set again claims the desktop's selection. A huge one would be copied for it: then the desktop gets nothing.
 void Component::ClaimSelection()
 {
     constexpr qsizetype most = 1 << 20;
@@ -186,9 +186,17 @@ void Component::ClaimSelection()
         return;
     unclaimed = false;
     const RawSelection shown = Selection();
-    const bool claims = shown.End() > shown.Start() && shown.End() - shown.Start() < most && !shown.Columns;
-    if (claims && Send(Sci::SCI_GETSELECTIONS) == 1)
+    const bool claims = shown.End() > shown.Start() && !shown.Columns;
+    if (!claims || Send(Sci::SCI_GETSELECTIONS) != 1)
+        return;
+    if (shown.End() - shown.Start() < most) {
         Send(Sci::SCI_SETCURRENTPOS, shown.Caret);
+        return;
+    }
+    Send(Sci::SCI_SETSELECTION, shown.Start(), shown.Start());
+    Send(Sci::SCI_SETCURRENTPOS, shown.Start() + 1);
+    QGuiApplication::clipboard()->clear(QClipboard::Selection);
+    Send(Sci::SCI_SETSELECTION, shown.Caret, shown.Anchor);
 }
 
 void Component::ShowCaret()

@@ -163,6 +163,7 @@ private:
     void ForgetHistory();
     void RecallSelection(int group, bool undone);
     void ShowRecalled();
+    int FirstLine() const;
     qsizetype Caret() const { return text.Selection().Caret; }
     qsizetype Anchor() const { return text.Selection().Anchor; }
     void MoveCaret(qsizetype to, bool extend);
@@ -229,11 +230,13 @@ private:
     struct GroupSelection
     {
         RawSelection Before, After;
+        int LineBefore = 0, LineAfter = 0; ///< first in view
     };
     std::vector<GroupSelection> groupSelections; ///< by the number that the component's history holds
     RawSelection groupStart;
     quint64 groupEdits = 0;
-    std::optional<RawSelection> recalled; ///< by the step just undone or redone
+    int groupLine = 0;
+    std::optional<std::pair<RawSelection, int>> recalled; ///< by the step just undone or redone; its first line
 
     int groups = 0; ///< undo groups open
     int undoLimit = -1;

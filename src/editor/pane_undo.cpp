@@ -39,25 +39,34 @@ bool ScintillaPane::Redo(const QVariant&)
 void ScintillaPane::RecallSelection(int group, bool undone)
 {
     const GroupSelection& around = groupSelections.at(size_t(group));
-    recalled = undone ? around.Before : around.After;
+    recalled = undone ? std::pair(around.Before, around.LineBefore) : std::pair(around.After, around.LineAfter);
+}
+
+int ScintillaPane::FirstLine() const
+{
+    return int(text.Send(Sci::SCI_GETFIRSTVISIBLELINE));
 }
 
 void ScintillaPane::ShowRecalled()
 {
     if (!recalled)
         return;
-    if (recalled->Columns)
-        text.SelectColumns(*recalled);
+    const auto [selection, firstLine] = *std::exchange(recalled, std::nullopt);
+    if (selection.Columns)
+        text.SelectColumns(selection);
     else
-        text.Select(recalled->Anchor, recalled->Caret);
-    recalled.reset();
-    ShowCaret();
+        text.Select(selection.Anchor, selection.Caret);
+    if (selection.Start() == selection.End())
+        ShowCaret();
+    else // its caret may be far from what the user looked at
+        text.Send(Sci::SCI_SETFIRSTVISIBLELINE, long(firstLine));
 }
 
 bool ScintillaPane::OpenGroup(const QVariant&)
 {
     if (groups++ == 0) {
         groupStart = text.Selection();
+        groupLine = FirstLine();
         groupEdits = edits;
         text.Send(Sci::SCI_BEGINUNDOACTION);
     }
@@ -72,7 +81,7 @@ bool ScintillaPane::CloseGroup(const QVariant&)
         return true;
     if (edits != groupEdits && undoLimit != 0) {
         text.Send(Sci::SCI_ADDUNDOACTION, long(groupSelections.size()), 0L);
-        groupSelections.push_back({groupStart, text.Selection()});
+        groupSelections.push_back({groupStart, text.Selection(), groupLine, FirstLine()});
     }
     text.Send(Sci::SCI_ENDUNDOACTION);
     return true;

@@ -136,7 +136,10 @@ QStringList OfferedWords(EditorPane& pane, bool typing)
         before.chop(1);
     if (typing && Frame.CurrentMode == ModeHlt && before.contains(u':'))
         return {};
-    return CodeListWords(Frame.CurrentMode, before);
+    const QStringList words = CodeListWords(Frame.CurrentMode, before);
+    const bool wantsMode = before.section(u':', 0, 0).trimmed().endsWith(QLatin1StringView(".anim_mode")) &&
+                           before.contains(u':') && Frame.CurrentMode == ModeGfx;
+    return wantsMode ? Frame.Settings.AnimModes + ReadWordList(QStringLiteral("AnimModifiers")) + words : words;
 }
 
 bool PickCodeListItem(EditorPane& pane, const QString& item)
@@ -154,5 +157,8 @@ bool PickCodeListItem(EditorPane& pane, const QString& item)
     if (otherLine || item.left(word.size()) != word)
         pane.SetSel(caret, false); // no beginning of the item: it goes in behind the word
     pane.ReplaceSel(item);
+    const Range behind = pane.GetSel(true);
+    if (item.endsWith(u']') && pane.GetLine(behind.EndLine).mid(behind.EndCol).startsWith(u']'))
+        pane.ExecuteCmd(CmdDeleteRight); // it stood there already
     return false;
 }

@@ -62,6 +62,8 @@ void ApplyField::SetWaiting(bool on)
 {
     waiting = on;
     QPalette colours = palette();
-    colours.setColor(QPalette::Text, on ? QColor(Qt::red) : parentWidget()->palette().color(QPalette::Text));
+    const QColor colour = on ? QColor(Qt::red) : parentWidget()->palette().color(QPalette::Active, QPalette::Text);
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) // a field that is off stays dim
+        colours.setColor(group, QPalette::Text, colour);
     setPalette(colours);
 }

@@ -134,6 +134,7 @@ void frmmain::ConnectParts()
     connect(subject, &HelpSubject::Moved, this, &frmmain::MouseOver);
     connect(keys, &WindowKeys::EscapePressed, this, &frmmain::EscapePressed);
     connect(keys, &WindowKeys::HelpPressed, this, [this] { HelpForWord(HelpId()); });
+    SetHelpSubject(menuBar(), QStringLiteral(""));
     // Behind the event: on the way to the menu beside it another one opens at once.
     for (const QAction* entry : menuBar()->actions())
         connect(entry->menu(), &QMenu::aboutToHide, this, &frmmain::LeaveMenuBar, Qt::QueuedConnection);
@@ -254,7 +255,7 @@ void frmmain::EscapePressed()
     else if (MediaView* list = ssML->Focused()) {
         list->EndFilter();
         FocusPane();
-    } else if (bars.cmbFind()->hasFocus() || ssML->isAncestorOf(focusWidget()))
+    } else if (bars.cmbFind()->hasFocus() || strip->Bar()->hasFocus() || ssML->isAncestorOf(focusWidget()))
         FocusPane();
     else
         Frame.StopRequested = true;

@@ -8,10 +8,12 @@
 
 #include <QHBoxLayout>
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QToolButton>
 #include <QToolTip>
+#include <algorithm>
 
 TabStrip::TabStrip(QWidget* parent) : QWidget(parent), bar(new QTabBar(this))
 {
@@ -100,9 +102,12 @@ void TabStrip::SelectNext(int step)
 
 void TabStrip::CurrentChanged(int tab)
 {
+    const bool byKey = bar->hasFocus() && !byCode && !leftDown;
     emit Changed(tab);
     if (!byCode && !leftDown)
         emit Activated();
+    if (byKey)
+        bar->setFocus(Qt::OtherFocusReason); // the next key goes on in the strip
 }
 
 void TabStrip::CloseByMouse(int tab)
@@ -119,6 +124,27 @@ void TabStrip::Released(Qt::MouseButton button, int tab)
         CloseByMouse(tab);
 }
 
+/// Beside the arrows, which the component knows.
+bool TabStrip::KeyPressed(int key)
+{
+    const auto shows = [](const TabFace& face) { return face.Visible; };
+    switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Down:
+        emit Activated();
+        return true;
+    case Qt::Key_Home:
+        bar->setCurrentIndex(int(std::ranges::find_if(faces, shows) - faces.begin()));
+        return true;
+    case Qt::Key_End:
+        bar->setCurrentIndex(int(std::find_if(faces.rbegin(), faces.rend(), shows).base() - faces.begin()) - 1);
+        return true;
+    default:
+        return false;
+    }
+}
+
 bool TabStrip::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched != bar)
@@ -129,6 +155,8 @@ bool TabStrip::eventFilter(QObject* watched, QEvent* event)
         QToolTip::showText(help->globalPos(), tab < 0 ? QString() : TipOf(tab), bar);
         return true;
     }
+    if (event->type() == QEvent::KeyPress)
+        return KeyPressed(static_cast<QKeyEvent*>(event)->key());
     if (event->type() == QEvent::MouseButtonPress)
         leftDown = static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
     if (event->type() == QEvent::MouseButtonRelease) {

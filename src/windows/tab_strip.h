@@ -36,6 +36,7 @@ protected:
 
 private:
     void CurrentChanged(int tab);
+    bool KeyPressed(int key);
     void Released(Qt::MouseButton button, int tab);
     void CloseByMouse(int tab);
     void NameCloseButtons();

@@ -52,8 +52,10 @@ void Thumbnails::LookAgain()
 
 QSize Thumbnails::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
-    const QSize plain = QStyledItemDelegate::sizeHint(option, index);
-    return IsOn() && HasSheetName(index.data().toString()) ? plain.expandedTo({0, Side() + 4}) : plain;
+    const int high = QStyledItemDelegate::sizeHint(option, index).height();
+    const bool pictured = IsOn() && HasSheetName(index.data().toString());
+    // As wide as the list: a long name is cut in the middle instead of being scrolled to.
+    return {1, pictured ? qMax(high, Side() + 4) : high};
 }
 
 void Thumbnails::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const

@@ -86,6 +86,7 @@ struct Pick
 {
     const char *Before, *Item, *After;
     int Caret;
+    const char* Behind = "";
 };
 
 // Catches: a picked item that is glued to a word it does not complete, that swallows the word of the line above, or
@@ -100,16 +101,19 @@ TEST_F(Vocabulary, APickCompletesTheWordAtTheCaret)
         {"foo.", "left", "foo.left", 8},
         {"[def", "[default]", "[default]", 9}, // the bracket belongs to the item
         {"def", "[default]", "def[default]", 12},
+        {"[d", "[default]", "[default]", 9, "]"}, // the closing one stands there already
     };
     for (const Pick& pick : picks) {
         SCOPED_TRACE(pick.Before);
         EditorPane& pane = Window.txtBuffer();
         pane.SetText(QString::fromLatin1(pick.Before));
         pane.ExecuteCmd(CmdDocumentEnd);
+        pane.AddText(QString::fromLatin1(pick.Behind)); // behind the caret
         EXPECT_FALSE(PickCodeListItem(pane, QString::fromLatin1(pick.Item)));
         EXPECT_EQ(pane.Text(), QString::fromLatin1(pick.After));
         EXPECT_EQ(pane.GetSel(true).StartCol, pick.Caret);
         pane.ExecuteCmd(CmdUndo);
-        EXPECT_EQ(pane.Text(), QString::fromLatin1(pick.Before)) << "more than one undo step";
+        EXPECT_EQ(pane.Text(), QString::fromLatin1(pick.Before) + QString::fromLatin1(pick.Behind))
+            << "more than one undo step";
     }
 }
