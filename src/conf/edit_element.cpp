@@ -37,6 +37,7 @@ int EndOfCommands(const LineReader& lines, int mainLine, const QString& key)
 void EditElement()
 {
     EditorPane& pane = CurrentPane();
+    const UndoGroup visit(pane); // from here on: undo brings the caret back too
     pane.ExecuteCmd(CmdLineStart);
     const auto mainLine = FindMainLine(pane, pane.GetSel(true).StartLine, EditReach);
     if (!mainLine)
@@ -53,13 +54,10 @@ void EditElement()
     }
     Conf.CrumbledBlock = EndsIn(key, ".crumbled");
     const int end = EndOfCommands(LinesOf(pane), *mainLine, key);
-    {
-        const UndoGroup visit(pane);
-        if (end >= pane.LineCount())
-            pane.InsertLine(pane.LineCount(), {});
-        pane.SetSel({.StartLine = *mainLine, .EndLine = end}, true);
-        Host().txtBuffer().SetText(pane.SelText().trimmed());
-        Host().OpenTool(ToolWindow::Inject);
-    }
+    if (end >= pane.LineCount())
+        pane.InsertLine(pane.LineCount(), {});
+    pane.SetSel({.StartLine = *mainLine, .EndLine = end}, true);
+    Host().txtBuffer().SetText(pane.SelText().trimmed());
+    Host().OpenTool(ToolWindow::Inject);
     Host().FocusPane();
 }

@@ -78,6 +78,8 @@ const ScintillaPane::KeyRow ScintillaPane::KeyRows[] = {
     {Qt::Key_F10 | Shift, 0, 0, &ScintillaPane::OpenMenu},
     {Qt::Key_0 | Ctrl, 0, Sci::SCI_SETZOOM},
     {Qt::Key_Plus | Ctrl, 0, Sci::SCI_ZOOMIN},
+    {Qt::Key_Plus | Ctrl | Shift, 0, Sci::SCI_ZOOMIN},
+    {Qt::Key_Equal | Ctrl, 0, Sci::SCI_ZOOMIN},
     {Qt::Key_Minus | Ctrl, 0, Sci::SCI_ZOOMOUT},
     {Qt::Key_Space | Ctrl, 0, 0, &ScintillaPane::OpenCodeList},
 };

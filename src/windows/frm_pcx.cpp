@@ -295,13 +295,13 @@ void frmPCX::MarkTilesInUse()
 void frmPCX::WatchFile()
 {
     watcher.addPath(path);
-    watcher.addPath(paths::FolderOfPath(path)); // a save that replaces the file
+    folderWatch.Follow({paths::FolderOfPath(path)}); // a save that replaces the file, a set that is unpacked anew
 }
 
 void frmPCX::ReadAgain()
 {
-    if (!watcher.files().contains(path))
-        watcher.addPath(path);
+    watcher.removePath(path); // another file may stand there now
+    watcher.addPath(path);
     const auto picture = images::Load(path);
     if (!picture)
         return; // a program is still at it

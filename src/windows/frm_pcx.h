@@ -1,6 +1,7 @@
 #pragma once
 
 #include "graphics/sheet_opening.h"
+#include "platform/folder_watch.h"
 
 #include <QDialog>
 #include <QFileSystemWatcher>
@@ -74,7 +75,8 @@ private:
     QLabel *picFlash, *place;
     QPushButton *cmdExit, *cmdNew, *cmdUpdate;
     QTimer tmrFlash, tmrFlashTitle, readAgain;
-    QFileSystemWatcher watcher;
+    QFileSystemWatcher watcher; ///< of the file
+    FolderWatch folderWatch;
     int MarkerPhase = 1;
 };
 

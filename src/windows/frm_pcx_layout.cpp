@@ -113,7 +113,7 @@ void frmPCX::ConnectParts()
     readAgain.setInterval(150); // a program that is still writing has written by then
     connect(&readAgain, &QTimer::timeout, this, &frmPCX::ReadAgain);
     connect(&watcher, &QFileSystemWatcher::fileChanged, &readAgain, qOverload<>(&QTimer::start));
-    connect(&watcher, &QFileSystemWatcher::directoryChanged, &readAgain, qOverload<>(&QTimer::start));
+    connect(&folderWatch, &FolderWatch::Changed, &readAgain, qOverload<>(&QTimer::start));
 }
 
 void frmPCX::BecomeQuickPreview()

@@ -12,21 +12,10 @@ MediaWatch::MediaWatch(QObject* parent) : QObject(parent)
     soon.setSingleShot(true);
     soon.setInterval(Least);
     connect(&soon, &QTimer::timeout, this, &MediaWatch::Tell);
-    connect(&watcher, &QFileSystemWatcher::directoryChanged, this, [this] {
+    connect(&watcher, &FolderWatch::Changed, this, [this] {
         if (!soon.isActive())
             soon.start();
     });
-}
-
-void MediaWatch::Follow(const QStringList& folders)
-{
-    const QStringList before = watcher.directories();
-    for (const QString& folder : before)
-        if (!folders.contains(folder))
-            watcher.removePath(folder);
-    for (const QString& folder : folders)
-        if (!folder.isEmpty() && !before.contains(folder))
-            watcher.addPath(folder);
 }
 
 void MediaWatch::Tell()

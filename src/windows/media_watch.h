@@ -1,7 +1,8 @@
 #pragma once
 
+#include "platform/folder_watch.h"
+
 #include <QElapsedTimer>
-#include <QFileSystemWatcher>
 #include <QTimer>
 
 /// Tells when files come to or go from some folders: not for each file, but within a second of the first. Nothing runs
@@ -13,8 +14,8 @@ class MediaWatch : public QObject
 public:
     explicit MediaWatch(QObject* parent);
 
-    /// In place of the folders before. One that does not exist is passed over until it is told again.
-    void Follow(const QStringList& folders);
+    /// In place of the folders before. One that does not exist is watched once it does.
+    void Follow(const QStringList& folders) { watcher.Follow(folders); }
 
 signals:
     void Changed();
@@ -22,6 +23,6 @@ signals:
 private:
     void Tell();
 
-    QFileSystemWatcher watcher;
+    FolderWatch watcher;
     QTimer soon;
 };

@@ -69,6 +69,13 @@ MenuStrip::MenuStrip(const QString& control, const QString& caption, QObject* pa
     setEnabled(false);
 }
 
+void MenuStrip::Show(bool on)
+{
+    setVisible(on);
+    for (QWidget* widget : createdWidgets()) // the menu only takes its place away
+        widget->setVisible(on);
+}
+
 QWidget* MenuStrip::createWidget(QWidget* parent)
 {
     return new StripWidget(text(), parent);

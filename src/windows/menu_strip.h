@@ -10,6 +10,8 @@ class MenuStrip : public QWidgetAction
 public:
     MenuStrip(const QString& control, const QString& caption, QObject* parent);
 
+    void Show(bool on);
+
 protected:
     QWidget* createWidget(QWidget* parent) override;
 };

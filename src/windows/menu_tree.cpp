@@ -65,5 +65,5 @@ QMenu* MenuTree::Find(const QString& control) const
 void MenuTree::ShowStrips(bool on)
 {
     for (MenuStrip* strip : strips)
-        strip->setVisible(on);
+        strip->Show(on);
 }
