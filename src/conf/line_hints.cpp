@@ -133,7 +133,7 @@ public:
         if (const QByteArrayView key = KeyOf(line); !key.isEmpty())
             for (const QString& message : UnknownWords(key, context.Words))
                 Add(number, HintLevel::Faint, message);
-        if (earlier >= 0)
+        if (earlier >= 0 && !context.Repeats)
             Add(number, HintLevel::Faint,
                 QStringLiteral("Line %1 has the same key already; the later line counts.").arg(earlier + 1));
     }

@@ -32,6 +32,7 @@ struct HintContext
 {
     CheckContext Check;
     HintWords Words;
+    bool Repeats = false;   ///< help animations: a key stands for a frame, as often as it is shown
     bool BareLines = false; ///< editor mode: the game takes a line without a colon for a name
     /// Files above this size are searched for a second equal key near the line only.
     qsizetype WholeFileLimit = 4 << 20;

@@ -287,6 +287,7 @@ void ShowMedia()
     lists.Base.Show(Frame.Media.BaseFolder, Frame.Media.BasePattern);
     lists.Extra.Show(Frame.Media.ExtraFolder, Frame.Media.ListPattern);
     lists.Rnd.Show(Frame.Media.RndFolder, Frame.Media.ListPattern);
+    lists.Macros.Show(Frame.MacrosFolder, QStringLiteral("*.gfb"));
     Host().MediaChanged();
 }
 
@@ -295,6 +296,7 @@ void RefreshMedia()
     bool changed = false;
     for (int source = 1; source <= 3; ++source)
         changed |= Lists().List(source).Refresh();
+    changed |= Lists().Macros.Refresh();
     if (changed)
         Host().MediaChanged();
 }

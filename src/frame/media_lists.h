@@ -45,7 +45,8 @@ private:
 struct MediaLists
 {
     MediaListModel Base, Extra, Rnd;
-    std::array<int, 4> SavedListIndex{}; ///< by source: the selected rows when the window last lost the focus
+    MediaListModel Macros;               ///< macroFilelist: what the tree of macros shows
+    std::array<int, 5> SavedListIndex{}; ///< by source, 4 the macros: the selected rows at the loss of the focus
 
     MediaListModel& List(int source); ///< 1 Base, 2 Extra, 3 RnD
 };

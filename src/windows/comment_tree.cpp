@@ -5,6 +5,7 @@
 #include "windows/help_subject.h"
 #include "windows/icons.h"
 
+#include <QHash>
 #include <QTreeWidget>
 
 CommentTree::CommentTree(QWidget* parent)
@@ -26,11 +27,16 @@ void CommentTree::Fill()
     Tree()->clear();
     lines.clear();
     const auto nodes = FindSeparators(CurrentPane().Bytes(), CurrentMarks(), Frame.Settings.SortGotoList == 1);
+    QHash<int, QIcon> images;
+    QList<QTreeWidgetItem*> items;
     for (const SeparatorNode& node : nodes) {
         lines << node.Line;
-        auto* item = new QTreeWidgetItem(Tree(), {node.Text});
-        item->setIcon(0, ListImage(QStringLiteral("goto"), node.Image));
+        if (!images.contains(node.Image))
+            images.insert(node.Image, ListImage(QStringLiteral("goto"), node.Image));
+        items << new QTreeWidgetItem({node.Text});
+        items.last()->setIcon(0, images.value(node.Image));
     }
+    Tree()->addTopLevelItems(items);
     Tree()->setCurrentItem(Tree()->topLevelItem(0));
 }
 

@@ -54,7 +54,9 @@ QStringList KnownModes()
 void frmPCX::Run(QWidget* owner)
 {
     const QString path = PathOfMedia();
+    Host().BusyPointer(true);
     const auto picture = images::Load(path);
+    Host().BusyPointer(false);
     if (!picture) {
         if (picture.error().Path == path)
             ShowMessage(BadImage);
@@ -118,7 +120,8 @@ void frmPCX::ShowElement()
     if (opening.FromBlock)
         panel->EnableFound();
     panel->ShowRecord();
-    setWindowTitle(opening.FromBlock ? Conf.Element.BlockKey + QStringLiteral(" - ") + Conf.MediaFile : Conf.MediaFile);
+    const bool named = opening.FromBlock && !Conf.Element.BlockKey.isEmpty();
+    setWindowTitle(named ? Conf.Element.BlockKey + QStringLiteral(" - ") + Conf.MediaFile : Conf.MediaFile);
     picScroll->MarksMoved();
 }
 

@@ -6,9 +6,11 @@
 #include "frame/frame_state.h"
 #include "frame/media_lists.h"
 #include "platform/paths.h"
+#include "windows/dropped_files.h"
 #include "windows/extra_page.h"
 #include "windows/folder_tree.h"
 #include "windows/line_hints_view.h"
+#include "windows/macro_tree.h"
 #include "windows/media_actions.h"
 #include "windows/media_tabs.h"
 #include "windows/media_view.h"
@@ -39,9 +41,14 @@ void frmmain::AddMediaLists()
             [this](int source, const QPoint& at) { PopUpMediaMenu(ssML->View(source), at); });
     connect(&ssML->Extra(), &ExtraPage::DriveChosen, this, &frmmain::FocusPane);
     connect(&ssML->Extra(), &ExtraPage::InjectWanted, this, InsertInjectPath);
+    connect(&ssML->Macros(), &MacroTree::Pressed, this, &frmmain::LeaveLists);
+    connect(
+        &ssML->Macros(), &MacroTree::Opened, this, [](const QString& path) { OpenDroppedFiles({path}); },
+        Qt::QueuedConnection);
     connect(watch, &MediaWatch::Changed, this, [this] {
         RefreshMedia();
         ssML->LookAtPictures();
+        ssML->Extra().Refresh();
         if (!isActiveWindow())
             ssML->SaveSelection(); // its files stand elsewhere now
     });
@@ -63,7 +70,7 @@ void frmmain::MediaChanged()
         return;
     }
     ssML->ShowLists();
-    watch->Follow({Frame.Media.BaseFolder, Frame.Media.ExtraFolder, Frame.Media.RndFolder});
+    watch->Follow({Frame.Media.BaseFolder, Frame.Media.ExtraFolder, Frame.Media.RndFolder, Frame.MacrosFolder});
 }
 
 void frmmain::StyleMediaLists()
@@ -101,6 +108,6 @@ void frmmain::RefreshLists()
     RefreshMedia();
     ssML->LookAtPictures();
     ssML->Extra().Refresh();
-    watch->Follow({Frame.Media.BaseFolder, Frame.Media.ExtraFolder, Frame.Media.RndFolder});
+    watch->Follow({Frame.Media.BaseFolder, Frame.Media.ExtraFolder, Frame.Media.RndFolder, Frame.MacrosFolder});
     ssML->RestoreSelection();
 }

@@ -54,6 +54,7 @@ const HintContext& LineHintsView::Context()
         mode = Frame.CurrentMode;
         context = std::make_unique<HintContext>();
         context->BareLines = Frame.CurrentMode == ModeEdi;
+        context->Repeats = Frame.CurrentMode == ModeHla;
         context->Check = CurrentCheckContext();
         context->Words = MakeHintWords(Frame.WordLists.at(mode));
     }

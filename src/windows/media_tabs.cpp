@@ -6,6 +6,7 @@
 #include "windows/dialog_help.h"
 #include "windows/extra_page.h"
 #include "windows/help_subject.h"
+#include "windows/macro_tree.h"
 #include "windows/media_view.h"
 
 #include <QMouseEvent>
@@ -17,6 +18,7 @@
 
 namespace {
 
+constexpr int MacroSource = 4;
 constexpr int Edge = 5; // around the controls of a page, pixels at 96 dpi
 
 /// Tabs as narrow as their captions allow: all of them show in a narrow window too.
@@ -33,7 +35,7 @@ public:
 };
 
 /// A page that is one list.
-QWidget* PageOf(MediaView* view)
+QWidget* PageOf(QWidget* view)
 {
     auto* page = new QWidget;
     auto* layout = new QVBoxLayout(page);
@@ -57,7 +59,8 @@ MediaTabs::MediaTabs(QWidget* parent)
     : QTabWidget(parent),
       views{new MediaView(1, "PCXBrowser", nullptr), new MediaView(2, "extraFileList", nullptr),
             new MediaView(3, "rndFileList", nullptr)},
-      extra(new ExtraPage(*views[1]))
+      extra(new ExtraPage(*views[1])),
+      macros(new MacroTree)
 {
     setObjectName(QStringLiteral("ssML"));
     setAccessibleName(QStringLiteral("Media lists"));
@@ -68,6 +71,7 @@ MediaTabs::MediaTabs(QWidget* parent)
     AddPage(PageOf(views[0]), "Base", "ml_base");
     AddPage(extra, "Extra", "ml_extra");
     AddPage(PageOf(views[2]), "RnD", "ml_rnd");
+    AddPage(PageOf(macros), "GFB", "ml_gfb");
     views[0]->setAccessibleName(QStringLiteral("Files beside the document"));
     views[1]->setAccessibleName(QStringLiteral("Files of the extra folder"));
     views[2]->setAccessibleName(QStringLiteral("Files of the game"));
@@ -103,6 +107,7 @@ void MediaTabs::ShowLists()
     View(3).setEnabled(!Frame.Media.RndFolder.isEmpty());
     for (MediaView* view : views)
         view->Follow(NoteFor(view->Source()));
+    macros->BuildMacroTree();
 }
 
 void MediaTabs::SetStyle()
@@ -110,6 +115,7 @@ void MediaTabs::SetStyle()
     for (MediaView* view : views)
         view->SetStyle();
     extra->SetStyle();
+    macros->SetStyle();
 }
 
 void MediaTabs::LookAtPictures()
@@ -122,6 +128,7 @@ void MediaTabs::SaveSelection()
 {
     for (const MediaView* view : views)
         Lists().SavedListIndex.at(view->Source()) = view->SelectedRow();
+    Lists().SavedListIndex.at(MacroSource) = macros->SelectedRow();
     awaited.fill(true);
 }
 
@@ -132,6 +139,8 @@ void MediaTabs::RestoreSelection()
         if (std::exchange(awaited.at(view->Source()), false) && (row != view->SelectedRow() || row == 0))
             view->SelectRow(row > 0 ? row : -1);
     }
+    if (macros->SelectedRow() < 0)
+        macros->SelectRow(Lists().SavedListIndex.at(MacroSource));
 }
 
 MediaView* MediaTabs::Focused() const
@@ -142,9 +151,9 @@ MediaView* MediaTabs::Focused() const
 
 void MediaTabs::FocusList()
 {
-    MediaView& view = View(currentIndex() + 1);
-    if (view.isEnabled())
-        view.setFocus(Qt::ShortcutFocusReason);
+    QWidget* list = currentIndex() + 1 == MacroSource ? static_cast<QWidget*>(macros) : &View(currentIndex() + 1);
+    if (list->isEnabled())
+        list->setFocus(Qt::ShortcutFocusReason);
     else
         tabBar()->setFocus(Qt::ShortcutFocusReason);
 }

@@ -4,6 +4,7 @@
 #include <array>
 
 class ExtraPage;
+class MacroTree;
 class MediaView;
 
 /// ssML, right of the text: the file lists Base, Extra and RnD. It shows what Frame.Media and the settings say and
@@ -17,6 +18,7 @@ public:
 
     MediaView& View(int source) const { return *views[std::size_t(source - 1)]; } ///< as in MediaLists::List
     ExtraPage& Extra() const { return *extra; }
+    MacroTree& Macros() const { return *macros; }
 
     /// Patterns or folders of the lists have changed.
     void ShowLists();
@@ -49,5 +51,6 @@ private:
 
     std::array<MediaView*, 3> views;
     ExtraPage* extra;
+    MacroTree* macros;
     std::array<bool, 4> awaited{}; ///< by source: saved and not yet restored
 };

@@ -7,6 +7,7 @@
 #include "windows/dropped_files.h"
 #include "windows/extra_page.h"
 #include "windows/folder_tree.h"
+#include "windows/macro_tree.h"
 #include "windows/media_actions.h"
 #include "windows/media_tabs.h"
 #include "windows/media_tip.h"
@@ -342,6 +343,32 @@ TEST_F(MediaWindow, DroppedMediaLeaveTheirNames)
     const QString conf = Run.Work.Write(QStringLiteral("musicinfo.conf"), "m\n");
     DropIntoText({conf}, {0, 0, 0, 0});
     EXPECT_EQ(Frame.Documents[1].Path, conf);
+}
+
+// Catches: a hot key macro without its key, names in another letter case than told, an ending that is lost with the
+// name, a macro that the mouse cannot open, a choice that goes with a refresh.
+TEST_F(MediaWindow, MacrosShowWithTheirKeys)
+{
+    const auto write = [](const char* name) {
+        QFile file(Frame.MacrosFolder + QLatin1StringView(name));
+        return file.open(QIODevice::WriteOnly) && file.write("' a macro") > 0;
+    };
+    ASSERT_TRUE(write("Align.All.GFB") && write("$Knights.gfb") && write("notes.txt"));
+    RefreshMedia();
+    MacroTree& tree = Window->Media().Macros();
+    QStringList shown;
+    for (int row = 0; row < tree.topLevelItemCount(); ++row)
+        shown << tree.topLevelItem(row)->text(0);
+    EXPECT_EQ(shown, QStringList({QStringLiteral("(Alt+k) - nights"), QStringLiteral("align.all")}));
+    Window->Media().setCurrentIndex(3);
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualItemRect(tree.topLevelItem(1)).center());
+    EXPECT_TRUE(WidgetOf(CurrentPane())->hasFocus());
+    ASSERT_TRUE(write("zoo.gfb"));
+    RefreshMedia();
+    EXPECT_EQ(tree.SelectedRow(), 1);
+    QTest::mouseDClick(tree.viewport(), Qt::LeftButton, {}, tree.visualItemRect(tree.topLevelItem(1)).center());
+    EXPECT_TRUE(WaitUntil([] { return CurrentPane().Text() == QStringLiteral("' a macro"); }));
+    EXPECT_TRUE(Frame.Documents.at(Frame.CurrentTab).Path.endsWith(QStringLiteral("Macros/Align.All.GFB")));
 }
 
 // Catches: colours of a dark desktop in a list that has its own, pictures that do not come or that the setting does
