@@ -119,7 +119,7 @@ constexpr MessageRow Rows[] = {
      "The backup could not be made:-^^%1^^Do you want to save without one?"},
     {306, -1, "Unsaved Text", 2, "red", "Cancel_Close Anyway", nullptr,
      "Unsaved text can not be kept for the next start:^^%1^^If you close now it is lost."},
-    {307, -1, "File Was Changed", 2, "whi", "Overwrite_Cancel", nullptr,
+    {307, -1, "File Was Changed", 2, "whi", "Cancel_Overwrite", nullptr,
      "Another program has changed this file since it was loaded or saved here:-^^%1^^Do you want to overwrite it with "
      "the text you have here?"},
     {999, -1, "Welcome", 8, "bro", "OK_Read Help_Don't Show This Again", "OK",

@@ -54,5 +54,5 @@ enum OwnMessage : int {
     MessageFileVanished = 304,   ///< text: the files
     MessageTextNotKept = 306,    ///< text: path and reason; "Cancel_Close Anyway"
     MessageNoBackup = 305,       ///< text: path and reason; "Save Without Backup_Cancel"
-    MessageOverChanged = 307,    ///< text: the file, changed since it was loaded; "Overwrite_Cancel"
+    MessageOverChanged = 307,    ///< text: the file, changed since it was loaded; "Cancel_Overwrite"
 };
