@@ -178,7 +178,8 @@ void Component::SelectColumns(const RawSelection& corners)
 }
 
 // A selection made by a message is drawn pale, as one that another window has taken over, until it is claimed. One
-// that is set again claims the desktop's selection. A huge one would be copied for it: then the desktop gets nothing.
+// that is set again claims the desktop's selection. A huge one would be copied for it: then the desktop gets its first
+// character alone.
 void Component::ClaimSelection()
 {
     constexpr qsizetype most = 1 << 20;
@@ -195,7 +196,6 @@ void Component::ClaimSelection()
     }
     Send(Sci::SCI_SETSELECTION, shown.Start(), shown.Start());
     Send(Sci::SCI_SETCURRENTPOS, shown.Start() + 1);
-    QGuiApplication::clipboard()->clear(QClipboard::Selection);
     Send(Sci::SCI_SETSELECTION, shown.Caret, shown.Anchor);
 }
 
