@@ -1,8 +1,7 @@
 // Passes over the lines of a conf on bytes alone, element blocks, and the inject window's rebuild in a pane.
+#include "bench_host.h"
 #include "conf_text.h"
 
-#include "batch/answer_list.h"
-#include "batch/batch_host.h"
 #include "conf/block_outline.h"
 #include "conf/check.h"
 #include "conf/comments.h"
@@ -54,9 +53,7 @@ void PassInPaneAndUndo(benchmark::State& state)
     const LinePass passes[] = {CommentLines, UncommentLines, [](QByteArrayView lines, const PassProgress& progress) {
                                    return TidyLines(lines, {.SpacerWidth = 43}, progress);
                                }};
-    BatchHost host;
-    AnswerList answers;
-    InstallHost(host, answers);
+    BenchHost host;
     const auto pane = MakePane();
     pane->LoadBytes(RaggedConf(1'500'000));
     for (auto _ : state) {

@@ -1,6 +1,5 @@
 // What a start reads: every word of the vocabulary, all settings.
-#include "batch/answer_list.h"
-#include "batch/batch_host.h"
+#include "bench_host.h"
 
 #include <QApplication>
 #include <QFile>
@@ -29,9 +28,7 @@ int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
-    BatchHost host;
-    AnswerList answers;
-    InstallHost(host, answers);
+    BenchHost host;
     Frame.ProgramFolder = QCoreApplication::applicationDirPath() + QLatin1Char('/');
     Frame.DataFolder = Frame.ProgramFolder + QStringLiteral("data/");
     benchmark::Initialize(&argc, argv);

@@ -1,6 +1,6 @@
 // The file lists beside the text: a folder read, read again with nothing or one file new, shown, and left alone.
-#include "batch/answer_list.h"
-#include "batch/batch_host.h"
+#include "bench_host.h"
+
 #include "frame/media_lists.h"
 #include "windows/media_view.h"
 #include "windows/media_watch.h"
@@ -136,9 +136,7 @@ int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
-    BatchHost host;
-    AnswerList answers;
-    InstallHost(host, answers);
+    BenchHost host;
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
 }

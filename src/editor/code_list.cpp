@@ -144,16 +144,18 @@ qsizetype CodeListBox::FirstFor(const QString& word) const
         });
         return found == items.end() ? -1 : found - items.begin();
     };
-    const qsizetype bracketed = BehindBracket(word) ? first(u'[' + word) : -1;
+    const qsizetype bracketed = BehindBracket() ? first(u'[' + word) : -1;
     return bracketed < 0 ? first(word) : bracketed;
 }
 
 /// Some items begin with a bracket, which is no part of a word.
-bool CodeListBox::BehindBracket(const QString& word) const
+bool CodeListBox::BehindBracket() const
 {
     const qsizetype caret = text.Selection().Caret;
-    const qsizetype start = caret - word.toUtf8().size();
-    return start > text.LineStart(text.LineOf(caret)) && text.Piece(start - 1, start) == "[";
+    QByteArrayView before = text.Piece(text.LineStart(text.LineOf(caret)), caret);
+    while (!before.isEmpty() && IsWordByte(before.back())) // the caret may stand inside the word
+        before.chop(1);
+    return before.endsWith('[');
 }
 
 void CodeListBox::Follow()

@@ -31,7 +31,7 @@ private:
     void Place();
     void Pick(qsizetype row);
     qsizetype FirstFor(const QString& word) const;
-    bool BehindBracket(const QString& word) const;
+    bool BehindBracket() const;
     qsizetype Selected() const;
 
     EditorPane& pane;

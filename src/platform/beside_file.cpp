@@ -72,9 +72,7 @@ bool IsLeftover(int folder, QByteArrayView name)
     const QByteArray rest = name.sliced(qsizetype(strlen(Prefix))).toByteArray();
     bool isNumber = false;
     const int process = rest.left(rest.indexOf('-')).toInt(&isNumber);
-    struct stat facts
-    {
-    };
+    FileFacts facts{};
     return isNumber && process > 0 && kill(process, 0) != 0 && errno == ESRCH &&
            fstatat(folder, name.toByteArray(), &facts, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(facts.st_mode) &&
            facts.st_mtime < time(nullptr) - LongestSave;

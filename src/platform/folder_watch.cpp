@@ -1,18 +1,17 @@
 #include "platform/folder_watch.h"
 
+#include "platform/file_steps.h"
 #include "platform/paths.h"
 
 #include <QFile>
-#include <algorithm>
 #include <sys/stat.h>
+#include <utility>
 
 namespace {
 
 quint64 NumberOf(const QString& folder)
 {
-    struct stat facts
-    {
-    };
+    FileFacts facts{};
     return stat(QFile::encodeName(folder).constData(), &facts) == 0 && S_ISDIR(facts.st_mode) ? facts.st_ino : 0;
 }
 

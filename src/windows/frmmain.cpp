@@ -33,11 +33,9 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDragEnterEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QTimer>
@@ -361,32 +359,6 @@ void frmmain::Finish()
     if (!finished)
         static_cast<void>(KeepEverything()); // the loop has ended; there is nobody left to ask
     finished = true;
-}
-
-void frmmain::dragEnterEvent(QDragEnterEvent* event)
-{
-    TakeDrag(*event);
-}
-
-void frmmain::dragMoveEvent(QDragMoveEvent* event)
-{
-    TakeDrag(*event);
-}
-
-/// What comes from a list of our own is for the text alone: a hand that slips on the list drops nothing.
-void frmmain::TakeDrag(QDropEvent& event) const
-{
-    if (ssML->isAncestorOf(qobject_cast<QWidget*>(event.source())) || LocalFiles(*event.mimeData()).isEmpty())
-        event.ignore();
-    else
-        AcceptAsCopy(event);
-}
-
-void frmmain::dropEvent(QDropEvent* event)
-{
-    const QStringList files = LocalFiles(*event->mimeData());
-    AcceptAsCopy(*event);
-    QTimer::singleShot(0, this, [files] { DropIntoText(files, CurrentPane().GetSel(true)); });
 }
 
 void frmmain::RestorePosition()

@@ -96,6 +96,10 @@ TEST_F(CodeListTest, ABracketInFrontCounts)
     words << u"[yard]"_s;
     Type(u"[ya"_s);
     EXPECT_EQ(Selected(), u"[yard]"_s);
+    Press(Qt::Key_Escape);
+    Press(Qt::Key_Left);
+    Press(Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_EQ(Selected(), u"[yard]"_s) << "inside the word";
     pane->SetText({});
     Type(u"(ya"_s);
     EXPECT_EQ(Selected(), u"yamyam"_s);

@@ -6,6 +6,7 @@
 #include "windows/screen_reader.h"
 #include "windows/window_position.h"
 
+#include <QDropEvent>
 #include <QMimeData>
 #include <QProgressBar>
 #include <QScreen>
@@ -135,6 +136,10 @@ TEST_F(MainWindowParts, DroppedFilesTakeEmptyTabsFirst)
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(a), QUrl(QStringLiteral("http://nowhere/c.conf")), QUrl::fromLocalFile(b)});
     EXPECT_EQ(LocalFiles(data), QStringList({a, b}));
+    QDropEvent moved(QPointF(), Qt::MoveAction | Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    moved.setDropAction(Qt::MoveAction);
+    AcceptAsCopy(moved);
+    EXPECT_EQ(moved.dropAction(), Qt::CopyAction) << "a source that hears of a move takes its file away";
     OpenDroppedFiles({a, b, a});
     EXPECT_EQ(Frame.Documents[0].Path, a);
     EXPECT_EQ(Frame.Documents[1].Path, b);
