@@ -160,6 +160,10 @@ private:
     Span WriteOverSelection(QByteArrayView bytes);
     void SelectColumns(const Range& range);
     void SetWholeText(QByteArrayView bytes);
+    void BeginWholeText(qsizetype size); ///< empties the text and makes room; not inside an undo group
+    void EndWholeText();
+    void ShowLoaded();
+    class FileTaker;
     void ForgetHistory();
     void RecallSelection(int group, bool undone);
     void ShowRecalled();

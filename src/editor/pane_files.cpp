@@ -12,9 +12,54 @@ constexpr qsizetype RoomToType = qsizetype(64) * 1024; // without any the compon
 
 } // namespace
 
+/// Fills the pane piece by piece: beside text and styles a large file would be in memory a third time. What stood in
+/// the pane before comes back if the file stops being readable half-way.
+class ScintillaPane::FileTaker : public paths::PieceTaker
+{
+public:
+    explicit FileTaker(ScintillaPane& owner) : pane(owner) {}
+    void Begin(qint64 sizeHint) override
+    {
+        before = pane.Bytes().toByteArray();
+        selection = pane.text.Selection();
+        wasModified = pane.Modified();
+        begun = true;
+        pane.BeginWholeText(qsizetype(sizeHint));
+    }
+    void Take(QByteArrayView piece) override { pane.text.Send(Sci::SCI_ADDTEXT, piece.size(), piece.data()); }
+    void PutBack()
+    {
+        if (!begun)
+            return;
+        pane.SetWholeText(before);
+        pane.text.Select(selection.Anchor, selection.Caret);
+        pane.SetModified(wasModified);
+    }
+
+private:
+    ScintillaPane& pane;
+    QByteArray before;
+    RawSelection selection;
+    bool wasModified = false, begun = false;
+};
+
 Result<> ScintillaPane::OpenFile(const QString& path)
 {
-    return paths::ReadWhole(path, paths::LargestDocument).map([this](const QByteArray& bytes) { LoadBytes(bytes); });
+    if (groups > 0) // its undo brings the old text back
+        return paths::ReadWhole(path, paths::LargestDocument).map([this](const QByteArray& file) { LoadBytes(file); });
+    const Work work(*this);
+    FileTaker taker(*this);
+    Result<> read = paths::ReadPieces(path, paths::LargestDocument, taker);
+    if (!read) {
+        taker.PutBack();
+        return read;
+    }
+    EndWholeText();
+    SetEncoding(EncodingOf(Bytes()));
+    if (encoding != FileEncoding::Utf8)
+        SetWholeText(FromFile(Bytes(), encoding));
+    ShowLoaded();
+    return {};
 }
 
 Result<> ScintillaPane::SaveFile(const QString& path, bool)
@@ -39,10 +84,14 @@ void ScintillaPane::LoadBytes(const QByteArray& bytes)
 {
     const Work work(*this);
     SetEncoding(EncodingOf(bytes));
-    const QByteArray loaded = encoding == FileEncoding::Utf8 ? bytes : FromFile(bytes, encoding);
-    SetLineEnd(DominantBreak(loaded, LineBreak::CrLf));
-    SetWholeText(loaded);
-    blank = loaded.isEmpty();
+    SetWholeText(encoding == FileEncoding::Utf8 ? bytes : FromFile(bytes, encoding));
+    ShowLoaded();
+}
+
+void ScintillaPane::ShowLoaded()
+{
+    SetLineEnd(DominantBreak(Bytes(), LineBreak::CrLf));
+    blank = Bytes().isEmpty();
     text.Select(0, 0);
     text.Send(Sci::SCI_SETFIRSTVISIBLELINE, 0L);
     text.Send(Sci::SCI_SETXOFFSET, 0L);
@@ -52,15 +101,26 @@ void ScintillaPane::LoadBytes(const QByteArray& bytes)
 /// Without a history, which would hold the text twice; inside an undo group the old text must come back.
 void ScintillaPane::SetWholeText(QByteArrayView bytes)
 {
-    colouring.Reset();
     if (groups > 0) {
+        colouring.Reset();
         text.Replace(0, text.Length(), bytes);
         return;
     }
+    BeginWholeText(bytes.size());
+    text.Send(Sci::SCI_ADDTEXT, bytes.size(), bytes.isEmpty() ? "" : bytes.data());
+    EndWholeText();
+}
+
+void ScintillaPane::BeginWholeText(qsizetype size)
+{
+    colouring.Reset();
     text.Send(Sci::SCI_SETUNDOCOLLECTION, 0L);
     text.Send(Sci::SCI_CLEARALL);
-    text.Send(Sci::SCI_ALLOCATE, bytes.size() + RoomToType);
-    text.Send(Sci::SCI_ADDTEXT, bytes.size(), bytes.isEmpty() ? "" : bytes.data());
+    text.Send(Sci::SCI_ALLOCATE, size + RoomToType);
+}
+
+void ScintillaPane::EndWholeText()
+{
     text.Send(Sci::SCI_SETUNDOCOLLECTION, undoLimit != 0);
     text.Send(Sci::SCI_EMPTYUNDOBUFFER);
     groupSelections.clear();

@@ -157,7 +157,8 @@ public:
     int CurrentWordLength() const { return int(CurrentWord().size()); }
 
     // Files
-    [[nodiscard]] virtual Result<> OpenFile(const QString& path) = 0; ///< a file that cannot be read changes nothing
+    /// A file that cannot be read changes nothing; one that fails half-way costs the undo history.
+    [[nodiscard]] virtual Result<> OpenFile(const QString& path) = 0;
     [[nodiscard]] virtual Result<> SaveFile(const QString& path, bool flag) = 0;
     [[nodiscard]] virtual Result<> InsertFile(const QString& path, const Range& at) = 0;
     virtual void LoadBytes(const QByteArray& bytes) = 0; ///< as OpenFile does with a file's bytes

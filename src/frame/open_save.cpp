@@ -47,10 +47,9 @@ void Settle(int tab)
         Frame.Keeper->TextSettled(tab);
 }
 
-void ShowText(const QByteArray& bytes)
+void ShowLoadedText()
 {
     EditorPane& pane = CurrentPane();
-    pane.LoadBytes(bytes);
     if (pane.LineCount() == 0) {
         pane.AddText({});
         pane.ClearUndoBuffer();
@@ -137,14 +136,14 @@ bool OpenDocument(const QString& told, bool force)
         FlashTabCaption(holder);
         return true;
     }
-    const Result<QByteArray> bytes = paths::ReadWhole(path, paths::LargestDocument);
-    if (!bytes) {
-        ShowMessage(MessagePathError, bytes.error().Text());
+    const Result<> loaded = CurrentPane().OpenFile(path);
+    if (!loaded) {
+        ShowMessage(MessagePathError, loaded.error().Text());
         return false;
     }
     TakePath(path);
     SetMode(ModeFromFileName(Frame.CurrentFile.toLower().trimmed()));
-    ShowText(*bytes);
+    ShowLoadedText();
     RecentAdd(path);
     NameTab(RecentDisplayName(path, true), path);
     Settle(Frame.CurrentTab);

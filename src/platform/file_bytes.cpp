@@ -108,6 +108,28 @@ Result<QByteArray> ReadWhole(const QString& told, qint64 limit)
     return Fail(path, qt_error_string(EFBIG));
 }
 
+Result<> ReadPieces(const QString& told, qint64 limit, PieceTaker& taker)
+{
+    const QString path = Found(told);
+    Source source;
+    if (const int error = source.Open(path))
+        return Fail(path, qt_error_string(error));
+    if (source.Facts.st_size > limit)
+        return Fail(path, qt_error_string(EFBIG));
+    taker.Begin(source.Facts.st_size);
+    QByteArray buffer(Chunk, Qt::Uninitialized);
+    for (qint64 all = 0; all <= limit;) {
+        const ssize_t got = source.Read(buffer.data(), buffer.size());
+        if (got < 0)
+            return Fail(path, qt_error_string(errno));
+        if (got == 0)
+            return {};
+        taker.Take(QByteArrayView(buffer).first(got));
+        all += got;
+    }
+    return Fail(path, qt_error_string(EFBIG)); // it grew meanwhile
+}
+
 Result<> CopyFileTo(const QString& from, const QString& to)
 {
     const QString path = Found(from);

@@ -55,6 +55,18 @@ QString Native(const QString& path);
 /// Reads a file whole. Fails for a folder, a device, an unreadable file and for more than `limit` bytes.
 [[nodiscard]] Result<QByteArray> ReadWhole(const QString& path, qint64 limit);
 
+/// Takes a file's bytes in order, as ReadPieces reads them.
+class PieceTaker
+{
+public:
+    virtual ~PieceTaker() = default;
+    virtual void Begin(qint64 sizeHint) = 0; ///< the file is open; it may yet turn out longer or shorter
+    virtual void Take(QByteArrayView piece) = 0;
+};
+
+/// ReadWhole without a second copy of the bytes. A failure after Begin leaves `taker` with a part of the file.
+[[nodiscard]] Result<> ReadPieces(const QString& path, qint64 limit, PieceTaker& taker);
+
 /// Copies bytes and permissions to a new path; fails if `to` exists.
 [[nodiscard]] Result<> CopyFileTo(const QString& from, const QString& to);
 
