@@ -26,16 +26,21 @@ QString NumberText(const ElementRecord& record)
     return QString::number(record.*Number);
 }
 
+QString WithoutNote(const QString& value)
+{
+    return value.left(value.indexOf(QLatin1Char('#')));
+}
+
 void ReadAnimMode(ElementRecord& record, const QString& value)
 {
-    const AnimModeText mode = ParseAnimMode(CleanText(value));
+    const AnimModeText mode = ParseAnimMode(CleanText(WithoutNote(value)));
     record.AnimMode = mode.AnimMode;
     record.Reverse = mode.HasReverse;
 }
 
 void ReadGlobalSync(ElementRecord& record, const QString& value)
 {
-    record.GlobalSync = CleanText(value).compare(QLatin1String("true"), Qt::CaseInsensitive) == 0 ? 1 : 0;
+    record.GlobalSync = CleanText(WithoutNote(value)).compare(QLatin1String("true"), Qt::CaseInsensitive) == 0 ? 1 : 0;
 }
 
 /// One field of FieldTokens: how its value is read and what is written for it.
@@ -213,8 +218,8 @@ void UpdateElementBlock()
 {
     EditorPane& pane = CurrentPane();
     const UndoGroup group(pane);
-    if (!Conf.UnknownMode.isEmpty())
-        Conf.Element.AnimMode = std::exchange(Conf.UnknownMode, QString());
+    if (const auto mode = std::exchange(Conf.UnknownMode, std::nullopt))
+        Conf.Element.AnimMode = *mode;
     for (const LineChange& change : UpdatedLines(LinesOf(pane), Conf.MainLine, Conf.Element, CurrentValueColumn())) {
         pane.SelectLine(change.Line, true);
         pane.ReplaceSel(change.Text);

@@ -75,7 +75,8 @@ AnimModeText ParseAnimMode(const QString& text)
     parsed.HasReverse = true;
     parsed.AnimMode.replace(reverse, QStringLiteral(" "));
     parsed.AnimMode.replace(QLatin1Char(','), QLatin1Char(' '));
-    parsed.AnimMode = parsed.AnimMode.trimmed();
+    // Words on both sides of it ("linear,reverse,once") stay words with commas between, as the game reads them.
+    parsed.AnimMode = parsed.AnimMode.simplified().replace(QLatin1Char(' '), QLatin1Char(','));
     if (parsed.AnimMode.isEmpty())
         parsed.AnimMode = QStringLiteral("loop");
     return parsed;

@@ -3,6 +3,7 @@
 #include <QList>
 #include <QString>
 #include <array>
+#include <optional>
 
 /// The element block in work.
 struct ElementRecord
@@ -32,7 +33,7 @@ struct ElementState
     int MainLine = 0, CaretLine = 0;
     int MediaSource = 1; ///< list that holds MediaFile: 1 Base, 2 Extra, 3 RnD
     QString MediaFile;
-    QString UnknownMode; ///< the block's anim_mode that "loop" stands in for until the user picks one; else empty
+    std::optional<QString> UnknownMode; ///< the block's anim_mode that "loop" stands in for until the user picks one
     bool QuickPreview = false, CrumbledBlock = false;
     QList<bool> CommandPresent; ///< one flag an entry of GraphicComs
 };

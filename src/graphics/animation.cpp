@@ -104,6 +104,11 @@ Run CurrentRun()
 
 } // namespace
 
+bool BeginsAtOnce()
+{
+    return Conf.Element.Delay >= SlowDelay || Conf.Element.Delay <= 0; // without a delay no tick ever comes
+}
+
 void restartAnimation()
 {
     const ElementRecord& element = Conf.Element;
@@ -111,9 +116,8 @@ void restartAnimation()
     const int first = element.StartFrame != -1 ? element.StartFrame : state.PlayDirection > 0 ? 0 : element.Frames - 1;
     state.FrameStep = state.PlayDirection;
     state.CurrentFrame = BaseTile() + first - state.FrameStep;
-    if (element.Delay >= SlowDelay)
-        state.CurrentFrame += state.FrameStep;
-    if (element.AnimMode.startsWith(QLatin1StringView("ping")) && element.Frames == 1)
+    const bool standsOnOne = element.AnimMode.startsWith(QLatin1StringView("ping")) && element.Frames == 1;
+    if (BeginsAtOnce() || standsOnOne)
         state.CurrentFrame += state.FrameStep;
 }
 

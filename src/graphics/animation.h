@@ -20,7 +20,10 @@ constexpr int StillDelay = 200; ///< from this delay on the preview stands still
 /// A whole number from 0 to below its argument, each as likely.
 using RandomBelow = std::function<int(int)>;
 
-/// Puts CurrentFrame one tile in front of the run, so that the first tick lands on its first tile.
+/// A slow run stands on its first tile at once; any other is brought there by its first tick.
+bool BeginsAtOnce();
+
+/// Puts CurrentFrame on the run's first tile or, as BeginsAtOnce tells, one in front of it.
 void restartAnimation();
 
 /// restartAnimation, and for a preview that stands still its random tile. Milliseconds between two ticks; 0: it

@@ -46,6 +46,7 @@ bool MarkLastTile(QPoint tile)
     if (element.Frames < 1) {
         element.Frames = 1;
         Sheet.End.reset();
+        Sheet.EndIndex = -1; // a first tile marked next must not reach to an end that nobody sees
     }
     return true;
 }

@@ -98,7 +98,7 @@ SheetOpening FitElementToSheet(const QStringList& animModes)
 {
     SheetOpening opening;
     opening.MayUpdate = Conf.Element.ElementOpen;
-    Conf.UnknownMode.clear();
+    Conf.UnknownMode.reset();
     CheckSize(opening);
     CheckPlaceFields(opening);
     opening.FromBlock = Conf.MediaFile == Conf.Element.ImageFile;

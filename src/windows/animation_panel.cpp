@@ -134,6 +134,9 @@ void AnimationPanel::MakePlay()
     form->addRow(QStringLiteral("Name"), txtName);
     form->addRow(chkReverse);
     form->addRow(chkGlobalsync);
+    setTabOrder(txtDelay, cmbAnimMode);
+    setTabOrder(cmbAnimMode, txtOffset);
+    setTabOrder(txtOffset, txtName);
 }
 
 void AnimationPanel::ConnectPlay()
@@ -153,7 +156,7 @@ void AnimationPanel::ConnectPlay()
     connect(chkGlobalsync, &QCheckBox::toggled, this, [](bool on) { Conf.Element.GlobalSync = on; });
     connect(cmbAnimMode, &QComboBox::textActivated, this, [this](const QString& mode) {
         Conf.Element.AnimMode = mode;
-        Conf.UnknownMode.clear();
+        Conf.UnknownMode.reset();
         emit RestartWanted();
     });
 }
@@ -198,9 +201,9 @@ void AnimationPanel::ShowPlace()
     txtStart->setText(element.StartFrame == -1 ? QStringLiteral("None") : QString::number(element.StartFrame));
 }
 
-void AnimationPanel::ShowCurrent()
+void AnimationPanel::ShowCurrent(int tile)
 {
-    txtCurrent->setText(QString::number(Animation.CurrentFrame));
+    txtCurrent->setText(QString::number(tile));
 }
 
 void AnimationPanel::EnableFound()

@@ -18,10 +18,10 @@ class AnimationPanel : public QWidget
 public:
     explicit AnimationPanel(QWidget* parent = nullptr);
 
-    void ShowRecord();  ///< every box from the block
-    void ShowPlace();   ///< the boxes that the marks change
-    void ShowCurrent(); ///< the tile that the preview shows
-    void EnableFound(); ///< what the block has no line for cannot be changed
+    void ShowRecord();          ///< every box from the block
+    void ShowPlace();           ///< the boxes that the marks change
+    void ShowCurrent(int tile); ///< what the preview shows
+    void EnableFound();         ///< what the block has no line for cannot be changed
     void EnablePlace(bool on);
     void EnableAll(bool on);
     void FocusFirst();

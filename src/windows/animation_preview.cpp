@@ -1,11 +1,14 @@
 #include "windows/animation_preview.h"
 
 #include "graphics/sheet.h"
+#include "windows/focus_frame.h"
 
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QRandomGenerator>
 #include <chrono>
+#include <optional>
 
 namespace {
 
@@ -23,8 +26,10 @@ AnimationPreview::AnimationPreview(QWidget* parent) : QFrame(parent), picPreview
 {
     setObjectName(QStringLiteral("Picture1"));
     setAccessibleName(QStringLiteral("Preview of the animation"));
-    setToolTip(QStringLiteral("Click to start over"));
-    setFrameShape(QFrame::StyledPanel);
+    setToolTip(QStringLiteral("Click, Enter or Space: start over"));
+    setFrameStyle(QFrame::Box | QFrame::Plain);
+    MarkFocus(*this, false);
+    setFocusPolicy(Qt::TabFocus);
     picPreview->setObjectName(QStringLiteral("picPreview"));
     picPreview->setFixedSize(TileSize, TileSize);
     setMinimumHeight(TileSize * 3 / 2);
@@ -42,9 +47,23 @@ QSize AnimationPreview::sizeHint() const
 void AnimationPreview::Start()
 {
     interval = StartAnimation(AnyTile);
-    if (interval == 0)
-        ShowFrame(Animation.CurrentFrame);
+    ShowBegin();
     Arm();
+}
+
+void AnimationPreview::Restart()
+{
+    restartAnimation();
+    ShowBegin();
+}
+
+void AnimationPreview::ShowBegin()
+{
+    held = false;
+    if (BeginsAtOnce())
+        ShowFrame(Animation.CurrentFrame);
+    else if (paused)
+        StepOnce(); // no tick would show the first tile
 }
 
 void AnimationPreview::Arm()
@@ -64,16 +83,20 @@ void AnimationPreview::Stop()
 
 void AnimationPreview::Tick()
 {
-    bool draws = false;
-    for (int due = qMin(ticks.TicksDue(clock.elapsed()), MostTicksAtOnce); due > 0; --due)
-        draws |= StepAnimation(AnyTile);
-    if (draws)
-        ShowFrame(Animation.CurrentFrame);
+    std::optional<int> tile;
+    for (int due = qMin(ticks.TicksDue(clock.elapsed()), MostTicksAtOnce); due > 0; --due) {
+        held = !StepAnimation(AnyTile);
+        if (!held)
+            tile = Animation.CurrentFrame;
+    }
+    if (tile)
+        ShowFrame(*tile);
     tmrAnimation.start(std::chrono::milliseconds(qMax<qint64>(0, ticks.NextTick() - clock.elapsed())));
 }
 
 void AnimationPreview::ShowFrame(int tile)
 {
+    drawn = tile;
     const int row = Sheet.SheetColumns > 0 ? tile / Sheet.SheetColumns : 0;
     const int column = tile - row * Sheet.SheetColumns;
     const QPoint place(qMax(0, column), qMax(0, row));
@@ -88,7 +111,7 @@ void AnimationPreview::ShowFrame(int tile)
 
 void AnimationPreview::Redraw()
 {
-    ShowFrame(qMax(0, Animation.CurrentFrame));
+    ShowFrame(held ? drawn : qMax(0, Animation.CurrentFrame));
 }
 
 void AnimationPreview::SetGround(SheetGround kind)
@@ -106,13 +129,32 @@ void AnimationPreview::SetPaused(bool on)
 
 void AnimationPreview::StepOnce()
 {
-    if (StepAnimation(AnyTile))
+    held = !StepAnimation(AnyTile);
+    if (!held)
         ShowFrame(Animation.CurrentFrame);
 }
 
 void AnimationPreview::mousePressEvent(QMouseEvent*)
 {
     Start();
+}
+
+void AnimationPreview::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        Start();
+    else
+        QFrame::keyPressEvent(event);
+}
+
+void AnimationPreview::focusInEvent(QFocusEvent*)
+{
+    MarkFocus(*this, true);
+}
+
+void AnimationPreview::focusOutEvent(QFocusEvent*)
+{
+    MarkFocus(*this, false);
 }
 
 void AnimationPreview::resizeEvent(QResizeEvent*)

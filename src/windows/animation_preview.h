@@ -17,10 +17,11 @@ class AnimationPreview : public QFrame
 public:
     explicit AnimationPreview(QWidget* parent = nullptr);
 
-    void Start(); ///< StartAnimation: from the run's begin, in the time of the delay
-    void Stop();  ///< no more ticks
+    void Start();   ///< StartAnimation: from the run's begin, in the time of the delay
+    void Restart(); ///< restartAnimation: from the run's begin, the pace stays
+    void Stop();    ///< no more ticks
     void ShowFrame(int tile);
-    void Redraw(); ///< the tile now shown, from a picture painted anew
+    void Redraw(); ///< what is due now, from a picture painted anew
     void SetGround(SheetGround kind);
     void SetPaused(bool on);
     bool Paused() const { return paused; }
@@ -33,17 +34,23 @@ signals:
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     void Tick();
     void Arm();
+    void ShowBegin();
 
     QLabel* picPreview;
     QTimer tmrAnimation;
     QElapsedTimer clock;
     TickClock ticks;
     int interval = 0;
+    int drawn = 0;     ///< the tile on show
+    bool held = false; ///< it stays there for a tick that turned outside the run
     bool paused = false;
     SheetGround ground = SheetGround::Checker;
 };

@@ -25,6 +25,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QToolButton>
 #include <QUrl>
 
 namespace {
@@ -204,14 +205,14 @@ void frmPCX::MoveMark(int key, Qt::KeyboardModifiers keys)
 
 void frmPCX::Restart()
 {
-    restartAnimation();
+    preview->Restart();
 }
 
 void frmPCX::ShowPlayed(QPoint tile)
 {
     if (!isPreview)
         picScroll->SetCurrentTile(tile);
-    panel->ShowCurrent();
+    panel->ShowCurrent(tile.y() * Sheet.SheetColumns + tile.x());
 }
 
 void frmPCX::ShowPlace(QPoint pixel)
@@ -345,8 +346,9 @@ void frmPCX::keyPressEvent(QKeyEvent* event)
 {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const bool arrow = event->key() >= Qt::Key_Left && event->key() <= Qt::Key_Down;
-    if (auto* button = qobject_cast<QPushButton*>(focusWidget()); button && enter)
-        button->click();
+    QWidget* focus = focusWidget();
+    if (enter && (qobject_cast<QPushButton*>(focus) || qobject_cast<QToolButton*>(focus)))
+        static_cast<QAbstractButton*>(focus)->click();
     else if (arrow && picScroll->hasFocus() && !isPreview && !opening.TooSmall)
         MoveMark(event->key(), event->modifiers());
     else

@@ -51,7 +51,6 @@ void frmPCX::LayOut()
 {
     picScroll = new SheetView(this);
     preview = new AnimationPreview(this);
-    tools = new SheetTools(*picScroll, *preview, this);
     panel = new AnimationPanel(this);
     picFlash = new QLabel(this);
     picFlash->setObjectName(QStringLiteral("picFlash"));
@@ -66,9 +65,11 @@ void frmPCX::LayOut()
         made->setAutoDefault(false); // Enter belongs to the boxes
         return made;
     };
-    cmdExit = button("cmdQuit0", "Exit");
-    cmdNew = button("cmdQuit1", "New Element");
+    // The keyboard goes from the sheet down the column beside it, and by the row above back to the sheet.
     cmdUpdate = button("cmdQuit2", "Update Element");
+    cmdNew = button("cmdQuit1", "New Element");
+    cmdExit = button("cmdQuit0", "Exit");
+    tools = new SheetTools(*picScroll, *preview, this);
     side = new QWidget(this);
     auto* beside = new QVBoxLayout(side);
     beside->setContentsMargins({});

@@ -7,6 +7,7 @@
 #include <QActionGroup>
 #include <QHBoxLayout>
 #include <QToolBar>
+#include <QToolButton>
 
 namespace {
 
@@ -28,6 +29,9 @@ SheetTools::SheetTools(SheetView& sheet, AnimationPreview& player, QWidget* pare
     AddPlay(*bar);
     bar->addSeparator();
     bar->addAction(QStringLiteral("Open in Image Editor"), this, &SheetTools::ImageEditorWanted);
+    for (QAction* action : bar->actions())
+        if (auto* button = qobject_cast<QToolButton*>(bar->widgetForAction(action)))
+            button->setFocusPolicy(Qt::TabFocus);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins({});
     row->addWidget(bar);

@@ -1,6 +1,7 @@
 #include "windows/sheet_view.h"
 
 #include "graphics/sheet.h"
+#include "windows/focus_frame.h"
 #include "windows/icons.h"
 
 #include <QKeyEvent>
@@ -24,6 +25,8 @@ SheetView::SheetView(QWidget* parent) : QAbstractScrollArea(parent)
     setObjectName(QStringLiteral("picScroll"));
     setAccessibleName(QStringLiteral("Sheet"));
     setFocusPolicy(Qt::StrongFocus);
+    setFrameStyle(QFrame::Box | QFrame::Plain);
+    MarkFocus(*this, false);
     viewport()->setMouseTracking(true);
     for (QScrollBar* bar : {horizontalScrollBar(), verticalScrollBar()})
         bar->setSingleStep(TileSize);
@@ -245,6 +248,16 @@ void SheetView::paintEvent(QPaintEvent* event)
         DrawGrid(painter, area);
     DrawTilesInUse(painter, area);
     DrawMarks(painter);
+}
+
+void SheetView::focusInEvent(QFocusEvent*)
+{
+    MarkFocus(*this, true);
+}
+
+void SheetView::focusOutEvent(QFocusEvent*)
+{
+    MarkFocus(*this, false);
 }
 
 void SheetView::resizeEvent(QResizeEvent*)

@@ -42,6 +42,7 @@ TEST(ParseAnimMode, TakesTheWordReverseOut)
     EXPECT_EQ(both.AnimMode, QStringLiteral("pingpong"));
     EXPECT_TRUE(both.HasReverse);
     EXPECT_EQ(ParseAnimMode(QStringLiteral("reverse")).AnimMode, QStringLiteral("loop"));
+    EXPECT_EQ(ParseAnimMode(QStringLiteral("linear,reverse,once")).AnimMode, QStringLiteral("linear,once"));
     const auto plain = ParseAnimMode(QStringLiteral("linear,once"));
     EXPECT_EQ(plain.AnimMode, QStringLiteral("linear,once"));
     EXPECT_FALSE(plain.HasReverse);

@@ -32,6 +32,9 @@ TEST(SheetMarks, LastTileInFrontOfTheFirstIsOneFrame)
     MarkLastTile({1, 1});
     EXPECT_EQ(Conf.Element.Frames, 1);
     EXPECT_FALSE(Sheet.End);
+    MarkFirstTile({0, 0});
+    EXPECT_EQ(Conf.Element.Frames, 1) << "the hidden end counts no more";
+    MarkFirstTile({2, 1});
     MarkLastTile({2, 1});
     EXPECT_EQ(Conf.Element.Frames, 1);
     EXPECT_EQ(Sheet.End, QPoint(2, 1));

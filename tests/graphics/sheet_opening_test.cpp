@@ -55,6 +55,9 @@ TEST(SheetOpening, MendsWhatDoesNotFitFieldByField)
     EXPECT_EQ(Conf.Element.Frames, 1);
     EXPECT_EQ(Conf.Element.AnimMode, QStringLiteral("loop"));
     EXPECT_EQ(Conf.UnknownMode, QStringLiteral("wobble")) << "an update leaves it unless the user picks another";
+    Conf.Element.AnimMode.clear();
+    FitElementToSheet(Modes);
+    EXPECT_EQ(Conf.UnknownMode, QString()) << "a line without a mode stays one";
 
     SheetScope whole(4, 3);
     HoldBlock(0, 0, 12);
