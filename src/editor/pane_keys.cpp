@@ -1,5 +1,7 @@
 #include "editor/pane.h"
 
+#include <QContextMenuEvent>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <Qsci/qscicommandset.h>
 #include <Qsci/qsciscintilla.h>
@@ -157,10 +159,11 @@ void ScintillaPane::BreakTypedLine()
     text.Send(Sci::SCI_NEWLINE);
 }
 
-/// For keyboards without a menu key.
+/// For keyboards without a menu key: as that key does, so that the menu opens where it opens there.
 bool ScintillaPane::OpenMenu(const QVariant&)
 {
-    emit MousePressed(Qt::RightButton, Qt::NoModifier);
+    QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QCoreApplication::sendEvent(text.Widget(), &menuKey);
     return true;
 }
 
