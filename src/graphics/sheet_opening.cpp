@@ -88,7 +88,7 @@ void StartFromDefaults()
     element.AnimMode = QStringLiteral("loop");
     element.Delay = 1;
     element.ElementName.clear();
-    element.GlobalSync = 0;
+    element.GlobalSync = element.Offset = 0; // not those of the block before
     element.Reverse = false;
 }
 

@@ -27,6 +27,7 @@ SheetView::SheetView(QWidget* parent) : QAbstractScrollArea(parent)
     setFocusPolicy(Qt::StrongFocus);
     setFrameStyle(QFrame::Box | QFrame::Plain);
     MarkFocus(*this, false);
+    viewport()->setBackgroundRole(QPalette::Window); // that of texts is the colour of a white ground
     viewport()->setMouseTracking(true);
     for (QScrollBar* bar : {horizontalScrollBar(), verticalScrollBar()})
         bar->setSingleStep(TileSize);

@@ -71,7 +71,9 @@ TEST(SheetOpening, StartsFromDefaultsOnAnotherSheet)
     SheetScope scope(4, 3);
     HoldBlock(2, 2, 2);
     Conf.MediaFile = QStringLiteral("b.pcx");
+    Conf.Element.Offset = 7;
     EXPECT_FALSE(FitElementToSheet(Modes).FromBlock);
+    EXPECT_EQ(Conf.Element.Offset, 0);
     EXPECT_FALSE(Sheet.Start);
     EXPECT_EQ(Conf.Element.XPos, 0);
     EXPECT_EQ(Conf.Element.StartFrame, -1);
