@@ -14,21 +14,22 @@ constexpr int Largest = std::numeric_limits<qint16>::max(), LargestDelay = 5'000
 constexpr size_t XPosField = 0;
 const QString Reverse = QStringLiteral("reverse");
 
+/// The game cuts a line at "#" wherever it stands.
+QString WithoutNote(const QString& value)
+{
+    return value.left(value.indexOf(QLatin1Char('#')));
+}
+
 template <int ElementRecord::*Number, int Low = 0, int High = Largest>
 void ReadNumber(ElementRecord& record, const QString& value)
 {
-    record.*Number = ClampNumber(CleanText(value), Low, High);
+    record.*Number = ClampNumber(CleanText(WithoutNote(value)), Low, High);
 }
 
 template <int ElementRecord::*Number>
 QString NumberText(const ElementRecord& record)
 {
     return QString::number(record.*Number);
-}
-
-QString WithoutNote(const QString& value)
-{
-    return value.left(value.indexOf(QLatin1Char('#')));
 }
 
 void ReadAnimMode(ElementRecord& record, const QString& value)

@@ -24,6 +24,7 @@
 #include <QDesktopServices>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QPushButton>
 #include <QToolButton>
 #include <QUrl>
@@ -135,8 +136,11 @@ void frmPCX::ShowPick()
         picScroll->MarksMoved();
         for (QWidget* part : std::initializer_list<QWidget*>{side, tools, place})
             part->hide();
+        layout()->setContentsMargins({});
+        picScroll->setFrameShape(QFrame::NoFrame);
     } else {
         picFlash->setText(Sheet.PickPrompt);
+        picFlash->setToolTip(Sheet.PickPrompt.toHtmlEscaped());
         picFlash->show();
         FlashTitle();
         tmrFlashTitle.start(200);

@@ -23,6 +23,7 @@ namespace {
 constexpr QSize QuickSize{120, 127}; // pixels at 96 dpi, without the frame
 constexpr int QuickLift = 30;
 constexpr int LeastRollingHeight = 60;
+constexpr int MostPromptLines = 5; // the whole of it is in its tool tip
 constexpr QSize FrameRoom{20, 40}; // what a window manager puts around a window
 
 /// As large as what is in it, and rolled only where the screen is too small for that.
@@ -55,7 +56,10 @@ void frmPCX::LayOut()
     picFlash = new QLabel(this);
     picFlash->setObjectName(QStringLiteral("picFlash"));
     picFlash->setTextFormat(Qt::PlainText);
-    picFlash->setAlignment(Qt::AlignCenter);
+    picFlash->setAlignment(Qt::AlignHCenter | Qt::AlignTop); // what is too long is cut at its end
+    picFlash->setWordWrap(true);
+    picFlash->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a long prompt widens no window
+    picFlash->setMaximumHeight(MostPromptLines * picFlash->fontMetrics().lineSpacing());
     picFlash->hide();
     place = new QLabel(this);
     place->setObjectName(QStringLiteral("place"));

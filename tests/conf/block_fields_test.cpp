@@ -82,20 +82,22 @@ TEST_F(BlockFields, ReadEndsWithTheBlock)
 // into the next block, a step for each line.
 TEST_F(BlockFields, UpdateRewritesWhatChangedAsOneStep)
 {
-    const QByteArray before = "zip: a.pcx\r\nzip.xpos: 1\r\nzip.frames: 3 # all\r\nzip.anim_mode: Loop # on\r\n"
+    const QByteArray before = "zip: a.pcx\r\nzip.xpos: 1\r\nzip.frames: 3 # all of it\r\nzip.anim_mode: Loop # on\r\n"
                               "zip.delay:7\r\nzip.start_frame: 9\r\nzip.EDITOR.xpos: 4\r\nzip.offset: 6 # tick\r\n"
                               "zip.moving.xpos: 8\r\n";
     Load(before, 2);
     EXPECT_EQ(ReadFirst().AnimMode, QStringLiteral("loop")) << "the note is none of it";
+    EXPECT_EQ(Conf.Element.Frames, 3);
     Conf.CaretLine = 2;
     Conf.Element.XPos = 22;
     Conf.Element.StartFrame = -1;
     Conf.Element.Offset = 5;
     Conf.Element.GlobalSync = 1;
     UpdateElementBlock();
-    EXPECT_EQ(Bytes(), "zip: a.pcx\r\nzip.xpos:          22\r\nzip.frames: 3 # all\r\nzip.anim_mode: Loop # on\r\n"
-                       "zip.delay:         7\r\nzip.start_frame:   0\r\nzip.EDITOR.xpos: 4\r\nzip.offset:        5\r\n"
-                       "zip.moving.xpos: 8\r\n");
+    EXPECT_EQ(Bytes(),
+              "zip: a.pcx\r\nzip.xpos:          22\r\nzip.frames: 3 # all of it\r\nzip.anim_mode: Loop # on\r\n"
+              "zip.delay:         7\r\nzip.start_frame:   0\r\nzip.EDITOR.xpos: 4\r\nzip.offset:        5\r\n"
+              "zip.moving.xpos: 8\r\n");
     EXPECT_EQ(Pane().GetSel(true), (Range{.StartLine = 2, .EndLine = 2}));
     EXPECT_EQ(Conf.Element.StartFrame, 0);
     Pane().ExecuteCmd(CmdUndo);
