@@ -184,7 +184,7 @@ std::vector<LineChange> UpdatedLines(const LineReader& lines, int mainLine, Elem
         ElementRecord standing = wanted;
         field.Read(standing, hit.Value);
         const QString text = field.Text(written);
-        if (standing == wanted && text != CleanValue(hit.Value))
+        if (standing == wanted && (text.isEmpty() || text != CleanValue(hit.Value)))
             return;
         changes.push_back({hit.Line, WithValue(hit.Text, text, column)});
     });

@@ -28,7 +28,13 @@ enum Field {
     NameField
 };
 
-constexpr int LongestNumber = 7;
+QString NumberTaken(const QString& text)
+{
+    constexpr int longest = 7;
+    if (text.size() > longest)
+        return QStringLiteral("1");
+    return text.isEmpty() ? QStringLiteral("0") : text;
+}
 
 /// Steps the delay the moment a mouse button goes down, by its own width of step.
 class DelayButton : public QToolButton
@@ -143,7 +149,7 @@ void AnimationPanel::ConnectPlay()
 {
     connect(txtDelay, &ApplyField::Applied, this, &AnimationPanel::ApplyDelay);
     connect(txtOffset, &ApplyField::Applied, this, [this](const QString& text) {
-        const QString taken = text.size() > LongestNumber ? QStringLiteral("1") : text;
+        const QString taken = NumberTaken(text);
         txtOffset->Show(taken);
         Conf.Element.Offset = taken.toInt();
     });
@@ -163,7 +169,7 @@ void AnimationPanel::ConnectPlay()
 
 void AnimationPanel::ApplyDelay(const QString& text)
 {
-    const QString taken = text.size() > LongestNumber ? QStringLiteral("1") : text;
+    const QString taken = NumberTaken(text);
     Conf.Element.Delay = taken.toInt();
     emit StartWanted();
     txtDelay->Show(taken);

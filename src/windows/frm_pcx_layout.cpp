@@ -130,6 +130,7 @@ void frmPCX::BecomeQuickPreview()
     for (QWidget* part :
          std::initializer_list<QWidget*>{picScroll, tools, panelArea, place, cmdExit, cmdNew, cmdUpdate})
         part->hide();
+    preview->setToolTip(windowTitle().toHtmlEscaped()); // a desktop may leave a title no room beside its buttons
     layout()->setContentsMargins({});
     layout()->setSpacing(0);
     preview->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);

@@ -109,13 +109,13 @@ TEST_F(BlockFields, UpdateRewritesWhatChangedAsOneStep)
 TEST_F(BlockFields, UpdateWritesReverseOnce)
 {
     for (const auto& [mode, written] : {std::pair("loop", "reverse"), std::pair("linear", "linear,reverse")}) {
-        Load("zip: a.pcx\nzip.anim_mode: none\n zip.xpos: 1\n");
+        Load("zip: a.pcx\nzip.anim_mode: none\n zip.xpos: 1\nzip.name:\n");
         ReadFirst();
         Conf.Element.AnimMode = QLatin1String(mode);
         Conf.Element.Reverse = true;
         Conf.Element.XPos = 5;
         UpdateElementBlock();
         UpdateElementBlock();
-        EXPECT_EQ(Bytes(), QByteArray("zip: a.pcx\nzip.anim_mode:     ") + written + "\n zip.xpos: 1\n");
+        EXPECT_EQ(Bytes(), QByteArray("zip: a.pcx\nzip.anim_mode:     ") + written + "\n zip.xpos: 1\nzip.name:\n");
     }
 }
