@@ -72,8 +72,10 @@ TEST(SheetOpening, StartsFromDefaultsOnAnotherSheet)
     HoldBlock(2, 2, 2);
     Conf.MediaFile = QStringLiteral("b.pcx");
     Conf.Element.Offset = 7;
+    Conf.Element.BlockKey = QStringLiteral("zip");
     EXPECT_FALSE(FitElementToSheet(Modes).FromBlock);
     EXPECT_EQ(Conf.Element.Offset, 0);
+    EXPECT_EQ(Conf.Element.BlockKey, QString());
     EXPECT_FALSE(Sheet.Start);
     EXPECT_EQ(Conf.Element.XPos, 0);
     EXPECT_EQ(Conf.Element.StartFrame, -1);
