@@ -28,7 +28,7 @@ constexpr PanelRow Rows[] = {
     {"st_caps", "Displays the state of the Caps Lock Key", "Caps Lock key", "CAPS"},
     {"st_num", "Displays the state of the Num Lock Key", "Num Lock key", "NUM"},
 };
-constexpr int PathPanel = 3, FirstKeyPanel = 4;
+constexpr int CursorPanel = 2, PathPanel = 3, FirstKeyPanel = 4;
 constexpr int LeastPath = 14; ///< characters
 constexpr int NoticeMs = 6000, RepaintMs = 50;
 
@@ -56,11 +56,10 @@ StatusPanels::StatusPanels(QWidget* parent) : QStatusBar(parent), progress(new Q
         else
             addPermanentWidget(frame);
     }
-    // A long path must not widen the window; in a narrow one the keys and the end of the path stay in sight.
+    // A long path must not widen the window; in a narrow one the mode, the keys and the path's end stay in sight.
     panels[PathPanel - 1].Text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     panels[PathPanel - 1].Text->setMinimumWidth(LeastPath * fontMetrics().averageCharWidth());
-    for (int panel = 1; panel < PathPanel; ++panel)
-        panels.at(panel - 1).Text->setMinimumWidth(1);
+    panels[CursorPanel - 1].Text->setMinimumWidth(1);
     panels[PathPanel - 1].Text->installEventFilter(this);
     pathText = panels[PathPanel - 1].Text->text();
     progress->setAccessibleName(QStringLiteral("Progress"));
