@@ -88,7 +88,7 @@ void StartFromDefaults()
     element.AnimMode = QStringLiteral("loop");
     element.Delay = 1;
     element.ElementName.clear();
-    element.BlockKey.clear(); // or the same sheet opened once more would bear it in its title
+    element.BlockKey.clear();                // or the same sheet opened once more would bear it in its title
     element.GlobalSync = element.Offset = 0; // not those of the block before
     element.Reverse = false;
 }
