@@ -319,12 +319,35 @@ TEST_F(SheetWindow, QuickPreviewIsSmallAndLeavesWithTheMouse)
     });
 }
 
-// Catches: a macro's pick that can write into the text, a preview that takes presses.
+// Catches: a held preview that goes on showing the run before, a single frame that does not move.
+TEST_F(SheetWindow, HeldPreviewShowsWhatIsMarked)
+{
+    WriteSheet(SmallSheet);
+    HoldBlock(0, 0, 2);
+    Open([](QWidget& window, SheetView& view) {
+        const auto trigger = [&](const QString& caption) {
+            for (QAction* action : window.findChildren<QAction*>())
+                if (action->text() == caption)
+                    action->trigger();
+        };
+        const auto& current = Part<QLineEdit>(window, "txtCurrent");
+        trigger(QStringLiteral("Pause"));
+        Click(view, {1, 0}, Qt::LeftButton);
+        Click(view, {3, 0}, Qt::RightButton);
+        EXPECT_EQ(current.text(), QStringLiteral("1"));
+        trigger(QStringLiteral("Single Frame"));
+        EXPECT_EQ(current.text(), QStringLiteral("2"));
+    });
+}
+
+// Catches: a macro's pick that can write into the text, a prompt that widens the window, a preview that takes presses.
 TEST_F(SheetWindow, MacroPicksAndPreviews)
 {
     WriteSheet(SmallSheet);
     const QString file = Run.Work.Path() + QStringLiteral("/a.png");
-    OnModal([](QWidget& window) {
+    int width = 0;
+    OnModal([&](QWidget& window) {
+        width = window.width();
         EXPECT_EQ(window.windowTitle(), QStringLiteral("Gemforge BASIC - PickFromPCX"));
         EXPECT_FALSE(Part<QPushButton>(window, "cmdQuit1").isEnabled());
         EXPECT_FALSE(Part<QPushButton>(window, "cmdQuit2").isEnabled());
@@ -332,6 +355,8 @@ TEST_F(SheetWindow, MacroPicksAndPreviews)
     });
     PickFromSheet(nullptr, file, QStringLiteral("Pick a tile"));
     EXPECT_EQ(Conf.Element.XPos, 3);
+    OnModal([&](QWidget& window) { EXPECT_EQ(window.width(), width); });
+    PickFromSheet(nullptr, file, QStringLiteral("Pick a tile ").repeated(400));
     OnModal([](QWidget& window) {
         EXPECT_EQ(window.windowTitle(), QStringLiteral("Gemforge BASIC - Preview"));
         EXPECT_FALSE(window.findChild<QWidget*>(QStringLiteral("Picture1"))->isVisible());
