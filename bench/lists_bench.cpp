@@ -1,9 +1,9 @@
 // The file lists beside the text: a folder read, read again with nothing or one file new, shown, and left alone.
 #include "bench_host.h"
 
-#include "frame/media_lists.h"
-#include "windows/media_view.h"
-#include "windows/media_watch.h"
+#include "frame/media/media_lists.h"
+#include "windows/media/media_view.h"
+#include "windows/media/media_watch.h"
 
 #include <QApplication>
 #include <QDir>

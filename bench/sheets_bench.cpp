@@ -4,8 +4,8 @@
 #include "graphics/animation.h"
 #include "graphics/sheet.h"
 #include "platform/images.h"
-#include "windows/animation_preview.h"
-#include "windows/sheet_view.h"
+#include "windows/sheet/animation_preview.h"
+#include "windows/sheet/sheet_view.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

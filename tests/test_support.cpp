@@ -6,6 +6,11 @@
 #include <csignal>
 #include <sys/resource.h>
 
+QString ProjectFile(const QString& name)
+{
+    return QStringLiteral(PROJECT_FOLDER "/") + name;
+}
+
 QString TestFolder::Path(const QString& name) const
 {
     return folder.path() + QLatin1Char('/') + name;
@@ -25,19 +30,6 @@ QByteArray TestFolder::Read(const QString& name) const
 {
     QFile file(Path(name));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<no such file>");
-}
-
-HostScope::HostScope()
-{
-    ResetFrame();
-    InstallHost(Host, Answers);
-}
-
-HostScope::~HostScope()
-{
-    ResetFrame();
-    Frame.Host = nullptr;
-    Frame.Ask = nullptr;
 }
 
 FileSizeLimit::FileSizeLimit(qint64 bytes)

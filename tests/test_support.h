@@ -1,9 +1,8 @@
 #pragma once
 
-#include "batch/answer_list.h"
-#include "batch/batch_host.h"
-
+#include <QString>
 #include <QTemporaryDir>
+#include <ostream>
 
 inline std::ostream& operator<<(std::ostream& out, const QString& text)
 {
@@ -16,6 +15,9 @@ inline void PrintTo(const QString& text, std::ostream* out)
     *out << '"' << text.toStdString() << '"';
 }
 
+/// A file or folder of the project: its sources, help pages, data of the tests.
+QString ProjectFile(const QString& name);
+
 /// A folder of its own for one test; gone at the end.
 class TestFolder
 {
@@ -26,19 +28,6 @@ public:
 
 private:
     QTemporaryDir folder;
-};
-
-/// Installs a host without a window and prepared answers for the scope, with a fresh frame state.
-class HostScope
-{
-public:
-    HostScope();
-    ~HostScope();
-    HostScope(const HostScope&) = delete;
-    HostScope& operator=(const HostScope&) = delete;
-
-    BatchHost Host;
-    AnswerList Answers;
 };
 
 /// Runs `call` while no file may grow beyond `bytes`: a full disk without a hook in the code.

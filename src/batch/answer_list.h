@@ -1,7 +1,7 @@
 #pragma once
 
-#include "frame/asker.h"
-#include "frame/messages.h"
+#include "frame/messages/asker.h"
+#include "frame/messages/messages.h"
 
 #include <vector>
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "editor/make_pane.h"
-#include "frame/asker.h"
 #include "frame/frame_state.h"
 #include "frame/host_window.h"
+#include "frame/messages/asker.h"
 
 #include <array>
 #include <functional>

@@ -1,7 +1,7 @@
 #include "batch/prepare_tools.h"
 
 #include "frame/frame_state.h"
-#include "frame/shipped_settings.h"
+#include "frame/settings/shipped_settings.h"
 #include "platform/paths.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/start_up.h"
+#include "frame/start/start_up.h"
 #include "platform/result.h"
 
 /// What tools without a window need of a start: the program's folders, and of the settings the value column, the game

@@ -1,7 +1,7 @@
 #include "conf/check_for_errors.h"
 
 #include "frame/frame_state.h"
-#include "frame/media_lists.h"
+#include "frame/media/media_lists.h"
 
 CheckContext CurrentCheckContext()
 {

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int EditReach = 100, LinesBelowMain = 101;
+constexpr int EditReach = 100, EditedLinesBelowMain = 101;
 
 bool EndsIn(const QString& key, const char* tail)
 {
@@ -23,7 +23,7 @@ int EndOfCommands(const LineReader& lines, int mainLine, const QString& key)
     Conf.CommandPresent = QList<bool>(commands.size(), false);
     int missed = 0;
     int line = mainLine + 1;
-    for (; line <= mainLine + LinesBelowMain && missed < 2; ++line) {
+    for (; line <= mainLine + EditedLinesBelowMain && missed < 2; ++line) {
         const int command = CommandOfLine(lines(line).value_or(QString()), key, commands);
         if (command >= 0)
             Conf.CommandPresent[command] = true;

@@ -1,7 +1,7 @@
 #include "conf/headline.h"
 
-#include "frame/asker.h"
 #include "frame/frame_state.h"
+#include "frame/messages/asker.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "conf/help_for_word.h"
 
-#include "frame/documents.h"
+#include "frame/documents/documents.h"
 #include "frame/editor_operations.h"
 #include "frame/frame_state.h"
 #include "platform/processes.h"

@@ -4,7 +4,7 @@
 #include "conf/conf_lines.h"
 #include "frame/frame_state.h"
 #include "frame/host_window.h"
-#include "frame/media_lists.h"
+#include "frame/media/media_lists.h"
 
 #include <algorithm>
 

@@ -11,7 +11,7 @@ using Sci = QsciScintillaBase;
 // What is told of the text under the mouse, and the bar beside a block.
 
 namespace {
-constexpr int WindowSlot = 0, NormalSlot = 4;
+constexpr int HoverWindowSlot = 0, HoverTextSlot = 4;
 
 /// A quarter of the text's colour on the window's.
 int Faint(int text, int window)
@@ -62,7 +62,7 @@ bool ScintillaPane::ShowHover(const QHelpEvent& event)
 
 void ScintillaPane::MarkBlock(int first, int last)
 {
-    const int bgr = Faint(looks.GetColor(NormalSlot), looks.GetColor(WindowSlot));
+    const int bgr = Faint(looks.GetColor(HoverTextSlot), looks.GetColor(HoverWindowSlot));
     marks->SetBlock(first, last, QColor(bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF));
 }
 

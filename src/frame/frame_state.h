@@ -1,10 +1,10 @@
 #pragma once
 
-#include "frame/documents.h"
+#include "frame/documents/documents.h"
 #include "frame/editor_operations.h"
-#include "frame/messages.h"
-#include "frame/recent_list.h"
-#include "frame/settings.h"
+#include "frame/files/recent_list.h"
+#include "frame/messages/messages.h"
+#include "frame/settings/settings.h"
 #include "frame/vocabulary.h"
 
 #include <QElapsedTimer>

@@ -1,6 +1,6 @@
 #include "frame/vocabulary.h"
 
-#include "frame/documents.h"
+#include "frame/documents/documents.h"
 #include "frame/frame_state.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "windows/start_up.h"
+#include "windows/main/start_up.h"
 
 int main(int argc, char** argv)
 {

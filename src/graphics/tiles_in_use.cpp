@@ -2,7 +2,7 @@
 
 #include "conf/block_outline.h"
 #include "frame/editor_operations.h"
-#include "frame/media_lists.h"
+#include "frame/media/media_lists.h"
 #include "graphics/sheet.h"
 
 #include <set>

@@ -1,6 +1,6 @@
 #include "level/level_header.h"
 
-#include "frame/settings.h"
+#include "frame/settings/settings.h"
 #include "level/level_fields.h"
 
 namespace {

@@ -25,17 +25,17 @@ PlayerProcess& Process()
 }
 
 /// An open file, closed with the scope.
-class OpenFile
+class OpenSound
 {
 public:
-    explicit OpenFile(int opened) : file(opened) {}
-    ~OpenFile()
+    explicit OpenSound(int opened) : file(opened) {}
+    ~OpenSound()
     {
         if (file >= 0)
             close(file);
     }
-    OpenFile(const OpenFile&) = delete;
-    OpenFile& operator=(const OpenFile&) = delete;
+    OpenSound(const OpenSound&) = delete;
+    OpenSound& operator=(const OpenSound&) = delete;
 
     int Handle() const { return file; }
     bool IsRegular() const
@@ -52,7 +52,7 @@ bool Play(player::Voice voice, const QString& path)
 {
     // A fifo must not be waited for.
     const QByteArray name = QFile::encodeName(paths::Existing(path));
-    const OpenFile file(Persist([&] { return open(name.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY); }));
+    const OpenSound file(Persist([&] { return open(name.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY); }));
     if (!file.IsRegular()) {
         // What played before is replaced by nothing.
         voice == player::Voice::Media ? StopMedia() : StopModule();
@@ -75,7 +75,7 @@ bool PlayModule(const QString& path)
 
 bool PlayModule(const QByteArray& bytes)
 {
-    const OpenFile file(memfd_create("module", MFD_CLOEXEC));
+    const OpenSound file(memfd_create("module", MFD_CLOEXEC));
     if (file.Handle() < 0 || write(file.Handle(), bytes.constData(), size_t(bytes.size())) != bytes.size())
         return false;
     return Process().Play(player::Voice::Module, file.Handle(), {});

@@ -49,10 +49,10 @@ Result<FileState> StateOf(const QString& told, int kind)
 }
 
 /// An open regular file; a fifo is not waited for.
-class OpenFile
+class OpenImage
 {
 public:
-    explicit OpenFile(const QString& path)
+    explicit OpenImage(const QString& path)
         : Handle(open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC))
     {
         struct stat facts = {};
@@ -63,13 +63,13 @@ public:
         else if (quint64(facts.st_size) > decoder::MostFileBytes)
             Error = EFBIG;
     }
-    ~OpenFile()
+    ~OpenImage()
     {
         if (Handle >= 0)
             close(Handle);
     }
-    OpenFile(const OpenFile&) = delete;
-    OpenFile& operator=(const OpenFile&) = delete;
+    OpenImage(const OpenImage&) = delete;
+    OpenImage& operator=(const OpenImage&) = delete;
 
     int Handle = -1;
     int Error = 0;
@@ -246,7 +246,7 @@ Result<Service::Decoded> Service::Carry(const Job& job)
 {
     if (const auto picture = Look(job.File)) // the same image may have stood twice in the queue
         return Decoded{*picture, picture->Size()};
-    const OpenFile file(job.File.Path);
+    const OpenImage file(job.File.Path);
     if (file.Error != 0)
         return Fail(job.File.Path, qt_error_string(file.Error));
     const Result<DecoderProcess::Reply> reply = AskHelper(job, file.Handle);

@@ -1,6 +1,6 @@
 #include "batch/verbs.h"
 
-#include "test_support.h"
+#include "host_scope.h"
 
 #include <gtest/gtest.h>
 

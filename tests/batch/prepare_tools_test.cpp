@@ -1,6 +1,6 @@
 #include "batch/prepare_tools.h"
 
-#include "test_support.h"
+#include "host_scope.h"
 
 #include <QDir>
 #include <gtest/gtest.h>

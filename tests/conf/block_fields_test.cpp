@@ -2,7 +2,7 @@
 
 #include "conf_fixture.h"
 
-using BlockFields = ConfTest;
+using BlockFieldsTest = ConfTest;
 
 namespace {
 
@@ -19,7 +19,7 @@ const ElementRecord& ReadFirst()
 
 // Catches: a field read with the bounds or the form of another, a token found at the line's start only, a found mark
 // at the wrong place, a sub group or the next block read as more of this one.
-TEST_F(BlockFields, ReadsEachFieldOnceAndWithinBounds)
+TEST_F(BlockFieldsTest, ReadsEachFieldOnceAndWithinBounds)
 {
     Load("zip: a.pcx\n"
          "zip.EDITOR: e.pcx\nzip.EDITOR.xpos: 9\n  zip.xpos: 12345678\nzip.ypos: abc\nzip.frames: 0\n"
@@ -43,7 +43,7 @@ TEST_F(BlockFields, ReadsEachFieldOnceAndWithinBounds)
 }
 
 // Catches: values of the block before that show through, fields that count as found without a line.
-TEST_F(BlockFields, ReadStartsFromDefaultsButKeepsThePlace)
+TEST_F(BlockFieldsTest, ReadStartsFromDefaultsButKeepsThePlace)
 {
     Conf.Element = {
         QStringLiteral("old.pcx"), 3,    4,   5, 6, 7, QStringLiteral("random"), 1, 8, QStringLiteral("old"),
@@ -59,7 +59,7 @@ TEST_F(BlockFields, ReadStartsFromDefaultsButKeepsThePlace)
 
 // Catches: a read beyond 31 lines below the main line or beyond a line without the key, and one that takes the fields
 // of a block whose key begins with this one.
-TEST_F(BlockFields, ReadEndsWithTheBlock)
+TEST_F(BlockFieldsTest, ReadEndsWithTheBlock)
 {
     QByteArray text = "zip: a.pcx\n";
     for (int line = 1; line <= 30; ++line)
@@ -80,7 +80,7 @@ TEST_F(BlockFields, ReadEndsWithTheBlock)
 
 // Catches: notes and unknown words lost when nothing of them was changed, a value not aligned, fields added or written
 // into the next block, a step for each line.
-TEST_F(BlockFields, UpdateRewritesWhatChangedAsOneStep)
+TEST_F(BlockFieldsTest, UpdateRewritesWhatChangedAsOneStep)
 {
     const QByteArray before = "zip: a.pcx\r\nzip.xpos: 1\r\nzip.frames: 3 # all of it\r\nzip.anim_mode: Loop # on\r\n"
                               "zip.delay:7\r\nzip.start_frame: 9\r\nzip.EDITOR.xpos: 4\r\nzip.offset: 6 # tick\r\n"
@@ -106,7 +106,7 @@ TEST_F(BlockFields, UpdateRewritesWhatChangedAsOneStep)
 
 // Catches: the word reverse written twice, lost, or written behind "loop"; a trimmed compare in the update, which
 // would reach lines that the read of another program indents.
-TEST_F(BlockFields, UpdateWritesReverseOnce)
+TEST_F(BlockFieldsTest, UpdateWritesReverseOnce)
 {
     for (const auto& [mode, written] : {std::pair("loop", "reverse"), std::pair("linear", "linear,reverse")}) {
         Load("zip: a.pcx\nzip.anim_mode: none\n zip.xpos: 1\nzip.name:\n");

@@ -1,6 +1,6 @@
 #include "conf/comments.h"
 
-#include "test_support.h"
+#include "host_scope.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "conf/element_record.h"
-#include "test_support.h"
+#include "host_scope.h"
 
 #include <gtest/gtest.h>
 

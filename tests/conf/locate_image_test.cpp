@@ -1,7 +1,7 @@
 #include "conf/locate_image.h"
 
 #include "conf_fixture.h"
-#include "frame/media_lists.h"
+#include "frame/media/media_lists.h"
 
 namespace {
 

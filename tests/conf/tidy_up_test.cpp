@@ -1,7 +1,7 @@
 #include "conf/tidy_up.h"
 #include "platform/paths.h"
 
-#include "test_support.h"
+#include "host_scope.h"
 
 #include <QDir>
 #include <QRandomGenerator>
@@ -40,7 +40,7 @@ QString RandomLine(QRandomGenerator& random)
 // Catches: any change of what a tidied file looks like: breaks, comments, missing values, wide keys, letters.
 TEST(TidyLines, EachExampleGivesItsTidiedTwin)
 {
-    const QDir folder(QStringLiteral(TEST_DATA "/tidy_up"));
+    const QDir folder(ProjectFile(QStringLiteral("tests/data/tidy_up")));
     const QStringList names = folder.entryList({QStringLiteral("*.conf")});
     ASSERT_FALSE(names.isEmpty());
     for (const QString& name : names) {

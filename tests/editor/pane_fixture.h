@@ -1,6 +1,6 @@
 #pragma once
 
-#include "test_support.h"
+#include "host_scope.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>

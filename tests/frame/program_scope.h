@@ -1,9 +1,9 @@
 #pragma once
 
-#include "frame/file_commands.h"
+#include "frame/files/file_commands.h"
 #include "frame/frame_state.h"
-#include "frame/start_up.h"
-#include "test_support.h"
+#include "frame/start/start_up.h"
+#include "host_scope.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -20,7 +20,7 @@ public:
         for (const char* name :
              {"basic", "compat", "lg_gfxact", "lg_gfxele", "lg_other", "links", "user", "mapele", "levelheader"}) {
             const QString file = QStringLiteral("data/") + QString::fromLatin1(name) + QStringLiteral(".ini");
-            QFile shipped(QStringLiteral(PROJECT_FOLDER "/") + file);
+            QFile shipped(ProjectFile({}) + file);
             if (!shipped.open(QIODevice::ReadOnly))
                 qFatal("no table %s", name);
             Program.Write(file, shipped.readAll());

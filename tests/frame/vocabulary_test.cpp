@@ -1,5 +1,5 @@
+#include "frame/program_scope.h"
 #include "frame/vocabulary.h"
-#include "program_scope.h"
 
 class Vocabulary : public FrameTest
 {

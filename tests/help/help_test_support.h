@@ -1,17 +1,13 @@
 #pragma once
 
 #include "help/help_book.h"
+#include "test_support.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <zip.h>
-
-inline std::ostream& operator<<(std::ostream& out, const QString& text)
-{
-    return out << text.toStdString();
-}
 
 /// An archive in a folder of its own.
 class TestArchive
@@ -51,7 +47,7 @@ private:
 /// The shipped pages by file name.
 inline QHash<QString, QByteArray> ShippedFiles()
 {
-    const QDir folder(QStringLiteral(PROJECT_FOLDER "/help"));
+    const QDir folder(ProjectFile(QStringLiteral("help")));
     QHash<QString, QByteArray> files;
     for (const QString& name : folder.entryList(QDir::Files)) {
         QFile file(folder.filePath(name));

@@ -1,5 +1,6 @@
 #include "level/level_bytes.h"
 
+#include "frame/frame_state.h"
 #include "level/level_header.h"
 #include "level_builder.h"
 #include "test_support.h"
@@ -224,7 +225,7 @@ TEST(PatchLevel, RefusesWhatTheFileCanNotHold)
 // Catches: a shipped table that differs from the forms, "NA" read as 0, an unknown text taken as a form.
 TEST(ReadLevelOffsets, ShippedTableHasEveryForm)
 {
-    Frame.DataFolder = QStringLiteral(PROJECT_FOLDER "/data/");
+    Frame.DataFolder = ProjectFile(QStringLiteral("data/"));
     const QString old = QStringLiteral("ROCKSNDIAMONDS_LEVEL_FILE_VERSION_");
     for (const QString& section : {QString(old + u"1.0"), QString(old + u"1.2"), QString(old + u"1.2 AUTH"),
                                    QString(old + u"1.4"), QStringLiteral("RND1"), QStringLiteral("MMII")})

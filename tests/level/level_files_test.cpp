@@ -1,5 +1,6 @@
 #include "level/level_files.h"
 
+#include "frame/frame_state.h"
 #include "level_builder.h"
 #include "platform/paths.h"
 #include "test_support.h"
@@ -17,7 +18,7 @@ const QString NoLevel =
 class LevelFiles : public testing::Test
 {
 protected:
-    LevelFiles() { Frame.DataFolder = QStringLiteral(PROJECT_FOLDER "/data/"); }
+    LevelFiles() { Frame.DataFolder = ProjectFile(QStringLiteral("data/")); }
     ~LevelFiles() override
     {
         ResetLevel();

@@ -15,7 +15,7 @@ struct Ran
 /// Runs a verb of one or two words on files.
 Ran Batch(const char* verb, const QStringList& files = {})
 {
-    Frame.DataFolder = QStringLiteral(PROJECT_FOLDER "/data/");
+    Frame.DataFolder = ProjectFile(QStringLiteral("data/"));
     Ran ran;
     QTextStream out(&ran.Out), err(&ran.Err);
     ran.End = RunVerb(QString::fromLatin1(verb).split(u' ') + files, {out, err});

@@ -1,0 +1,182 @@
+#include "frame/files/file_commands.h"
+
+#include "frame/frame_state.h"
+#include "frame/media/media_lists.h"
+#include "frame/messages/asker.h"
+#include "frame/recovery/recovery.h"
+#include "platform/paths.h"
+
+#include <QDir>
+
+namespace {
+
+struct TemplateRow
+{
+    const char* Title;
+    const char* Name; ///< null: no header lines
+};
+constexpr TemplateRow Templates[] = {
+    {"", nullptr},
+    {"#      GraphicsInfo.conf       #", "YourGraphicsSetName"},
+    {"#       SoundsInfo.conf        #", "YourSoundSetName"},
+    {"#        MusicInfo.conf        #", "YourMusicSetName"},
+    {"#        LevelInfo.conf        #", "YourGameName"},
+    {"#         HelpText.conf        #", nullptr},
+    {"#         HelpAnim.conf        #", nullptr},
+    {"#       editorsetup.conf       #", nullptr},
+};
+
+QString HeaderLine(const QString& key, int blanks, const QString& value)
+{
+    return key + QString(qAbs(blanks), u' ') + value;
+}
+
+QStringList TemplateLines(int mode)
+{
+    const TemplateRow& row = Templates[mode];
+    const QString rule(32, u'#');
+    QStringList lines = {rule, QString::fromLatin1(row.Title), QStringLiteral("#      Made With Gemforge      #"), rule,
+                         QString()};
+    const int width = Frame.Settings.SpacerWidth;
+    if (row.Name)
+        lines << HeaderLine(QStringLiteral("name:"), width - 6, QString::fromLatin1(row.Name))
+              << HeaderLine(QStringLiteral("sort_priority:"), width - 15, QStringLiteral("100"));
+    return lines << QString();
+}
+
+QString DialogFolder()
+{
+    const bool inLevels = Frame.CurrentFolder == Frame.ProgramFolder && !Frame.Settings.LevelsFolder.isEmpty() &&
+                          Frame.Settings.OpenSaveInLevelDir == 1;
+    return inLevels ? Frame.Settings.LevelsFolder : Frame.CurrentFolder;
+}
+
+/// The name chosen in a file dialog; empty for a cancel. Waiting events run, so that the dialog is gone.
+QString AskFile(std::optional<QString> (Asker::*ask)(const FileQuestion&), const QString& title,
+                const QString& preset = {})
+{
+    const WorkScope modal;
+    const QString name = (Ask().*ask)({title, DocumentFilter(), DialogFolder(), preset}).value_or(QString());
+    if (!name.isEmpty())
+        Host().Turn();
+    return paths::Inside(name);
+}
+
+} // namespace
+
+QString DocumentFilter()
+{
+    return QStringLiteral("RND Config Files (*.conf)|*.conf"
+                          "|Text Files |*.txt;*.doc;*.me;*.now;*.1st;*.nfo;*.c;*.h"
+                          "|RND V1.0 Config Files (Unsupported) (*.cnf)|*.cnf");
+}
+
+void MakeTemplate(int mode)
+{
+    EditorPane& pane = CurrentPane();
+    const QStringList lines = mode == ModeTxt ? QStringList() : TemplateLines(mode);
+    pane.SetText(lines.join(QStringLiteral("\r\n")));
+    const int last = qMax(int(lines.size()) - 1, 0);
+    pane.SetSel({last, 0, last, 0}, true);
+}
+
+void NewDocument(int mode)
+{
+    EditorPane& pane = CurrentPane();
+    if (!MayGiveUp(pane))
+        return;
+    Frame.DocumentLoading = true;
+    pane.SetEncoding(FileEncoding::Utf8);
+    pane.SetLineEnd(LineBreak::CrLf);
+    MakeTemplate(mode);
+    Frame.DocumentLoading = false;
+    pane.SetModified(false);
+
+    Frame.CurrentFolder = Frame.ProgramFolder;
+    Frame.CurrentFile.clear();
+    Document& document = Frame.Documents.at(Frame.CurrentTab);
+    document.Path = Frame.CurrentFolder;
+    document.Face.Caption = EmptyCaption;
+    document.ForeignText = false;
+    document.DiskSize = -1;
+    SetMode(mode);
+    UpdateCaretStatus(pane);
+    ShowCurrentPath();
+    pane.ClearUndoBuffer();
+    if (Frame.Keeper)
+        Frame.Keeper->TextSettled(Frame.CurrentTab);
+}
+
+void OpenCommand()
+{
+    if (!MayGiveUp(CurrentPane()))
+        return;
+    const QString name = AskFile(&Asker::OpenFile, QStringLiteral("Open a file"));
+    if (!name.isEmpty())
+        OpenDocument(name, false);
+}
+
+void RevertDocument()
+{
+    if (!MayGiveUp(CurrentPane()))
+        return;
+    const QString path = Frame.CurrentFolder + Frame.CurrentFile;
+    if (!Frame.CurrentFile.isEmpty() && paths::FileExists(path))
+        OpenDocument(path, true);
+}
+
+void InsertFileAtCaret()
+{
+    const QString name = AskFile(&Asker::OpenFile, QStringLiteral("Insert a file"));
+    if (name.isEmpty())
+        return;
+    EditorPane& pane = CurrentPane();
+    const Range at = pane.GetSel(true);
+    const QString path = paths::Existing(name);
+    const Result<> done = pane.InsertFile(path.isEmpty() ? name : path, {at.StartLine, at.StartCol, 0, 0});
+    if (!done)
+        ShowMessage(MessagePathError, done.error().Text());
+    UpdateCaretStatus(pane);
+}
+
+void SaveDocumentAs()
+{
+    const QString name =
+        AskFile(&Asker::SaveFile, QStringLiteral("Save file as"), Frame.ConfNames.at(Frame.CurrentMode));
+    if (!name.isEmpty())
+        SaveDocument(name);
+}
+
+void ApplyInjectPath(const QString& text)
+{
+    const QString told = paths::Inside(QString(text).replace(u'*', u'/'));
+    const QString whole = QDir::isAbsolutePath(told) ? told : QDir::cleanPath(Frame.CurrentFolder + told);
+    const QString folder = told.isEmpty() ? QString() : paths::Existing(whole);
+    if (!folder.isEmpty() && paths::FolderExists(folder))
+        SetExtraFolder(paths::Closed(folder));
+}
+
+void ApplyStoredInjectPath()
+{
+    const QString line = CurrentPane().GetLine(0);
+    if (line.startsWith(QLatin1StringView("#!*")))
+        ApplyInjectPath(line.mid(3));
+}
+
+void InsertInjectPath()
+{
+    QString folder = Frame.Media.ExtraFolder;
+    if (folder.size() > 1 && folder.endsWith(u'/'))
+        folder.chop(1);
+    CurrentPane().InsertLine(0, QStringLiteral("#!*") + folder.replace(u'/', u'*'));
+    Host().FocusPane();
+}
+
+QString UniqueName(const QString& base, bool folder)
+{
+    for (int n = 0;; ++n) {
+        QString candidate = base + QStringLiteral("_%1").arg(n, 3, 10, QLatin1Char('0'));
+        if (folder ? !paths::FolderExists(candidate) : !paths::FileExists(candidate))
+            return candidate;
+    }
+}

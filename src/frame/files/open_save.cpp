@@ -1,0 +1,180 @@
+#include "frame/files/file_commands.h"
+#include "frame/frame_state.h"
+#include "frame/recovery/recovery.h"
+#include "platform/paths.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+const QString CancelButton = QStringLiteral("Cancel");
+
+class BusyScope
+{
+public:
+    BusyScope() { Host().BusyPointer(true); }
+    ~BusyScope() { Host().BusyPointer(false); }
+    BusyScope(const BusyScope&) = delete;
+    BusyScope& operator=(const BusyScope&) = delete;
+};
+
+QString Absolute(const QString& path)
+{
+    return QDir::isAbsolutePath(path) ? path : QDir::current().absoluteFilePath(path);
+}
+
+void TakePath(const QString& path)
+{
+    Frame.CurrentFolder = paths::FolderOfPath(path);
+    Frame.CurrentFile = paths::FileNameOfPath(path);
+    ShowCurrentPath();
+}
+
+void NameTab(const QString& caption, const QString& path)
+{
+    Document& document = Frame.Documents.at(Frame.CurrentTab);
+    document.Face.Caption = u' ' + caption.left(10);
+    document.Path = path;
+    ShowTab(Frame.CurrentTab);
+}
+
+void Settle(int tab)
+{
+    Frame.Documents.at(tab).ForeignText = false;
+    NoteDiskState(tab);
+    if (Frame.Keeper)
+        Frame.Keeper->TextSettled(tab);
+}
+
+void ShowLoadedText()
+{
+    EditorPane& pane = CurrentPane();
+    if (pane.LineCount() == 0) {
+        pane.AddText({});
+        pane.ClearUndoBuffer();
+    }
+    pane.SetModified(false);
+    pane.ExecuteCmd(CmdDocumentStart);
+    UpdateCaretStatus(pane);
+}
+
+/// Keeps the unsaved text of a tab that is about to be emptied; false, with message 105, if it can be kept nowhere.
+bool KeepText(int tab)
+{
+    if (!Host().Pane(tab).Modified() || !Frame.Keeper)
+        return true;
+    const Result<> kept = Frame.Keeper->KeepApart(tab);
+    if (!kept)
+        ShowMessage(MessagePathError, kept.error().Text());
+    return kept.has_value();
+}
+
+/// The questions before a save; false: the user does not want it. `asNamed`: the user named the file just so.
+bool MayWrite(const QString& path, bool ownPath, bool asNamed)
+{
+    const Document& document = Frame.Documents.at(Frame.CurrentTab);
+    if (ownPath && !document.ForeignText && ChangedOnDisk(Frame.CurrentTab)) {
+        if (ShowMessage(MessageOverChanged, paths::Native(path)) == CancelButton)
+            return false;
+    } else if ((!ownPath || !asNamed || document.ForeignText) && paths::FileExists(path) &&
+               ShowMessage(9) == CancelButton) {
+        return false;
+    }
+    EditorPane& pane = CurrentPane();
+    if (pane.FitsEncoding())
+        return true;
+    if (ShowMessage(MessageChangeToUtf8, paths::Native(path)) == CancelButton)
+        return false;
+    pane.SetEncoding(FileEncoding::Utf8);
+    return true;
+}
+
+bool Save(const QString& told, bool backup)
+{
+    const QString path = Absolute(paths::ForWriting(told));
+    const int holder = TabWithFile(path);
+    const bool ownPath = holder == Frame.CurrentTab;
+    const bool asNamed = paths::FileNameOfPath(path) == paths::FileNameOfPath(told);
+    if (!MayWrite(path, ownPath, asNamed) || (backup && !BackupCurrentFile()))
+        return false;
+    const bool givesWay = !ownPath && holder >= 0;
+    const bool unsaved = givesWay && Host().Pane(holder).Modified();
+    if (givesWay && !KeepText(holder))
+        return false;
+    // Written before anything gives way, so that a failure leaves every tab as it was.
+    const Result<> written = CurrentPane().SaveFile(path, false);
+    if (!written) {
+        ShowMessage(MessagePathError, written.error().Text());
+        return false;
+    }
+    if (!ownPath) {
+        if (givesWay)
+            EmptySlot(holder);
+        TakePath(path);
+        SetMode(ModeFromFileName(Frame.CurrentFile.trimmed()));
+        NameTab(paths::Native(path), path);
+    }
+    Settle(Frame.CurrentTab);
+    RecentAdd(path);
+    if (unsaved)
+        Host().ShowNotice(QStringLiteral("The unsaved text of the replaced tab was kept for recovery."));
+    return true;
+}
+
+} // namespace
+
+bool OpenDocument(const QString& told, bool force)
+{
+    StopPreview();
+    const BusyScope busy;
+    const QString existing = paths::Existing(told);
+    const QString path = Absolute(existing.isEmpty() ? paths::Inside(told) : existing);
+    const int holder = force ? -1 : TabWithFile(path);
+    if (holder >= 0) {
+        Host().SelectTab(holder);
+        ActivateTab();
+        FlashTabCaption(holder);
+        return true;
+    }
+    const Result<> loaded = CurrentPane().OpenFile(path);
+    if (!loaded) {
+        ShowMessage(MessagePathError, loaded.error().Text());
+        return false;
+    }
+    TakePath(path);
+    SetMode(ModeFromFileName(Frame.CurrentFile.toLower().trimmed()));
+    ShowLoadedText();
+    RecentAdd(path);
+    NameTab(RecentDisplayName(path, true), path);
+    Settle(Frame.CurrentTab);
+    ApplyStoredInjectPath();
+    return true;
+}
+
+void SaveCommand()
+{
+    if (Frame.CurrentFile.isEmpty())
+        SaveDocumentAs();
+    else
+        Save(Frame.CurrentFolder + Frame.CurrentFile, Frame.Settings.BackupOnSave == 1);
+}
+
+bool SaveDocument(const QString& path)
+{
+    return Save(path, false);
+}
+
+bool BackupCurrentFile()
+{
+    const QString path = Frame.CurrentFolder + Frame.CurrentFile;
+    if (!paths::FileExists(path))
+        return true;
+    for (int n = 0;; ++n) {
+        const QString backup = path + QStringLiteral("_%1.GemforgeBackup").arg(n, 3, 10, QLatin1Char('0'));
+        if (QFileInfo::exists(backup))
+            continue;
+        const Result<> copied = paths::CopyFileTo(path, backup);
+        return copied || ShowMessage(MessageNoBackup, copied.error().Text()) != CancelButton;
+    }
+}

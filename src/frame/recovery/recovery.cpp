@@ -1,0 +1,177 @@
+#include "frame/recovery/recovery.h"
+
+#include "frame/frame_state.h"
+#include "frame/recovery/recovery_worker.h"
+#include "platform/paths.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+#include <algorithm>
+
+namespace {
+
+constexpr qint64 Never = -1;
+
+struct WaitingTab
+{
+    qint64 FirstEdit = Never, LastEdit = Never; ///< without a copy yet
+    bool HasCopy = false;
+};
+
+QString CopyName(int tab)
+{
+    return QStringLiteral("tab-%1").arg(tab);
+}
+
+recovery::CopyFacts FactsOf(int tab, const EditorPane& pane)
+{
+    const Document& document = Frame.Documents.at(tab);
+    recovery::CopyFacts facts;
+    facts.DocumentPath = HasFile(document) ? document.Path : QString();
+    facts.Mode = document.Mode;
+    facts.Encoding = pane.FitsEncoding() ? pane.Encoding() : FileEncoding::Utf8;
+    facts.LineEnd = pane.LineEnd();
+    facts.Kept = QDateTime::currentMSecsSinceEpoch();
+    return facts;
+}
+
+/// As the file would be written; a text that does not fit its encoding, as UTF-8.
+QByteArray BytesOf(const EditorPane& pane)
+{
+    return pane.FitsEncoding() ? pane.FileBytes() : pane.Bytes().toByteArray();
+}
+
+} // namespace
+
+struct Recovery::Private
+{
+    Private(const QString& folder, const QString& spare, RecoveryPace pace, std::function<void(const Failure&)> failed)
+        : Folder(folder), Spare(spare), Pace(pace), Worker(folder, spare, std::move(failed))
+    {
+        Clock.start();
+    }
+
+    qint64 DueAt(int tab) const
+    {
+        const WaitingTab& waiting = Tabs.at(tab);
+        const bool large = Host().Pane(tab).Bytes().size() > LargeText;
+        return std::min(waiting.LastEdit + Pace.Quiet, waiting.FirstEdit + (large ? Pace.MostLarge : Pace.Most));
+    }
+
+    void Keep(int tab, const QString& name)
+    {
+        const EditorPane& pane = Host().Pane(tab);
+        Worker.Write(name, FactsOf(tab, pane), BytesOf(pane));
+    }
+
+    void KeepTab(int tab)
+    {
+        Keep(tab, CopyName(tab));
+        Tabs.at(tab) = {Never, Never, true};
+    }
+
+    QString Folder, Spare; ///< Spare may be empty
+    RecoveryPace Pace;
+    std::array<WaitingTab, 8> Tabs;
+    QElapsedTimer Clock;
+    QTimer Timer;
+    int Apart = 0;
+    bool FailureTold = false;
+    recovery::Worker Worker;
+};
+
+Recovery::Recovery(const QString& stateFolder, QObject* parent, RecoveryPace pace, const QString& spareFolder)
+    : QObject(parent)
+{
+    const auto tell = [this](const Failure& failure) {
+        if (!std::exchange(d->FailureTold, true) && Frame.Host)
+            Host().ShowNotice(QStringLiteral("Unsaved text can not be kept for recovery: ") + failure.Reason);
+    };
+    const auto failed = [this, tell](const Failure& failure) {
+        QMetaObject::invokeMethod(
+            this, [tell, failure] { tell(failure); }, Qt::QueuedConnection);
+    };
+    d = std::make_unique<Private>(paths::Closed(stateFolder) + QStringLiteral("recovery/"), paths::Closed(spareFolder),
+                                  pace, failed);
+    for (const QString& each : {d->Folder, d->Spare})
+        recovery::Sweep(each, QDateTime::currentMSecsSinceEpoch());
+    d->Timer.setSingleShot(true);
+    connect(&d->Timer, &QTimer::timeout, this, [this] {
+        const qint64 now = d->Clock.elapsed();
+        qint64 next = Never;
+        for (int tab = 0; tab < 8; ++tab) {
+            if (d->Tabs.at(tab).FirstEdit == Never)
+                continue;
+            const qint64 due = d->DueAt(tab);
+            if (due > now)
+                next = next == Never ? due : std::min(next, due);
+            else if (Host().Pane(tab).Modified())
+                d->KeepTab(tab);
+            else
+                TextSettled(tab);
+        }
+        if (next != Never)
+            d->Timer.start(int(next - now));
+    });
+}
+
+Recovery::~Recovery() = default;
+
+void Recovery::TextEdited(int tab)
+{
+    const qint64 now = d->Clock.elapsed();
+    WaitingTab& waiting = d->Tabs.at(tab);
+    if (waiting.FirstEdit == Never)
+        waiting.FirstEdit = now;
+    waiting.LastEdit = now;
+    if (!d->Timer.isActive())
+        d->Timer.start(d->Pace.Quiet);
+}
+
+void Recovery::TextSettled(int tab)
+{
+    if (d->Tabs.at(tab).HasCopy)
+        d->Worker.Remove(CopyName(tab));
+    d->Tabs.at(tab) = {};
+}
+
+Result<> Recovery::KeepApart(int tab)
+{
+    const QString name = QStringLiteral("apart-%1").arg(++d->Apart);
+    d->Keep(tab, name);
+    return d->Worker.Settled(name);
+}
+
+Result<> Recovery::KeepAllNow()
+{
+    for (int tab = 0; tab < 8; ++tab) {
+        if (Frame.Documents.at(tab).Face.Visible && Host().Pane(tab).Modified())
+            d->KeepTab(tab);
+        else
+            TextSettled(tab);
+    }
+    for (int tab = 0; tab < 8; ++tab)
+        if (d->Tabs.at(tab).HasCopy)
+            if (const Result<> kept = d->Worker.Settled(CopyName(tab)); !kept)
+                return kept;
+    WaitForWorker();
+    return {};
+}
+
+void Recovery::WaitForWorker()
+{
+    d->Worker.Wait();
+}
+
+std::vector<RecoveredText> Recovery::FindRecovered() const
+{
+    std::vector<RecoveredText> all = recovery::CopiesOfEndedRuns(d->Folder);
+    for (RecoveredText& text : recovery::CopiesOfEndedRuns(d->Spare))
+        all.push_back(std::move(text));
+    return all;
+}
+
+void Recovery::Forget(const RecoveredText& text)
+{
+    recovery::RemoveCopy(text.Folder);
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "frame/recovery/recovery.h"
+#include "platform/result.h"
+
+/// Files of the recovery folder. Each run has a folder of its own, which it holds locked while it lives; each copy in
+/// it is a folder with the text and a header, the header written last. All of it deals in bytes and paths only.
+namespace recovery {
+
+/// What the header of a copy tells beside the text.
+struct CopyFacts
+{
+    QString DocumentPath;
+    int Mode = 1;
+    FileEncoding Encoding = FileEncoding::Utf8;
+    LineBreak LineEnd = LineBreak::CrLf;
+    qint64 Kept = 0; ///< milliseconds since 1970
+};
+
+/// Copies older than this are of no use to anybody.
+constexpr qint64 StaleAfter = qint64(60) * 24 * 60 * 60 * 1000;
+
+/// The folder of the living run, made with the first copy. What is left of it at the end are its copies.
+class RunFolder
+{
+public:
+    /// `spare`: used when nothing can be written in `base`; empty: none.
+    RunFolder(QString base, QString spare) : folders{std::move(base), std::move(spare)} {}
+    ~RunFolder();
+    RunFolder(const RunFolder&) = delete;
+    RunFolder& operator=(const RunFolder&) = delete;
+
+    /// Replaces the copy of that name; until the new one is whole, the old one counts.
+    [[nodiscard]] Result<> Write(const QString& name, const CopyFacts& facts, const QByteArray& bytes);
+    void Remove(const QString& name);
+
+private:
+    Result<> Open();
+    Result<> OpenIn(const QString& folder);
+
+    QStringList folders;
+    QString own;
+    int lock = -1, generation = 0;
+};
+
+/// Whole copies of runs that have ended, the newest first.
+std::vector<RecoveredText> CopiesOfEndedRuns(const QString& folder);
+
+/// Removes a copy, and its run's folder with the last of them.
+void RemoveCopy(const QString& copyFolder);
+
+/// Removes what is older than StaleAfter at `now` or empty, of ended runs.
+void Sweep(const QString& folder, qint64 now);
+
+} // namespace recovery

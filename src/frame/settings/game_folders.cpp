@@ -1,0 +1,79 @@
+#include "frame/frame_state.h"
+#include "frame/media/media_lists.h"
+#include "frame/settings/settings.h"
+#include "platform/ini_file.h"
+#include "platform/paths.h"
+
+#include <QDir>
+
+namespace {
+
+QString Compat(const QString& key)
+{
+    return ReadIni(QStringLiteral("RND Compatibility"), key, QStringLiteral("compat"));
+}
+
+/// The game's data need not lie beside its executable, and the executable may be reached through a link.
+QString FindGameFolder(const QString& executable, const QString& levels)
+{
+    const QStringList beside = {paths::FolderOfPath(executable), paths::FolderOfPath(paths::Canonical(executable))};
+    for (int i = 1;; ++i) {
+        const QString told = Compat(QStringLiteral("GameFolder%1").arg(i));
+        if (told == IniFile::NotFound)
+            break;
+        const QString folder = paths::Inside(told);
+        for (const QString& base : beside) {
+            const QString whole = QDir::cleanPath(folder.startsWith(u'/') ? folder : base + folder);
+            if (paths::FolderExists(paths::Closed(whole) + levels))
+                return paths::Closed(whole);
+        }
+    }
+    return beside.first();
+}
+
+QString Below(const QString& folder, const QString& name)
+{
+    return folder.isEmpty() ? QString() : paths::Closed(folder + paths::Inside(name));
+}
+
+} // namespace
+
+void DeriveGameFolders()
+{
+    SettingsRecord& settings = Frame.Settings;
+    const QString levels = Compat(QStringLiteral("FileNameCheck5"));
+    const bool told = !paths::FolderOfPath(settings.RNDPath).isEmpty();
+    settings.RndGfxFolderName = Compat(QStringLiteral("DefGFXFolder"));
+    settings.RndSfxFolderName = Compat(QStringLiteral("DefSFXFolder"));
+    settings.RndFolder = told ? FindGameFolder(settings.RNDPath, levels) : QString();
+    settings.RndDocsFolder = Below(settings.RndFolder, Compat(QStringLiteral("DefDocsFolder")));
+    settings.LevelsFolder = Below(settings.RndFolder, levels);
+
+    const QString kinds = Compat(QStringLiteral("SheetKinds")).toLower();
+    if (kinds != IniFile::NotFound.toLower())
+        settings.SheetKinds = kinds.simplified().remove(u' ').split(u',', Qt::SkipEmptyParts);
+
+    const QString graphics = Below(settings.RndFolder, settings.RndGfxFolderName);
+    Frame.Media.RndFolder = paths::FolderExists(graphics) ? graphics : QString();
+    ShowMedia();
+}
+
+bool IsRndPathSet()
+{
+    const QString& path = Frame.Settings.RNDPath;
+    if (!path.isEmpty() && paths::FileExists(path))
+        return true;
+    ShowMessage(10);
+    return false;
+}
+
+bool HasSheetName(QStringView line)
+{
+    for (qsizetype dot = line.indexOf(u'.'); dot >= 0; dot = line.indexOf(u'.', dot + 1)) {
+        const QStringView behind = line.mid(dot + 1);
+        for (const QString& kind : Frame.Settings.SheetKinds)
+            if (behind.startsWith(kind, Qt::CaseInsensitive))
+                return true;
+    }
+    return false;
+}

@@ -1,0 +1,223 @@
+#include "frame/settings/settings.h"
+
+#include "frame/editor_operations.h"
+#include "frame/frame_state.h"
+#include "frame/host_window.h"
+#include "frame/media/media_lists.h"
+#include "frame/settings/history.h"
+#include "frame/settings/shipped_settings.h"
+#include "platform/paths.h"
+
+namespace {
+
+constexpr int ThumbnailsId = 7;
+const QString Misc = QStringLiteral("Misc");
+
+struct NumberRow
+{
+    const char* Key;
+    int Low, High;
+    int SettingsRecord::*Value;
+};
+
+/// Keys of section Misc that are numbers, with the bounds that the options window keeps.
+constexpr NumberRow MiscNumbers[] = {
+    {"SpacerWidth", 10, 200, &SettingsRecord::SpacerWidth},
+    {"SortGotoList", 0, 1, &SettingsRecord::SortGotoList},
+    {"UndoLimit", -1, 9999, &SettingsRecord::UndoLimit},
+    {"OpenSaveInLevelDir", 0, 1, &SettingsRecord::OpenSaveInLevelDir},
+    {"BackupOnSave", 0, 1, &SettingsRecord::BackupOnSave},
+    {"DisableSoundLaunch", 0, 1, &SettingsRecord::DisableSoundLaunch},
+    {"QuickClose", 0, 1, &SettingsRecord::QuickClose},
+    {"SafeSystemBASIC", 0, 1, &SettingsRecord::SafeSystemBASIC},
+    {"MenuIcons", 0, 1, &SettingsRecord::MenuIcons},
+    {"Gradients", 0, 1, &SettingsRecord::Gradients},
+    {"ShowLineNumbers", 0, 1, &SettingsRecord::ShowLineNumbers},
+    {"ShowSpaces", 0, 1, &SettingsRecord::ShowSpaces},
+    {"LineHints", 0, 1, &SettingsRecord::LineHints},
+    {"Thumbnails", 0, 1, &SettingsRecord::Thumbnails},
+    {"UseColour", 0, 1, &SettingsRecord::UseColour},
+    {"SuperTab", 0, 1, &SettingsRecord::SuperTab},
+    {"RecentLimit", 10, 200, &SettingsRecord::RecentLimit},
+    {"ProjectLimit", 3, 50, &SettingsRecord::ProjectLimit},
+    {"FindHistoryLimit", 3, 50, &SettingsRecord::FindHistoryLimit},
+    {"ReplaceHistoryLimit", 3, 50, &SettingsRecord::ReplaceHistoryLimit},
+    {"ScreenReader", 0, 2, &SettingsRecord::ScreenReader},
+};
+
+template <std::size_t Size>
+void ReadFlags(SettingsReader& reader, const QString& section, std::array<int, Size>& flags)
+{
+    for (std::size_t i = 0; i < Size; ++i)
+        flags[i] = reader.Flag(section, QString::number(i));
+}
+
+void ReadMisc(SettingsReader& reader, SettingsRecord& settings)
+{
+    for (const NumberRow& row : MiscNumbers)
+        settings.*row.Value = reader.Number(Misc, QString::fromLatin1(row.Key), row.Low, row.High);
+    settings.LineCommentLineChar = reader.Text(Misc, QStringLiteral("LineCommentLineChar"));
+    settings.LineCommentSearchChar = reader.Text(Misc, QStringLiteral("LineCommentSearchChar"));
+    settings.RNDPath = paths::Inside(ReadIni(Misc, QStringLiteral("RNDPath")));
+    Frame.ShowWelcome = reader.Flag(Misc, QStringLiteral("1stTime"));
+}
+
+/// The window reads them itself, before there are settings.
+void CorrectWindowPosition(SettingsReader& reader)
+{
+    constexpr int Most = 100'000; // pixels
+    for (const char* key : {"Left", "Top", "Width", "Height", "Max"})
+        reader.Number(QStringLiteral("Window Positions"), QString::fromLatin1(key), -Most, Most);
+}
+
+void ReadMediaStyle(SettingsReader& reader, SettingsRecord& settings)
+{
+    const QString section = QStringLiteral("Syntax Colours");
+    settings.MediaListBackColour = reader.Number(section, QStringLiteral("MediaListBackColour"), 0, 0xFFFFFF);
+    settings.MediaListColour = reader.Number(section, QStringLiteral("MediaListColour"), 0, 0xFFFFFF);
+    settings.MediaListFontName = reader.Text(section, QStringLiteral("MediaListFontName"));
+    settings.MediaListFontSize = reader.Real(section, QStringLiteral("MediaListFontSize"));
+    settings.MediaListFontBold = reader.Truth(section, QStringLiteral("MediaListFontBold"));
+    settings.MediaListFontItalic = reader.Truth(section, QStringLiteral("MediaListFontItalic"));
+}
+
+void ReadAnimModes(SettingsRecord& settings)
+{
+    const QString section = QStringLiteral("AnimModes");
+    const QString file = QStringLiteral("lg_gfxact");
+    const int count = ReadIni(section, QStringLiteral("Count"), file).toInt();
+    settings.AnimModes.clear();
+    for (int i = 1; i <= qMin(count, 1000); ++i)
+        settings.AnimModes << ReadIni(section, QString::number(i), file);
+}
+
+void ShowInitialFolders()
+{
+    const SettingsRecord& settings = Frame.Settings;
+    if (settings.OpenSaveInLevelDir == 1 && paths::FolderExists(settings.LevelsFolder))
+        SetExtraFolder(settings.LevelsFolder);
+}
+
+/// A list for a message: its first lines, and how many more there are.
+QString FirstOf(const QStringList& all)
+{
+    constexpr qsizetype Most = 12;
+    const QString first = all.first(qMin(Most, all.size())).join(u'^');
+    return all.size() <= Most ? first : first + QStringLiteral("^and %1 more").arg(all.size() - Most);
+}
+
+} // namespace
+
+const std::array<SyntaxRow, 9>& SyntaxKeys()
+{
+    static constexpr std::array<SyntaxRow, 9> Rows = {{
+        {"ElementColour", "ElementBackColour", "ElementStyle", 8, 9, 2},
+        {"ActionColour", "ActionBackColour", "ActionStyle", 20, 21, 8},
+        {"GFXComColour", "GFXComBackColour", "GFXComStyle", 22, 23, 9},
+        {"SpecialColour", "SpecialBackColour", "SpecialStyle", 24, 25, 10},
+        {"CommentColour", "CommentBackColour", "CommentStyle", 14, 15, 5},
+        {"OperatorsColour", "OperatorsBackColour", "OperatorsStyle", 10, 11, 3},
+        {"LineNumberColour", "LineNumberBackColour", "LineNumberBackStyle", 26, 27, 11},
+        {"NormalColour", "NormalBackColour", "NormalStyle", 4, 5, 0},
+        {"NumbersColour", "NumbersBackColour", "NumbersStyle", 6, 7, 1},
+    }};
+    return Rows;
+}
+
+const std::array<ViewToggle, 6>& ViewToggles()
+{
+    static constexpr std::array<ViewToggle, 6> Rows = {{
+        {"mnuViewLineNums", "ShowLineNumbers", 1, &SettingsRecord::ShowLineNumbers},
+        {"mnuViewSpaces", "ShowSpaces", 2, &SettingsRecord::ShowSpaces},
+        {"mnuViewColours", "UseColour", 3, &SettingsRecord::UseColour},
+        {"mnuSuperTab", "SuperTab", 5, &SettingsRecord::SuperTab},
+        {"mnuLineHints", "LineHints", 6, &SettingsRecord::LineHints},
+        {"mnuThumbnails", "Thumbnails", ThumbnailsId, &SettingsRecord::Thumbnails},
+    }};
+    return Rows;
+}
+
+void LoadSettings()
+{
+    SettingsReader reader;
+    SettingsRecord& settings = Frame.Settings;
+    LoadSyntaxColours(Host().Pane(0), QStringLiteral("Syntax Colours"), true, reader);
+    settings.Bands = ReadBands(reader);
+    Host().LoadCoolbar();
+    ReadMediaStyle(reader, settings);
+    Host().StyleMediaLists();
+    ReadFlags(reader, QStringLiteral("QuickElementTemplate"), settings.QuickElementTemplate);
+    ReadFlags(reader, QStringLiteral("AutoCompleteTemplate"), settings.AutoCompleteTemplate);
+    ReadFlags(reader, QStringLiteral("Nags"), settings.Nags);
+    ReadMisc(reader, settings);
+    CorrectWindowPosition(reader);
+    Host().ShowMenuStrips(settings.Gradients == 1);
+    for (const ViewToggle& row : ViewToggles())
+        Host().CheckCommand(QString::fromLatin1(row.Control), settings.*row.Value == 1);
+    for (int i = 1; i <= 6; ++i)
+        settings.ComType.at(i) =
+            ReadIni(QStringLiteral("RND Compatibility"), QStringLiteral("ComType%1").arg(i), QStringLiteral("compat"));
+    DeriveGameFolders();
+    ShowInitialFolders();
+    LoadHistories();
+    ReadAnimModes(settings);
+    for (int id = 1; id <= ThumbnailsId; ++id)
+        ApplyViewSetting(id, ViewSetting(id));
+    reader.WriteBack();
+    if (!reader.Corrected().isEmpty())
+        ShowMessage(MessageSettingsBroken, FirstOf(reader.Corrected()));
+}
+
+int ViewSetting(int id)
+{
+    if (id == 4)
+        return Frame.Settings.UndoLimit;
+    for (const ViewToggle& row : ViewToggles())
+        if (row.Id == id)
+            return Frame.Settings.*row.Value;
+    return 0;
+}
+
+void ApplyViewSetting(int id, int value)
+{
+    if (id == ThumbnailsId)
+        Host().StyleMediaLists();
+    for (int tab = 0; tab < 8; ++tab) {
+        EditorPane& pane = Host().Pane(tab);
+        switch (id) {
+        case 1:
+            pane.SetLineNumbering(value == 1);
+            break;
+        case 2:
+            pane.SetDisplayWhitespace(value == 1);
+            break;
+        case 3:
+            pane.SetColorSyntax(value == 1);
+            break;
+        case 4:
+            pane.SetUndoLimit(value);
+            break;
+        case 5:
+            pane.SetTabSize(Frame.Settings.SuperTab < 1 ? 4 : Frame.Settings.SpacerWidth - 1);
+            break;
+        case 6:
+            pane.ShowLineMarks(value == 1);
+            break;
+        default:
+            break;
+        }
+    }
+}
+
+void ToggleView(int id)
+{
+    for (const ViewToggle& row : ViewToggles()) {
+        if (row.Id != id)
+            continue;
+        int& value = Frame.Settings.*row.Value;
+        value = value == 1 ? 0 : 1;
+        Host().CheckCommand(QString::fromLatin1(row.Control), value == 1);
+        WriteIni(value, Misc, QString::fromLatin1(row.Key));
+        ApplyViewSetting(id, value);
+    }
+}

@@ -1,0 +1,100 @@
+#pragma once
+
+#include "frame/settings/cool_bar_bands.h"
+#include "platform/result.h"
+
+#include <QString>
+#include <QStringList>
+#include <array>
+
+class EditorPane;
+class SettingsReader;
+
+/// One syntax kind: its three keys and the slots of the pane they go to.
+struct SyntaxRow
+{
+    const char *ColourKey, *BackKey, *StyleKey;
+    int ColourSlot, BackSlot, StyleSlot;
+};
+const std::array<SyntaxRow, 9>& SyntaxKeys();
+
+/// All settings as they rule in memory. Field names are the keys of user.ini.
+struct SettingsRecord
+{
+    int MenuIcons = 1, Gradients = 1, ShowLineNumbers = 1, ShowSpaces = 0, UseColour = 1, SuperTab = 0;
+    int LineHints = 1;  ///< marks beside lines that something is to be said of
+    int Thumbnails = 0; ///< small pictures in the media lists
+    int SpacerWidth = 43, UndoLimit = -1;
+    QString LineCommentLineChar, LineCommentSearchChar;
+    int SortGotoList = 0, OpenSaveInLevelDir = 0, BackupOnSave = 1, DisableSoundLaunch = 0, QuickClose = 0;
+    int SafeSystemBASIC = 1, RecentLimit = 50, ProjectLimit = 20, FindHistoryLimit = 30, ReplaceHistoryLimit = 30;
+    int ScreenReader = 0; ///< 0 automatic, 1 always, 2 never: whether panes tell their text to assistive technology
+    QString RNDPath;
+    std::array<int, 10> QuickElementTemplate{};
+    std::array<int, 4> AutoCompleteTemplate{};
+    std::array<int, 5> Nags{1, 1, 1, 1, 1};
+    std::vector<CoolBarBand> Bands; ///< of the tool bars, as LoadSettings read them
+
+    int MediaListBackColour = 0, MediaListColour = 0; ///< 0x00BBGGRR
+    QString MediaListFontName;
+    double MediaListFontSize = 9;
+    bool MediaListFontBold = false, MediaListFontItalic = false;
+
+    std::array<QString, 7> ComType; ///< 1 to 6
+    /// Endings of tile sheets, lower case, without dot.
+    QStringList SheetKinds{QStringLiteral("pcx"), QStringLiteral("png")};
+    QStringList AnimModes;
+    QString RndFolder, RndDocsFolder, RndGfxFolderName, RndSfxFolderName, LevelsFolder;
+};
+
+/// Value of a key of data/BASENAME.ini, "[NOT FOUND]" if missing.
+QString ReadIni(const QString& section, const QString& key, const QString& baseName = QStringLiteral("user"));
+/// Writes a key of user.ini at once. A failure is told once a run and the value stays in memory.
+void WriteIni(const QString& value, const QString& section, const QString& key);
+void WriteIni(int value, const QString& section, const QString& key);
+QString ReadSection(const QString& section);
+void WriteSection(const QString& section, const QString& items);
+
+/// Several writes, one file operation.
+class SettingsBatch
+{
+public:
+    SettingsBatch();
+    ~SettingsBatch();
+    SettingsBatch(const SettingsBatch&) = delete;
+    SettingsBatch& operator=(const SettingsBatch&) = delete;
+};
+
+void LoadSettings();
+/// Applies the colours, styles and font of a section to a pane, and to the tabs' panes 1 to 7 if told. Keys that are
+/// missing or broken take their shipped value; `reader` notes them.
+void LoadSyntaxColours(EditorPane& pane, const QString& section, bool copyToAllPanes);
+void LoadSyntaxColours(EditorPane& pane, const QString& section, bool copyToAllPanes, SettingsReader& reader);
+
+/// View settings by number: 1 line numbers, 2 blanks and tabs, 3 colours, 4 undo limit, 5 super tab, 6 line hints,
+/// 7 thumbnails.
+int ViewSetting(int id);
+void ApplyViewSetting(int id, int value); ///< to all eight panes, or the lists
+
+/// A view toggle: flips the setting, its check mark and button, writes the key, applies it to all panes.
+struct ViewToggle
+{
+    const char* Control;
+    const char* Key;
+    int Id;
+    int SettingsRecord::*Value;
+};
+const std::array<ViewToggle, 6>& ViewToggles();
+void ToggleView(int id);
+
+/// RndFolder and its like from RNDPath and compat.ini; the first data folder that holds `FileNameCheck5` counts.
+void DeriveGameFolders();
+
+/// Histories of find and replace: read by LoadSettings, written at close.
+void SaveHistories();
+
+/// False, with message 10, if RNDPath is empty or names no file.
+bool IsRndPathSet();
+
+/// Does a conf line name a tile sheet ("." + one of SheetKinds, case ignored)?
+bool HasSheetName(QStringView line);

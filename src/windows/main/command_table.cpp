@@ -1,0 +1,58 @@
+#include "windows/main/command_table.h"
+
+#include <array>
+
+namespace {
+
+template <class Wanted>
+std::vector<ShownRow> Collected(const MenuRow& menu, Wanted wanted)
+{
+    std::vector<ShownRow> shown;
+    bool apart = false;
+    for (const CommandRow& row : menu.Rows) {
+        if (row.Action != NotThere && wanted(row)) {
+            shown.push_back({&row, apart && !shown.empty()});
+            apart = false;
+        }
+        apart = apart || (row.Flags & SeparatorBehind);
+    }
+    return shown;
+}
+
+} // namespace
+
+std::span<const MenuRow> MainMenus()
+{
+    static const std::array Menus = {
+        MenuRow{"mnuFile", "File", "mnuFileStrip", "F", FileCommands()},
+        MenuRow{"mnuNew", "New", "mnuNewStrip", "", NewCommands()},
+        MenuRow{"mnuEdit", "Edit", "mnuEditStrip", "E", EditCommands()},
+        MenuRow{"mnuSearch", "Find", "mnuFindStrip", "i", FindCommands()},
+        MenuRow{"mnuView", "View", "mnuViewStrip", "V", ViewCommands()},
+        MenuRow{"mnuRND", "RnD", "mnuRnDStrip", "R", RnDCommands()},
+        MenuRow{"mnuExtractFromRND", "Extract From RnD", "mnuExtractStrip", "", ExtractCommands()},
+        MenuRow{"mnuExtra", "Extra", "mnuExtraStrip", "t", ExtraCommands()},
+        MenuRow{"mnuHelp", "Help", "mnuHelpStrip", "H", HelpCommands()},
+    };
+    return Menus;
+}
+
+std::vector<ShownRow> ShownRows(const MenuRow& menu)
+{
+    return Collected(menu, [](const CommandRow&) { return true; });
+}
+
+std::vector<ShownRow> ShownRows(const MenuRow& menu, ToolStrip strip)
+{
+    return Collected(menu, [strip](const CommandRow& row) { return row.Strip == strip; });
+}
+
+QString HelpIdOf(const CommandRow& row)
+{
+    return HelpIdFor(row.ButtonKey);
+}
+
+QString ToolTipOf(const CommandRow& row)
+{
+    return QString::fromLatin1(row.ButtonTip ? row.ButtonTip : row.Caption);
+}

@@ -1,0 +1,84 @@
+#include "windows/main/dropped_files.h"
+
+#include "frame/documents/documents.h"
+#include "frame/files/file_commands.h"
+#include "frame/frame_state.h"
+#include "frame/media/media_lists.h"
+#include "platform/paths.h"
+
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QUrl>
+#include <algorithm>
+
+namespace {
+
+bool IsHeld(const QString& path)
+{
+    const QString wanted = paths::Canonical(path);
+    return std::ranges::any_of(Frame.Documents, [&](const Document& document) {
+        return HasFile(document) && paths::Canonical(document.Path) == wanted;
+    });
+}
+
+/// The current tab, or a new one that becomes it, ready to take a file. False: the user keeps what stands there.
+bool MakeRoom()
+{
+    const Document& current = Frame.Documents.at(Frame.CurrentTab);
+    if (!HasFile(current) && !CurrentPane().Modified())
+        return true;
+    const int before = Host().SelectedTab();
+    OpenNewTab();
+    if (Host().SelectedTab() == before)
+        return MayGiveUp(CurrentPane());
+    ActivateTab();
+    return true;
+}
+
+} // namespace
+
+QStringList LocalFiles(const QMimeData& data)
+{
+    QStringList files;
+    for (const QUrl& url : data.urls())
+        if (url.isLocalFile())
+            files << url.toLocalFile();
+    return files;
+}
+
+void AcceptAsCopy(QDropEvent& event)
+{
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+}
+
+void OpenDroppedFiles(const QStringList& files)
+{
+    for (const QString& file : files) {
+        const QFileInfo facts(file);
+        const bool fails = !facts.isFile() || !facts.isReadable(); // and takes no tab
+        if (fails || IsHeld(file) || MakeRoom())
+            OpenDocument(file, false);
+    }
+}
+
+bool AnyLeavesItsName(const QStringList& files)
+{
+    return std::ranges::any_of(files, [](const QString& file) { return IsMediaName(file); });
+}
+
+void DropIntoText(const QStringList& files, const Range& at)
+{
+    QStringList names, others;
+    for (const QString& file : files) {
+        const QString name = paths::FileNameOfPath(file);
+        const bool named = IsMediaName(name);
+        (named ? names : others) << (named ? name : file);
+    }
+    if (!names.isEmpty() && CurrentPane().SetSel(at, false)) {
+        InsertFileName(names.join(u' '));
+        Host().FocusPane();
+    }
+    OpenDroppedFiles(others);
+}

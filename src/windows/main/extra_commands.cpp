@@ -1,0 +1,21 @@
+#include "conf/headline.h"
+#include "windows/main/command_table.h"
+
+#include <array>
+
+std::span<const CommandRow> ExtraCommands()
+{
+    using enum ToolStrip;
+    static constexpr std::array Rows = {
+        CommandRow{"mnuRndWizard", "Game Structure Wizard", "", tbExtra, "game_structure_wizard", nullptr, NoFlags,
+                   NotThere},
+        CommandRow{"mnuRNDLevPal", "Make Level Preview Palette", "", tbExtra, "make_level_palette", nullptr, NoFlags,
+                   NotThere},
+        CommandRow{"mnuExtraHeadline", "Make Editor Headline", "", tbExtra, "make_headline", nullptr, SeparatorBehind,
+                   MakeHeadline},
+        CommandRow{"mnuExtraPCXLab", "PCX Lab", "", tbExtra, "pcx_lab", nullptr, NoFlags, NotThere},
+        CommandRow{"mnuExtraAVI", "AVI To Bitmap", "", tbExtra, "avi_to_bitmap", nullptr, SeparatorBehind, NotThere},
+        CommandRow{"mnubasic", "Gemforge BASIC", "", tbExtra, "basic", nullptr, NoFlags, NotThere},
+    };
+    return Rows;
+}

@@ -1,0 +1,378 @@
+#include "windows/main/frmmain.h"
+
+#include "conf/block_outline.h"
+#include "conf/help_for_word.h"
+#include "editor/make_pane.h"
+#include "frame/documents/documents.h"
+#include "frame/files/file_commands.h"
+#include "frame/files/recent_list.h"
+#include "frame/frame_state.h"
+#include "frame/recovery/recovery.h"
+#include "frame/vocabulary.h"
+#include "platform/lock_keys.h"
+#include "platform/paths.h"
+#include "windows/find/find_box.h"
+#include "windows/lists/block_list.h"
+#include "windows/lists/comment_tree.h"
+#include "windows/lists/recent_popup.h"
+#include "windows/main/dialog_keys.h"
+#include "windows/main/dropped_files.h"
+#include "windows/main/line_hints_view.h"
+#include "windows/main/pane_mouse.h"
+#include "windows/main/pane_split.h"
+#include "windows/main/status_panels.h"
+#include "windows/main/tab_strip.h"
+#include "windows/main/window_keys.h"
+#include "windows/media/media_tabs.h"
+#include "windows/media/media_view.h"
+#include "windows/parts/close_guard.h"
+#include "windows/parts/help_subject.h"
+#include "windows/parts/icons.h"
+#include "windows/parts/window_position.h"
+#include "windows/sheet/hover_tile.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QShortcut>
+#include <QStackedWidget>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr QSize LeastSize{500, 400};
+
+enum KeyPanel { InsertPanel = 4, CapsPanel = 5, NumPanel = 6 };
+
+QString TipOfTab(int tab)
+{
+    const Document& document = Frame.Documents.at(tab);
+    const QString name = HasFile(document) ? paths::Native(document.Path) : EmptyCaption.trimmed();
+    return Host().Pane(tab).Modified() ? name + QStringLiteral("\nNot saved") : name;
+}
+
+void MarkBlockAtCaret(EditorPane& pane)
+{
+    const auto block = Frame.CurrentMode == ModeGfx ? BlockAround(LinesOf(pane), pane.GetSel(true).StartLine)
+                                                    : std::optional<BlockLines>();
+    if (block)
+        pane.MarkBlock(block->First, block->Last);
+    else
+        pane.MarkBlock(-1, -1);
+}
+
+} // namespace
+
+frmmain::frmmain()
+    : commands(this),
+      menus(menuBar(), commands),
+      bars(this, commands, menus),
+      strip(new TabStrip),
+      stack(new QStackedWidget),
+      panels(new StatusPanels),
+      recent(nullptr),
+      subject(new HelpSubject(this)),
+      hints(new LineHintsView(this)),
+      keys(new WindowKeys(this))
+{
+    setObjectName(QStringLiteral("frmmain"));
+    setWindowTitle(QStringLiteral("Gemforge"));
+    setWindowIcon(CommandIcon(QStringLiteral("app")));
+    setMinimumSize(LeastSize);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    setAcceptDrops(true);
+    LayOut();
+    AddMediaLists();
+    ConnectParts();
+    ClaimKeys();
+    panels->ShowKey(InsertPanel, true);
+    ReadLocks();
+}
+
+frmmain::~frmmain() = default;
+
+void frmmain::LayOut()
+{
+    auto* text = new QWidget(this);
+    auto* column = new QVBoxLayout(text);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(2);
+    column->addWidget(strip);
+    column->addWidget(stack, 1);
+    // Around the pane the strip has no subject of its own.
+    SetHelpSubject(text, QStringLiteral(""));
+    split = new PaneSplit(text);
+    SetHelpSubject(split, QStringLiteral(""));
+    setCentralWidget(split);
+    setStatusBar(panels);
+    recent = new RecentPopup(text);
+    comments = new CommentTree(text);
+    blocks = new BlockList(text);
+}
+
+void frmmain::ConnectParts()
+{
+    connect(strip, &TabStrip::Changed, this, &frmmain::ShowPaneOf);
+    connect(strip, &TabStrip::Activated, this, ActivateTab);
+    connect(strip, &TabStrip::Activated, this, [] { CurrentPane().CloseCodeList(); });
+    connect(strip, &TabStrip::NewWanted, commands.Menu(QStringLiteral("mnuAddTab")), &QAction::trigger);
+    connect(strip, &TabStrip::CloseWanted, commands.Menu(QStringLiteral("mnuDelTab")), &QAction::trigger);
+    strip->TipOf = TipOfTab;
+    connect(&commands, &CommandSet::AboutToRun, this, &frmmain::HideLists);
+    connect(recent, &RecentPopup::Chosen, this, RecentOpenSelected, Qt::QueuedConnection);
+    connect(recent, &FloatingList::Dismissed, this, &frmmain::CloseLists);
+    connect(split, &PaneSplit::LaidOut, this, [this] {
+        if (!Frame.StartingUp && ListShows())
+            CloseLists();
+    });
+    connect(split, &PaneSplit::Dragged, this, &frmmain::FocusPane);
+    connect(subject, &HelpSubject::Moved, this, &frmmain::MouseOver);
+    connect(keys, &WindowKeys::EscapePressed, this, &frmmain::EscapePressed);
+    connect(keys, &WindowKeys::HelpPressed, this, [this] { HelpForWord(HelpId()); });
+    SetHelpSubject(menuBar(), QStringLiteral(""));
+    // Behind the event: on the way to the menu beside it another one opens at once.
+    for (const QAction* entry : menuBar()->actions())
+        connect(entry->menu(), &QMenu::aboutToHide, this, &frmmain::LeaveMenuBar, Qt::QueuedConnection);
+    connect(new DialogKeys(this), &DialogKeys::HelpPressed, this, HelpForWord);
+    connect(keys, &WindowKeys::InsertPressed, this, &frmmain::ToggleInsert);
+    connect(keys, &WindowKeys::LocksChanged, this, &frmmain::ReadLocks);
+    connect(keys, &WindowKeys::MenuPressed, this, [this](QWidget* part) {
+        const QRect caret = part->inputMethodQuery(Qt::ImCursorRectangle).toRect();
+        PopUpEditMenu(part->mapToGlobal(caret.bottomLeft()));
+    });
+}
+
+void frmmain::ClaimKeys()
+{
+    const auto claim = [this](const QKeySequence& sequence, auto&& run, bool everywhere = true) {
+        connect(new QShortcut(sequence, this), &QShortcut::activated, this, run);
+        keys->Claim(sequence, everywhere);
+    };
+    for (const auto forward : {Qt::CTRL | Qt::Key_Tab, Qt::CTRL | Qt::Key_PageDown})
+        claim(forward, [this] { strip->SelectNext(1); });
+    for (const auto back : {Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, Qt::CTRL | Qt::Key_PageUp})
+        claim(back, [this] { strip->SelectNext(-1); });
+    // The menu names no key for it, but hands look for these two.
+    for (const auto redo : {Qt::CTRL | Qt::Key_Y, Qt::CTRL | Qt::SHIFT | Qt::Key_Z})
+        claim(
+            redo, [this] { commands.Menu(QStringLiteral("mnuRedo"))->trigger(); }, false);
+    claim(QKeySequence(Qt::Key_F6), [this] { MoveFocus(); });
+    claim(QKeySequence(Qt::Key_F10), [this] { menuBar()->setActiveAction(menuBar()->actions().constFirst()); });
+
+    const QSet<QString> everywhere = {QStringLiteral("mnuSelectAll"), QStringLiteral("mnuFindReplace")};
+    for (const QAction* action : actions())
+        keys->Claim(action->shortcut(), everywhere.contains(action->objectName()));
+}
+
+EditorPane& frmmain::Pane(int tab)
+{
+    std::unique_ptr<EditorPane>& pane = panes.at(tab);
+    if (!pane) {
+        pane = MakePane(stack);
+        ConnectPane(tab, *pane);
+        QWidget* widget = WidgetOf(*pane);
+        widget->setAccessibleName(QStringLiteral("Text of tab %1").arg(tab + 1));
+        SetHelpSubject(widget, TextSubject);
+        stack->addWidget(widget);
+    }
+    return *pane;
+}
+
+EditorPane& frmmain::txtBuffer()
+{
+    if (!buffer)
+        buffer = MakePane(this);
+    return *buffer;
+}
+
+void frmmain::ConnectPane(int tab, EditorPane& pane)
+{
+    pane.CodeList = OfferedWords;
+    pane.CodeListPick = PickCodeListItem;
+    pane.HoverText = [](EditorPane& hovered, int line, int column) {
+        return Frame.CurrentMode == ModeGfx ? BlockSummary(LinesOf(hovered), line, column) : QString();
+    };
+    pane.HoverPicture = [](EditorPane& hovered, int line, int column) {
+        return Frame.CurrentMode == ModeGfx ? HoverTile(hovered, line, column) : QImage();
+    };
+    connect(&pane, &EditorPane::SelectionChanged, this, [&pane] {
+        if (!pane.Visible())
+            return;
+        UpdateCaretStatus(pane);
+        MarkBlockAtCaret(pane);
+    });
+    connect(&pane, &EditorPane::TextChanged, this, [this, tab] { PaneTextChanged(tab); });
+    connect(&pane, &EditorPane::MousePressed, this, &frmmain::PanePressed);
+    hints->Watch(pane);
+    pane.LeaveNames = AnyLeavesItsName;
+    // Behind the drop: a question may come.
+    connect(&pane, &EditorPane::FilesDropped, this, DropIntoText, Qt::QueuedConnection);
+}
+
+void frmmain::PaneTextChanged(int tab)
+{
+    EditorPane& pane = Pane(tab);
+    if (Frame.DocumentLoading)
+        pane.SetModified(false);
+    else if (Frame.Keeper && pane.Modified())
+        Frame.Keeper->TextEdited(tab);
+    else if (Frame.Keeper)
+        Frame.Keeper->TextSettled(tab); // undone back to what is saved
+}
+
+void frmmain::PanePressed(Qt::MouseButton button, Qt::KeyboardModifiers modifiers)
+{
+    HideLists();
+    if (RunMouseShortcut(button, modifiers))
+        return;
+    // The press is still under way; the menu comes behind it.
+    if (button == Qt::RightButton && modifiers == Qt::NoModifier)
+        QTimer::singleShot(0, this, [this] { PopUpEditMenu(QCursor::pos()); });
+}
+
+void frmmain::PopUpEditMenu(const QPoint& at)
+{
+    menus.Find(QStringLiteral("mnuEdit"))->popup(at);
+}
+
+void frmmain::ShowPaneOf(int tab)
+{
+    HideLists();
+    stack->setCurrentWidget(WidgetOf(Pane(tab)));
+}
+
+void frmmain::EscapePressed()
+{
+    if (CurrentPane().CodeListOpen())
+        CurrentPane().CloseCodeList();
+    else if (ListShows())
+        CloseLists();
+    else if (MediaView* list = ssML->Focused()) {
+        list->EndFilter();
+        FocusPane();
+    } else if (bars.cmbFind()->hasFocus() || strip->Bar()->hasFocus() || ssML->isAncestorOf(focusWidget()))
+        FocusPane();
+    else
+        Frame.StopRequested = true;
+}
+
+void frmmain::LeaveMenuBar()
+{
+    if (!menuBar()->hasFocus() || QApplication::activePopupWidget())
+        return;
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QCoreApplication::sendEvent(menuBar(), &escape);
+}
+
+void frmmain::MoveFocus()
+{
+    if (bars.cmbFind()->hasFocus())
+        strip->Bar()->setFocus(Qt::ShortcutFocusReason);
+    else if (strip->Bar()->hasFocus() || (!bars.cmbFind()->isVisible() && !ssML->isAncestorOf(focusWidget())))
+        ssML->FocusList();
+    else if (ssML->isAncestorOf(focusWidget()))
+        FocusPane();
+    else
+        bars.cmbFind()->setFocus(Qt::ShortcutFocusReason);
+}
+
+void frmmain::MouseOver(const QString& helpId)
+{
+    if (recent->LeftFor(helpId) || comments->LeftFor(helpId) || blocks->LeftFor(helpId))
+        CloseLists();
+}
+
+void frmmain::HideLists()
+{
+    recent->hide();
+    comments->hide();
+    blocks->hide();
+}
+
+bool frmmain::ListShows() const
+{
+    return recent->isVisible() || comments->isVisible() || blocks->isVisible();
+}
+
+QString frmmain::HelpId() const
+{
+    return subject->HelpId();
+}
+
+void frmmain::ReadLocks()
+{
+    const LockKeys locks = ReadLockKeys();
+    panels->ShowKey(CapsPanel, locks.Caps);
+    panels->ShowKey(NumPanel, locks.Num);
+}
+
+void frmmain::ToggleInsert()
+{
+    overtype = !overtype;
+    for (const auto& pane : panes)
+        if (pane)
+            pane->SetOvertype(overtype);
+    panels->ShowKey(InsertPanel, !overtype);
+}
+
+void frmmain::Activated()
+{
+    ReadLocks();
+    if (Frame.StartingUp)
+        return;
+    RefreshLists();
+    CheckChangedOutside();
+}
+
+bool frmmain::event(QEvent* event)
+{
+    // Not from inside the event: the check may ask a question.
+    if (event->type() == QEvent::WindowActivate)
+        QTimer::singleShot(0, this, &frmmain::Activated);
+    if (event->type() == QEvent::WindowDeactivate)
+        ssML->SaveSelection();
+    return QMainWindow::event(event);
+}
+
+void frmmain::closeEvent(QCloseEvent* event)
+{
+    if (Frame.RunningWork > 0) {
+        event->ignore();
+        EndProgram();
+        return;
+    }
+    finished = MayClose();
+    event->setAccepted(finished);
+}
+
+void frmmain::EndProgram()
+{
+    ending = true;
+    EndWork();
+}
+
+void frmmain::Finish()
+{
+    if (!finished)
+        static_cast<void>(KeepEverything()); // the loop has ended; there is nobody left to ask
+    finished = true;
+}
+
+void frmmain::RestorePosition()
+{
+    const WindowPosition stored = StoredPosition();
+    const QRect place = OnScreen(stored.Place, minimumSize());
+    resize(place.size());
+    move(place.topLeft());
+    setWindowState(stored.State);
+}
+
+void frmmain::ShowStarted()
+{
+    split->LayoutMainWindow();
+    commands.ShowMenuIcons(Frame.Settings.MenuIcons == 1);
+    setWindowTitle(windowTitle() + QStringLiteral("  (Startup Time MS = %1)").arg(Frame.StartTicks.elapsed()));
+}

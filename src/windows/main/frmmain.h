@@ -1,0 +1,142 @@
+#pragma once
+
+#include "frame/editor_operations.h"
+#include "frame/host_window.h"
+#include "platform/audio.h"
+#include "windows/main/command_set.h"
+#include "windows/main/cool_bar.h"
+#include "windows/main/menu_tree.h"
+
+#include <QMainWindow>
+#include <array>
+#include <memory>
+
+class BlockList;
+class CommentTree;
+class FloatingList;
+class HelpSubject;
+class LineHintsView;
+class MediaTabs;
+class MediaWatch;
+class PaneSplit;
+class QStackedWidget;
+class RecentPopup;
+class StatusPanels;
+class TabStrip;
+class WindowKeys;
+
+/// The main window: eight text panes behind a tab strip, menus and tool bars from the command table, the status bar
+/// and the floating recent list. It joins these parts and is what the rooms below see as their host.
+class frmmain : public QMainWindow, public HostWindow
+{
+    Q_OBJECT
+
+public:
+    frmmain();
+    ~frmmain() override;
+
+    /// Size, place and state of section `Window Positions`, brought onto a screen.
+    void RestorePosition();
+    /// What follows the start in the frame: the layout, menu icons, the startup time in the caption.
+    void ShowStarted();
+    /// OnMainWindowClose: keeps what must not be lost. Once.
+    void Finish();
+    /// Ends the program whatever runs: for a close while work runs, for SIGTERM and its like.
+    void EndProgram();
+    bool Ending() const { return ending; }
+
+    EditorPane& Pane(int tab) override;
+    EditorPane& txtBuffer() override;
+    void SetTab(int tab, const TabFace& face) override;
+    void SelectTab(int tab) override;
+    int SelectedTab() const override;
+    void SetPanel(int panel, const QString& text, int picture = 0) override;
+    void ShowNotice(const QString& text) override;
+    void SetCaption(const QString& caption) override { setWindowTitle(caption); }
+    void EnableCommand(const QString& control, bool menu, bool button) override;
+    void CheckCommand(const QString& control, bool checked) override;
+    void ShowProgress(int maximum, int value) override;
+    void HideProgress() override;
+    void SetEnabled(bool enabled) override;
+    void FocusPane() override;
+    void BusyPointer(bool busy) override;
+    void ShowFind(EditorPane& pane, FindKind kind) override;
+    void OpenTool(ToolWindow tool) override;
+    void ShowRecent() override;
+    void ShowComments() override;
+    void ShowBlocks() override;
+    void CloseLists() override;
+    void RecentChanged() override;
+    void MediaChanged() override;
+    void StyleMediaLists() override;
+    void ShowMediaEntry(int source, int row) override;
+    bool CanPreview(int mode) const override;
+    void PreviewMedia() override;
+    void ShowMenuStrips(bool on) override { menus.ShowStrips(on); }
+    void LoadCoolbar() override;
+    void StopPlayers() override { audio::Stop(); }
+    void PlayModule(const QByteArray& bytes) { audio::PlayModule(bytes); }
+    bool Turn() override;
+
+    const CommandSet& Commands() const { return commands; }
+    const MenuTree& Menus() const { return menus; }
+    const CoolBar& Bars() const { return bars; }
+    TabStrip& ssTxtWindows() const { return *strip; }
+    PaneSplit& Split() const { return *split; }
+    MediaTabs& Media() const { return *ssML; }
+    StatusPanels& StatusBar() const { return *panels; }
+    RecentPopup& RecentBack() const { return *recent; }
+    CommentTree& TreeOfComments() const { return *comments; }
+    BlockList& ListOfBlocks() const { return *blocks; }
+    QString HelpId() const;
+
+protected:
+    bool event(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void LayOut();
+    void ConnectParts();
+    void ClaimKeys();
+    void ConnectPane(int tab, EditorPane& pane);
+    void PanePressed(Qt::MouseButton button, Qt::KeyboardModifiers keys);
+    void PaneTextChanged(int tab);
+    void PopUpEditMenu(const QPoint& at);
+    void ShowPaneOf(int tab);
+    void EscapePressed();
+    void ToggleInsert();
+    void ReadLocks();
+    void LeaveMenuBar(); ///< a menu has closed: the keyboard goes back to where it was
+    void MoveFocus();    ///< F6: pane, find box, tab strip, media list, pane ...
+    void Activated();
+    void AddMediaLists();
+    void LeaveLists();
+    void TakeDrag(QDropEvent& event) const;
+    void RefreshLists();
+    void MouseOver(const QString& helpId);
+    void HideLists();
+    bool ListShows() const;
+
+    CommandSet commands;
+    MenuTree menus;
+    CoolBar bars;
+    TabStrip* strip;
+    QStackedWidget* stack;
+    StatusPanels* panels;
+    PaneSplit* split;
+    MediaTabs* ssML = nullptr;
+    MediaWatch* watch = nullptr;
+    RecentPopup* recent;
+    CommentTree* comments;
+    BlockList* blocks;
+    HelpSubject* subject;
+    LineHintsView* hints;
+    WindowKeys* keys;
+    std::array<std::unique_ptr<EditorPane>, 8> panes;
+    std::unique_ptr<EditorPane> buffer;
+    bool overtype = false;
+    bool ending = false, finished = false;
+};

@@ -1,0 +1,113 @@
+#include "windows/main/frmmain.h"
+
+#include "conf/element_record.h"
+#include "frame/documents/documents.h"
+#include "frame/files/file_commands.h"
+#include "frame/frame_state.h"
+#include "frame/media/media_lists.h"
+#include "platform/paths.h"
+#include "windows/main/dropped_files.h"
+#include "windows/main/line_hints_view.h"
+#include "windows/main/pane_split.h"
+#include "windows/media/extra_page.h"
+#include "windows/media/folder_tree.h"
+#include "windows/media/macro_tree.h"
+#include "windows/media/media_actions.h"
+#include "windows/media/media_tabs.h"
+#include "windows/media/media_view.h"
+#include "windows/media/media_watch.h"
+
+#include <QDir>
+
+// The lists beside the text.
+
+void frmmain::AddMediaLists()
+{
+    ssML = new MediaTabs;
+    watch = new MediaWatch(this);
+    connect(ssML, &MediaTabs::Clicked, this, &frmmain::LeaveLists);
+    connect(ssML, &MediaTabs::Pressed, this, [this](int source, bool insert) {
+        if (insert)
+            InsertFileName(ssML->View(source).Selected());
+        LeaveLists();
+    });
+    connect(ssML, &MediaTabs::Inserted, this, [this](int source) {
+        InsertFileName(ssML->View(source).Selected());
+        LeaveLists();
+    });
+    // Behind the click: a window opens.
+    connect(ssML, &MediaTabs::Opened, this, OpenMediaEntry, Qt::QueuedConnection);
+    connect(ssML, &MediaTabs::MenuWanted, this,
+            [this](int source, const QPoint& at) { PopUpMediaMenu(ssML->View(source), at); });
+    connect(&ssML->Extra(), &ExtraPage::DriveChosen, this, &frmmain::FocusPane);
+    connect(&ssML->Extra(), &ExtraPage::InjectWanted, this, InsertInjectPath);
+    connect(&ssML->Macros(), &MacroTree::Pressed, this, &frmmain::LeaveLists);
+    connect(
+        &ssML->Macros(), &MacroTree::Opened, this, [](const QString& path) { OpenDroppedFiles({path}); },
+        Qt::QueuedConnection);
+    connect(watch, &MediaWatch::Changed, this, [this] {
+        RefreshMedia();
+        ssML->LookAtPictures();
+        ssML->Extra().Refresh();
+        if (!isActiveWindow())
+            ssML->SaveSelection(); // its files stand elsewhere now
+    });
+    split->SetMedia(ssML);
+}
+
+/// The lists are a palette: the keyboard belongs to the text.
+void frmmain::LeaveLists()
+{
+    StopPreview();
+    FocusPane();
+}
+
+void frmmain::MediaChanged()
+{
+    hints->WordsChanged();
+    if (Frame.Media.ExtraFolder.isEmpty()) {
+        SetExtraFolder(paths::Closed(QDir::homePath()));
+        return;
+    }
+    ssML->ShowLists();
+    watch->Follow({Frame.Media.BaseFolder, Frame.Media.ExtraFolder, Frame.Media.RndFolder, Frame.MacrosFolder});
+}
+
+void frmmain::StyleMediaLists()
+{
+    ssML->SetStyle();
+}
+
+void frmmain::ShowMediaEntry(int source, int row)
+{
+    ssML->setCurrentIndex(source - 1);
+    MediaView& view = ssML->View(source);
+    view.EndFilter();
+    view.SelectRow(row);
+}
+
+bool frmmain::CanPreview(int mode) const
+{
+    return mode != ModeLvl && HasMediaTool(mode);
+}
+
+void frmmain::PreviewMedia()
+{
+    const int source = Conf.MediaSource;
+    if (source >= 1 && source <= 3) {
+        Conf.MediaFile = ssML->View(source).Selected();
+        Lists().SavedListIndex.at(source) = ssML->View(source).SelectedRow();
+    }
+    OpenByMode(this, ssML->View(1).Path());
+    FocusPane();
+}
+
+void frmmain::RefreshLists()
+{
+    paths::ChangeToFolder(Frame.CurrentFolder);
+    RefreshMedia();
+    ssML->LookAtPictures();
+    ssML->Extra().Refresh();
+    watch->Follow({Frame.Media.BaseFolder, Frame.Media.ExtraFolder, Frame.Media.RndFolder, Frame.MacrosFolder});
+    ssML->RestoreSelection();
+}

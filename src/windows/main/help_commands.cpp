@@ -1,0 +1,17 @@
+#include "conf/help_for_word.h"
+#include "frame/frame_state.h"
+#include "frame/host_window.h"
+#include "windows/main/command_table.h"
+
+#include <array>
+
+std::span<const CommandRow> HelpCommands()
+{
+    static constexpr std::array Rows = {
+        CommandRow{"mnuHelpView", "Help", "", ToolStrip::tbExtra, "help", nullptr, SeparatorBehind,
+                   [] { RunHelp({}); }},
+        CommandRow{"mnuHelpAbout", "About", "", ToolStrip::None, "about", nullptr, NoFlags,
+                   [] { Host().OpenTool(ToolWindow::About); }},
+    };
+    return Rows;
+}

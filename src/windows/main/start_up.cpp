@@ -1,0 +1,97 @@
+#include "windows/main/start_up.h"
+
+#include "conf/help_for_word.h"
+#include "frame/frame_state.h"
+#include "frame/recovery/recovery.h"
+#include "frame/settings/settings.h"
+#include "frame/start/start_up.h"
+#include "platform/close_requests.h"
+#include "platform/signals.h"
+#include "platform/single_instance.h"
+#include "windows/files/frm_recover.h"
+#include "windows/main/frmmain.h"
+#include "windows/messages/window_asker.h"
+#include "windows/parts/close_guard.h"
+#include "windows/parts/screen_reader.h"
+
+#include <QApplication>
+#include <QSessionManager>
+#include <QTimer>
+#include <cstdlib>
+
+namespace {
+
+void Welcome()
+{
+    if (Frame.ShowWelcome == 1 && ShowWelcomeMessage() == QLatin1StringView("Read Help"))
+        RunHelp({});
+}
+
+/// The toolkit ends the process from inside the event loop when the display goes away.
+void KeepAtExit()
+{
+    if (Frame.Keeper)
+        static_cast<void>(Frame.Keeper->KeepAllNow());
+}
+
+int Run(QApplication& application, const StartFolders& folders)
+{
+    Recovery keeper(folders.StateFolder, nullptr, {}, SpareRecoveryFolder());
+    frmmain window;
+    WindowAsker asker(&window);
+    InstallHost(window, asker);
+    Frame.Keeper = &keeper;
+    std::atexit(KeepAtExit);
+
+    EndSignals ends;
+    QObject::connect(&ends, &EndSignals::EndWanted, &window, &frmmain::EndProgram);
+    QObject::connect(
+        &application, &QGuiApplication::commitDataRequest, &application, [] { static_cast<void>(KeepEverything()); },
+        Qt::DirectConnection);
+
+    window.RestorePosition();
+    window.show();
+    const CloseRequests closing(*window.windowHandle(), [&window] {
+        if (QApplication::activeModalWidget()) // any other wish arrives by itself
+            QTimer::singleShot(0, &window, &frmmain::EndProgram);
+    });
+    FinishStart();
+    window.ShowStarted();
+    QTimer::singleShot(0, &window, [&] {
+        ShowHeldMessages();
+        OfferRecovered(&window, keeper);
+        Welcome();
+    });
+    // A question of the start may have been answered by the end of the session.
+    const int code = window.Ending() ? 0 : QApplication::exec();
+    window.Finish();
+    Frame.Keeper = nullptr;
+    return code;
+}
+
+} // namespace
+
+int StartProgram(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("gemforge"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("gemforge"));
+
+    WindowAsker asker(nullptr);
+    Frame.Ask = &asker;
+    SingleInstance instance(QStringLiteral("gemforge"));
+    StartFolders folders;
+    if (!instance.AnotherRuns()) {
+        folders = OrdinaryFolders(QCoreApplication::applicationDirPath());
+        instance.Claim(folders.ProgramFolder + QStringLiteral("data"));
+        instance.Claim(folders.StateFolder);
+    }
+    if (instance.AnotherRuns()) {
+        ShowMessage(106);
+        return 1;
+    }
+    if (!PrepareStart(folders, QCoreApplication::arguments().mid(1)))
+        return 1;
+    const ScreenReader reader(ReadIni(QStringLiteral("Misc"), QStringLiteral("ScreenReader")).toInt());
+    return Run(application, folders);
+}

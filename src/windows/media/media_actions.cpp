@@ -1,0 +1,163 @@
+#include "windows/media/media_actions.h"
+
+#include "conf/element_record.h"
+#include "frame/documents/documents.h"
+#include "frame/frame_state.h"
+#include "frame/media/media_lists.h"
+#include "frame/settings/settings.h"
+#include "platform/audio.h"
+#include "platform/paths.h"
+#include "platform/processes.h"
+#include "windows/media/media_view.h"
+#include "windows/sheet/frm_pcx.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDesktopServices>
+#include <QMenu>
+#include <QUrl>
+
+namespace {
+
+constexpr int MapglassMissing = 35;
+
+void OpenOutside(const QString& path)
+{
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(path)))
+        Host().ShowNotice(QStringLiteral("No program answers for ") + paths::Native(path));
+}
+
+/// Of whichever list; sounds and levels are those of Base, since the others hold none.
+void ShowSheet(QWidget* owner, const QString&)
+{
+    if (!Conf.MediaFile.isEmpty())
+        frmPCX::Run(owner);
+}
+
+/// The endings that the media player takes; all else is the module player's.
+constexpr QLatin1StringView MediaPlayerKinds[] = {QLatin1StringView("mid"), QLatin1StringView("mp3")};
+
+void PlayWave(QWidget*, const QString& path)
+{
+    if (!path.isEmpty())
+        audio::PlayMedia(path); // what cannot be played is silent
+}
+
+void PlayMusic(QWidget*, const QString& path)
+{
+    if (path.isEmpty())
+        return;
+    if (std::ranges::find(MediaPlayerKinds, path.right(3).toLower()) != std::end(MediaPlayerKinds)) {
+        audio::StopModule();
+        audio::PlayMedia(path);
+    } else {
+        audio::StopMedia();
+        audio::PlayModule(path);
+    }
+}
+
+struct ToolRow
+{
+    int FirstMode, LastMode;
+    void (*Open)(QWidget* owner, const QString& path);
+};
+constexpr ToolRow Tools[] = {
+    {ModeGfx, ModeGfx, ShowSheet}, {ModeSfx, ModeSfx, PlayWave},
+    {ModeMus, ModeMus, PlayMusic}, {ModeLvl, ModeLvl, [](QWidget*, const QString& path) { ShowLevel(path); }},
+    {ModeHlt, ModeEdi, ShowSheet},
+};
+
+const ToolRow* ToolOf(int mode)
+{
+    const auto row = std::ranges::find_if(
+        Tools, [&](const ToolRow& tool) { return mode >= tool.FirstMode && mode <= tool.LastMode; });
+    return row == std::end(Tools) ? nullptr : row;
+}
+
+} // namespace
+
+void OpenMediaEntry(int source)
+{
+    Conf.Element.ElementOpen = false;
+    Conf.FieldFound.fill(1);
+    Conf.QuickPreview = false;
+    if (source != 1)
+        Conf.Element.ImageFile.clear();
+    Conf.MediaSource = source;
+    Host().PreviewMedia();
+}
+
+bool HasMediaTool(int mode)
+{
+    return ToolOf(mode) != nullptr;
+}
+
+void OpenByMode(QWidget* owner, const QString& baseEntry)
+{
+    if (const ToolRow* tool = ToolOf(Frame.CurrentMode))
+        tool->Open(owner, baseEntry);
+}
+
+void ShowLevel(const QString& path)
+{
+    if (path.isEmpty())
+        return;
+    const QString viewer = Frame.ProgramFolder + QStringLiteral("Mapglass");
+    if (!paths::FileExists(viewer)) {
+        ShowMessage(MapglassMissing);
+        return;
+    }
+    Host().SetEnabled(false);
+    const auto ended = processes::RunAndWait(viewer, {path});
+    Host().SetEnabled(true);
+    if (!ended)
+        ShowMessage(MessagePathError, ended.error().Text());
+}
+
+void ShowInFolder(const QString& path)
+{
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        OpenOutside(paths::FolderOfPath(path));
+        return;
+    }
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("/org/freedesktop/FileManager1"),
+        QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
+    call << QStringList(QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)) << QString();
+    auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(call));
+    QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [path](QDBusPendingCallWatcher* done) {
+        if (QDBusPendingReply<>(*done).isError())
+            OpenOutside(paths::FolderOfPath(path));
+        done->deleteLater();
+    });
+}
+
+void PopUpMediaMenu(MediaView& view, const QPoint& onScreen)
+{
+    auto* menu = new QMenu(&view);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const QString path = view.Path();
+    const auto add = [&](const char* caption, auto&& run) {
+        QAction* entry = menu->addAction(QString::fromLatin1(caption), &view, run, Qt::QueuedConnection);
+        entry->setEnabled(!path.isEmpty());
+        return entry;
+    };
+    const int mode = Frame.CurrentMode;
+    if (HasMediaTool(mode))
+        menu->setDefaultAction(add(mode == ModeSfx || mode == ModeMus ? "Play" : "Preview",
+                                   [source = view.Source()] { OpenMediaEntry(source); }));
+    add("Insert Name", [name = view.Selected()] {
+        InsertFileName(name);
+        Host().FocusPane();
+    });
+    menu->addSeparator();
+    add("Open With Another Program", [path] { OpenOutside(path); });
+    add("Show in Folder", [path] { ShowInFolder(path); });
+    menu->addSeparator();
+    menu->addAction(
+        QStringLiteral("Filter"), &view, [&view] { view.OpenFilter(); }, Qt::QueuedConnection);
+    menu->popup(onScreen);
+}

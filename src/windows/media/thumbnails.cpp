@@ -1,0 +1,122 @@
+#include "windows/media/thumbnails.h"
+
+#include "frame/frame_state.h"
+#include "platform/images.h"
+#include "windows/media/media_view.h"
+#include "windows/parts/dialog_help.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+#include <utility>
+
+namespace {
+
+constexpr int SideAt96 = 32;
+constexpr int MostThumbnails = 1'000; // pictures that are kept
+
+bool IsOn()
+{
+    return Frame.Settings.Thumbnails == 1;
+}
+
+/// Smaller images keep their size. A large one is thinned out before it is smoothed, which costs by its size.
+QImage Fitted(const QImage& image, const QSize& room)
+{
+    if (image.isNull() || image.size().boundedTo(room) == image.size())
+        return image;
+    const QSize size = image.size().scaled(room, Qt::KeepAspectRatio).expandedTo({1, 1});
+    const QSize rough = size * 8;
+    return (image.size().boundedTo(rough) == image.size() ? image : image.scaled(rough))
+        .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+} // namespace
+
+Thumbnails::Thumbnails(MediaView& list) : QStyledItemDelegate(&list), view(list), thumbs(MostThumbnails)
+{
+    soon.setSingleShot(true);
+    connect(&soon, &QTimer::timeout, this, &Thumbnails::AskNext);
+}
+
+int Thumbnails::Side() const
+{
+    return Pixels(view, SideAt96);
+}
+
+void Thumbnails::LookAgain()
+{
+    ++look;
+    if (IsOn())
+        soon.start(0);
+}
+
+QSize Thumbnails::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    const int high = QStyledItemDelegate::sizeHint(option, index).height();
+    const bool pictured = IsOn() && HasSheetName(index.data().toString());
+    // As wide as the list: a long name is cut in the middle instead of being scrolled to.
+    return {1, pictured ? qMax(high, Side() + 4) : high};
+}
+
+void Thumbnails::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const
+{
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (!IsOn() || !HasSheetName(option->text))
+        return;
+    const Thumb* thumb = thumbs.object(view.PathOf(index));
+    option->features |= QStyleOptionViewItem::HasDecoration;
+    option->decorationSize = {Side(), Side()};
+    if (thumb) {
+        // The same picture for selected rows: a style would tint it.
+        option->icon = QIcon(thumb->Picture);
+        option->icon.addPixmap(thumb->Picture, QIcon::Selected);
+    }
+    if ((!thumb || thumb->Look != look) && !asking)
+        soon.start(0);
+}
+
+bool Thumbnails::IsDue(const QString& path)
+{
+    Thumb* thumb = thumbs.object(path);
+    if (thumb && thumb->Look == look)
+        return false;
+    const QFileInfo file(path);
+    if (thumb && thumb->Time == file.lastModified().toMSecsSinceEpoch() && thumb->Size == file.size()) {
+        thumb->Look = look;
+        return false;
+    }
+    return true;
+}
+
+/// One file at a time, so that rows scrolled by are never asked for.
+void Thumbnails::AskNext()
+{
+    if (asking || !IsOn() || !view.isVisible() || !view.model())
+        return;
+    const QRect room = view.viewport()->rect();
+    QModelIndex index = view.indexAt(QPoint(room.left() + 1, room.top() + 1));
+    for (; index.isValid() && view.visualRect(index).top() <= room.bottom();
+         index = index.siblingAtRow(index.row() + 1)) {
+        const QString path = view.PathOf(index);
+        if (!HasSheetName(path) || !IsDue(path))
+            continue;
+        const QFileInfo file(path);
+        const Thumb thumb{{}, file.lastModified().toMSecsSinceEpoch(), file.size(), look};
+        asking = true;
+        images::LoadLater(path, this, [=, this](const Result<images::Picture>& picture) {
+            asking = false;
+            Take(path, thumb, picture ? picture->Pixels : QImage());
+        });
+        return;
+    }
+}
+
+void Thumbnails::Take(const QString& path, Thumb thumb, const QImage& image)
+{
+    const qreal ratio = view.devicePixelRatioF();
+    thumb.Picture = QPixmap::fromImage(Fitted(image, QSize(Side(), Side()) * ratio));
+    thumb.Picture.setDevicePixelRatio(ratio);
+    thumbs.insert(path, new Thumb(std::move(thumb)));
+    view.viewport()->update();
+    AskNext();
+}

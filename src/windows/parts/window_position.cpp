@@ -1,0 +1,43 @@
+#include "windows/parts/window_position.h"
+
+#include "frame/settings/settings.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <QStyle>
+#include <algorithm>
+
+namespace {
+
+constexpr Qt::WindowState States[] = {Qt::WindowNoState, Qt::WindowMinimized, Qt::WindowMaximized};
+constexpr QRect FirstPlace{80, 60, 1100, 760};
+
+int Pixels(const char* key, int missing)
+{
+    bool good = false;
+    const int value = ReadIni(QStringLiteral("Window Positions"), QString::fromLatin1(key)).toInt(&good);
+    return good ? value : missing;
+}
+
+} // namespace
+
+WindowPosition StoredPosition()
+{
+    const QRect place(Pixels("Left", FirstPlace.x()), Pixels("Top", FirstPlace.y()),
+                      Pixels("Width", FirstPlace.width()), Pixels("Height", FirstPlace.height()));
+    return {place, States[std::clamp(Pixels("Max", 0), 0, 2)]};
+}
+
+QRect OnScreen(const QRect& place, const QSize& least)
+{
+    const QScreen* screen = QGuiApplication::screenAt(place.center());
+    if (!screen)
+        screen = QGuiApplication::primaryScreen();
+    // The system adds a title above the size.
+    const int title = QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QRect room = screen->availableGeometry().adjusted(0, 0, 0, -title);
+    const QSize size = place.size().boundedTo(room.size()).expandedTo(least);
+    const int left = std::clamp(place.left(), room.left(), qMax(room.left(), room.right() + 1 - size.width()));
+    const int top = std::clamp(place.top(), room.top(), qMax(room.top(), room.bottom() + 1 - size.height()));
+    return {QPoint(left, top), size};
+}

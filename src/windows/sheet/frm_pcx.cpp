@@ -1,0 +1,369 @@
+#include "windows/sheet/frm_pcx.h"
+
+#include "conf/block_fields.h"
+#include "conf/element_record.h"
+#include "conf/write_block.h"
+#include "frame/frame_state.h"
+#include "frame/media/media_lists.h"
+#include "graphics/animation.h"
+#include "graphics/sheet.h"
+#include "graphics/sheet_marks.h"
+#include "graphics/tiles_in_use.h"
+#include "platform/images.h"
+#include "platform/paths.h"
+#include "platform/processes.h"
+#include "windows/parts/dialog_help.h"
+#include "windows/parts/help_subject.h"
+#include "windows/sheet/animation_panel.h"
+#include "windows/sheet/animation_preview.h"
+#include "windows/sheet/new_element_panel.h"
+#include "windows/sheet/sheet_tools.h"
+#include "windows/sheet/sheet_view.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLayout>
+#include <QPushButton>
+#include <QToolButton>
+#include <QUrl>
+
+namespace {
+
+constexpr int FromMacro = 4; // Conf.MediaSource: MediaFile is the whole path
+constexpr int BadImage = 107, ImageErrors = 108;
+constexpr int ImageErrorNag = 2;
+constexpr int MarkPhases = 10;
+constexpr int RedrawDelay = 100; // a preview with a longer delay is drawn again by the marks' timer
+const QString SheetAlone = QStringLiteral("PREVIEW");
+constexpr QPoint NewElementPlace{60, 54};
+
+QString PathOfMedia()
+{
+    if (Conf.MediaSource == FromMacro)
+        return paths::Inside(Conf.MediaFile);
+    return Lists().List(Conf.MediaSource).Folder() + Conf.MediaFile;
+}
+
+QStringList KnownModes()
+{
+    return Frame.Settings.AnimModes + ReadWordList(QStringLiteral("AnimModifiers"));
+}
+
+} // namespace
+
+void frmPCX::Run(QWidget* owner)
+{
+    const QString path = PathOfMedia();
+    Host().BusyPointer(true);
+    const auto picture = images::Load(path);
+    Host().BusyPointer(false);
+    if (!picture) {
+        if (picture.error().Path == path)
+            ShowMessage(BadImage);
+        else
+            ShowMessage(MessagePathError, picture.error().Text()); // the decoder is not there
+        return;
+    }
+    ShowSheet(picture->Pixels);
+    if (picture->EndsEarly)
+        Sheet.ImageWarnings += QStringLiteral("The image file ends early.\n\n");
+    const ModalScope modal;
+    frmPCX window(DialogParent(owner), path);
+    window.exec();
+    Sheet.PickPrompt.clear();
+    Sheet.Picture = QImage();
+}
+
+frmPCX::frmPCX(QWidget* owner, const QString& file)
+    : QDialog(owner),
+      path(file),
+      opening(FitElementToSheet(KnownModes())),
+      isPick(Conf.MediaSource == FromMacro),
+      isPreview(isPick && Sheet.PickPrompt == SheetAlone),
+      isQuick(Conf.QuickPreview && !isPick)
+{
+    setObjectName(QStringLiteral("frmPCX"));
+    SetHelpSubject(this, NoHelpSubject);
+    LayOut();
+    ConnectParts();
+    ShowElement();
+    EnableTools();
+    if (!Sheet.PickPrompt.isEmpty())
+        ShowPick();
+    if (isQuick)
+        BecomeQuickPreview();
+    else
+        CentreOnScreen();
+    Conf.Element.ImageFile = Conf.MediaFile;
+    if (!isPreview) {
+        tmrFlash.start(100);
+        preview->Start();
+    }
+    MarkTilesInUse();
+    WatchFile();
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+frmPCX::~frmPCX() = default;
+
+void frmPCX::EnableTools()
+{
+    cmdUpdate->setEnabled(opening.MayUpdate && !isPick);
+    cmdNew->setEnabled(!opening.TooSmall && !isPick && Frame.CurrentMode == ModeGfx);
+    picScroll->setEnabled(!opening.TooSmall);
+    panel->EnablePlace(!opening.TooSmall);
+    picScroll->SetPickable(!isPreview);
+}
+
+void frmPCX::ShowElement()
+{
+    if (opening.FromBlock)
+        panel->EnableFound();
+    panel->ShowRecord();
+    const bool named = opening.FromBlock && !Conf.Element.BlockKey.isEmpty();
+    setWindowTitle(named ? Conf.Element.BlockKey + QStringLiteral(" - ") + Conf.MediaFile : Conf.MediaFile);
+    picScroll->MarksMoved();
+}
+
+void frmPCX::ShowPick()
+{
+    setWindowTitle(QStringLiteral("Gemforge BASIC - ") +
+                   (isPreview ? QStringLiteral("Preview") : QStringLiteral("PickFromPCX")));
+    if (isPreview) {
+        Sheet.Start = Sheet.End = Sheet.InStart = std::nullopt;
+        picScroll->MarksMoved();
+        for (QWidget* part : std::initializer_list<QWidget*>{side, tools, place})
+            part->hide();
+        layout()->setContentsMargins({});
+        picScroll->setFrameShape(QFrame::NoFrame);
+    } else {
+        picFlash->setText(Sheet.PickPrompt);
+        picFlash->setToolTip(Sheet.PickPrompt.toHtmlEscaped());
+        picFlash->show();
+        FlashTitle();
+        tmrFlashTitle.start(200);
+    }
+    Sheet.PickPrompt.clear();
+}
+
+void frmPCX::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    if (event->spontaneous())
+        return;
+    if (opening.FromBlock && Sheet.Start)
+        picScroll->Centre(*Sheet.Start);
+    QTimer::singleShot(0, this, &frmPCX::ShowWarnings);
+}
+
+void frmPCX::ShowWarnings()
+{
+    if (Frame.Settings.Nags[ImageErrorNag] == 1 && !Sheet.ImageWarnings.isEmpty())
+        ShowMessage(ImageErrors, Sheet.ImageWarnings.chopped(1));
+}
+
+void frmPCX::leaveEvent(QEvent* event)
+{
+    QDialog::leaveEvent(event);
+    const bool hasMessage = QApplication::activeModalWidget() != this; // the mouse went to that
+    if (isQuick && Frame.Settings.QuickClose && !hasMessage)
+        close();
+}
+
+void frmPCX::Press(QPoint tile, Qt::MouseButton button)
+{
+    struct Row
+    {
+        Qt::MouseButton Button;
+        bool (*Mark)(QPoint);
+    };
+    static constexpr Row Rows[] = {
+        {Qt::LeftButton, MarkFirstTile}, {Qt::RightButton, MarkLastTile}, {Qt::MiddleButton, MarkPlayStart}};
+    for (const Row& row : Rows) {
+        if (row.Button != button)
+            continue;
+        const bool restarts = row.Mark(tile);
+        picScroll->MarksMoved();
+        panel->ShowPlace();
+        if (button == Qt::LeftButton)
+            preview->ShowFrame(BaseTile());
+        if (restarts)
+            Restart();
+    }
+}
+
+void frmPCX::MoveMark(int key, Qt::KeyboardModifiers keys)
+{
+    const QPoint steps[] = {{-1, 0}, {0, -1}, {1, 0}, {0, 1}}; // left, up, right, down, as Qt counts its keys
+    const bool end = keys & Qt::ShiftModifier, inStart = keys & Qt::ControlModifier;
+    const auto& mark = end ? Sheet.End : inStart ? Sheet.InStart : Sheet.Start;
+    const QPoint from = mark ? *mark : Sheet.Start.value_or(QPoint(-1, 0));
+    const QPoint tile = from + steps[key - Qt::Key_Left];
+    if (!QRect(0, 0, Sheet.SheetColumns, Sheet.SheetRows).contains(tile))
+        return;
+    Press(tile, end ? Qt::RightButton : inStart ? Qt::MiddleButton : Qt::LeftButton);
+    picScroll->Uncover(tile);
+}
+
+void frmPCX::Restart()
+{
+    preview->Restart();
+}
+
+void frmPCX::ShowPlayed(QPoint tile)
+{
+    if (!isPreview)
+        picScroll->SetCurrentTile(tile);
+    panel->ShowCurrent(tile.y() * Sheet.SheetColumns + tile.x());
+}
+
+void frmPCX::ShowPlace(QPoint pixel)
+{
+    const QPoint tile(pixel.x() / TileSize, pixel.y() / TileSize);
+    if (pixel.x() < 0) {
+        place->clear();
+        return;
+    }
+    const bool whole = tile.x() < Sheet.SheetColumns && tile.y() < Sheet.SheetRows;
+    const QString where = whole ? QStringLiteral("Tile %1 (column %2, row %3)")
+                                      .arg(tile.y() * Sheet.SheetColumns + tile.x())
+                                      .arg(tile.x())
+                                      .arg(tile.y())
+                                : QStringLiteral("No whole tile");
+    place->setText(where + QStringLiteral("   Pixel %1, %2").arg(pixel.x()).arg(pixel.y()));
+}
+
+void frmPCX::FlashMarks()
+{
+    MarkerPhase = MarkerPhase % MarkPhases + 1;
+    picScroll->SetMarkPhase(MarkerPhase);
+    if (Conf.Element.Delay > RedrawDelay)
+        preview->Redraw();
+}
+
+void frmPCX::FlashTitle()
+{
+    const bool green = picFlash->palette().color(QPalette::WindowText) != QColor(0, 255, 0);
+    QPalette colours = picFlash->palette();
+    colours.setColor(QPalette::Window, Qt::black);
+    colours.setColor(QPalette::WindowText, green ? QColor(0, 255, 0) : QColor(255, 0, 0));
+    picFlash->setAutoFillBackground(true);
+    picFlash->setPalette(colours);
+}
+
+void frmPCX::OpenNewElement()
+{
+    panel->EnableAll(false);
+    picScroll->setEnabled(false);
+    picNewElement->move(Pixels(*this, NewElementPlace.x()), Pixels(*this, NewElementPlace.y()));
+    picNewElement->Open();
+}
+
+void frmPCX::CloseNewElement()
+{
+    picNewElement->hide();
+    panel->EnableAll(true);
+    picScroll->setEnabled(true);
+    panel->FocusFirst();
+}
+
+void frmPCX::MakeElement(const QString& key, bool full)
+{
+    EditorPane& pane = CurrentPane();
+    UndoGroup group(pane);
+    const int line = pane.GetSel(true).StartLine;
+    pane.InsertLine(line, key);
+    pane.SelectLine(line, true);
+    ElementRecord& element = Conf.Element;
+    if (element.Reverse)
+        element.AnimMode = element.AnimMode == QLatin1StringView("loop")
+                               ? QStringLiteral("reverse")
+                               : element.AnimMode + QStringLiteral(",reverse");
+    WriteElementBlock(full, CallersUndoGroup);
+    element.ImageFile.clear();
+    accept();
+}
+
+void frmPCX::UpdateElement()
+{
+    UpdateElementBlock();
+    accept();
+}
+
+void frmPCX::MarkTilesInUse()
+{
+    if (Frame.CurrentMode != ModeGfx || isPick)
+        return;
+    const int own = Conf.Element.ElementOpen ? Conf.MainLine : -1;
+    picScroll->SetTilesInUse(TilesInUse(CurrentPane(), Conf.MediaFile, own));
+}
+
+void frmPCX::WatchFile()
+{
+    watcher.addPath(path);
+    folderWatch.Follow({paths::FolderOfPath(path)}); // a save that replaces the file, a set that is unpacked anew
+}
+
+void frmPCX::ReadAgain()
+{
+    watcher.removePath(path); // another file may stand there now
+    watcher.addPath(path);
+    const auto picture = images::Load(path);
+    if (!picture)
+        return; // a program is still at it
+    ReplacePicture(picture->Pixels);
+    picScroll->PictureChanged();
+    preview->Redraw();
+}
+
+void frmPCX::OpenInEditor()
+{
+    const QString editor = ReadIni(QStringLiteral("Misc"), QStringLiteral("ImageEditor"));
+    const bool named = !editor.isEmpty() && editor != QLatin1StringView("[NOT FOUND]");
+    const bool started = named ? processes::StartDetached(editor, {path}).has_value()
+                               : QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+    if (!started)
+        place->setText(QStringLiteral("No image editor answers; name one as ImageEditor in user.ini"));
+}
+
+/// Ctrl+D closes the window wherever the focus is: a text box would take the key for itself.
+bool frmPCX::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress || !watched->isWidgetType())
+        return false;
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    if (key.key() != Qt::Key_D || key.modifiers() != Qt::ControlModifier)
+        return false;
+    QWidget* list = static_cast<QWidget*>(watched)->window();
+    const bool popped = list->windowType() == Qt::Popup && list->parentWidget();
+    if ((popped ? list->parentWidget()->window() : list) != this)
+        return false;
+    if (popped)
+        list->close();
+    close();
+    return true;
+}
+
+void frmPCX::keyPressEvent(QKeyEvent* event)
+{
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool arrow = event->key() >= Qt::Key_Left && event->key() <= Qt::Key_Down;
+    QWidget* focus = focusWidget();
+    if (enter && (qobject_cast<QPushButton*>(focus) || qobject_cast<QToolButton*>(focus)))
+        static_cast<QAbstractButton*>(focus)->click();
+    else if (arrow && picScroll->hasFocus() && !isPreview && !opening.TooSmall)
+        MoveMark(event->key(), event->modifiers());
+    else
+        QDialog::keyPressEvent(event);
+}
+
+void PickFromSheet(QWidget* owner, const QString& file, const QString& prompt)
+{
+    Conf.MediaSource = FromMacro;
+    Conf.MediaFile = file;
+    Conf.Element.ImageFile.clear();
+    Sheet.PickPrompt = prompt;
+    frmPCX::Run(owner);
+}

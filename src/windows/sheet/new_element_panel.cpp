@@ -1,0 +1,110 @@
+#include "windows/sheet/new_element_panel.h"
+
+#include "frame/frame_state.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int Directions = 4; // the first words of the action list
+constexpr int NoSelection = 19;
+
+QString ChosenIn(const QListWidget& list)
+{
+    const auto chosen = list.selectedItems();
+    return chosen.isEmpty() ? QString() : chosen.constFirst()->text();
+}
+
+} // namespace
+
+NewElementPanel::NewElementPanel(QWidget* parent) : QFrame(parent)
+{
+    setObjectName(QStringLiteral("picNewElement"));
+    setFrameShape(QFrame::StyledPanel);
+    setAutoFillBackground(true);
+    auto* group = new QGroupBox(QStringLiteral("Make A New Element  (With the above info)"), this);
+    auto* grid = new QGridLayout;
+    const auto list = [this, grid](const char* name, const char* caption) {
+        auto* made = new QListWidget(this);
+        made->setObjectName(QString::fromLatin1(name));
+        auto* label = new QLabel(QString::fromLatin1(caption), this);
+        label->setBuddy(made);
+        const int column = grid->columnCount();
+        grid->addWidget(label, 0, column);
+        grid->addWidget(made, 1, column);
+        return made;
+    };
+    lstElement = list("lstElement", "&Element");
+    lstAction = list("lstAction", "&Action");
+    lstDirection = list("lstDirection", "&Direction");
+    useTemplate = new QRadioButton(QStringLiteral("Use Quick Element Template"), this);
+    useFull = new QRadioButton(QStringLiteral("Make A Full Element"), this);
+    useTemplate->setChecked(true);
+    auto* cmdMakeElement = new QPushButton(QStringLiteral("Make"), this);
+    cmdMakeElement->setObjectName(QStringLiteral("cmdMakeElement"));
+    auto* cmdCancel = new QPushButton(QStringLiteral("Cancel"), this);
+    cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
+    for (QPushButton* button : {cmdMakeElement, cmdCancel})
+        button->setAutoDefault(false);
+    auto* row = new QHBoxLayout;
+    row->addWidget(useTemplate);
+    row->addWidget(useFull);
+    row->addStretch();
+    row->addWidget(cmdMakeElement);
+    row->addWidget(cmdCancel);
+    auto* inside = new QVBoxLayout(group);
+    inside->addLayout(grid, 1);
+    inside->addLayout(row);
+    (new QVBoxLayout(this))->addWidget(group);
+    connect(cmdMakeElement, &QPushButton::clicked, this, &NewElementPanel::Make);
+    connect(cmdCancel, &QPushButton::clicked, this, &NewElementPanel::CancelWanted);
+    hide();
+}
+
+void NewElementPanel::Open()
+{
+    const QStringList& elements = Frame.WordLists[ModeGfx][KindElements];
+    const QStringList& actions = Frame.WordLists[ModeGfx][KindActions];
+    const std::pair<QListWidget*, QStringList> lists[] = {
+        {lstElement, elements}, {lstAction, actions.mid(Directions)}, {lstDirection, actions.mid(0, Directions)}};
+    for (const auto& [list, words] : lists) {
+        list->clear();
+        list->addItems(words);
+        list->setCurrentItem(nullptr);
+        list->clearSelection();
+    }
+    adjustSize();
+    show();
+    raise();
+    lstElement->setFocus();
+}
+
+void NewElementPanel::Make()
+{
+    const QString element = ChosenIn(*lstElement);
+    if (element.isEmpty()) {
+        ShowMessage(NoSelection);
+        return;
+    }
+    QString key = element;
+    for (const QListWidget* list : {lstAction, lstDirection})
+        if (const QString word = ChosenIn(*list); !word.isEmpty())
+            key += QLatin1Char('.') + word;
+    emit MakeWanted(key, useFull->isChecked());
+}
+
+void NewElementPanel::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        emit CancelWanted();
+    else
+        QFrame::keyPressEvent(event);
+}

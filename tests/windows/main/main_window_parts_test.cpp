@@ -1,0 +1,172 @@
+#include "editor/make_pane.h"
+#include "windows/main/dropped_files.h"
+#include "windows/main/main_window_test.h"
+#include "windows/main/pane_split.h"
+#include "windows/media/media_tabs.h"
+#include "windows/parts/screen_reader.h"
+#include "windows/parts/window_position.h"
+
+#include <QDropEvent>
+#include <QMimeData>
+#include <QProgressBar>
+#include <QScreen>
+#include <QUrl>
+
+using MainWindowParts = MainWindowTest;
+
+// Catches: a caption without the startup time, or one that keeps it when the mode changes.
+TEST_F(MainWindowParts, CaptionTellsTheStartupTimeUntilTheModeChanges)
+{
+    EXPECT_TRUE(Window->windowTitle().contains(
+        QRegularExpression(QStringLiteral("^Gemforge - Graphics Mode    \\(Startup Time MS = \\d+\\)$"))))
+        << Window->windowTitle();
+    NewDocument(ModeMus);
+    EXPECT_EQ(Window->windowTitle(), QStringLiteral("Gemforge - Music Mode  "));
+}
+
+// Catches: a message at the start that stands over a window without text, caption or focus.
+TEST_F(MainWindowParts, MessagesOfTheStartWaitForTheWindow)
+{
+    TearDown();
+    ResetFrame();
+    ASSERT_TRUE(Run.Prepare({Run.Work.Path(QStringLiteral("none.conf"))}));
+    Window = std::make_unique<frmmain>();
+    InstallHost(*Window, Run.Scope.Answers);
+    Window->show();
+    FinishStart();
+    EXPECT_EQ(Run.TakeMessages(), QStringList());
+    EXPECT_EQ(Window->StatusBar().PanelText(1), ModeName(ModeGfx));
+    ShowHeldMessages();
+    const QStringList told = Run.TakeMessages();
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_TRUE(told[0].contains(QLatin1String("none.conf")));
+    ShowMessage(MessagePathError);
+    EXPECT_EQ(Run.TakeMessages().size(), 1);
+}
+
+// Catches: a window that opens on a screen that is gone, too small to use, or larger than the screen.
+TEST_F(MainWindowParts, StoredPositionIsBroughtOntoTheScreen)
+{
+    const QRect room = Window->screen()->availableGeometry();
+    EXPECT_EQ(OnScreen({20, 30, 600, 450}, {500, 400}), QRect(20, 30, 600, 450));
+    EXPECT_TRUE(room.contains(OnScreen({90'000, 90'000, 600, 450}, {500, 400})));
+    EXPECT_EQ(OnScreen({0, 0, 10, 10}, {500, 400}).size(), QSize(500, 400));
+    EXPECT_LE(OnScreen({0, 0, 50'000, 450}, {500, 400}).width(), room.width());
+    WriteIni(2, QStringLiteral("Window Positions"), QStringLiteral("Max"));
+    WriteIni(QStringLiteral("wide"), QStringLiteral("Window Positions"), QStringLiteral("Width"));
+    EXPECT_EQ(StoredPosition().State, Qt::WindowMaximized);
+    EXPECT_EQ(StoredPosition().Place.width(), 1100);
+}
+
+// Catches: an edit that clears or forgets Modified; a caret status that another tab's pane writes.
+TEST_F(MainWindowParts, PaneEventsReachFrameAndStatusBar)
+{
+    EXPECT_FALSE(CurrentPane().Modified());
+    ProgramScope::Type(QStringLiteral("x"));
+    EXPECT_TRUE(CurrentPane().Modified());
+    CurrentPane().SetSel({3, 2, 3, 2}, false);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(Window->StatusBar().PanelText(2).startsWith(QLatin1String("X:2    Y:3    Lines:")));
+    Window->Pane(5).SetText(QStringLiteral("elsewhere"));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(Window->StatusBar().PanelText(2).startsWith(QLatin1String("X:2    Y:3    Lines:")));
+}
+
+// Catches: a path that never comes back behind a notice, a bar that runs without end for a single step.
+TEST_F(MainWindowParts, StatusBarShowsNoticesAndProgress)
+{
+    Host().ShowNotice(QStringLiteral("told"));
+    EXPECT_EQ(Window->StatusBar().PanelText(3), QStringLiteral("told"));
+    Host().SetPanel(3, QStringLiteral("/path"));
+    EXPECT_EQ(Window->StatusBar().PanelText(3), QStringLiteral("/path"));
+    Host().ShowProgress(0, 0);
+    const QProgressBar* bar = Window->StatusBar().Progress();
+    EXPECT_TRUE(bar->isVisible());
+    EXPECT_EQ(bar->maximum(), 1);
+    EXPECT_EQ(bar->width(), Window->StatusBar().width());
+    Host().HideProgress();
+    EXPECT_FALSE(bar->isVisible());
+}
+
+// Catches: a splitter that squeezes text or lists out of sight, a layout that leaves the parts of another size, lists
+// that keep a place for which the window has become too small.
+TEST_F(MainWindowParts, TextAndListsShareEveryWidth)
+{
+    EXPECT_EQ(PaneSplit::SplitFor(99'999, 12'000), 12'000 - 350);
+    EXPECT_EQ(PaneSplit::SplitFor(0, 12'000), 6000);
+    EXPECT_EQ(PaneSplit::SplitFor(0, 7500), 4995);
+    const QWidget* text = Window->ssTxtWindows().parentWidget();
+    const QWidget* lists = &Window->Media();
+    auto* handle = Window->findChild<QWidget*>(QStringLiteral("picSplit"));
+    for (const QSize size : {QSize(1000, 700), QSize(500, 400)}) {
+        Window->resize(size);
+        QCoreApplication::processEvents();
+        const QRect whole = Window->Split().rect();
+        EXPECT_EQ(lists->x(), whole.width() - qRound(2500 / 15.0)) << size.width();
+        EXPECT_EQ(text->geometry().right() + 1, lists->x() - 5);
+        EXPECT_TRUE(whole.contains(lists->geometry()) && whole.contains(text->geometry()));
+        EXPECT_GT(text->height(), whole.height() - 20);
+        QTest::mousePress(handle, Qt::LeftButton, {}, {2, 50});
+        QMouseEvent drag(QEvent::MouseMove, QPointF(-900, 50), handle->mapToGlobal(QPointF(-900, 50)), Qt::NoButton,
+                         Qt::LeftButton, {});
+        QCoreApplication::sendEvent(handle, &drag);
+        EXPECT_EQ(handle->x(), qMax(whole.width() / 2, 333));
+        EXPECT_EQ(text->width(), handle->x() - 4);
+        EXPECT_GT(lists->width(), 100);
+    }
+}
+
+// Catches: a window that keeps the layout of another size when it is maximised or restored.
+TEST_F(MainWindowParts, MaximiseAndRestoreAreLaidOut)
+{
+    const QWidget* text = Window->ssTxtWindows().parentWidget();
+    const int before = text->width();
+    Window->showMaximized();
+    EXPECT_TRUE(WaitUntil([&] { return text->width() == Window->Split().width() - 177; }));
+    EXPECT_GT(Window->width(), before);
+    Window->showNormal();
+    EXPECT_TRUE(WaitUntil([&] { return text->width() == before; }));
+}
+
+// Catches: a dropped file that replaces unsaved or open text, opens twice, or leaves an empty tab behind.
+TEST_F(MainWindowParts, DroppedFilesTakeEmptyTabsFirst)
+{
+    const QString a = Run.Work.Write(QStringLiteral("a.conf"), "a: 1\n");
+    const QString b = Run.Work.Write(QStringLiteral("b.conf"), "b: 1\n");
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(a), QUrl(QStringLiteral("http://nowhere/c.conf")), QUrl::fromLocalFile(b)});
+    EXPECT_EQ(LocalFiles(data), QStringList({a, b}));
+    QDropEvent moved(QPointF(), Qt::MoveAction | Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    moved.setDropAction(Qt::MoveAction);
+    AcceptAsCopy(moved);
+    EXPECT_EQ(moved.dropAction(), Qt::CopyAction) << "a source that hears of a move takes its file away";
+    OpenDroppedFiles({a, b, a});
+    EXPECT_EQ(Frame.Documents[0].Path, a);
+    EXPECT_EQ(Frame.Documents[1].Path, b);
+    EXPECT_FALSE(Frame.Documents[2].Face.Visible);
+    EXPECT_EQ(Host().SelectedTab(), 0);
+    OpenDroppedFiles({Run.Work.Path({})});
+    EXPECT_EQ(Run.TakeMessages().size(), 1);
+    EXPECT_FALSE(Frame.Documents[2].Face.Visible) << "a folder takes no tab";
+}
+
+// Catches: a screen reader that starts after the program and finds panes without text, a setting that is not obeyed.
+TEST_F(MainWindowParts, PanesTellTheirTextWhileAReaderIsActive)
+{
+    const auto tells = [] {
+        return QAccessible::queryAccessibleInterface(WidgetOf(CurrentPane()))->textInterface() != nullptr;
+    };
+    {
+        const ScreenReader automatic(0);
+        QAccessible::setActive(false);
+        EXPECT_FALSE(tells());
+        QAccessible::setActive(true);
+        EXPECT_TRUE(tells());
+        QAccessible::setActive(false);
+        EXPECT_FALSE(tells());
+    }
+    const ScreenReader never(2);
+    QAccessible::setActive(true);
+    EXPECT_FALSE(tells());
+    QAccessible::setActive(false);
+}

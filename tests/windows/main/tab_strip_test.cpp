@@ -1,0 +1,108 @@
+#include "editor/make_pane.h"
+#include "windows/main/main_window_test.h"
+
+#include <QStackedWidget>
+
+using TabStripTest = MainWindowTest;
+
+// Catches: a right click that opens two tabs or none, one that the documents do not know, a ninth.
+TEST_F(TabStripTest, RightReleaseOpensATabUntilAllEightShow)
+{
+    for (int tab = 1; tab < 8; ++tab) {
+        ClickTab(0, Qt::RightButton);
+        EXPECT_EQ(Frame.CurrentTab, tab);
+        EXPECT_TRUE(Tabs()->isTabVisible(tab));
+        EXPECT_FALSE(tab < 7 && Tabs()->isTabVisible(tab + 1));
+    }
+    ClickTab(0, Qt::RightButton);
+    EXPECT_EQ(Host().SelectedTab(), 7);
+}
+
+// Catches: a tab whose pane comes in front while commands still work on another document, also when the button is
+// let go beside the tab.
+TEST_F(TabStripTest, LeftButtonActivatesTheDocument)
+{
+    Run.OpenInNewTab(Run.Work.Write(QStringLiteral("soundsinfo.conf"), "name: x\n"));
+    ClickTab(0, Qt::LeftButton);
+    EXPECT_EQ(Frame.CurrentTab, 0);
+    EXPECT_EQ(Frame.CurrentMode, ModeGfx);
+    EXPECT_TRUE(CurrentPane().Visible());
+    QTest::mousePress(Tabs(), Qt::LeftButton, {}, Tabs()->tabRect(1).center());
+    QTest::mouseRelease(Tabs(), Qt::LeftButton, {}, QPoint(-20, 200));
+    EXPECT_EQ(Frame.CurrentTab, 1);
+    EXPECT_EQ(Frame.CurrentMode, ModeSfx);
+    EXPECT_TRUE(WidgetOf(CurrentPane())->hasFocus());
+}
+
+// Catches: a middle click or close button that closes the current document instead of the one under the mouse, loses
+// unsaved text without the question, or hides tab 0.
+TEST_F(TabStripTest, MiddleReleaseAndCloseButtonCloseTheirTab)
+{
+    ClickTab(0, Qt::RightButton);
+    ProgramScope::Type(QStringLiteral("x"));
+    ClickTab(0, Qt::LeftButton);
+    Run.Scope.Answers.Buttons = {QStringLiteral("Cancel"), QStringLiteral("OK")};
+    ClickTab(1, Qt::MiddleButton);
+    EXPECT_EQ(Run.TakeMessages().size(), 1);
+    EXPECT_TRUE(Tabs()->isTabVisible(1));
+    ClickTab(0, Qt::LeftButton);
+    emit Tabs()->tabCloseRequested(1);
+    EXPECT_FALSE(Tabs()->isTabVisible(1));
+    EXPECT_EQ(Frame.CurrentTab, 0);
+    ClickTab(0, Qt::MiddleButton);
+    EXPECT_TRUE(Tabs()->isTabVisible(0));
+}
+
+// Catches: a hidden tab that becomes the current one, so that commands work on a text that nobody sees.
+TEST_F(TabStripTest, WheelAndKeysPassHiddenTabs)
+{
+    Window->show();
+    Tabs()->setFocus();
+    for (const Qt::Key key : {Qt::Key_Right, Qt::Key_End, Qt::Key_Left})
+        QTest::keyClick(Tabs(), key);
+    QWheelEvent turn(QPointF(5, 5), Tabs()->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
+                     false);
+    QCoreApplication::sendEvent(Tabs(), &turn);
+    EXPECT_EQ(Host().SelectedTab(), 0);
+    EXPECT_EQ(Frame.CurrentTab, 0);
+}
+
+// Catches: tabs that the keyboard cannot reach, a step that lands on a hidden tab or stops at the end.
+TEST_F(TabStripTest, KeysGoRoundTheVisibleTabs)
+{
+    ClickTab(0, Qt::RightButton);
+    ClickTab(0, Qt::RightButton);
+    Press(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(Frame.CurrentTab, 0);
+    Press(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(Frame.CurrentTab, 2);
+    Press(Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_EQ(Frame.CurrentTab, 1);
+    Press(Qt::Key_PageDown, Qt::ControlModifier);
+    EXPECT_EQ(Frame.CurrentTab, 2);
+    EXPECT_TRUE(WidgetOf(CurrentPane())->hasFocus());
+}
+
+// Catches: a flash that makes the component select a neighbour, or that leaves the tab dim.
+TEST_F(TabStripTest, FlashDimsTheTabAndKeepsItSelected)
+{
+    Run.OpenInNewTab(Run.Work.Write(QStringLiteral("a.conf"), "name: x\n"));
+    const QString path = Frame.Documents[1].Path;
+    ClickTab(0, Qt::LeftButton);
+    const QColor bright = Tabs()->tabTextColor(1);
+    OpenDocument(path, false);
+    EXPECT_TRUE(WaitUntil([&] { return Tabs()->tabTextColor(1) != bright; }));
+    EXPECT_EQ(Host().SelectedTab(), 1);
+    EXPECT_TRUE(WaitUntil([&] { return !Frame.Flashing; }));
+    EXPECT_EQ(Tabs()->tabTextColor(1), bright);
+}
+
+// Catches: captions eaten by the shortcut mark, pictures that do not follow the mode.
+TEST_F(TabStripTest, FaceShowsCaptionAndPicture)
+{
+    Host().SetTab(3, {true, QStringLiteral(" a&b"), ModeMus + 1, true});
+    EXPECT_EQ(Tabs()->tabText(3), QStringLiteral(" a&&b"));
+    const QImage before = Tabs()->tabIcon(3).pixmap(16).toImage();
+    Host().SetTab(3, {true, QStringLiteral(" a&b"), ModeLvl + 1, true});
+    EXPECT_NE(Tabs()->tabIcon(3).pixmap(16).toImage(), before);
+}

@@ -1,0 +1,367 @@
+#include "windows/sheet/frm_pcx.h"
+
+#include "conf/element_record.h"
+#include "frame/program_scope.h"
+#include "graphics/animation.h"
+#include "graphics/sheet.h"
+#include "windows/parts/dialog_support.h"
+#include "windows/sheet/sheet_view.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+namespace {
+
+constexpr QSize SmallSheet{4 * TileSize, 3 * TileSize};
+
+QString Text(QWidget& window, const char* box)
+{
+    return Part<QLineEdit>(window, box).text();
+}
+
+void Click(SheetView& view, QPoint tile, Qt::MouseButton button)
+{
+    const QPoint scrolled(view.horizontalScrollBar()->value(), view.verticalScrollBar()->value());
+    const int side = TileSize * view.Zoom();
+    QTest::mouseClick(view.viewport(), button, {}, tile * side + QPoint(side / 2, side / 2) - scrolled);
+}
+
+} // namespace
+
+class SheetWindow : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        Run.Start();
+        ResetConf();
+        ResetSheet();
+        ResetAnimation();
+        Run.OpenInNewTab(Run.Work.Write(QStringLiteral("graphicsinfo.conf"), "one\ntwo\n"));
+    }
+
+    void WriteSheet(QSize size, Qt::GlobalColor colour = Qt::blue) const
+    {
+        QImage image(size, QImage::Format_ARGB32);
+        image.fill(colour);
+        image.setPixelColor(size.width() - 1, size.height() - 1, Qt::red); // with none opaque all would count so
+        ASSERT_TRUE(image.save(Run.Work.Path() + QStringLiteral("/a.png")));
+    }
+
+    /// As a block in the text that names the sheet leaves it.
+    static void HoldBlock(int x, int y, int frames)
+    {
+        Conf.Element = ElementRecord{};
+        Conf.Element.ImageFile = QStringLiteral("a.png");
+        Conf.Element.BlockKey = QStringLiteral("zip");
+        Conf.Element.XPos = x;
+        Conf.Element.YPos = y;
+        Conf.Element.Frames = frames;
+        Conf.Element.StartFrame = -1;
+        Conf.Element.ElementOpen = true;
+        Conf.FieldFound.fill(1);
+    }
+
+    void Open(std::function<void(QWidget&, SheetView&)> act) const
+    {
+        Conf.MediaSource = 1;
+        Conf.MediaFile = QStringLiteral("a.png");
+        OnModal([act](QWidget& window) { act(window, Part<SheetView>(window, "picScroll")); });
+        frmPCX::Run(nullptr);
+    }
+
+    ProgramScope Run;
+};
+
+// Catches: buttons of the mouse exchanged, boxes that do not follow the marks, an end of play the game would not take.
+TEST_F(SheetWindow, ClicksMarkTheAnimation)
+{
+    WriteSheet(SmallSheet);
+    HoldBlock(1, 0, 2);
+    Open([](QWidget& window, SheetView& view) {
+        EXPECT_EQ(window.windowTitle(), QStringLiteral("zip - a.png"));
+        EXPECT_EQ(Text(window, "txtXpos"), QStringLiteral("1"));
+        EXPECT_EQ(Text(window, "txtStart"), QStringLiteral("None"));
+        Click(view, {2, 0}, Qt::LeftButton);
+        Click(view, {1, 2}, Qt::RightButton);
+        EXPECT_EQ(Text(window, "txtXpos") + Text(window, "txtYpos"), QStringLiteral("20"));
+        EXPECT_EQ(Text(window, "txtFrames"), QStringLiteral("8"));
+        Click(view, {0, 1}, Qt::MiddleButton);
+        EXPECT_EQ(Text(window, "txtStart"), QStringLiteral("2"));
+        EXPECT_EQ(Animation.CurrentFrame, 2 + 2 - 1) << "the run starts over in front of the marked tile";
+        view.setFocus();
+        QTest::keyClick(&view, Qt::Key_Right);
+        EXPECT_EQ(Text(window, "txtXpos"), QStringLiteral("3"));
+        EXPECT_EQ(Text(window, "txtFrames"), QStringLiteral("7"));
+        EXPECT_TRUE(Part<QPushButton>(window, "cmdQuit2").isEnabled());
+        auto& name = Part<QLineEdit>(window, "txtName");
+        name.setFocus();
+        name.setText(QStringLiteral("whole"));
+        name.home(false);
+        QTest::keyClick(&name, Qt::Key_D, Qt::ControlModifier);
+        EXPECT_FALSE(window.isVisible()) << "wherever the focus is";
+        EXPECT_EQ(name.text(), QStringLiteral("whole"));
+    });
+    EXPECT_EQ(Conf.Element.ImageFile, QStringLiteral("a.png"));
+}
+
+// Catches: a window on a file that is no picture, warnings lost or told against the user's wish.
+TEST_F(SheetWindow, TellsWhatIsWrongWithTheImage)
+{
+    Run.Work.Write(QStringLiteral("a.png"), "no picture");
+    Conf.MediaFile = QStringLiteral("a.png");
+    frmPCX::Run(nullptr);
+    EXPECT_EQ(Run.TakeMessages(), QStringList(QStringLiteral("Not a valid PCX image!")));
+
+    WriteSheet({40, 31});
+    HoldBlock(0, 0, 1);
+    Open([this](QWidget& window, SheetView& view) {
+        QCoreApplication::processEvents();
+        const QStringList told = Run.TakeMessages();
+        ASSERT_EQ(told.size(), 1);
+        EXPECT_TRUE(told.constFirst().startsWith(QStringLiteral("Image is smaller than 32 pixels.")));
+        EXPECT_FALSE(view.isEnabled());
+        for (const char* button : {"cmdQuit1", "cmdQuit2"})
+            EXPECT_FALSE(Part<QPushButton>(window, button).isEnabled()) << button;
+        EXPECT_TRUE(Part<QPushButton>(window, "cmdQuit0").isEnabled());
+    });
+    Conf.QuickPreview = true;
+    Open([this](QWidget&, SheetView&) {
+        QCoreApplication::processEvents();
+        EXPECT_EQ(Run.TakeMessages().size(), 1) << "the small window tells too";
+    });
+    Frame.Settings.Nags[2] = 0;
+    Open([this](QWidget&, SheetView&) {
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(Run.TakeMessages().isEmpty());
+    });
+}
+
+// Catches: a value taken at each key or never, a step of the wrong width, a number that overflows.
+TEST_F(SheetWindow, DelayIsTakenWhenItIsWhole)
+{
+    WriteSheet(SmallSheet);
+    HoldBlock(0, 0, 4);
+    Conf.Element.Delay = 4;
+    Open([](QWidget& window, SheetView&) {
+        auto& box = Part<QLineEdit>(window, "txtDelay");
+        const QColor taken = box.palette().color(QPalette::Text);
+        box.selectAll();
+        QTest::keyClicks(&box, QStringLiteral("1x2"));
+        EXPECT_EQ(Conf.Element.Delay, 1) << "a letter applies what was typed before it";
+        QTest::keyClicks(&box, QStringLiteral("3"));
+        EXPECT_EQ(box.palette().color(QPalette::Text), QColor(Qt::red));
+        QTest::keyClick(&box, Qt::Key_Return);
+        EXPECT_EQ(Conf.Element.Delay, 123);
+        EXPECT_EQ(box.palette().color(QPalette::Text), taken);
+        box.setText(QStringLiteral("12345678"));
+        QTest::keyClick(&box, Qt::Key_Return);
+        EXPECT_EQ(Conf.Element.Delay, 1);
+        auto* up = window.findChild<QWidget*>(QStringLiteral("cmdDelaySpin0"));
+        auto* down = window.findChild<QWidget*>(QStringLiteral("cmdDelaySpin1"));
+        QTest::mouseClick(up, Qt::RightButton);
+        QTest::mouseClick(up, Qt::MiddleButton);
+        QTest::mouseClick(down, Qt::LeftButton);
+        EXPECT_EQ(box.text(), QStringLiteral("15"));
+        QTest::mouseClick(down, Qt::RightButton);
+        QTest::mouseClick(down, Qt::RightButton);
+        EXPECT_EQ(Conf.Element.Delay, 1);
+    });
+}
+
+// Catches: a key put together in the wrong order, a block written beside the caret's line or in several undo steps.
+TEST_F(SheetWindow, MakesANewElement)
+{
+    WriteSheet(SmallSheet);
+    HoldBlock(0, 0, 1);
+    CurrentPane().SetSel({.StartLine = 1, .EndLine = 1}, false);
+    const QString before = CurrentPane().Text();
+    Open([this](QWidget& window, SheetView& view) {
+        Click(view, {2, 1}, Qt::LeftButton);
+        Part<QPushButton>(window, "cmdQuit1").click();
+        EXPECT_FALSE(view.isEnabled());
+        Part<QPushButton>(window, "cmdMakeElement").click();
+        EXPECT_EQ(Run.TakeMessages().size(), 1) << "no element chosen";
+        const auto choose = [&window](const char* list, const char* word) {
+            auto& words = Part<QListWidget>(window, list);
+            const auto found = words.findItems(QString::fromLatin1(word), Qt::MatchExactly);
+            ASSERT_EQ(found.size(), 1) << list << ' ' << word;
+            words.setCurrentItem(found.constFirst());
+        };
+        choose("lstElement", "yamyam");
+        choose("lstAction", "moving");
+        choose("lstDirection", "left");
+        for (QRadioButton* option : window.findChildren<QRadioButton*>())
+            option->setChecked(option->text() == QStringLiteral("Make A Full Element"));
+        Part<QPushButton>(window, "cmdMakeElement").click();
+        EXPECT_FALSE(window.isVisible());
+    });
+    const QStringList lines = CurrentPane().Text().split(QStringLiteral("\r\n"));
+    EXPECT_EQ(lines.at(0), QStringLiteral("one"));
+    EXPECT_TRUE(lines.at(1).startsWith(QStringLiteral("yamyam.moving.left:"))) << lines.at(1).toStdString();
+    EXPECT_TRUE(lines.at(2).startsWith(QStringLiteral("yamyam.moving.left.xpos:")));
+    EXPECT_TRUE(lines.contains(QStringLiteral("two")));
+    CurrentPane().ExecuteCmd(CmdUndo);
+    EXPECT_EQ(CurrentPane().Text(), before);
+    EXPECT_TRUE(Conf.Element.ImageFile.isEmpty());
+}
+
+// Catches: scrolling that begins a pixel early or late.
+TEST_F(SheetWindow, ScrollsFromOnePixelTooMany)
+{
+    for (const int more : {0, 1}) {
+        WriteSheet({770 + more, 521 + more});
+        HoldBlock(0, 0, 1);
+        Open([more](QWidget& window, SheetView& view) {
+            window.resize(window.sizeHint()); // the screen of the tests may be smaller
+            EXPECT_EQ(view.viewport()->size(), QSize(770, 521));
+            EXPECT_EQ(view.horizontalScrollBar()->maximum(), more);
+            EXPECT_EQ(view.verticalScrollBar()->maximum(), more);
+        });
+    }
+}
+
+// Catches: a tile that is lost when zoomed or scrolled, a first tile that is out of view, a press on less than a tile
+// that marks one the sheet has not.
+TEST_F(SheetWindow, ZoomsAndScrolls)
+{
+    WriteSheet({771 + 64, 1021});
+    HoldBlock(24, 30, 1);
+    Open([](QWidget& window, SheetView& view) {
+        const QRect seen = view.viewport()->rect();
+        const auto& bars = std::pair(view.horizontalScrollBar(), view.verticalScrollBar());
+        const auto place = [&](QPoint pixel) {
+            return pixel * view.Zoom() - QPoint(bars.first->value(), bars.second->value());
+        };
+        const QPoint first = QPoint(24, 30) * TileSize;
+        EXPECT_TRUE(seen.contains(place(first + QPoint(31, 31)))) << "at opening";
+        view.SetZoom(4);
+        EXPECT_TRUE(seen.contains(place(first)) && seen.contains(place(first + QPoint(31, 31))));
+        EXPECT_EQ(bars.first->maximum(), (771 + 64) * 4 - seen.width());
+        view.SetZoom(2);
+        QTest::mouseMove(view.viewport(), {100, 120});
+        auto* const told = window.findChild<QLabel*>(QStringLiteral("place"));
+        const QString before = told->text();
+        QWheelEvent wheel({100, 120}, view.viewport()->mapToGlobal(QPointF(100, 120)), {}, {0, 120}, {},
+                          Qt::ControlModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(view.viewport(), &wheel);
+        EXPECT_EQ(view.Zoom(), 4);
+        EXPECT_EQ(told->text(), before) << "the pixel under the mouse stays there";
+        bars.second->setValue(bars.second->value() - TileSize);
+        EXPECT_NE(told->text(), before) << "the sheet moved under the mouse";
+
+        bars.first->setValue(bars.first->maximum());
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, seen.topRight() - QPoint(3, -9));
+        EXPECT_EQ(Sheet.Start, QPoint(24, 30)) << "the last column is cut";
+        view.horizontalScrollBar()->setValue(TileSize * 4 * 3 + 5);
+        view.verticalScrollBar()->setValue(TileSize * 4 + 1);
+        Click(view, {4, 2}, Qt::LeftButton);
+        EXPECT_EQ(Sheet.Start, QPoint(4, 2));
+    });
+}
+
+// Catches: see-through pixels of the preview on the window's grey.
+TEST_F(SheetWindow, PreviewStandsOnTheChosenGround)
+{
+    WriteSheet(SmallSheet, Qt::transparent);
+    HoldBlock(0, 0, 1);
+    Open([](QWidget& window, SheetView&) {
+        const auto& shown = Part<QLabel>(window, "picPreview");
+        ASSERT_TRUE(QTest::qWaitFor([&shown] { return !shown.pixmap().isNull(); })) << "the first tick";
+        const std::pair<const char*, QColor> grounds[] = {
+            {"White", Qt::white}, {"Black", Qt::black}, {"Checker", QColor(0x99, 0x99, 0x99)}};
+        for (const auto& [name, colour] : grounds)
+            for (QAction* action : window.findChildren<QAction*>()) {
+                if (action->text() != QLatin1String(name))
+                    continue;
+                action->trigger();
+                EXPECT_EQ(shown.pixmap().toImage().pixelColor(1, 1), colour) << name;
+            }
+    });
+}
+
+// Catches: a sheet that still shows what was painted over outside, marks lost by it.
+TEST_F(SheetWindow, FollowsTheFile)
+{
+    WriteSheet(SmallSheet, Qt::blue);
+    HoldBlock(1, 1, 2);
+    Open([this](QWidget&, SheetView&) {
+        QTest::qWait(20); // another second or size for the file's facts
+        WriteSheet({SmallSheet.width() * 2, SmallSheet.height()}, Qt::red);
+        EXPECT_TRUE(QTest::qWaitFor([] { return Sheet.Picture.pixelColor(1, 1) == QColor(Qt::red); }));
+        EXPECT_EQ(Sheet.SheetColumns, 8);
+        EXPECT_EQ(Sheet.Start, QPoint(1, 1));
+    });
+}
+
+// Catches: a preview with the tools of the big window, one that stays when the mouse has left against the setting.
+TEST_F(SheetWindow, QuickPreviewIsSmallAndLeavesWithTheMouse)
+{
+    WriteSheet(SmallSheet);
+    HoldBlock(0, 0, 3);
+    Conf.Element.ElementName = QStringLiteral("A zip");
+    Conf.QuickPreview = true;
+    Frame.Settings.QuickClose = 1;
+    Open([](QWidget& window, SheetView& view) {
+        EXPECT_EQ(window.windowTitle(), QStringLiteral("A zip"));
+        EXPECT_FALSE(view.isVisible());
+        EXPECT_TRUE(window.findChild<QWidget*>(QStringLiteral("picPreview"))->isVisible());
+        QEvent left(QEvent::Leave);
+        QCoreApplication::sendEvent(&window, &left);
+        EXPECT_FALSE(window.isVisible());
+    });
+}
+
+// Catches: a held preview that goes on showing the run before, a single frame that does not move.
+TEST_F(SheetWindow, HeldPreviewShowsWhatIsMarked)
+{
+    WriteSheet(SmallSheet);
+    HoldBlock(0, 0, 2);
+    Open([](QWidget& window, SheetView& view) {
+        const auto trigger = [&](const QString& caption) {
+            for (QAction* action : window.findChildren<QAction*>())
+                if (action->text() == caption)
+                    action->trigger();
+        };
+        const auto& current = Part<QLineEdit>(window, "txtCurrent");
+        trigger(QStringLiteral("Pause"));
+        Click(view, {1, 0}, Qt::LeftButton);
+        Click(view, {3, 0}, Qt::RightButton);
+        EXPECT_EQ(current.text(), QStringLiteral("1"));
+        trigger(QStringLiteral("Single Frame"));
+        EXPECT_EQ(current.text(), QStringLiteral("2"));
+    });
+}
+
+// Catches: a macro's pick that can write into the text, a prompt that widens the window, a preview that takes presses.
+TEST_F(SheetWindow, MacroPicksAndPreviews)
+{
+    WriteSheet(SmallSheet);
+    const QString file = Run.Work.Path() + QStringLiteral("/a.png");
+    int width = 0;
+    OnModal([&](QWidget& window) {
+        width = window.width();
+        EXPECT_EQ(window.windowTitle(), QStringLiteral("Gemforge BASIC - PickFromPCX"));
+        EXPECT_FALSE(Part<QPushButton>(window, "cmdQuit1").isEnabled());
+        EXPECT_FALSE(Part<QPushButton>(window, "cmdQuit2").isEnabled());
+        Click(Part<SheetView>(window, "picScroll"), {3, 1}, Qt::LeftButton);
+    });
+    PickFromSheet(nullptr, file, QStringLiteral("Pick a tile"));
+    EXPECT_EQ(Conf.Element.XPos, 3);
+    OnModal([&](QWidget& window) { EXPECT_EQ(window.width(), width); });
+    PickFromSheet(nullptr, file, QStringLiteral("Pick a tile ").repeated(400));
+    OnModal([](QWidget& window) {
+        EXPECT_EQ(window.windowTitle(), QStringLiteral("Gemforge BASIC - Preview"));
+        EXPECT_FALSE(window.findChild<QWidget*>(QStringLiteral("Picture1"))->isVisible());
+        Click(Part<SheetView>(window, "picScroll"), {1, 1}, Qt::LeftButton);
+        EXPECT_FALSE(Sheet.Start);
+    });
+    PickFromSheet(nullptr, file, QStringLiteral("PREVIEW"));
+}
