@@ -28,7 +28,9 @@ struct PlatformState
     std::atomic<int> SignalPipe{-1};         ///< where the signal handler writes
     std::unique_ptr<images::Service> Images; ///< none before the first image
     std::unique_ptr<PlayerProcess> Player;   ///< none before the first sound
-    std::unique_ptr<X11Connection> Windows;  ///< none before the first window of another program
+    /// None before the first window of another program. Shared, so that this file, which every program has, brings
+    /// no X11 with it.
+    std::shared_ptr<X11Connection> Windows;
 };
 
 extern PlatformState Platform;
