@@ -2,6 +2,7 @@
 
 #include "platform/image_service.h"
 #include "platform/player_process.h"
+#include "platform/x11_connection.h"
 
 PlatformState Platform;
 

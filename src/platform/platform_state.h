@@ -11,6 +11,7 @@ class Service;
 }
 
 class PlayerProcess;
+class X11Connection;
 
 namespace processes {
 class Wait;
@@ -27,6 +28,7 @@ struct PlatformState
     std::atomic<int> SignalPipe{-1};         ///< where the signal handler writes
     std::unique_ptr<images::Service> Images; ///< none before the first image
     std::unique_ptr<PlayerProcess> Player;   ///< none before the first sound
+    std::unique_ptr<X11Connection> Windows;  ///< none before the first window of another program
 };
 
 extern PlatformState Platform;
