@@ -1,6 +1,7 @@
 #include "platform/images.h"
 
 #include "platform/image_service.h"
+#include "platform/picture_maker.h"
 #include "platform/platform_state.h"
 
 #include <QCoreApplication>
@@ -50,6 +51,7 @@ void Warm()
 void Stop()
 {
     Platform.Images.reset();
+    Platform.Maker.reset();
 }
 
 } // namespace images

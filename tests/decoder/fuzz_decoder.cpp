@@ -24,7 +24,7 @@ QString FuzzMessages(Bytes bytes)
     if (!std::ranges::equal(Pack(*answer), bytes))
         return QStringLiteral("an answer was taken for another");
     const bool sized = WithinLimits(answer->Width, answer->Height);
-    if (answer->How == Outcome::Done ? !sized : PixelBytes(*answer) != 0 || answer->Width != 0)
+    if (answer->How == Outcome::Done ? !sized : PayloadBytes(*answer) != 0 || answer->Width != 0)
         return QStringLiteral("an answer promises too much");
     return {};
 }
