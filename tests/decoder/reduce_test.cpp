@@ -148,8 +148,9 @@ TEST(ReduceImage, GifKeepsAGivenPalette)
     const QImage read = QImage::fromData(file, "GIF");
     QByteArray palette;
     for (const QRgb colour : colours)
-        palette += QByteArray({char(qRed(colour)), char(qGreen(colour)), char(qBlue(colour))});
-    EXPECT_EQ(file.mid(13, 768), palette);
+        for (const int part : {qRed(colour), qGreen(colour), qBlue(colour)})
+            palette += char(part);
+    EXPECT_TRUE(file.contains(palette));
     EXPECT_EQ(read.convertToFormat(QImage::Format_RGB32), picture.convertToFormat(QImage::Format_RGB32));
 
     QRandomGenerator random(3);

@@ -10,7 +10,7 @@ namespace decoder {
 namespace {
 
 /// Work on a pixel beside what decoding one costs.
-constexpr std::uint64_t WorkOf[] = {8, 400};
+constexpr std::uint64_t WorkOf[] = {8, 200};
 
 using Colour = std::uint32_t; ///< 0xRRGGBB
 constexpr Colour Black = 0;
