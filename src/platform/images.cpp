@@ -28,6 +28,11 @@ Result<Picture> Load(const QString& path, int kind)
     return TheService().Load(path, kind);
 }
 
+Result<Picture> LoadAny(const QString& path)
+{
+    return Load(path, ImageKindOfFile(path));
+}
+
 void LoadLater(const QString& path, QObject* context, PictureReady ready, int kind)
 {
     TheService().LoadLater(path, kind, context, std::move(ready));
