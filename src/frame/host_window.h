@@ -15,7 +15,7 @@ struct TabFace
     bool Enabled = true;
 };
 
-enum class ToolWindow { Project, About, Inject };
+enum class ToolWindow { Project, About, Inject, PCXLab, AVI2BMP };
 
 /// The main window as the rooms below it see it; frmmain implements it, and so does the host without a window.
 class HostWindow

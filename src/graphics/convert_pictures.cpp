@@ -49,8 +49,8 @@ QStringList PicturesIn(const QString& folder)
 {
     QStringList files;
     for (const QString& name : QDir(folder).entryList(QDir::Files))
-        if (ImageKindOfName(name) >= 0)
-            files << paths::Closed(folder) + name;
+        if (const QString path = paths::Closed(folder) + name; ImageKindOfFile(path) >= 0)
+            files << path;
     std::sort(files.begin(), files.end(), NaturallyBefore);
     return files;
 }

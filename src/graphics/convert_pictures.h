@@ -21,7 +21,7 @@ struct ConversionPlan
 [[nodiscard]] Result<> ConvertPicture(const QString& from, const QString& to, const ConversionPlan& plan,
                                       const Turn& turn = {});
 
-/// The files of a folder that are pictures by their name, in the order people count them.
+/// The files of a folder that are pictures by their name or bytes, in the order people count them.
 QStringList PicturesIn(const QString& folder);
 
 struct ConversionReport
