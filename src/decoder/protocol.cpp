@@ -1,6 +1,6 @@
 #include "decoder/protocol.h"
 
-#include <cstring>
+#include "decoder/words.h"
 
 namespace decoder {
 
@@ -9,29 +9,6 @@ namespace {
 constexpr std::uint32_t RequestMark = 0x47464433, AnswerMark = 0x47464134;
 constexpr std::uint32_t EndsEarlyFlag = 1, AlphaFlag = 2, KnownFlags = 3;
 constexpr std::uint32_t MostBits = 128;
-
-template <std::size_t Size>
-using Words = std::array<std::uint32_t, Size>;
-
-template <std::size_t Size>
-std::array<std::byte, Size * 4> ToBytes(const Words<Size>& words)
-{
-    std::array<std::byte, Size * 4> bytes;
-    std::memcpy(bytes.data(), words.data(), bytes.size());
-    return bytes;
-}
-
-template <std::size_t Size>
-std::optional<Words<Size>> ToWords(Bytes bytes, std::uint32_t mark)
-{
-    Words<Size> words;
-    if (bytes.size() != sizeof(words))
-        return {};
-    std::memcpy(words.data(), bytes.data(), bytes.size());
-    if (words[0] != mark)
-        return {};
-    return words;
-}
 
 bool Plausible(const Answer& answer)
 {

@@ -12,8 +12,8 @@ struct ConversionPlan
 {
     PictureForm Form = PictureForm::Pcx;
     std::optional<images::Reduction> Fewer = {}; ///< with a palette; else 24 bits
-    bool SeeThroughBlack = true;            ///< see OverBlack
-    bool Overwrite = false;                 ///< files that are there already
+    bool SeeThroughBlack = true;                 ///< see OverBlack
+    bool Overwrite = false;                      ///< files that are there already
 };
 
 /// Converts one picture of any kind; the ending of `to` tells the form. Failure: path and reason, and nothing is

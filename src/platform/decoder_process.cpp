@@ -2,11 +2,11 @@
 
 #include "decoder/channel.h"
 #include "platform/file_steps.h"
+#include "platform/helper_socket.h"
 #include "platform/helper_start.h"
 
 #include <QElapsedTimer>
 #include <csignal>
-#include <poll.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -25,7 +25,7 @@ private:
 
 namespace {
 
-constexpr int Glance = 50; ///< ms between looks at whether the wait was given up
+constexpr int Glance = 50; ///< ms between looks at whether the wait was given up or is over
 
 decoder::Payload PayloadOf(const decoder::Request& request, const decoder::Answer& answer)
 {
@@ -128,19 +128,6 @@ DecoderProcess::Fate DecoderProcess::ReceivePayload(Reply& reply, const Deadline
 
 DecoderProcess::Fate DecoderProcess::Receive(std::span<std::byte> bytes, const Deadline& deadline) const
 {
-    while (!bytes.empty()) {
-        pollfd wait{socket, POLLIN, 0};
-        const int left = deadline.Left();
-        if (left == 0 || givenUp)
-            return Fate::TimedOut;
-        if (Persist([&] { return poll(&wait, 1, std::min(left, Glance)); }) == 0)
-            continue;
-        const ssize_t got = Persist([&] { return recv(socket, bytes.data(), bytes.size(), MSG_DONTWAIT); });
-        if (got < 0 && errno == EAGAIN)
-            continue;
-        if (got <= 0)
-            return Fate::Fault;
-        bytes = bytes.subspan(size_t(got));
-    }
-    return Fate::Answered;
+    constexpr Fate Fates[] = {Fate::Answered, Fate::Fault, Fate::TimedOut};
+    return Fates[int(ReceiveFrom(socket, bytes, Glance, [&] { return deadline.Left() > 0 && !givenUp; }))];
 }

@@ -1,6 +1,6 @@
 #include "windows/images/frm_many_pictures.h"
 
-#include "frame/host_window.h"
+#include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
 #include "frame/messages/asker.h"
 #include "graphics/convert_pictures.h"
@@ -277,14 +277,14 @@ void frmManyPictures::Convert()
         return;
     }
     ConversionReport report;
-    Host().BusyPointer(true);
+    Busy().BusyPointer(true);
     strip->Run(Pictures(files.size()), int(files.size()), [&](const Turn& turn) {
         report = ConvertPictures(files, folder, Plan(), [&](int done) {
             strip->Tell(done, paths::FileNameOfPath(files.at(done)));
             return turn();
         });
     });
-    Host().BusyPointer(false);
+    Busy().BusyPointer(false);
     Report(report);
 }
 

@@ -1,7 +1,7 @@
 #include "windows/images/frm_pcx_lab.h"
 
 #include "frame/frame_state.h"
-#include "frame/host_window.h"
+#include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
 #include "frame/messages/asker.h"
 #include "graphics/picture_lab.h"
@@ -60,9 +60,9 @@ void frmPCXLab::AskForPicture()
 
 void frmPCXLab::Load(const QString& path)
 {
-    Host().BusyPointer(true);
+    Busy().BusyPointer(true);
     const Result<> done = LoadAnyImage(path);
-    Host().BusyPointer(false);
+    Busy().BusyPointer(false);
     if (!done) {
         if (done.error().Path == path)
             ShowMessage(LabBadImage);
@@ -108,10 +108,10 @@ void frmPCXLab::Convert()
                                     optQuant[0]->isChecked() ? images::Quantizer::Wu : images::Quantizer::NeuQuant,
                                 .KeepBlack = chkKeepBlack->isChecked()};
     Result<> done;
-    Host().BusyPointer(true);
+    Busy().BusyPointer(true);
     const bool whole = strip->Run(QStringLiteral("Reducing the colours"), 0,
                                   [&](const Turn& turn) { done = ConvertColours(how, turn); });
-    Host().BusyPointer(false);
+    Busy().BusyPointer(false);
     if (!done) {
         if (whole)
             ShowMessage(MessagePathError, done.error().Text());
@@ -131,9 +131,9 @@ void frmPCXLab::Save()
     const auto path = Ask().SaveFile(question);
     if (!path || (paths::FileExists(*path) && ShowMessage(FileExistsQuestion) == LabCancel))
         return;
-    Host().BusyPointer(true);
+    Busy().BusyPointer(true);
     const Result<> done = WritePicture(*path, Lab.After, Lab.SaveTag);
-    Host().BusyPointer(false);
+    Busy().BusyPointer(false);
     if (!done) {
         ShowMessage(MessagePathError, done.error().Text());
         return;

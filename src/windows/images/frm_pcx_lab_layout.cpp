@@ -1,4 +1,4 @@
-#include "frame/host_window.h"
+#include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
 #include "graphics/picture_lab.h"
 #include "windows/images/frm_pcx_lab.h"

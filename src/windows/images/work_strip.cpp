@@ -1,10 +1,10 @@
 #include "windows/images/work_strip.h"
 
-#include "frame/frame_state.h"
+#include "frame/run_scope.h"
 
 #include <QCoreApplication>
 #include <QHBoxLayout>
-#include <QKeyEvent>
+#include <QEvent>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -13,23 +13,6 @@
 namespace {
 
 constexpr qint64 Moment = 300; ///< ms after which the strip shows
-constexpr qint64 Beat = 20;    ///< ms between events
-
-bool IsInput(QEvent::Type type)
-{
-    constexpr QEvent::Type Inputs[] = {QEvent::MouseButtonPress,
-                                       QEvent::MouseButtonRelease,
-                                       QEvent::MouseButtonDblClick,
-                                       QEvent::Wheel,
-                                       QEvent::KeyPress,
-                                       QEvent::KeyRelease,
-                                       QEvent::ShortcutOverride,
-                                       QEvent::ContextMenu,
-                                       QEvent::DragEnter,
-                                       QEvent::Drop,
-                                       QEvent::Close};
-    return std::find(std::begin(Inputs), std::end(Inputs), type) != std::end(Inputs);
-}
 
 } // namespace
 
@@ -45,7 +28,6 @@ WorkStrip::WorkStrip(QWidget* window)
     cmdStop->setAutoDefault(false);
     cmdStop->setFocusPolicy(Qt::NoFocus);
     cmdStop->setToolTip(QStringLiteral("Stop (Esc)"));
-    connect(cmdStop, &QPushButton::clicked, this, &WorkStrip::Stop);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins({});
     row->addWidget(label, 1);
@@ -59,22 +41,21 @@ WorkStrip::WorkStrip(QWidget* window)
 
 bool WorkStrip::Run(const QString& what, int most, const std::function<void(const Turn&)>& work)
 {
-    const WorkScope scope;
+    RunScope run(RunKind::Pass, what);
+    scope = &run;
     label->setText(what);
     bar->setRange(0, most);
     bar->setValue(0);
-    running = true;
-    stopped = closing = false;
+    closing = false;
     sinceStart.start();
-    sinceTurn.start();
     QCoreApplication::instance()->installEventFilter(this);
     work([this] { return TakeTurn(); });
     QCoreApplication::instance()->removeEventFilter(this);
-    running = false;
+    scope = nullptr;
     hide();
     if (closing)
         QTimer::singleShot(0, window(), &QWidget::close);
-    return !stopped;
+    return !run.Stopped();
 }
 
 void WorkStrip::Tell(int done, const QString& what)
@@ -86,34 +67,20 @@ void WorkStrip::Tell(int done, const QString& what)
 
 bool WorkStrip::TakeTurn()
 {
-    if (sinceTurn.elapsed() < Beat && !stopped)
-        return true;
     if (isHidden() && sinceStart.elapsed() > Moment)
         show();
-    QCoreApplication::processEvents();
-    sinceTurn.start();
-    stopped = stopped || Frame.StopRequested;
-    return !stopped;
+    return scope->Turn();
 }
 
-bool WorkStrip::IsOfWindow(const QObject* part) const
-{
-    for (; part; part = part->parent())
-        if (part == window())
-            return true;
-    return false;
-}
-
+/// Goes before what holds back all input from a pass.
 bool WorkStrip::eventFilter(QObject* watched, QEvent* event)
 {
-    if (!IsInput(event->type()) || !watched->isWidgetType() || !IsOfWindow(watched) || watched == cmdStop)
+    if (watched == cmdStop && event->type() == QEvent::MouseButtonPress)
+        scope->Stop(StopReason::Break);
+    if (watched != window() || event->type() != QEvent::Close)
         return false;
-    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape)
-        Stop();
-    if (event->type() == QEvent::Close) {
-        closing = true;
-        Stop();
-        event->ignore();
-    }
+    closing = true;
+    scope->Stop(StopReason::Close);
+    event->ignore();
     return true;
 }

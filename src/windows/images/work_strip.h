@@ -8,9 +8,10 @@
 class QLabel;
 class QProgressBar;
 class QPushButton;
+class RunScope;
 
 /// A line at a window's foot that tells of work in progress: what it is, how far it has come, a button that stops it.
-/// It shows only while work takes longer than a moment. Meanwhile the window takes no other input; Esc and closing the
+/// It shows only while work takes longer than a moment. Meanwhile no window takes other input; Esc and closing the
 /// window stop as the button does, and the window is closed once the work has returned.
 class WorkStrip : public QWidget
 {
@@ -18,8 +19,6 @@ class WorkStrip : public QWidget
 
 public:
     explicit WorkStrip(QWidget* window);
-
-    bool Runs() const { return running; }
 
     /// Runs `work` with a turn to call. False if it was stopped. `most`: what Tell counts up to, 0 for no telling.
     bool Run(const QString& what, int most, const std::function<void(const Turn&)>& work);
@@ -30,12 +29,11 @@ protected:
 
 private:
     bool TakeTurn();
-    void Stop() { stopped = true; }
-    bool IsOfWindow(const QObject* part) const;
 
     QLabel* label;
     QProgressBar* bar;
     QPushButton* cmdStop;
-    bool running = false, stopped = false, closing = false;
-    QElapsedTimer sinceStart, sinceTurn;
+    RunScope* scope = nullptr; ///< of the work in progress
+    bool closing = false;
+    QElapsedTimer sinceStart;
 };

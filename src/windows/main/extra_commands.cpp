@@ -1,4 +1,5 @@
 #include "conf/headline.h"
+#include "frame/host_ports.h"
 #include "windows/main/command_table.h"
 #include "windows/parts/pane_commands.h"
 
@@ -9,8 +10,8 @@ namespace {
 template <ToolWindow Tool>
 void OpenToolAndFocus()
 {
-    Host().OpenTool(Tool);
-    Host().FocusPane();
+    Tools().OpenTool(Tool);
+    Panes().FocusPane();
 }
 
 } // namespace
@@ -22,9 +23,9 @@ std::span<const CommandRow> ExtraCommands()
         CommandRow{"mnuRndWizard", "Game Structure Wizard", "", tbExtra, "game_structure_wizard", nullptr, NoFlags,
                    NotThere},
         CommandRow{"mnuRNDLevPal", "Make Level Preview Palette", "", tbExtra, "make_level_palette", nullptr, NoFlags,
-                   NotThere},
+                   NotThere, InMode(ModeGfx), InMode(ModeGfx)},
         CommandRow{"mnuExtraHeadline", "Make Editor Headline", "", tbExtra, "make_headline", nullptr, SeparatorBehind,
-                   MakeHeadline},
+                   MakeHeadline, InMode(ModeEdi), InMode(ModeEdi)},
         CommandRow{"mnuExtraPCXLab", "PCX Lab", "", tbExtra, "pcx_lab", nullptr, NoFlags,
                    OpenToolAndFocus<ToolWindow::PCXLab>},
         CommandRow{"mnuExtraAVI", "AVI To Bitmap", "", tbExtra, "avi_to_bitmap", nullptr, SeparatorBehind, NotThere},
