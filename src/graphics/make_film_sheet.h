@@ -9,9 +9,9 @@
 /// What is made a sheet of, and how.
 struct FilmPlan
 {
-    int Tiles = 16;         ///< across
-    bool IgnoreDups = true; ///< a frame that repeats the one before takes no tile
-    films::Plan Frames;     ///< what becomes of frames that are no tile
+    int Tiles = 16;          ///< across
+    bool IgnoreDups = true;  ///< a frame that repeats the one before takes no tile
+    films::Plan Frames = {}; ///< what becomes of frames that are no tile
 };
 
 struct FilmReport

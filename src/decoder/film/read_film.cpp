@@ -116,12 +116,14 @@ private:
     /// A film that counts its frames may leave some out, which stay as they were.
     void Take()
     {
-        const std::int64_t told = picture->best_effort_timestamp;
-        const bool counts = source.CountsFrames() && told != AV_NOPTS_VALUE && told > next && told - next < LongestHole;
-        while (wanted && hasTile && counts && next < told)
-            Show();
-        if (counts)
-            next = told;
+        if (const std::int64_t told = picture->best_effort_timestamp; source.CountsFrames() && told != AV_NOPTS_VALUE) {
+            if (!first)
+                first = told - next;
+            const std::int64_t due = std::min(told - *first, next + LongestHole);
+            while (wanted && hasTile && next < due)
+                Show();
+            next = std::max(next, due);
+        }
         Tile made;
         if (maker.Make(*picture, made)) {
             tile = made;
@@ -144,7 +146,8 @@ private:
     Picture picture;
     Tile tile{};
     bool hasTile = false, wanted = true;
-    std::int64_t next = 0;
+    std::int64_t next = 0;             ///< the number of the next frame
+    std::optional<std::int64_t> first; ///< the time of frame 0
 };
 
 } // namespace

@@ -14,10 +14,10 @@ namespace {
 constexpr int Side = int(TileSide);
 constexpr int Exactly = SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT | SWS_FULL_CHR_H_INP | SWS_BITEXACT;
 
-/// Blocks stay blocks where every pixel becomes a whole number of them.
+/// Blocks stay blocks where every pixel becomes a whole number of them, more than one.
 int MethodFor(int width, int height)
 {
-    if (Side % width == 0 && Side % height == 0)
+    if (Side % width == 0 && Side % height == 0 && (width < Side || height < Side))
         return SWS_POINT | Exactly;
     return (width > Side && height > Side ? SWS_AREA : SWS_BICUBIC) | Exactly;
 }
@@ -48,18 +48,28 @@ bool HasAlpha(int format)
     return known && (known->flags & AV_PIX_FMT_FLAG_ALPHA);
 }
 
-/// Black is see-through in the game: what shows nothing becomes black, and black that shows the next lighter colour.
-void FlattenPixel(const std::uint8_t* from, std::uint8_t* to)
+using Whole = std::array<std::uint8_t, std::size_t(Side* Side) * 4>; ///< of four channels
+
+bool SomeSeeThrough(const Whole& pixels)
+{
+    for (std::size_t alpha = 3; alpha < pixels.size(); alpha += 4)
+        if (pixels[alpha] != 0xff)
+            return true;
+    return false;
+}
+
+/// Black is see-through in the game: what shows nothing becomes black and, where there is such, black that shows the
+/// next lighter colour.
+void Flatten(const Whole& from, std::uint8_t* to)
 {
     constexpr int MostlySeen = 128;
-    const int alpha = from[3];
-    bool black = true;
-    for (int i = 0; i < 3; ++i) {
-        to[i] = std::uint8_t((from[i] * alpha + 127) / 255);
-        black = black && to[i] == 0;
+    const bool lifts = SomeSeeThrough(from);
+    for (auto pixel = from.begin(); pixel != from.end(); pixel += 4, to += 3) {
+        const int alpha = pixel[3];
+        std::transform(pixel, pixel + 3, to, [=](int channel) { return std::uint8_t((channel * alpha + 127) / 255); });
+        if (lifts && alpha >= MostlySeen && std::all_of(to, to + 3, [](int channel) { return channel == 0; }))
+            std::fill(to, to + 3, std::uint8_t(1));
     }
-    if (black && alpha >= MostlySeen)
-        std::fill(to, to + 3, std::uint8_t(1));
 }
 
 /// Of the film's own colours; a film that does not say is told by its height.
@@ -122,11 +132,10 @@ bool TileMaker::Make(AVFrame& frame, Tile& tile)
     auto* const to = reinterpret_cast<std::uint8_t*>(tile.data());
     if (!HasAlpha(frame.format))
         return Scale(frame, AV_PIX_FMT_BGR24, to, Side * 3);
-    std::array<std::uint8_t, std::size_t(Side * Side) * 4> whole;
+    Whole whole;
     if (!Scale(frame, AV_PIX_FMT_BGRA, whole.data(), Side * 4))
         return false;
-    for (int pixel = 0; pixel < Side * Side; ++pixel)
-        FlattenPixel(whole.data() + pixel * 4, to + pixel * 3);
+    Flatten(whole, to);
     return true;
 }
 
