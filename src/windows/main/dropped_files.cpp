@@ -3,13 +3,11 @@
 #include "frame/documents/documents.h"
 #include "frame/files/file_commands.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
 #include "platform/paths.h"
 
-#include <QDropEvent>
 #include <QFileInfo>
-#include <QMimeData>
-#include <QUrl>
 #include <algorithm>
 
 namespace {
@@ -28,30 +26,15 @@ bool MakeRoom()
     const Document& current = Frame.Documents.at(Frame.CurrentTab);
     if (!HasFile(current) && !CurrentPane().Modified())
         return true;
-    const int before = Host().SelectedTab();
+    const int before = Panes().SelectedTab();
     OpenNewTab();
-    if (Host().SelectedTab() == before)
+    if (Panes().SelectedTab() == before)
         return MayGiveUp(CurrentPane());
     ActivateTab();
     return true;
 }
 
 } // namespace
-
-QStringList LocalFiles(const QMimeData& data)
-{
-    QStringList files;
-    for (const QUrl& url : data.urls())
-        if (url.isLocalFile())
-            files << url.toLocalFile();
-    return files;
-}
-
-void AcceptAsCopy(QDropEvent& event)
-{
-    event.setDropAction(Qt::CopyAction);
-    event.accept();
-}
 
 void OpenDroppedFiles(const QStringList& files)
 {
@@ -78,7 +61,7 @@ void DropIntoText(const QStringList& files, const Range& at)
     }
     if (!names.isEmpty() && CurrentPane().SetSel(at, false)) {
         InsertFileName(names.join(u' '));
-        Host().FocusPane();
+        Panes().FocusPane();
     }
     OpenDroppedFiles(others);
 }

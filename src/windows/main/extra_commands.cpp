@@ -1,7 +1,20 @@
 #include "conf/headline.h"
+#include "frame/host_ports.h"
 #include "windows/main/command_table.h"
+#include "windows/parts/pane_commands.h"
 
 #include <array>
+
+namespace {
+
+template <ToolWindow Tool>
+void OpenToolAndFocus()
+{
+    Tools().OpenTool(Tool);
+    Panes().FocusPane();
+}
+
+} // namespace
 
 std::span<const CommandRow> ExtraCommands()
 {
@@ -10,10 +23,11 @@ std::span<const CommandRow> ExtraCommands()
         CommandRow{"mnuRndWizard", "Game Structure Wizard", "", tbExtra, "game_structure_wizard", nullptr, NoFlags,
                    NotThere},
         CommandRow{"mnuRNDLevPal", "Make Level Preview Palette", "", tbExtra, "make_level_palette", nullptr, NoFlags,
-                   NotThere},
+                   NotThere, InMode(ModeGfx), InMode(ModeGfx)},
         CommandRow{"mnuExtraHeadline", "Make Editor Headline", "", tbExtra, "make_headline", nullptr, SeparatorBehind,
-                   MakeHeadline},
-        CommandRow{"mnuExtraPCXLab", "PCX Lab", "", tbExtra, "pcx_lab", nullptr, NoFlags, NotThere},
+                   MakeHeadline, InMode(ModeEdi), InMode(ModeEdi)},
+        CommandRow{"mnuExtraPCXLab", "PCX Lab", "", tbExtra, "pcx_lab", nullptr, NoFlags,
+                   OpenToolAndFocus<ToolWindow::PCXLab>},
         CommandRow{"mnuExtraAVI", "AVI To Bitmap", "", tbExtra, "avi_to_bitmap", nullptr, SeparatorBehind, NotThere},
         CommandRow{"mnubasic", "Gemforge BASIC", "", tbExtra, "basic", nullptr, NoFlags, NotThere},
     };
