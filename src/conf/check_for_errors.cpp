@@ -25,9 +25,9 @@ void CheckForErrors()
     Host().HideProgress();
     if (found) {
         pane.ExecuteCmd(CmdGotoLine, found->Line);
-        ShowMessage(121, found->Messages.join(QLatin1Char('^')) + QLatin1Char('^'));
+        ShowMessage(message::ConfErrors, found->Messages.join(QLatin1Char('^')) + QLatin1Char('^'));
     } else {
-        ShowMessage(120);
+        ShowMessage(message::NoConfErrors);
     }
     Host().FocusPane();
 }

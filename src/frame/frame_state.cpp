@@ -22,9 +22,3 @@ HostWindow& Host()
     Q_ASSERT(Frame.Host);
     return *Frame.Host;
 }
-
-Asker& Ask()
-{
-    Q_ASSERT(Frame.Ask);
-    return *Frame.Ask;
-}

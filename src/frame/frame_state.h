@@ -63,7 +63,6 @@ void ResetFrame();
 
 void InstallHost(HostWindow& host, Asker& asker);
 HostWindow& Host();
-Asker& Ask();
 
 /// Counts one running piece of work for its scope.
 class WorkScope

@@ -165,7 +165,7 @@ void LoadSettings()
         ApplyViewSetting(id, ViewSetting(id));
     reader.WriteBack();
     if (!reader.Corrected().isEmpty())
-        ShowMessage(MessageSettingsBroken, FirstOf(reader.Corrected()));
+        ShowMessage(message::SettingsBroken, FirstOf(reader.Corrected()));
 }
 
 int ViewSetting(int id)

@@ -86,11 +86,11 @@ bool PrepareStart(const StartFolders& folders, const QStringList& arguments)
 
     const QString missing = MissingTable();
     if (!missing.isEmpty()) {
-        ShowMessage(2, paths::Native(missing));
+        ShowMessage(message::FileMissing, paths::Native(missing));
         return false;
     }
     if (!paths::FileExists(Frame.HelpExe) || !paths::FileExists(Frame.HelpZip)) {
-        ShowMessage(4);
+        ShowMessage(message::HelpMissing);
         return false;
     }
     Frame.CurrentFolder = Frame.CommandLine.isEmpty() ? Frame.ProgramFolder : QString();
@@ -120,13 +120,13 @@ void FinishStart()
     Host().FocusPane();
 }
 
-QString ShowWelcomeMessage()
+int ShowWelcomeMessage()
 {
     Frame.ShowWelcome = 0;
-    QString answer = ShowMessage(999);
-    if (answer == QLatin1StringView("OK"))
+    const int answer = ShowMessage(message::Welcome);
+    if (answer == message::WelcomeOk)
         Host().FocusPane();
-    else if (answer == QLatin1StringView("Don't Show This Again"))
+    else if (answer == message::DoNotShowAgain)
         WriteIni(0, QStringLiteral("Misc"), QStringLiteral("1stTime"));
     return answer;
 }

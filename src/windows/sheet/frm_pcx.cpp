@@ -32,7 +32,6 @@
 namespace {
 
 constexpr int FromMacro = 4; // Conf.MediaSource: MediaFile is the whole path
-constexpr int BadImage = 107, ImageErrors = 108;
 constexpr int ImageErrorNag = 2;
 constexpr int MarkPhases = 10;
 constexpr int RedrawDelay = 100; // a preview with a longer delay is drawn again by the marks' timer
@@ -61,9 +60,9 @@ void frmPCX::Run(QWidget* owner)
     Host().BusyPointer(false);
     if (!picture) {
         if (picture.error().Path == path)
-            ShowMessage(BadImage);
+            ShowMessage(message::BadPcx);
         else
-            ShowMessage(MessagePathError, picture.error().Text()); // the decoder is not there
+            ShowFailure(picture.error()); // the decoder is not there
         return;
     }
     ShowSheet(picture->Pixels);
@@ -161,7 +160,7 @@ void frmPCX::showEvent(QShowEvent* event)
 void frmPCX::ShowWarnings()
 {
     if (Frame.Settings.Nags[ImageErrorNag] == 1 && !Sheet.ImageWarnings.isEmpty())
-        ShowMessage(ImageErrors, Sheet.ImageWarnings.chopped(1));
+        ShowMessage(message::ImageErrors, Sheet.ImageWarnings.chopped(1));
 }
 
 void frmPCX::leaveEvent(QEvent* event)

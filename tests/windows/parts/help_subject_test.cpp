@@ -60,13 +60,12 @@ TEST_F(HelpSubjectTest, F1InAWindowAboveShowsItsPage)
         QCoreApplication::sendEvent(in->focusWidget() ? in->focusWidget() : in, &key);
     };
     WindowAsker asker(Window.get());
-    MessageRecord record;
     const std::function<void()> windows[] = {
-        [&] { asker.Message(record); },
-        [&] { asker.Input({}, {}, {}); },
-        [&] { asker.OpenFile({}); },
-        [&] { asker.SaveFile({}); },
-        [&] { asker.Folder({}); },
+        [&] { asker.Ask(MessageQuestion{}); },
+        [&] { asker.Ask(InputQuestion{}); },
+        [&] { asker.Ask(FileQuestion{}); },
+        [&] { asker.Ask(FileQuestion{FileQuestion::Save, {}, {}, {}, {}}); },
+        [&] { asker.Ask(FolderQuestion{}); },
         [&] { Host().OpenTool(ToolWindow::Project); },
         [&] { Host().OpenTool(ToolWindow::About); },
         [&] { frmComment::Ask(Window.get()); },
