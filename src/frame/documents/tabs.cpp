@@ -1,6 +1,7 @@
 #include "frame/documents/documents.h"
 #include "frame/files/file_commands.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "frame/recovery/recovery.h"
 #include "platform/paths.h"
 
@@ -28,7 +29,7 @@ void TickLater()
 
 void SelectFirstTab()
 {
-    Host().SelectTab(0);
+    Panes().SelectTab(0);
     Frame.CurrentTab = 0;
 }
 
@@ -52,7 +53,7 @@ int TabWithFile(const QString& path)
 
 void EmptySlot(int tab)
 {
-    DocumentText& pane = Host().Pane(tab);
+    DocumentText& pane = Panes().Pane(tab);
     pane.SetText({});
     // SetText keeps both, and the slot's next document is a new one.
     pane.SetEncoding(FileEncoding::Utf8);
@@ -73,7 +74,7 @@ int ModifiedTabs()
 {
     int count = 0;
     for (int tab = 0; tab < 8; ++tab)
-        if (Frame.Documents.at(tab).Face.Visible && Host().Pane(tab).Modified())
+        if (Frame.Documents.at(tab).Face.Visible && Panes().Pane(tab).Modified())
             ++count;
     return count;
 }
@@ -93,7 +94,7 @@ void OpenNewTab()
         document.Face.Caption = EmptyCaption;
         document.Mode = ModeGfx;
         ShowTab(tab);
-        Host().SelectTab(tab);
+        Panes().SelectTab(tab);
         return;
     }
 }
@@ -107,7 +108,7 @@ void CloseTab()
         if (!MayGiveUp(CurrentPane()))
             return;
         EmptySlot(tab);
-        Host().SelectTab(0);
+        Panes().SelectTab(0);
     }
     ActivateTab();
 }

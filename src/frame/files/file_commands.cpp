@@ -1,10 +1,14 @@
 #include "frame/files/file_commands.h"
 
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
 #include "frame/messages/asker.h"
 #include "frame/recovery/recovery.h"
+#include "frame/run_scope.h"
 #include "platform/paths.h"
+
+#include <QCoreApplication>
 
 #include <QDir>
 
@@ -57,7 +61,7 @@ QString AskFile(FileQuestion::Use use, const QString& title, const QString& pres
     const QString name =
         AskText(FileQuestion{use, title, DocumentFilter(), DialogFolder(), preset}).value_or(QString());
     if (!name.isEmpty())
-        Host().Turn();
+        QCoreApplication::processEvents();
     return paths::Inside(name);
 }
 
@@ -168,7 +172,7 @@ void InsertInjectPath()
     if (folder.size() > 1 && folder.endsWith(u'/'))
         folder.chop(1);
     CurrentPane().InsertLine(0, QStringLiteral("#!*") + folder.replace(u'/', u'*'));
-    Host().FocusPane();
+    Panes().FocusPane();
 }
 
 QString UniqueName(const QString& base, bool folder)

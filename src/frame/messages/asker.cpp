@@ -1,6 +1,9 @@
 #include "frame/messages/asker.h"
 
 #include "frame/frame_state.h"
+#include "frame/run_scope.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -80,7 +83,7 @@ struct WayOutOfKind
 
 Answer Ask(const Question& question)
 {
-    if (Frame.Ending)
+    if (Frame.Ending || Frame.Closing)
         return WayOutOf(question);
     Q_ASSERT(Frame.Ask);
     const WorkScope open;

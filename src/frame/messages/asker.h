@@ -119,8 +119,8 @@ public:
     virtual Answer Ask(const Question& question) = 0;
 };
 
-/// Asks whoever is installed. The question counts as running work while it is open; when the program ends nothing is
-/// asked any more, and each question has its way out for an answer.
+/// Asks whoever is installed. The question counts as running work while it is open. When the program ends or a
+/// close unwinds what runs, nothing is asked any more, and each question has its way out for an answer.
 Answer Ask(const Question& question);
 
 /// The text of an answer; nothing if the question was cancelled.

@@ -1,5 +1,6 @@
 #include "frame/frame_state.h"
 #include "frame/messages/asker.h"
+#include "frame/run_scope.h"
 #include "host_scope.h"
 
 #include <QMetaEnum>
@@ -119,7 +120,7 @@ TEST(Messages, AnOpenMessageIsRunningWork)
     public:
         Answer Ask(const Question& question) override
         {
-            Seen = Frame.RunningWork;
+            Seen = RunningWork();
             return AnswerList::Ask(question);
         }
         int Seen = 0;
@@ -132,19 +133,21 @@ TEST(Messages, AnOpenMessageIsRunningWork)
     EXPECT_EQ(ShowRecord(), 2);
     EXPECT_EQ(Frame.Message.MessageResult, QStringLiteral("Right"));
     EXPECT_EQ(watcher.Seen, 1);
-    EXPECT_EQ(Frame.RunningWork, 0);
+    EXPECT_EQ(RunningWork(), 0);
 }
 
 // Catches: a question asked while the program ends, which would hold it, and one answered there with the button that
 // loses something.
-TEST(Messages, NothingIsAskedWhileTheProgramEnds)
+TEST(Messages, NothingIsAskedWhileTheProgramEndsOrCloses)
 {
-    HostScope scope;
-    Frame.Ending = true;
-    EXPECT_FALSE(Confirmed(message::OverwriteFile));
-    EXPECT_FALSE(Confirmed(message::TextNotKept));
-    EXPECT_EQ(AskText(InputQuestion{}), std::nullopt);
-    EXPECT_EQ(scope.Answers.Asked.size(), 0U);
+    for (bool FrameState::*end : {&FrameState::Ending, &FrameState::Closing}) {
+        HostScope scope;
+        Frame.*end = true;
+        EXPECT_FALSE(Confirmed(message::OverwriteFile));
+        EXPECT_FALSE(Confirmed(message::TextNotKept));
+        EXPECT_EQ(AskText(InputQuestion{}), std::nullopt);
+        EXPECT_EQ(scope.Answers.Asked.size(), 0U);
+    }
 }
 
 // Catches: a consent that does not say what it is for, or that a macro's author fills with lines of his own.

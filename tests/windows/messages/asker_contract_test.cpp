@@ -1,4 +1,5 @@
 #include "frame/messages/asker.h"
+#include "frame/run_scope.h"
 #include "host_scope.h"
 #include "windows/messages/window_asker.h"
 #include "windows/parts/dialog_support.h"
@@ -78,7 +79,7 @@ TYPED_TEST(AskerContract, EachKindGivesItsOwnAnswer)
         EXPECT_EQ(Ask(question), answer);
         this->Asks.PrepareCancel(question);
         EXPECT_EQ(Ask(question), WayOutOf(question));
-        EXPECT_EQ(Frame.RunningWork, 0);
+        EXPECT_EQ(RunningWork(), 0);
     }
 }
 
