@@ -4,6 +4,7 @@
 #include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
+#include "frame/settings/settings_table.h"
 #include "platform/in_place.h"
 #include "platform/paths.h"
 
@@ -129,6 +130,6 @@ int ShowWelcomeMessage()
     if (answer == message::WelcomeOk)
         Panes().FocusPane();
     else if (answer == message::DoNotShowAgain)
-        WriteIni(0, QStringLiteral("Misc"), QStringLiteral("1stTime"));
+        ChangeSetting(SettingOf(QLatin1StringView("Misc"), QLatin1StringView("1stTime")), 0);
     return answer;
 }

@@ -320,10 +320,9 @@ void frmPCX::ReadAgain()
 
 void frmPCX::OpenInEditor()
 {
-    const QString editor = ReadIni(QStringLiteral("Misc"), QStringLiteral("ImageEditor"));
-    const bool named = !editor.isEmpty() && editor != QLatin1StringView("[NOT FOUND]");
-    const bool started = named ? processes::StartDetached(editor, {path}).has_value()
-                               : QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+    const QString& editor = Frame.Settings.ImageEditor;
+    const bool started = !editor.isEmpty() ? processes::StartDetached(editor, {path}).has_value()
+                                           : QDesktopServices::openUrl(QUrl::fromLocalFile(path));
     if (!started)
         place->setText(QStringLiteral("No image editor answers; name one as ImageEditor in user.ini"));
 }
