@@ -1,5 +1,6 @@
 #include "batch/verbs.h"
 
+#include "batch/answer_list.h"
 #include "batch/block_verbs.h"
 #include "batch/conf_verbs.h"
 #include "batch/image_verbs.h"
@@ -155,5 +156,7 @@ VerbResult RunVerb(const QStringList& arguments, VerbStreams streams)
         Explain(*verb, streams.Out);
         return VerbDone;
     }
-    return verb->Run(rest, streams);
+    const VerbResult result = verb->Run(rest, streams);
+    const Result<> answered = streams.Answers.Outcome();
+    return answered ? result : Failed(answered.error(), streams);
 }

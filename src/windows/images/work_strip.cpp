@@ -3,8 +3,8 @@
 #include "frame/run_scope.h"
 
 #include <QCoreApplication>
-#include <QHBoxLayout>
 #include <QEvent>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
