@@ -53,8 +53,8 @@ void BatchHost::OpenTool(ToolWindow tool)
         OnOpenTool(tool);
 }
 
-void BatchHost::PreviewMedia()
+void BatchHost::PreviewMedia(const MediaRequest& request)
 {
     if (OnPreview)
-        OnPreview();
+        OnPreview(request);
 }

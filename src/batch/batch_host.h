@@ -3,6 +3,7 @@
 #include "editor/make_pane.h"
 #include "frame/frame_state.h"
 #include "frame/host_window.h"
+#include "frame/media/media_request.h"
 #include "frame/messages/asker.h"
 
 #include <array>
@@ -37,9 +38,9 @@ public:
     void CloseLists() override { RecentShown = false; }
     void RecentChanged() override {}
     void MediaChanged() override {}
-    void ShowMediaEntry(int source, int row) override { ShownEntry = {source, row}; }
+    void ShowMediaEntry(const MediaHit& entry) override { ShownEntry = entry; }
     bool CanPreview(int) const override { return false; }
-    void PreviewMedia() override;
+    void PreviewMedia(const MediaRequest& request) override;
     void StyleMediaLists() override {}
     void ShowMenuStrips(bool) override {}
     void LoadCoolbar() override {}
@@ -53,9 +54,9 @@ public:
     QString Caption;
     QHash<QString, std::pair<bool, bool>> Commands; ///< control -> menu, button
     QHash<QString, bool> Checks;
-    std::pair<int, int> ShownEntry{0, -1};      ///< source and row in the media lists
-    std::function<void()> OnPreview;            ///< stands for the tool that opens a media file
-    std::function<void(ToolWindow)> OnOpenTool; ///< stands for the tool windows
+    MediaHit ShownEntry{MediaSource::None, -1, {}};     ///< of the media lists
+    std::function<void(const MediaRequest&)> OnPreview; ///< stands for the tool that opens a media file
+    std::function<void(ToolWindow)> OnOpenTool;         ///< stands for the tool windows
     int ProgressMaximum = 0, ProgressValue = 0, ProgressCalls = 0;
     bool ProgressShown = false, RecentShown = false, CommentsShown = false, Enabled = true;
 

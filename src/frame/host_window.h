@@ -5,6 +5,8 @@
 
 class EditorPane;
 class DocumentText;
+struct MediaHit;
+struct MediaRequest;
 
 /// What a tab of the strip shows.
 struct TabFace
@@ -15,7 +17,7 @@ struct TabFace
     bool Enabled = true;
 };
 
-enum class ToolWindow { Project, About, Inject };
+enum class ToolWindow { Project, About };
 
 /// The main window as the rooms below it see it; frmmain implements it, and so does the host without a window.
 class HostWindow
@@ -44,9 +46,9 @@ public:
     virtual void CloseLists() = 0;              ///< hides the floating lists, focus to the pane
     virtual void RecentChanged() = 0;           ///< Frame.Recent was loaded anew
     virtual void MediaChanged() = 0;            ///< patterns or folders of the media lists changed
-    virtual void ShowMediaEntry(int source, int row) = 0; ///< its tab in front, the entry selected and in view
-    virtual bool CanPreview(int mode) const = 0;          ///< is there a tool that opens the media of a mode?
-    virtual void PreviewMedia() = 0;    ///< opens the media file at hand by the mode; returns when done
+    virtual void ShowMediaEntry(const MediaHit& entry) = 0;     ///< its tab in front, the entry selected and in view
+    virtual bool CanPreview(int mode) const = 0;                ///< is there a tool that opens the media of a mode?
+    virtual void PreviewMedia(const MediaRequest& request) = 0; ///< returns when done
     virtual void StyleMediaLists() = 0; ///< colours and font of the media lists or Thumbnails changed
     virtual void ShowMenuStrips(bool on) = 0;
     virtual void LoadCoolbar() = 0; ///< Frame.Settings.Bands was read

@@ -68,9 +68,9 @@ public:
     void RecentChanged() override;
     void MediaChanged() override;
     void StyleMediaLists() override;
-    void ShowMediaEntry(int source, int row) override;
+    void ShowMediaEntry(const MediaHit& entry) override;
     bool CanPreview(int mode) const override;
-    void PreviewMedia() override;
+    void PreviewMedia(const MediaRequest& request) override;
     void ShowMenuStrips(bool on) override { menus.ShowStrips(on); }
     void LoadCoolbar() override;
     void StopPlayers() override { audio::Stop(); }

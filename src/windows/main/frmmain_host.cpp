@@ -4,7 +4,6 @@
 #include "frame/documents/documents.h"
 #include "frame/frame_state.h"
 #include "windows/about/frm_about.h"
-#include "windows/blocks/frm_inject.h"
 #include "windows/files/frm_project.h"
 #include "windows/find/find_dialogs.h"
 #include "windows/lists/block_list.h"
@@ -94,8 +93,6 @@ void frmmain::OpenTool(ToolWindow tool)
         RunProjectWindow(this);
     if (tool == ToolWindow::About)
         frmAbout::Run({[this](const QByteArray& tune) { PlayModule(tune); }, [this] { StopPlayers(); }}, this);
-    if (tool == ToolWindow::Inject)
-        RunInjectWindow(this);
 }
 
 void frmmain::ShowRecent()

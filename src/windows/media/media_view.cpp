@@ -15,7 +15,7 @@
 #include <QUrl>
 #include <algorithm>
 
-MediaView::MediaView(int list, const char* name, QWidget* parent)
+MediaView::MediaView(MediaSource list, const char* name, QWidget* parent)
     : QListView(parent), source(list), filter(new QLineEdit(this)), thumbnails(new Thumbnails(*this))
 {
     setObjectName(QString::fromLatin1(name));
@@ -61,6 +61,11 @@ void MediaView::focusInEvent(QFocusEvent* event)
     QListView::focusInEvent(event);
     if (SelectedRow() < 0 && shown.rowCount() > 0)
         setCurrentIndex(shown.index(0, 0));
+}
+
+MediaHit MediaView::Entry() const
+{
+    return {source, SelectedRow(), Selected()};
 }
 
 QString MediaView::Selected() const

@@ -1,5 +1,6 @@
 #include "editor/make_pane.h"
 #include "windows/blocks/frm_comment.h"
+#include "windows/blocks/frm_inject.h"
 #include "windows/main/dialog_keys.h"
 #include "windows/main/main_window_test.h"
 #include "windows/messages/window_asker.h"
@@ -70,7 +71,7 @@ TEST_F(HelpSubjectTest, F1InAWindowAboveShowsItsPage)
         [&] { Host().OpenTool(ToolWindow::Project); },
         [&] { Host().OpenTool(ToolWindow::About); },
         [&] { frmComment::Ask(Window.get()); },
-        [&] { Host().OpenTool(ToolWindow::Inject); },
+        [&] { RunInjectWindow(CurrentPane(), {}, Window.get()); },
     };
     for (const auto& open : windows) {
         OnModal([&](QWidget& window) { press(&window); });
