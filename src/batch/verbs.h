@@ -20,13 +20,13 @@ enum VerbResult : int { VerbDone = 0, VerbFound = 1, VerbFailed = 2 };
 struct Verb
 {
     const char* Name;  ///< one word or two
-    const char* Usage; ///< arguments behind the name
+    const char* Usage; ///< arguments after the name
     const char* Help;  ///< what it does, its output and exit codes
     VerbResult (*Run)(const QStringList& arguments, VerbStreams& streams);
 };
 std::span<const Verb> Verbs();
 
-/// Runs `arguments` (verb first). "--help" alone lists the verbs, behind a verb it explains that one.
+/// Runs `arguments` (verb first). "--help" alone lists the verbs, after a verb it explains that one.
 VerbResult RunVerb(const QStringList& arguments, VerbStreams streams);
 
 /// Tells path and reason of a failure.

@@ -15,7 +15,7 @@ enum class InjectUse { Every, NotCrumbled, OnlyCrumbled };
 /// One command of an element block.
 struct BlockCommand
 {
-    const char* Word;    ///< behind the key and a dot; as in the game's list GraphicComs
+    const char* Word;    ///< after the key and a dot; as in the game's list GraphicComs
     const char* Default; ///< value of a line that is added; null: the block's own image
     InjectGroup Group;
     InjectUse Use = InjectUse::Every;

@@ -3,7 +3,7 @@
 #include "conf/conf_lines.h"
 #include "conf/element_blocks.h"
 #include "frame/frame_state.h"
-#include "frame/host_window.h"
+#include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
 
 namespace {
@@ -27,9 +27,9 @@ std::optional<int> MainLineAbove(const DocumentText& pane, int caretLine)
 /// Opens the file in the tool of the mode.
 void OpenLocated(const MediaRequest& request)
 {
-    Host().ShowMediaEntry(request.Entry);
-    Host().PreviewMedia(request);
-    Host().FocusPane();
+    Tools().ShowMediaEntry(request.Entry);
+    Tools().PreviewMedia(request);
+    Panes().FocusPane();
     CurrentPane().ExecuteCmd(CmdLineStart);
 }
 

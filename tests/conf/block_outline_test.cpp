@@ -12,7 +12,7 @@ const QByteArray Text = "name: Set\n#zip: no.png\nzip:  a.PNG\nzip.xpos: 1\nzip.
 
 } // namespace
 
-// Catches: comments, lines without a key or sheets told by one ending that get into the outline, wrong line numbers,
+// Catches: comments, lines without a key or sheets known by one ending that get into the outline, wrong line numbers,
 // the whole line taken for the key or image.
 TEST_F(BlockOutline, FindsEachMainLine)
 {
@@ -34,7 +34,7 @@ TEST_F(BlockOutline, KnowsTheBlockOfALine)
         EXPECT_EQ(BlockAround(lines, line, Frame.Settings.SheetKinds), std::nullopt) << line;
 }
 
-// Catches: a summary of another block or of the sub group, fields told that the block does not have, a summary over
+// Catches: a summary of another block or of the sub group, fields named that the block does not have, a summary over
 // the value.
 TEST_F(BlockOutline, SaysWhatABlockSays)
 {

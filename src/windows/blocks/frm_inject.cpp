@@ -3,8 +3,9 @@
 #include "conf/conf_lines.h"
 #include "conf/edit_element.h"
 #include "conf/help_for_word.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
-#include "frame/host_window.h"
+#include "frame/host_ports.h"
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/help_subject.h"
 #include "windows/parts/place_at_mouse.h"
@@ -132,8 +133,8 @@ void frmInject::TellForeignLines()
 {
     const int foreign = ForeignLines(request.Block, Commands());
     if (foreign > 0)
-        Host().ShowNotice(QStringLiteral("%1 without a command taken out; Undo brings back all.")
-                              .arg(foreign == 1 ? QStringLiteral("1 line") : QStringLiteral("%1 lines").arg(foreign)));
+        ShowNotice(QStringLiteral("%1 without a command taken out; Undo brings back all.")
+                       .arg(foreign == 1 ? QStringLiteral("1 line") : QStringLiteral("%1 lines").arg(foreign)));
 }
 
 InjectAnswer frmInject::Answer() const
@@ -202,5 +203,5 @@ void EditElement()
     if (!request)
         return;
     RunInjectWindow(pane, *request, QApplication::activeWindow());
-    Host().FocusPane();
+    Panes().FocusPane();
 }

@@ -1,7 +1,9 @@
 #include "windows/media/media_actions.h"
 
 #include "frame/documents/documents.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
 #include "frame/settings/settings.h"
 #include "platform/audio.h"
@@ -25,7 +27,7 @@ constexpr int MapglassMissing = 35;
 void OpenOutside(const QString& path)
 {
     if (!QDesktopServices::openUrl(QUrl::fromLocalFile(path)))
-        Host().ShowNotice(QStringLiteral("No program answers for ") + paths::Native(path));
+        ShowNotice(QStringLiteral("No program answers for ") + paths::Native(path));
 }
 
 QString PathOf(const MediaHit& entry)
@@ -67,7 +69,7 @@ struct ToolRow
     int FirstMode, LastMode;
     void (*Open)(QWidget* owner, const MediaRequest& request);
 };
-constexpr ToolRow Tools[] = {
+constexpr ToolRow MediaTools[] = {
     {ModeGfx, ModeGfx, ShowSheet},
     {ModeSfx, ModeSfx, PlayWave},
     {ModeMus, ModeMus, PlayMusic},
@@ -78,15 +80,15 @@ constexpr ToolRow Tools[] = {
 const ToolRow* ToolOf(int mode)
 {
     const auto row = std::ranges::find_if(
-        Tools, [&](const ToolRow& tool) { return mode >= tool.FirstMode && mode <= tool.LastMode; });
-    return row == std::end(Tools) ? nullptr : row;
+        MediaTools, [&](const ToolRow& tool) { return mode >= tool.FirstMode && mode <= tool.LastMode; });
+    return row == std::end(MediaTools) ? nullptr : row;
 }
 
 } // namespace
 
 void OpenMediaEntry(const MediaHit& entry)
 {
-    Host().PreviewMedia({entry, std::nullopt});
+    Tools().PreviewMedia({entry, std::nullopt});
 }
 
 bool HasMediaTool(int mode)
@@ -110,9 +112,9 @@ void ShowLevel(const QString& path)
         ShowMessage(MapglassMissing);
         return;
     }
-    Host().SetEnabled(false);
+    Busy().SetEnabled(false);
     const auto ended = processes::RunAndWait(viewer, {path});
-    Host().SetEnabled(true);
+    Busy().SetEnabled(true);
     if (!ended)
         ShowMessage(MessagePathError, ended.error().Text());
 }
@@ -152,7 +154,7 @@ void PopUpMediaMenu(MediaView& view, const QPoint& onScreen)
                                    [entry = view.Entry()] { OpenMediaEntry(entry); }));
     add("Insert Name", [name = view.Selected()] {
         InsertFileName(name);
-        Host().FocusPane();
+        Panes().FocusPane();
     });
     menu->addSeparator();
     add("Open With Another Program", [path] { OpenOutside(path); });

@@ -28,8 +28,8 @@ public:
 
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override
     {
-        const int told = QProxyStyle::pixelMetric(metric, option, widget);
-        return metric == PM_TabBarTabHSpace ? qMin(told, widget ? Pixels(*widget, 2 * Edge) : told) : told;
+        const int usual = QProxyStyle::pixelMetric(metric, option, widget);
+        return metric == PM_TabBarTabHSpace ? qMin(usual, widget ? Pixels(*widget, 2 * Edge) : usual) : usual;
     }
 };
 

@@ -2,6 +2,7 @@
 
 #include "conf/element_record.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
 #include "graphics/animation.h"
 #include "graphics/sheet.h"
@@ -48,9 +49,9 @@ SheetAnswer frmPCX::Run(QWidget* owner, const SheetRequest& request)
 {
     TakeElement(request, CurrentPane());
     const QString path = PathOf(request.Source, request.File);
-    Host().BusyPointer(true);
+    Busy().BusyPointer(true);
     const auto picture = images::Load(path);
-    Host().BusyPointer(false);
+    Busy().BusyPointer(false);
     if (!picture) {
         if (picture.error().Path == path)
             ShowMessage(BadImage);

@@ -134,7 +134,7 @@ QString FirstLine()
 
 } // namespace
 
-// Catches: a name written beside the selection or without the caret behind it, a Ctrl that takes the entry's selection
+// Catches: a name written beside the selection or without the caret after it, a Ctrl that takes the entry's selection
 // back, a list that keeps the keyboard or lets a sound play on.
 TEST_F(MediaWindow, CtrlClickWritesTheNameAndTheTextKeepsTheKeyboard)
 {
@@ -184,7 +184,7 @@ TEST_F(MediaWindow, DoubleClickOpensByMode)
     EXPECT_EQ(Shown(), QStringList());
 }
 
-// Catches: music that a double click does not start, that plays on behind another choice, a sound that opens a window.
+// Catches: music that a double click does not start, that plays on after another choice, a sound that opens a window.
 TEST_F(MediaWindow, SoundsPlayUntilTheNextPress)
 {
     Run.Work.Write(QStringLiteral("tune.mid"), "no music");
@@ -238,7 +238,7 @@ TEST_F(MediaWindow, ListsFollowTheDisk)
     EXPECT_EQ(List().Selected(), QStringLiteral("b.png"));
 }
 
-// Catches: lists that only the mouse reaches, a filter that hides what Enter opens, that stays behind Esc or comes
+// Catches: lists that only the mouse reaches, a filter that hides what Enter opens, that stays after Esc or comes
 // along into another folder.
 TEST_F(MediaWindow, KeysReachOpenNarrowAndLeave)
 {
@@ -262,7 +262,7 @@ TEST_F(MediaWindow, KeysReachOpenNarrowAndLeave)
     EXPECT_FALSE(List().Filter()->isVisible());
     List().OpenFilter(QStringLiteral("nothing"));
     EXPECT_EQ(Shown(), QStringList());
-    Host().ShowMediaEntry({MediaSource::PCXBrowser, 0, QStringLiteral("a.png")});
+    Tools().ShowMediaEntry({MediaSource::PCXBrowser, 0, QStringLiteral("a.png")});
     EXPECT_EQ(List().Selected(), QStringLiteral("a.png")) << "found in the text, hidden in the list";
     List().OpenFilter(QStringLiteral("nothing"));
     ASSERT_TRUE(OpenDocument(Run.Work.Write(QStringLiteral("sub/graphicsinfo.conf"), "x\n"), true));
@@ -344,7 +344,7 @@ TEST_F(MediaWindow, DroppedMediaLeaveTheirNames)
     EXPECT_EQ(Frame.Documents[1].Path, conf);
 }
 
-// Catches: a hot key macro without its key, names in another letter case than told, an ending that is lost with the
+// Catches: a hot key macro without its key, names in another letter case than given, an ending that is lost with the
 // name, a macro that the mouse cannot open, a choice that goes with a refresh.
 TEST_F(MediaWindow, MacrosShowWithTheirKeys)
 {
@@ -398,4 +398,6 @@ TEST_F(MediaWindow, ListsLookAsTheSettingsSay)
     EXPECT_EQ(WaveSeconds(head.first(22)), 0);
 }
 
+#include "frame/frame_events.h"
+#include "frame/host_ports.h"
 #include "media_window_test.moc"

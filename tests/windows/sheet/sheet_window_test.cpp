@@ -108,7 +108,7 @@ TEST_F(SheetWindow, ClicksMarkTheAnimation)
     EXPECT_EQ(Conf.Element.ImageFile, QStringLiteral("a.png"));
 }
 
-// Catches: a window on a file that is no picture, warnings lost or told against the user's wish.
+// Catches: a window on a file that is no picture, warnings lost or shown against the user's wish.
 TEST_F(SheetWindow, TellsWhatIsWrongWithTheImage)
 {
     Run.Work.Write(QStringLiteral("a.png"), "no picture");
@@ -119,9 +119,9 @@ TEST_F(SheetWindow, TellsWhatIsWrongWithTheImage)
     HoldBlock(0, 0, 1);
     Open([this](QWidget& window, SheetView& view) {
         QCoreApplication::processEvents();
-        const QStringList told = Run.TakeMessages();
-        ASSERT_EQ(told.size(), 1);
-        EXPECT_TRUE(told.constFirst().startsWith(QStringLiteral("Image is smaller than 32 pixels.")));
+        const QStringList shown = Run.TakeMessages();
+        ASSERT_EQ(shown.size(), 1);
+        EXPECT_TRUE(shown.constFirst().startsWith(QStringLiteral("Image is smaller than 32 pixels.")));
         EXPECT_FALSE(view.isEnabled());
         for (const char* button : {"cmdQuit1", "cmdQuit2"})
             EXPECT_FALSE(Part<QPushButton>(window, button).isEnabled()) << button;
@@ -261,15 +261,15 @@ TEST_F(SheetWindow, ZoomsAndScrolls)
         EXPECT_EQ(bars.first->maximum(), (771 + 64) * 4 - seen.width());
         view.SetZoom(2);
         QTest::mouseMove(view.viewport(), {100, 120});
-        auto* const told = window.findChild<QLabel*>(QStringLiteral("place"));
-        const QString before = told->text();
+        auto* const spot = window.findChild<QLabel*>(QStringLiteral("place"));
+        const QString before = spot->text();
         QWheelEvent wheel({100, 120}, view.viewport()->mapToGlobal(QPointF(100, 120)), {}, {0, 120}, {},
                           Qt::ControlModifier, Qt::NoScrollPhase, false);
         QCoreApplication::sendEvent(view.viewport(), &wheel);
         EXPECT_EQ(view.Zoom(), 4);
-        EXPECT_EQ(told->text(), before) << "the pixel under the mouse stays there";
+        EXPECT_EQ(spot->text(), before) << "the pixel under the mouse stays there";
         bars.second->setValue(bars.second->value() - TileSize);
-        EXPECT_NE(told->text(), before) << "the sheet moved under the mouse";
+        EXPECT_NE(spot->text(), before) << "the sheet moved under the mouse";
 
         bars.first->setValue(bars.first->maximum());
         QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, seen.topRight() - QPoint(3, -9));
