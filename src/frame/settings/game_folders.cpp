@@ -66,14 +66,3 @@ bool IsRndPathSet()
     ShowMessage(message::GameNotSet);
     return false;
 }
-
-bool HasSheetName(QStringView line)
-{
-    for (qsizetype dot = line.indexOf(u'.'); dot >= 0; dot = line.indexOf(u'.', dot + 1)) {
-        const QStringView behind = line.mid(dot + 1);
-        for (const QString& kind : Frame.Settings.SheetKinds)
-            if (behind.startsWith(kind, Qt::CaseInsensitive))
-                return true;
-    }
-    return false;
-}

@@ -5,7 +5,6 @@
 #include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "windows/about/frm_about.h"
-#include "windows/blocks/frm_inject.h"
 #include "windows/files/frm_project.h"
 #include "windows/find/find_dialogs.h"
 #include "windows/images/frm_pcx_lab.h"
@@ -102,8 +101,6 @@ void frmmain::OpenTool(ToolWindow tool)
         RunProjectWindow(this);
     if (tool == ToolWindow::About)
         frmAbout::Run({[this](const QByteArray& tune) { PlayModule(tune); }, [this] { StopPlayers(); }}, this);
-    if (tool == ToolWindow::Inject)
-        RunInjectWindow(this);
     if (tool == ToolWindow::PCXLab)
         frmPCXLab::Run(this);
 }

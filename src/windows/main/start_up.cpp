@@ -5,6 +5,7 @@
 #include "frame/recovery/recovery.h"
 #include "frame/settings/settings.h"
 #include "frame/start/start_up.h"
+#include "graphics/picks.h"
 #include "platform/close_requests.h"
 #include "platform/signals.h"
 #include "platform/single_instance.h"
@@ -13,6 +14,7 @@
 #include "windows/messages/window_asker.h"
 #include "windows/parts/close_guard.h"
 #include "windows/parts/screen_reader.h"
+#include "windows/sheet/frm_pcx.h"
 
 #include <QApplication>
 #include <QSessionManager>
@@ -40,6 +42,7 @@ int Run(QApplication& application, const StartFolders& folders)
     frmmain window;
     WindowAsker asker(&window);
     InstallHost(window, asker);
+    Picks.Sheet = [&window](const SheetRequest& request) { return frmPCX::Run(&window, request); };
     Frame.Keeper = &keeper;
     std::atexit(KeepAtExit);
 
@@ -65,6 +68,7 @@ int Run(QApplication& application, const StartFolders& folders)
     // A question of the start may have been answered by the end of the session.
     const int code = window.Ending() ? 0 : QApplication::exec();
     window.Finish();
+    ResetPicks();
     Frame.Keeper = nullptr;
     return code;
 }
