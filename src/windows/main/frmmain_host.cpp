@@ -8,6 +8,7 @@
 #include "windows/blocks/frm_inject.h"
 #include "windows/files/frm_project.h"
 #include "windows/find/find_dialogs.h"
+#include "windows/images/frm_avi2bmp.h"
 #include "windows/images/frm_pcx_lab.h"
 #include "windows/lists/block_list.h"
 #include "windows/lists/comment_tree.h"
@@ -106,6 +107,8 @@ void frmmain::OpenTool(ToolWindow tool)
         RunInjectWindow(this);
     if (tool == ToolWindow::PCXLab)
         frmPCXLab::Run(this);
+    if (tool == ToolWindow::AVI2BMP)
+        frmAVI2BMP::Run(this);
 }
 
 void frmmain::ShowList(ListKind list)
