@@ -108,7 +108,7 @@ TEST_F(LabWindow, LoadingShowsBothSides)
 // Catches: a broken file of any kind that crashes, shows another message, or takes the picture on show away.
 TEST_F(LabWindow, BrokenFilesOfEveryKindAreMessage100)
 {
-    QRandomGenerator random(11);
+    QRandomGenerator random(14);
     const QString good = WriteBmp(QStringLiteral("good.bmp"), Colourful({40, 40}));
     Open([&](QWidget& window) {
         int refused = 0;
