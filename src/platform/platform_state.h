@@ -12,6 +12,7 @@ class Service;
 } // namespace images
 
 class PlayerProcess;
+class X11Connection;
 
 namespace processes {
 class Wait;
@@ -29,6 +30,7 @@ struct PlatformState
     std::unique_ptr<images::Service> Images;     ///< none before the first image
     std::unique_ptr<images::PictureMaker> Maker; ///< none before the first picture that is reduced
     std::unique_ptr<PlayerProcess> Player;       ///< none before the first sound
+    std::unique_ptr<X11Connection> Windows;      ///< none before the first window of another program
 };
 
 extern PlatformState Platform;
