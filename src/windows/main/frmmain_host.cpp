@@ -7,6 +7,7 @@
 #include "windows/about/frm_about.h"
 #include "windows/files/frm_project.h"
 #include "windows/find/find_dialogs.h"
+#include "windows/images/frm_avi2bmp.h"
 #include "windows/images/frm_pcx_lab.h"
 #include "windows/lists/block_list.h"
 #include "windows/lists/comment_tree.h"
@@ -103,6 +104,8 @@ void frmmain::OpenTool(ToolWindow tool)
         frmAbout::Run({[this](const QByteArray& tune) { PlayModule(tune); }, [this] { StopPlayers(); }}, this);
     if (tool == ToolWindow::PCXLab)
         frmPCXLab::Run(this);
+    if (tool == ToolWindow::AVI2BMP)
+        frmAVI2BMP::Run(this);
 }
 
 void frmmain::ShowList(ListKind list)
