@@ -48,7 +48,8 @@ void Console::CloseChildEnd()
 
 void Console::ReadRest()
 {
-    while (ReadPiece()) {
+    constexpr int MostPieces = 1024; // what lives on behind the child may print for ever
+    for (int piece = 0; piece < MostPieces && ReadPiece(); ++piece) {
     }
 }
 

@@ -122,6 +122,7 @@ constexpr MessageRow Rows[] = {
     {307, -1, "File Was Changed", 2, "whi", "Cancel_Overwrite", nullptr,
      "Another program has changed this file since it was loaded or saved here:-^^%1^^Do you want to overwrite it with "
      "the text you have here?"},
+    {320, -1, "Put Back", 1, "whi", "OK", nullptr, "%1"},
     {999, -1, "Welcome", 8, "bro", "OK_Read Help_Don't Show This Again", "OK",
      "Welcome To Gemforge.^^No Help at the moment! Just set your RND path (in options) and it should be "
      "ok!^^Cheers!^^Ross...."},

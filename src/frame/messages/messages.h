@@ -54,5 +54,6 @@ enum OwnMessage : int {
     MessageFileVanished = 304,   ///< text: the files
     MessageTextNotKept = 306,    ///< text: path and reason; "Cancel_Close Anyway"
     MessageNoBackup = 305,       ///< text: path and reason; "Save Without Backup_Cancel"
+    MessagePutBack = 320,        ///< text: what was put back after a fast test
     MessageOverChanged = 307,    ///< text: the file, changed since it was loaded; "Cancel_Overwrite"
 };
