@@ -2,7 +2,9 @@
 
 #include "frame/files/file_commands.h"
 #include "frame/files/put_back.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "platform/in_place.h"
 #include "platform/paths.h"
 
@@ -51,7 +53,7 @@ void ShowFirstTab()
         Frame.Documents.at(tab) = fresh;
         ShowTab(tab);
     }
-    Host().SelectTab(0);
+    Panes().SelectTab(0);
     Frame.CurrentTab = 0;
 }
 
@@ -109,7 +111,7 @@ void FinishStart()
     Frame.CurrentMode = ModeGfx;
     MakeLanguages();
     for (int tab = 0; tab < 8; ++tab)
-        Host().Pane(tab).SetLanguage(QStringLiteral("GFX"));
+        Panes().Pane(tab).SetLanguage(QStringLiteral("GFX"));
     LoadSettings();
     RecentLoad();
     if (Frame.CommandLine.isEmpty() || !OpenDocument(Frame.CommandLine, false))
@@ -117,10 +119,10 @@ void FinishStart()
     ShowCurrentPath();
     Frame.StartingUp = false;
     if (!Frame.FinishedWrites.isEmpty())
-        Host().ShowNotice(QStringLiteral("The interrupted save of these files was finished: ") +
-                          Frame.FinishedWrites.join(QStringLiteral(", ")));
+        ShowNotice(QStringLiteral("The interrupted save of these files was finished: ") +
+                   Frame.FinishedWrites.join(QStringLiteral(", ")));
     TellPutBack(Frame.PutBack);
-    Host().FocusPane();
+    Panes().FocusPane();
 }
 
 QString ShowWelcomeMessage()
@@ -128,7 +130,7 @@ QString ShowWelcomeMessage()
     Frame.ShowWelcome = 0;
     QString answer = ShowMessage(999);
     if (answer == QLatin1StringView("OK"))
-        Host().FocusPane();
+        Panes().FocusPane();
     else if (answer == QLatin1StringView("Don't Show This Again"))
         WriteIni(0, QStringLiteral("Misc"), QStringLiteral("1stTime"));
     return answer;
