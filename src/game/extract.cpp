@@ -2,7 +2,9 @@
 
 #include "conf/line_pass.h"
 #include "frame/editor_pane.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "frame/recovery/recovery.h"
 #include "game/game_folders.h"
 #include "game/launcher.h"
@@ -16,7 +18,7 @@ constexpr int HeadLines = 3; ///< comment lines that stay comments
 void MarkForeign(int tab)
 {
     Frame.Documents.at(tab).ForeignText = true;
-    if (Frame.Keeper && !Host().Pane(tab).Modified())
+    if (Frame.Keeper && !Panes().Pane(tab).Modified())
         Frame.Keeper->TextSettled(tab);
 }
 
@@ -75,12 +77,12 @@ void ExtractFromGame(int dumpIndex)
     if (!report)
         return;
     if (report->End == GameEnd::TimedOut)
-        Host().ShowNotice(QStringLiteral("The game did not end its printing in time, and was ended."));
+        ShowNotice(QStringLiteral("The game did not end its printing in time, and was ended."));
     else if (report->Succeeded() && !paths::FileExists(PrintedFile()))
-        Host().ShowNotice(QStringLiteral("The game printed nothing. The text here is as it was."));
+        ShowNotice(QStringLiteral("The game printed nothing. The text here is as it was."));
     if (!report->Succeeded() || !paths::FileExists(PrintedFile()))
         return;
-    EditorPane& pane = Host().Pane(tab);
+    EditorPane& pane = Panes().Pane(tab);
     const HiddenPane hidden(pane);
     if (!LoadInto(pane, PrintedFile()))
         return;

@@ -3,6 +3,7 @@
 #include "frame/editor_pane.h"
 #include "frame/files/put_back.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "game/launcher.h"
 #include "platform/paths.h"
 
@@ -100,7 +101,7 @@ void FastLaunch()
         return;
     }
     WidenToLines(pane);
-    EditorPane& buffer = Host().txtBuffer();
+    EditorPane& buffer = Panes().txtBuffer();
     buffer.SetText(pane.SelText());
     if (AddHeader(pane, buffer) < LeastHeaders) {
         ShowMessage(31);
@@ -116,6 +117,6 @@ void FastLaunch()
     }
     LaunchGame(0, false);
     TellEndOfSwap(swap->End());
-    Host().FocusPane();
+    Panes().FocusPane();
     CaretToLineStart(pane);
 }

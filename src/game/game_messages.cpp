@@ -88,6 +88,8 @@ public:
     void Take(GameSeverity severity, const QString& line)
     {
         const LineForm* form = FormOf(line);
+        if (!form || form->What >= Adds::LoneKey)
+            EndBlock();
         if (!form) {
             Add({severity, {}, {}, {}, line});
             return;

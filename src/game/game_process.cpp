@@ -66,8 +66,7 @@ GameProcess::GameProcess(QObject* parent) : QObject(parent), d(std::make_unique<
 GameProcess::~GameProcess()
 {
     disconnect(&d->Process, nullptr, this, nullptr);
-    Kill();
-    d->Process.waitForFinished(-1);
+    End();
 }
 
 Result<> GameProcess::Start(const GameStart& start)
@@ -119,6 +118,16 @@ void GameProcess::Kill()
     // The whole session, for a game that is started by a script.
     if (d->Session <= 0 || kill(pid_t(-d->Session), SIGKILL) != 0)
         d->Process.kill();
+}
+
+void GameProcess::End()
+{
+    if (!d->Stopped)
+        Stop();
+    if (!Runs() || d->Process.waitForFinished(ClosePatience))
+        return;
+    Kill();
+    d->Process.waitForFinished(-1);
 }
 
 const QByteArray& GameProcess::Printed() const

@@ -24,12 +24,13 @@ class GameProcess : public QObject
 
 public:
     explicit GameProcess(QObject* parent = nullptr);
-    ~GameProcess() override; ///< kills what still runs
+    ~GameProcess() override; ///< ends what still runs
 
     [[nodiscard]] Result<> Start(const GameStart& start); ///< fails if it cannot be started
     bool Runs() const;
     void Stop(); ///< closes its windows, and kills it at once if it has none, else if it lives on after a wait
     void Kill();
+    void End(); ///< Stop, and returns when it has ended
 
     const QByteArray& Printed() const; ///< on standard output, up to a limit
     const QByteArray& Errors() const;  ///< on standard error, up to a limit

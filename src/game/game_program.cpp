@@ -1,7 +1,9 @@
 #include "game/game_program.h"
 
 #include "conf/line_pass.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
+#include "frame/run_scope.h"
 #include "game/game_folders.h"
 #include "game/run_game.h"
 #include "game/scratch_home.h"
@@ -73,12 +75,15 @@ Result<QString> ProveGame(const QString& program)
     run.Unseen = true;
     run.HeldFile = home->HeldFile();
     run.LimitMs = ProofLimit;
-    const auto report = RunGame(run);
+    RunScope scope(RunKind::Game, QStringLiteral("Is this Rocks'n'Diamonds?"));
+    const auto report = RunGame(run, scope);
     if (!report)
         return tl::unexpected(report.error());
     KeepProof(report->Printed);
     if (report->End == GameEnd::TimedOut)
         return Fail(program, QStringLiteral("the program does not tell its version, and was ended"));
+    if (report->End == GameEnd::Stopped)
+        return Fail(program, QStringLiteral("the question for its version was stopped"));
     QString version = VersionIn(report->Printed, GameCompat(QStringLiteral("Banner")));
     if (version.isEmpty())
         return Fail(program, QStringLiteral("the program is not Rocks'n'Diamonds, or older than its release 4.0"));
@@ -124,5 +129,5 @@ void FindGameAtStart()
     if (found.isEmpty() || !Frame.Settings.RNDPath.isEmpty())
         return;
     UseGame(found);
-    Host().ShowNotice(QStringLiteral("Rocks'n'Diamonds was found: ") + paths::Native(found));
+    ShowNotice(QStringLiteral("Rocks'n'Diamonds was found: ") + paths::Native(found));
 }

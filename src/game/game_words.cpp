@@ -2,7 +2,9 @@
 
 #include "frame/editor_pane.h"
 #include "frame/files/file_commands.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "game/game_state.h"
 #include "platform/paths.h"
 #include "text/encoding.h"
@@ -21,7 +23,7 @@ QString PlaceText(const GameFinding& finding)
 bool ShowFile(const QString& path)
 {
     if (!QFileInfo(path).isFile()) {
-        Host().ShowNotice(QStringLiteral("This file is not there: ") + paths::Native(path));
+        ShowNotice(QStringLiteral("This file is not there: ") + paths::Native(path));
         return false;
     }
     if (TabWithFile(path) < 0) {
@@ -30,7 +32,7 @@ bool ShowFile(const QString& path)
             OpenNewTab();
             ActivateTab();
             if (Frame.CurrentTab == before) {
-                Host().ShowNotice(QStringLiteral("All tabs are in use. Close one to see the line."));
+                ShowNotice(QStringLiteral("All tabs are in use. Close one to see the line."));
                 return false;
             }
         }
@@ -108,7 +110,7 @@ QVariant GameWords::headerData(int section, Qt::Orientation orientation, int rol
 QByteArray AuthorsText(const QString& path)
 {
     if (const int tab = TabWithFile(path); tab >= 0)
-        return Host().Pane(tab).Bytes().toByteArray();
+        return Panes().Pane(tab).Bytes().toByteArray();
     const auto bytes = paths::ReadWhole(path, paths::LargestDocument);
     return bytes ? FromFile(*bytes, EncodingOf(*bytes)) : QByteArray();
 }
@@ -132,13 +134,13 @@ void GoToGameWord(int row)
     if (!word)
         return;
     if (word->Finding.File.isEmpty()) {
-        Host().ShowNotice(QStringLiteral("The game does not tell which file it means."));
+        ShowNotice(QStringLiteral("The game does not tell which file it means."));
         return;
     }
     const QString path = word->Finding.File;
     const int line = word->Line;
     if (path.endsWith(QLatin1String(".level"), Qt::CaseInsensitive)) {
-        Host().ShowNotice(QStringLiteral("The game means this level: ") + paths::Native(path));
+        ShowNotice(QStringLiteral("The game means this level: ") + paths::Native(path));
         return;
     }
     if (!ShowFile(path))
@@ -146,6 +148,6 @@ void GoToGameWord(int row)
     if (line >= 0)
         CurrentPane().ExecuteCmd(CmdGotoLine, line);
     else
-        Host().ShowNotice(QStringLiteral("The game does not tell which line it means."));
-    Host().FocusPane();
+        ShowNotice(QStringLiteral("The game does not tell which line it means."));
+    Panes().FocusPane();
 }

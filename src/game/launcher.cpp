@@ -1,6 +1,9 @@
 #include "game/launcher.h"
 
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
+#include "frame/run_scope.h"
 #include "game/game_folders.h"
 #include "game/game_messages.h"
 #include "game/game_state.h"
@@ -28,12 +31,12 @@ public:
     explicit DisabledScope(bool keepEnabled) : disabled(!keepEnabled)
     {
         if (disabled)
-            Host().SetEnabled(false);
+            Busy().SetEnabled(false);
     }
     ~DisabledScope()
     {
         if (disabled)
-            Host().SetEnabled(true);
+            Busy().SetEnabled(true);
     }
     DisabledScope(const DisabledScope&) = delete;
     DisabledScope& operator=(const DisabledScope&) = delete;
@@ -41,11 +44,6 @@ public:
 private:
     bool disabled;
 };
-
-bool EndWanted()
-{
-    return Frame.StopRequested || Frame.Ending;
-}
 
 /// What an earlier run has left must not be taken for that of this one.
 void EmptyOutputFiles()
@@ -72,20 +70,19 @@ void WriteOutputFiles(const GameReport& report)
 void TellEnd(const GameReport& report)
 {
     if (report.End == GameEnd::Stopped)
-        Host().ShowNotice(QStringLiteral("The game was ended."));
+        ShowNotice(QStringLiteral("The game was ended."));
     else if (report.Crashed)
-        Host().ShowNotice(QStringLiteral("The game has crashed."));
+        ShowNotice(QStringLiteral("The game has crashed."));
     else if (report.ExitCode != 0)
-        Host().ShowNotice(QStringLiteral("The game ended with an error (exit code %1).").arg(report.ExitCode));
+        ShowNotice(QStringLiteral("The game ended with an error (exit code %1).").arg(report.ExitCode));
 }
 
-Result<GameReport> Play()
+Result<GameReport> Play(RunScope& scope)
 {
     GameRun run;
     run.Program = Frame.Settings.RNDPath;
     run.Arguments = GameInUse().Arguments;
-    run.StopWanted = EndWanted;
-    return RunGame(run);
+    return RunGame(run, scope);
 }
 
 } // namespace
@@ -118,8 +115,7 @@ const DumpRow& DumpOf(int dumpIndex)
     return Dumps.at(size_t(dumpIndex - 1));
 }
 
-Result<GameReport> RunDump(const QString& program, int dumpIndex, const std::function<bool()>& stopWanted,
-                           std::optional<qint64> limitMs)
+Result<GameReport> RunDump(const QString& program, int dumpIndex, RunScope& scope, qint64 limitMs)
 {
     const auto home = ScratchHome::Make();
     if (!home)
@@ -130,9 +126,8 @@ Result<GameReport> RunDump(const QString& program, int dumpIndex, const std::fun
     run.Home = home->Folder();
     run.HeldFile = home->HeldFile();
     run.Unseen = true;
-    run.StopWanted = stopWanted;
     run.LimitMs = limitMs;
-    return RunGame(run);
+    return RunGame(run, scope);
 }
 
 std::optional<GameReport> LaunchGame(int dumpIndex, bool keepEnabled)
@@ -143,17 +138,17 @@ std::optional<GameReport> LaunchGame(int dumpIndex, bool keepEnabled)
     const QString program = Frame.Settings.RNDPath;
     paths::ChangeToFolder(program);
     EmptyOutputFiles();
-    Frame.StopRequested = false;
     Result<GameReport> report = [&] {
+        RunScope scope(RunKind::Game, QStringLiteral("Rocks'n'Diamonds"));
         const DisabledScope disabled(keepEnabled);
-        return dumpIndex > 0 ? RunDump(program, dumpIndex, EndWanted, DumpLimit) : Play();
+        return dumpIndex > 0 ? RunDump(program, dumpIndex, scope, DumpLimit) : Play(scope);
     }();
     if (report)
         WriteOutputFiles(*report);
     else
         ShowMessage(MessagePathError, report.error().Text());
     if (dumpIndex == 0) {
-        Host().FocusPane();
+        Panes().FocusPane();
         paths::ChangeToFolder(Frame.CurrentFolder);
     }
     if (!report)

@@ -22,7 +22,5 @@ struct DumpRow
 };
 const DumpRow& DumpOf(int dumpIndex);
 
-/// Runs the game for a dump: its output without messages. Fails if it cannot be started, ends with an error or is
-/// ended.
-[[nodiscard]] Result<GameReport> RunDump(const QString& program, int dumpIndex, const std::function<bool()>& stopWanted,
-                                         std::optional<qint64> limitMs);
+/// Lets a game print a default conf, unseen and in a home of its own. Fails if it cannot be started.
+[[nodiscard]] Result<GameReport> RunDump(const QString& program, int dumpIndex, RunScope& scope, qint64 limitMs);

@@ -1,6 +1,6 @@
 #include "game/run_game.h"
 
-#include "frame/frame_state.h"
+#include "frame/run_scope.h"
 #include "game/game_process.h"
 
 #include <QElapsedTimer>
@@ -11,62 +11,81 @@ namespace {
 
 constexpr int LookEvery = 50; // ms
 
-/// Looks now and then whether a run is to end, and ends it.
-class RunWatch
+/// Looks now and then whether a run has said all, and ends it.
+class SilenceWatch
 {
 public:
-    RunWatch(const GameRun& watched, GameProcess& game) : run(watched), process(game)
+    SilenceWatch(const GameRun& watched, GameProcess& game) : run(watched), process(game)
     {
-        sinceStart.start();
+        if (!run.HasSaidAll && !run.SilenceMs)
+            return;
         sinceWord.start();
         QObject::connect(&process, &GameProcess::Spoken, &timer, [this] { sinceWord.start(); });
         QObject::connect(&timer, &QTimer::timeout, [this] { Look(); });
         timer.start(LookEvery);
     }
 
-    GameEnd End = GameEnd::ByItself;
+    bool SaidAll = false;
 
 private:
     void Look()
     {
-        if (run.StopWanted && run.StopWanted())
-            EndBy(GameEnd::Stopped);
-        else if (run.LimitMs && sinceStart.elapsed() >= *run.LimitMs)
-            EndBy(GameEnd::TimedOut);
-        else if ((run.HasSaidAll && run.HasSaidAll()) || (run.SilenceMs && sinceWord.elapsed() >= *run.SilenceMs))
-            EndBy(GameEnd::SaidAll);
-    }
-
-    void EndBy(GameEnd end)
-    {
-        End = end;
+        SaidAll = (run.HasSaidAll && run.HasSaidAll()) || (run.SilenceMs && sinceWord.elapsed() >= *run.SilenceMs);
+        if (!SaidAll)
+            return;
         timer.stop();
-        process.Stop();
+        process.Kill();
     }
 
     const GameRun& run;
     GameProcess& process;
     QTimer timer;
-    QElapsedTimer sinceStart, sinceWord;
+    QElapsedTimer sinceWord;
 };
+
+/// The last whole line, for the run panel.
+QString LastLine(const QByteArray& printed)
+{
+    const qsizetype end = printed.lastIndexOf('\n');
+    if (end < 0)
+        return {};
+    const qsizetype from = printed.lastIndexOf('\n', end - 1) + 1;
+    return QString::fromUtf8(printed.mid(from, qMin(end - from, qsizetype(200)))).trimmed();
+}
+
+GameEnd EndOf(const RunScope& scope, bool saidAll)
+{
+    if (saidAll)
+        return GameEnd::SaidAll;
+    if (!scope.Stopped())
+        return GameEnd::ByItself;
+    return scope.Why() == StopReason::Deadline ? GameEnd::TimedOut : GameEnd::Stopped;
+}
 
 } // namespace
 
-Result<GameReport> RunGame(const GameRun& run)
+Result<GameReport> RunGame(const GameRun& run, RunScope& scope)
 {
-    const WorkScope work;
+    if (scope.Stopped())
+        return GameReport{EndOf(scope, false), 0, false, {}, {}};
     GameProcess process;
     if (const Result<> started = process.Start({run.Program, run.Arguments, run.Home, run.Unseen, run.HeldFile});
         !started)
         return tl::unexpected(started.error());
-    RunWatch watch(run, process);
+    scope.OnStop = [&process] { process.Stop(); };
+    QObject::connect(&process, &GameProcess::Spoken, [&] { scope.SetDetail(LastLine(process.Printed())); });
+    QTimer limit;
+    limit.setSingleShot(true);
+    QObject::connect(&limit, &QTimer::timeout, [&scope] { scope.Stop(StopReason::Deadline); });
+    if (run.LimitMs)
+        limit.start(int(*run.LimitMs));
+    const SilenceWatch watch(run, process);
     QEventLoop loop;
     QObject::connect(&process, &GameProcess::Ended, &loop, &QEventLoop::quit);
     if (process.Runs())
         loop.exec();
-    if (process.Runs()) { // the application ends, and its loops with it
-        watch.End = GameEnd::Stopped;
-        process.Kill();
-    }
-    return GameReport{watch.End, process.ExitCode(), process.Crashed(), process.Printed(), process.Errors()};
+    scope.OnStop = nullptr;
+    const GameEnd end = process.Runs() ? GameEnd::Stopped : EndOf(scope, watch.SaidAll);
+    process.End(); // the application may have ended before the game has
+    return GameReport{end, process.ExitCode(), process.Crashed(), process.Printed(), process.Errors()};
 }

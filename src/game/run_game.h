@@ -7,18 +7,19 @@
 #include <functional>
 #include <optional>
 
+class RunScope;
+
 /// One run of a game that is waited for.
 struct GameRun
 {
-    QString Program; ///< absolute
-    QStringList Arguments;
-    QString Home;        ///< home folder of the run; empty: the user's own
-    bool Unseen = false; ///< without window and sound
-    int HeldFile = -1;   ///< see GameStart
-    std::optional<qint64> LimitMs;
-    std::function<bool()> HasSaidAll; ///< asked now and then; true: the run is ended
-    std::optional<qint64> SilenceMs;  ///< ends the run when nothing is printed for so long
-    std::function<bool()> StopWanted; ///< asked now and then; true: the user wants it to end
+    QString Program = {}; ///< absolute
+    QStringList Arguments = {};
+    QString Home = {};                     ///< home folder of the run; empty: the user's own
+    bool Unseen = false;                   ///< without window and sound
+    int HeldFile = -1;                     ///< see GameStart
+    std::optional<qint64> LimitMs = {};    ///< then it is ended
+    std::function<bool()> HasSaidAll = {}; ///< asked now and then; true: it is ended, since nothing more comes
+    std::optional<qint64> SilenceMs = {};  ///< ended when nothing was printed for so long
 };
 
 enum class GameEnd { ByItself, SaidAll, Stopped, TimedOut };
@@ -33,6 +34,6 @@ struct GameReport
     bool Succeeded() const { return End == GameEnd::ByItself && !Crashed && ExitCode == 0; }
 };
 
-/// Runs it and waits, while events go on. A run that is to end has its windows closed, and is killed if that does not
-/// do it; one without a window is killed. Fails if it cannot be started.
-[[nodiscard]] Result<GameReport> RunGame(const GameRun& run);
+/// Runs it and waits, while events go on; the scope's stop ends it: its windows are closed, and what lives on after a
+/// wait, or has none, is killed. Fails if it cannot be started.
+[[nodiscard]] Result<GameReport> RunGame(const GameRun& run, RunScope& scope);

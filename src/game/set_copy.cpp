@@ -2,6 +2,7 @@
 
 #include "frame/editor_pane.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "platform/paths.h"
 
 #include <QDir>
@@ -117,7 +118,7 @@ UnsavedTexts TextsOfTabs()
     for (int tab = 0; tab < int(Frame.Documents.size()); ++tab) {
         const Document& document = Frame.Documents.at(tab);
         if (HasFile(document))
-            texts.insert(paths::Canonical(document.Path), Host().Pane(tab).FileBytes());
+            texts.insert(paths::Canonical(document.Path), Panes().Pane(tab).FileBytes());
     }
     return texts;
 }

@@ -22,7 +22,7 @@ QByteArray OutOfImage(const QByteArray& key, const QByteArray& error)
 
 std::string Row(const GameFinding& finding)
 {
-    return (finding.Key + u'|' + finding.File + u'|' + finding.Picture + u'|' + finding.Text).toStdString();
+    return QString(finding.Key + u'|' + finding.File + u'|' + finding.Picture + u'|' + finding.Text).toStdString();
 }
 
 // Catches: blocks that share a rule read as one, the same finding told twice, a block at the end without its rule,
