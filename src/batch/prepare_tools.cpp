@@ -14,6 +14,7 @@ void ReadToolSettings()
     settings.SpacerWidth = reader.Number(misc, QStringLiteral("SpacerWidth"), 10, 200);
     settings.SuperTab = reader.Flag(misc, QStringLiteral("SuperTab"));
     settings.RNDPath = paths::Inside(ReadIni(misc, QStringLiteral("RNDPath")));
+    ReadDumpCommands();
     DeriveGameFolders();
 }
 

@@ -2,6 +2,7 @@
 
 #include "batch/block_verbs.h"
 #include "batch/conf_verbs.h"
+#include "batch/game_verbs.h"
 #include "batch/level_verbs.h"
 
 #include <algorithm>
@@ -42,6 +43,21 @@ constexpr Verb AllVerbs[] = {
      "\"A files: B the same, C different, D no level\".\n"
      "Ends with 2 if any file is no level or can not be read, else with 1 if any differs, else with 0.\n",
      LevelVerifyVerb},
+    {"game info", "[--game PATH] [--max-seconds N]",
+     "Proves that PATH (else the RNDPath of the settings) is the game, and prints its version and the folder of its\n"
+     "data, a line each as KEY: VALUE; NA if no data is found.\n"
+     "Ends with 2 and the reason if it is not the game, with 3 if it has not answered after N seconds (60).\n",
+     GameInfoVerb},
+    {"game extract", "KIND [--game PATH] [--max-seconds N]",
+     "Lets the game print a default conf and prints it with its entries live. KIND is graphics, sounds, music,\n"
+     "helptext, helpanim or editor. Ends as game info does.\n",
+     GameExtractVerb},
+    {"game check", "SET-FOLDER [--game PATH] [--max-seconds N]",
+     "Lets the game read a level set unseen, in a home folder of its own, and prints what it complains about, a line\n"
+     "each as FILE:LINE: KEY: TEXT. FILE is told from SET-FOLDER; LINE is 0 where the key is not found; a complaint\n"
+     "without file and key is -:0: : TEXT. Nothing of the set is changed.\n"
+     "Ends with 1 if there is any, else as game info does.\n",
+     GameCheckVerb},
 };
 
 const Verb* FindVerb(const QString& name)

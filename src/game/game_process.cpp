@@ -10,6 +10,7 @@
 #include <QTimer>
 #include <csignal>
 #include <fcntl.h>
+#include <sys/prctl.h>
 #include <unistd.h>
 
 namespace {
@@ -78,8 +79,10 @@ Result<> GameProcess::Start(const GameStart& start)
         KeepSome(d->Printed, bytes);
         emit Spoken();
     });
-    d->Process.setChildProcessModifier([screen = d->Screen->ChildEnd(), held = start.HeldFile] {
+    d->Process.setChildProcessModifier([screen = d->Screen->ChildEnd(), held = start.HeldFile, unseen = start.Unseen] {
         setsid();
+        if (unseen) // nobody could end it later
+            prctl(PR_SET_PDEATHSIG, SIGKILL);
         dup2(screen, STDOUT_FILENO);
         if (held >= 0)
             fcntl(held, F_SETFD, 0);

@@ -16,8 +16,6 @@
 
 namespace {
 
-constexpr qint64 ProofLimit = 10'000; // ms
-
 Result<> MayRun(const QString& program)
 {
     const QFileInfo file(program);
@@ -61,7 +59,7 @@ QString VersionIn(const QByteArray& printed, const QString& banner)
     return {};
 }
 
-Result<QString> ProveGame(const QString& program)
+Result<QString> ProveGame(const QString& program, qint64 limitMs)
 {
     if (const Result<> may = MayRun(program); !may)
         return tl::unexpected(may.error());
@@ -71,10 +69,10 @@ Result<QString> ProveGame(const QString& program)
     GameRun run;
     run.Program = program;
     run.Arguments = {GameCompat(QStringLiteral("FileNameCheck2"), QStringLiteral("--version"))};
-    run.Home = home->Folder();
+    run.Home = home->Home();
     run.Unseen = true;
     run.HeldFile = home->HeldFile();
-    run.LimitMs = ProofLimit;
+    run.LimitMs = limitMs;
     RunScope scope(RunKind::Game, QStringLiteral("Is this Rocks'n'Diamonds?"));
     const auto report = RunGame(run, scope);
     if (!report)

@@ -6,7 +6,8 @@
 
 /// Proves that a file is the game: runs it with the proof's argument, in a home of its own, and looks for its banner.
 /// Gives back its version. A failure tells why it is not. What it printed is kept in the data folder.
-[[nodiscard]] Result<QString> ProveGame(const QString& program);
+constexpr qint64 ProofLimit = 10'000; // ms
+[[nodiscard]] Result<QString> ProveGame(const QString& program, qint64 limitMs = ProofLimit);
 
 /// The version in what the proof printed; empty if there is no banner.
 QString VersionIn(const QByteArray& printed, const QString& banner);

@@ -3,20 +3,20 @@
 #include "game/game_words.h"
 #include "game/safe_test.h"
 
-GameState Game;
+GameState TheGame;
 
 GameState::GameState() = default;
 GameState::~GameState() = default;
 
 void ResetGame()
 {
-    Game.Test.reset();
-    Game.Words.reset();
+    TheGame.Test.reset();
+    TheGame.Words.reset();
 }
 
 GameWords& Words()
 {
-    if (!Game.Words)
-        Game.Words = std::make_unique<GameWords>();
-    return *Game.Words;
+    if (!TheGame.Words)
+        TheGame.Words = std::make_unique<GameWords>();
+    return *TheGame.Words;
 }

@@ -14,7 +14,7 @@ struct GameState
     std::unique_ptr<GameWords> Words; ///< what the game complained about in its last run; null before the first
     std::unique_ptr<SafeTest> Test;   ///< while the game plays a copy of a set
 };
-extern GameState Game;
+extern GameState TheGame;
 void ResetGame();
 
 GameWords& Words(); ///< made when first asked for

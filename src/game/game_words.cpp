@@ -10,7 +10,6 @@
 #include "text/encoding.h"
 
 #include <QFileInfo>
-#include <QSet>
 
 namespace {
 
@@ -40,13 +39,31 @@ bool ShowFile(const QString& path)
     return OpenDocument(path, false);
 }
 
+/// The line of a row. The game tells what is wrong with a key for all that it derives from it too, which stands in no
+/// line: such a row leads to the key's own.
+int LineMeant(const PlacedFinding& word)
+{
+    const GameWords& all = Words();
+    for (int row = 0; word.Line < 0 && row < all.rowCount(); ++row) {
+        const PlacedFinding& other = *all.At(row);
+        if (other.Line >= 0 && other.Finding.File == word.Finding.File &&
+            other.Finding.Picture == word.Finding.Picture && other.Finding.Text == word.Finding.Text)
+            return other.Line;
+    }
+    return word.Line;
+}
+
 } // namespace
+
+void GameWords::BeginRun()
+{
+    before.clear();
+    for (const PlacedFinding& row : rows)
+        before << PlaceText(row.Finding);
+}
 
 void GameWords::Show(std::vector<PlacedFinding> now, const QString& folder)
 {
-    QSet<QString> before;
-    for (const PlacedFinding& row : rows)
-        before << PlaceText(row.Finding);
     int fresh = 0;
     for (const PlacedFinding& row : now)
         fresh += !before.contains(PlaceText(row.Finding));
@@ -107,6 +124,11 @@ QVariant GameWords::headerData(int section, Qt::Orientation orientation, int rol
     return QString::fromLatin1(Titles[section]);
 }
 
+QString CountOf(size_t things)
+{
+    return things == 1 ? QStringLiteral("1 thing") : QStringLiteral("%1 things").arg(things);
+}
+
 QByteArray AuthorsText(const QString& path)
 {
     if (const int tab = TabWithFile(path); tab >= 0)
@@ -138,7 +160,7 @@ void GoToGameWord(int row)
         return;
     }
     const QString path = word->Finding.File;
-    const int line = word->Line;
+    const int line = LineMeant(*word);
     if (path.endsWith(QLatin1String(".level"), Qt::CaseInsensitive)) {
         ShowNotice(QStringLiteral("The game means this level: ") + paths::Native(path));
         return;

@@ -3,6 +3,7 @@
 #include "game/finding_places.h"
 
 #include <QAbstractTableModel>
+#include <QSet>
 
 /// What the game complained about in its last run, a row each: key, file, picture, what is wrong.
 class GameWords : public QAbstractTableModel
@@ -13,8 +14,8 @@ public:
     enum Column { KeyColumn, FileColumn, PictureColumn, TextColumn, ColumnCount };
     using QAbstractTableModel::QAbstractTableModel;
 
-    /// Takes the place of what stood here before; tells Spoken if something is new. `folder`: of the level set, which
-    /// paths are shown from; may be empty.
+    void BeginRun(); ///< what is shown now is of the run before
+    /// Takes the place of what stood here before. `folder`: of the level set, which paths are shown from; may be empty.
     void Show(std::vector<PlacedFinding> now, const QString& folder);
     const PlacedFinding* At(int row) const; ///< null outside
 
@@ -29,6 +30,7 @@ signals:
 
 private:
     std::vector<PlacedFinding> rows;
+    QSet<QString> before;
     QString setFolder;
 };
 
@@ -39,6 +41,9 @@ void ShowGameWords(const QByteArray& printed, const QString& setFolder,
 /// Leads to the line of a row: its file in its tab or a new one, the caret in the line. What hinders is told in the
 /// status bar.
 void GoToGameWord(int row);
+
+/// "1 thing", "3 things".
+QString CountOf(size_t things);
 
 /// The text of a file as the author has it: of its tab, else from disk; UTF-8, empty if it cannot be read.
 QByteArray AuthorsText(const QString& path);

@@ -123,7 +123,7 @@ Result<GameReport> RunDump(const QString& program, int dumpIndex, RunScope& scop
     GameRun run;
     run.Program = program;
     run.Arguments = CommandWords(Frame.Settings.ComType.at(size_t(dumpIndex)));
-    run.Home = home->Folder();
+    run.Home = home->Home();
     run.HeldFile = home->HeldFile();
     run.Unseen = true;
     run.LimitMs = limitMs;
@@ -153,8 +153,10 @@ std::optional<GameReport> LaunchGame(int dumpIndex, bool keepEnabled)
     }
     if (!report)
         return {};
-    if (dumpIndex == 0)
+    if (dumpIndex == 0) {
+        Words().BeginRun();
         ShowGameWords(report->Printed, SetFolderOf(Frame.CurrentFolder));
+    }
     TellEnd(*report);
     return std::move(*report);
 }

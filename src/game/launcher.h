@@ -20,6 +20,7 @@ struct DumpRow
     const char* Kind; ///< as the batch verb names it
     int Mode;
 };
+constexpr int DumpCount = 6;
 const DumpRow& DumpOf(int dumpIndex);
 
 /// Lets a game print a default conf, unseen and in a home of its own. Fails if it cannot be started.

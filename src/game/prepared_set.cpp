@@ -102,11 +102,10 @@ void BringUserFiles(const QString& userFolder, bool usersSetup)
         QFile::copy(own + QLatin1String(file), userFolder + QLatin1String(file));
 }
 
-QByteArray StateOfSet(std::optional<int> level)
+/// What the game knows of a set, so that it begins with a level.
+QByteArray StateOfSet(int level)
 {
-    if (!level)
-        return "\n";
-    const QByteArray number = QByteArray::number(*level);
+    const QByteArray number = QByteArray::number(level);
     return "last_played_level: " + number + "\nhandicap_level: " + number + '\n';
 }
 
@@ -115,7 +114,7 @@ QByteArray StateOfSet(std::optional<int> level)
 bool PreparedSet::IsInMenu() const
 {
     const auto now = paths::ReadWhole(StateFile, LargestConf);
-    return now && *now != StateBefore;
+    return now && !now->isEmpty() && *now != StateBefore;
 }
 
 QString PreparedSet::PathInSet(const QString& path) const
@@ -136,7 +135,8 @@ Result<PreparedSet> PrepareSet(const SetWish& wish)
         within += paths::FileNameOfPath(group.chopped(1)) + u'/';
         CopyGroupTexts(group, within, wish.Texts);
     }
-    PreparedSet set{std::move(*home), wish.Folder, within + name + u'/', {QStringLiteral("-l"), levels}, {}, {}, {}};
+    PreparedSet set{
+        std::move(*home), wish.Folder, within + name + u'/', {QStringLiteral("-l"), levels.chopped(1)}, {}, {}, {}};
     const auto copied = CopySet(set.From, set.Copy, wish.Texts);
     if (!copied)
         return tl::unexpected(copied.error());
@@ -152,7 +152,8 @@ Result<PreparedSet> PrepareSet(const SetWish& wish)
 
     // Of two equal keys the later counts, so that the set has a name of its own here.
     set.StateFile = user + QStringLiteral("levelsetup/") + name + QStringLiteral("/levelsetup.conf");
-    set.StateBefore = StateOfSet(wish.Level);
+    if (wish.Level)
+        set.StateBefore = StateOfSet(*wish.Level);
     const std::pair<QString, QByteArray> texts[] = {
         {conf, QByteArray("\nidentifier: ") + Identifier + '\n'},
         {user + GameCompat(QStringLiteral("DefMyDocsRND2")), QByteArray("last_level_series: ") + Identifier + '\n'},
@@ -160,7 +161,7 @@ Result<PreparedSet> PrepareSet(const SetWish& wish)
         {set.StateFile, set.StateBefore},
     };
     for (const auto& [path, bytes] : texts)
-        if (const Result<> done = WriteText(path, bytes); !done)
+        if (const Result<> done = bytes.isEmpty() ? Result<>() : WriteText(path, bytes); !done)
             return tl::unexpected(done.error());
     return set;
 }

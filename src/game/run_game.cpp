@@ -30,7 +30,8 @@ public:
 private:
     void Look()
     {
-        SaidAll = (run.HasSaidAll && run.HasSaidAll()) || (run.SilenceMs && sinceWord.elapsed() >= *run.SilenceMs);
+        SaidAll = (run.HasSaidAll && run.HasSaidAll(process.Printed())) ||
+                  (run.SilenceMs && sinceWord.elapsed() >= *run.SilenceMs);
         if (!SaidAll)
             return;
         timer.stop();

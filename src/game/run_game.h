@@ -3,6 +3,7 @@
 #include "platform/result.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QStringList>
 #include <functional>
 #include <optional>
@@ -14,12 +15,12 @@ struct GameRun
 {
     QString Program = {}; ///< absolute
     QStringList Arguments = {};
-    QString Home = {};                     ///< home folder of the run; empty: the user's own
-    bool Unseen = false;                   ///< without window and sound
-    int HeldFile = -1;                     ///< see GameStart
-    std::optional<qint64> LimitMs = {};    ///< then it is ended
-    std::function<bool()> HasSaidAll = {}; ///< asked now and then; true: it is ended, since nothing more comes
-    std::optional<qint64> SilenceMs = {};  ///< ended when nothing was printed for so long
+    QString Home = {};                                           ///< home folder of the run; empty: the user's own
+    bool Unseen = false;                                         ///< without window and sound
+    int HeldFile = -1;                                           ///< see GameStart
+    std::optional<qint64> LimitMs = {};                          ///< then it is ended
+    std::function<bool(QByteArrayView printed)> HasSaidAll = {}; ///< asked now and then; true: it is ended
+    std::optional<qint64> SilenceMs = {};                        ///< ended when nothing was printed for so long
 };
 
 enum class GameEnd { ByItself, SaidAll, Stopped, TimedOut };

@@ -15,8 +15,9 @@ public:
     ScratchHome& operator=(ScratchHome&& other) noexcept;
     ~ScratchHome();
 
-    const QString& Folder() const { return folder; } ///< "/" at the end
-    QString UserFolder() const;                      ///< the game's own in it, "/" at the end; made by Make
+    const QString& Folder() const { return folder; }   ///< "/" at the end
+    QString Home() const { return folder.chopped(1); } ///< the same as a home is told
+    QString UserFolder() const;                        ///< the game's own in it, "/" at the end; made by Make
     int HeldFile() const { return held; }
 
 private:

@@ -5,6 +5,8 @@
 #include "game/game_state.h"
 
 #include <QDir>
+#include <QTimer>
+#include <memory>
 
 /// A running program whose game is the stand-in, installed in a folder of its own, with homes of its own.
 class GameScope
@@ -38,7 +40,18 @@ public:
 class GameTest : public testing::Test
 {
 protected:
+    /// Runs `work` in a while, unless another After or the end of the test comes first.
+    template <class Work>
+    void After(int ms, Work work)
+    {
+        later = std::make_unique<QObject>();
+        QTimer::singleShot(ms, later.get(), work);
+    }
+
     GameScope Scope;
     BatchHost& Window = Scope.Run.Scope.Host;
     AnswerList& Answers = Scope.Run.Scope.Answers;
+
+private:
+    std::unique_ptr<QObject> later;
 };

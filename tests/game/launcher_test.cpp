@@ -28,7 +28,7 @@ TEST_F(Launcher, PlaysInItsOwnFolderAndLeavesItsWords)
     ASSERT_TRUE(OpenDocument(set + QStringLiteral("graphics/graphicsinfo.conf"), false));
     Scope.Game.Write(QStringLiteral("stderr.txt"), "of yesterday");
     bool wasEnabled = true;
-    QTimer::singleShot(50, [&] { wasEnabled = Window.Enabled; });
+    After(50, [&] { wasEnabled = Window.Enabled; });
     GameScope::Acts("sleep 150;say hello;warn something odd;grumble alsa");
     const auto report = LaunchGame(0, false);
     ASSERT_TRUE(report && report->Succeeded());
@@ -68,7 +68,7 @@ TEST_F(Launcher, AHangingGameIsKilledAndKeepsItsSetup)
     Scope.Home.Write(QStringLiteral(".rocksndiamonds/levelsetup.conf"), ChosenSet);
     for (const StopReason reason : {StopReason::Esc, StopReason::Break, StopReason::Close}) {
         GameScope::Acts("say still here;hang");
-        QTimer::singleShot(200, [&] { StopRuns(reason); });
+        After(200, [&] { StopRuns(reason); });
         const auto report = LaunchGame(0, false);
         ASSERT_TRUE(report);
         EXPECT_EQ(report->End, GameEnd::Stopped);
@@ -153,7 +153,7 @@ TEST_F(Launcher, ExtractGuardsTheText)
 TEST_F(Launcher, ExtractCanBeStopped)
 {
     GameScope::ActsAtPrint("say # half;hang");
-    QTimer::singleShot(200, [] { StopRuns(StopReason::Break); });
+    After(200, [] { StopRuns(StopReason::Break); });
     const QString before = CurrentPane().Text();
     ExtractFromGame(1);
     EXPECT_EQ(CurrentPane().Text(), before);

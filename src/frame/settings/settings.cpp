@@ -154,9 +154,7 @@ void LoadSettings()
     CorrectWindowPosition(reader);
     emit Events().MenuStripsChanged(settings.Gradients == 1);
     emit Events().ViewSettingChanged();
-    for (int i = 1; i <= 6; ++i)
-        settings.ComType.at(i) =
-            ReadIni(QStringLiteral("RND Compatibility"), QStringLiteral("ComType%1").arg(i), QStringLiteral("compat"));
+    ReadDumpCommands();
     DeriveGameFolders();
     ShowInitialFolders();
     LoadHistories();
