@@ -46,11 +46,8 @@ QString ErrorLogFile()
 QString SetFolderOf(const QString& folder)
 {
     const QString conf = Frame.ConfNames.at(ModeLvl);
-    for (QDir at(folder);;) {
-        const QString here = paths::Closed(QDir::cleanPath(at.absolutePath()));
-        if (QFileInfo(here + conf).isFile())
-            return here;
-        if (!at.cdUp())
-            return {};
-    }
+    QString here = paths::Closed(QDir::cleanPath(folder));
+    while (!here.isEmpty() && !QFileInfo(here + conf).isFile())
+        here = paths::FolderOfPath(here.chopped(1));
+    return here;
 }

@@ -239,3 +239,13 @@ GameOutput PartedOutput(QByteArrayView printed, const GameMarks& marks)
     }
     return parted;
 }
+
+QString LastLineOf(const QByteArray& printed)
+{
+    constexpr qsizetype Most = 200;
+    const qsizetype end = printed.lastIndexOf('\n');
+    if (end <= 0)
+        return {};
+    const qsizetype from = printed.lastIndexOf('\n', end - 1) + 1;
+    return QString::fromUtf8(printed.mid(from, qMin(end - from, Most))).trimmed();
+}

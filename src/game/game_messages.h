@@ -41,3 +41,6 @@ struct GameOutput
     QByteArray Printed, Messages;
 };
 GameOutput PartedOutput(QByteArrayView printed, const GameMarks& marks);
+
+/// The last whole line, cut where it is long, for the run panel.
+QString LastLineOf(const QByteArray& printed);

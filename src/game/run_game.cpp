@@ -1,6 +1,7 @@
 #include "game/run_game.h"
 
 #include "frame/run_scope.h"
+#include "game/game_messages.h"
 #include "game/game_process.h"
 
 #include <QElapsedTimer>
@@ -44,16 +45,6 @@ private:
     QElapsedTimer sinceWord;
 };
 
-/// The last whole line, for the run panel.
-QString LastLine(const QByteArray& printed)
-{
-    const qsizetype end = printed.lastIndexOf('\n');
-    if (end < 0)
-        return {};
-    const qsizetype from = printed.lastIndexOf('\n', end - 1) + 1;
-    return QString::fromUtf8(printed.mid(from, qMin(end - from, qsizetype(200)))).trimmed();
-}
-
 GameEnd EndOf(const RunScope& scope, bool saidAll)
 {
     if (saidAll)
@@ -74,7 +65,7 @@ Result<GameReport> RunGame(const GameRun& run, RunScope& scope)
         !started)
         return tl::unexpected(started.error());
     scope.OnStop = [&process] { process.Stop(); };
-    QObject::connect(&process, &GameProcess::Spoken, [&] { scope.SetDetail(LastLine(process.Printed())); });
+    QObject::connect(&process, &GameProcess::Spoken, [&] { scope.SetDetail(LastLineOf(process.Printed())); });
     QTimer limit;
     limit.setSingleShot(true);
     QObject::connect(&limit, &QTimer::timeout, [&scope] { scope.Stop(StopReason::Deadline); });

@@ -3,6 +3,7 @@
 #include "frame/files/file_commands.h"
 #include "frame/frame_events.h"
 #include "frame/frame_state.h"
+#include "game/game_messages.h"
 #include "game/game_state.h"
 #include "game/game_words.h"
 #include "game/games.h"
@@ -54,6 +55,7 @@ SafeTest::SafeTest(PreparedSet preparedSet, QString setName)
     soon.setInterval(WordsAfter);
     connect(&soon, &QTimer::timeout, this, &SafeTest::ShowWords);
     connect(&process, &GameProcess::Spoken, &soon, [this] {
+        scope.SetDetail(LastLineOf(process.Printed()));
         if (!soon.isActive())
             soon.start();
     });

@@ -115,10 +115,10 @@ TEST_F(FastTest, RefusesBeforeAnythingIsTouched)
 TEST_F(FastTest, HoweverTheGameEndsAllIsBack)
 {
     Frame.Settings.DisableSoundLaunch = 1;
-    for (const char* acts : {"crash", "exit 1", "hang"}) {
+    for (const char* acts : {"crash", "exit 1", "say ready;hang"}) {
         Select(5, 0, 6, 3);
         GameScope::Acts(acts);
-        After(300, [] { StopRuns(StopReason::Close); });
+        WhenSaid(QStringLiteral("ready"), [] { StopRuns(StopReason::Close); });
         FastLaunch();
         EXPECT_EQ(GameScope::Snapshot(Set), Before) << acts;
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "frame/program_scope.h"
+#include "frame/run_scope.h"
 #include "game/game_folders.h"
 #include "game/game_state.h"
 
@@ -37,6 +38,12 @@ public:
     ProgramScope Run;
 };
 
+/// Has the run in front printed this line last?
+inline bool ScopeSays(const QString& line)
+{
+    return RunInFront() && RunInFront()->Detail() == line;
+}
+
 class GameTest : public testing::Test
 {
 protected:
@@ -46,6 +53,21 @@ protected:
     {
         later = std::make_unique<QObject>();
         QTimer::singleShot(ms, later.get(), work);
+    }
+
+    /// Runs `work` once the run in front has printed a line.
+    template <class Work>
+    void WhenSaid(const QString& line, Work work)
+    {
+        later = std::make_unique<QObject>();
+        auto* look = new QTimer(later.get());
+        QObject::connect(look, &QTimer::timeout, look, [=] {
+            if (!ScopeSays(line))
+                return;
+            look->stop();
+            work();
+        });
+        look->start(10);
     }
 
     GameScope Scope;

@@ -68,7 +68,7 @@ TEST_F(Launcher, AHangingGameIsKilledAndKeepsItsSetup)
     Scope.Home.Write(QStringLiteral(".rocksndiamonds/levelsetup.conf"), ChosenSet);
     for (const StopReason reason : {StopReason::Esc, StopReason::Break, StopReason::Close}) {
         GameScope::Acts("say still here;hang");
-        After(200, [&] { StopRuns(reason); });
+        WhenSaid(QStringLiteral("still here"), [=] { StopRuns(reason); });
         const auto report = LaunchGame(0, false);
         ASSERT_TRUE(report);
         EXPECT_EQ(report->End, GameEnd::Stopped);
@@ -153,7 +153,7 @@ TEST_F(Launcher, ExtractGuardsTheText)
 TEST_F(Launcher, ExtractCanBeStopped)
 {
     GameScope::ActsAtPrint("say # half;hang");
-    After(200, [] { StopRuns(StopReason::Break); });
+    WhenSaid(QStringLiteral("# half"), [] { StopRuns(StopReason::Break); });
     const QString before = CurrentPane().Text();
     ExtractFromGame(1);
     EXPECT_EQ(CurrentPane().Text(), before);
