@@ -4,37 +4,23 @@
 #include "frame/run_scope.h"
 #include "game/game_folders.h"
 #include "game/game_state.h"
+#include "game/stand_in_place.h"
 
 #include <QDir>
 #include <QTimer>
 #include <memory>
 
-/// A running program whose game is the stand-in, installed in a folder of its own, with homes of its own.
-class GameScope
+/// A running program whose game is the stand-in.
+class GameScope : public StandInPlace
 {
 public:
-    GameScope();
-    ~GameScope();
+    GameScope()
+    {
+        Run.Edit("RNDPath=\n", "RNDPath=" + QFile::encodeName(Program()) + '\n');
+        Run.Start();
+    }
+    ~GameScope() { ResetGame(); }
 
-    /// What the stand-in does in its menu; empty: it ends at once, unseen it plays on.
-    static void Acts(const QByteArray& acts) { qputenv("GAME_STAND_IN", acts); }
-    static void ActsAtPrint(const QByteArray& acts) { qputenv("GAME_STAND_IN_PRINT", acts); }
-    static void ActsAtProof(const QByteArray& acts) { qputenv("GAME_STAND_IN_PROOF", acts); }
-
-    /// A line a start of the stand-in since the last call.
-    QStringList TakeStarts();
-
-    QString Program() const { return Game.Path(QStringLiteral("rocksndiamonds")); }
-
-    /// A level set in the player's own levels: levelinfo.conf, a level and a graphicsinfo.conf of this text.
-    QString MakeSet(const QString& name, const QByteArray& graphics) const;
-    QString UserFile(const QString& name) const { return Home.Path(QStringLiteral(".rocksndiamonds/")) + name; }
-
-    /// All files below a folder with their bytes, to see that nothing has changed.
-    static QMap<QString, QByteArray> Snapshot(const QString& folder);
-    static QStringList Names(const QString& folder);
-
-    TestFolder Game, Home;
     ProgramScope Run;
 };
 

@@ -8,6 +8,8 @@
 #include "windows/blocks/frm_inject.h"
 #include "windows/files/frm_project.h"
 #include "windows/find/find_dialogs.h"
+#include "windows/game/frm_games.h"
+#include "windows/game/words_panel.h"
 #include "windows/lists/block_list.h"
 #include "windows/lists/comment_tree.h"
 #include "windows/lists/recent_popup.h"
@@ -103,17 +105,22 @@ void frmmain::OpenTool(ToolWindow tool)
         frmAbout::Run({[this](const QByteArray& tune) { PlayModule(tune); }, [this] { StopPlayers(); }}, this);
     if (tool == ToolWindow::Inject)
         RunInjectWindow(this);
+    if (tool == ToolWindow::Games)
+        RunGamesWindow(this);
 }
 
 void frmmain::ShowList(ListKind list)
 {
     HideLists();
+    const QRect area(stack->mapTo(recent->parentWidget(), QPoint()), stack->size());
     if (list == ListKind::Recent)
-        recent->OpenOver(stack->geometry());
+        recent->OpenOver(area);
     if (list == ListKind::Comments)
-        comments->OpenOver(stack->geometry());
+        comments->OpenOver(area);
     if (list == ListKind::Blocks)
-        blocks->OpenOver(stack->geometry());
+        blocks->OpenOver(area);
+    if (list == ListKind::GameWords)
+        words->ShowList();
 }
 
 void frmmain::CloseLists()

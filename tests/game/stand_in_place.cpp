@@ -1,7 +1,8 @@
-#include "game/game_scope.h"
+#include "game/stand_in_place.h"
 
 #include <QCoreApplication>
 #include <QDirIterator>
+#include <QFile>
 
 namespace {
 
@@ -11,7 +12,7 @@ constexpr const char* Variables[] = {
 
 } // namespace
 
-GameScope::GameScope()
+StandInPlace::StandInPlace()
 {
     Game.Write(QStringLiteral("levels/tutorial/levelinfo.conf"), "name: Tutorial\nlevels: 1\nfirst_level: 1\n");
     Game.Write(QStringLiteral("levels/tutorial/001.level"), "RND1");
@@ -23,25 +24,22 @@ GameScope::GameScope()
     for (const char* name : {"XDG_CACHE_HOME", "XDG_STATE_HOME", "XDG_DATA_HOME"})
         qputenv(name, QFile::encodeName(Home.Path(QString::fromLatin1(name).toLower())));
     qputenv("GAME_STAND_IN_LOG", QFile::encodeName(Home.Path(QStringLiteral("starts.txt"))));
-    Run.Edit("RNDPath=\n", "RNDPath=" + QFile::encodeName(Program()) + '\n');
-    Run.Start();
 }
 
-GameScope::~GameScope()
+StandInPlace::~StandInPlace()
 {
-    ResetGame();
     for (const char* name : Variables)
         qunsetenv(name);
 }
 
-QStringList GameScope::TakeStarts()
+QStringList StandInPlace::TakeStarts()
 {
     const QString lines = QString::fromUtf8(Home.Read(QStringLiteral("starts.txt")));
     QFile::remove(Home.Path(QStringLiteral("starts.txt")));
     return lines.startsWith(QLatin1String("<no such")) ? QStringList() : lines.split(u'\n', Qt::SkipEmptyParts);
 }
 
-QString GameScope::MakeSet(const QString& name, const QByteArray& graphics) const
+QString StandInPlace::MakeSet(const QString& name, const QByteArray& graphics) const
 {
     const QString folder = QStringLiteral(".rocksndiamonds/levels/") + name;
     Home.Write(folder + QStringLiteral("/levelinfo.conf"), "name: Set\nlevels: 9\nfirst_level: 1\n");
@@ -50,7 +48,7 @@ QString GameScope::MakeSet(const QString& name, const QByteArray& graphics) cons
     return Home.Path(folder) + u'/';
 }
 
-QMap<QString, QByteArray> GameScope::Snapshot(const QString& folder)
+QMap<QString, QByteArray> StandInPlace::Snapshot(const QString& folder)
 {
     QMap<QString, QByteArray> files;
     QDirIterator all(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
@@ -60,9 +58,4 @@ QMap<QString, QByteArray> GameScope::Snapshot(const QString& folder)
             files.insert(file.fileName(), file.readAll());
     }
     return files;
-}
-
-QStringList GameScope::Names(const QString& folder)
-{
-    return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
 }
