@@ -87,6 +87,9 @@ struct ViewToggle
 const std::array<ViewToggle, 6>& ViewToggles();
 void ToggleView(int id);
 
+/// ComType1 to ComType6 from compat.ini.
+void ReadDumpCommands();
+
 /// RndFolder and its like from RNDPath and compat.ini; the first data folder that holds `FileNameCheck5` counts.
 void DeriveGameFolders();
 
