@@ -1,0 +1,13 @@
+#pragma once
+
+#include "macro/language/value.h"
+
+enum class Operator : quint8 { Assign, Add, Subtract, Multiply, Divide };
+
+/// Longest text that "+" may build.
+constexpr qsizetype LongestSum = 10000;
+
+/// Applies an operator to `target`. Two numbers are reckoned as signed 32-bit ones, anything else is text: it is
+/// assigned or appended, and becomes 0 otherwise. Gives back the message of a failure, which leaves `target` as it was
+/// but for a sum that grew too long; null if there is none.
+const char* ApplyOperator(Operator op, Value& target, const Value& value);
