@@ -30,7 +30,6 @@ public:
     void SetEnabled(bool enabled) override { Enabled = enabled; }
     void FocusPane() override {}
     void BusyPointer(bool) override {}
-    void ShowFind(EditorPane&, FindKind) override {}
     void OpenTool(ToolWindow tool) override;
     void ShowComments() override { CommentsShown = true; }
     void ShowRecent() override { RecentShown = true; }

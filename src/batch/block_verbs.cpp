@@ -3,8 +3,8 @@
 #include "conf/block_outline.h"
 #include "conf/conf_lines.h"
 #include "conf/line_pass.h"
-#include "editor/encoding.h"
 #include "platform/paths.h"
+#include "text/encoding.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

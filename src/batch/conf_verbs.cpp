@@ -3,9 +3,9 @@
 #include "conf/check.h"
 #include "conf/comments.h"
 #include "conf/tidy_up.h"
-#include "editor/encoding.h"
 #include "frame/frame_state.h"
 #include "platform/paths.h"
+#include "text/encoding.h"
 
 #include <QDir>
 

@@ -142,7 +142,7 @@ QString ModeWithReverse(const ElementRecord& record)
 
 } // namespace
 
-LineReader LinesOf(const EditorPane& pane)
+LineReader LinesOf(const DocumentText& pane)
 {
     return [&pane](int number) {
         return number >= 0 && number < pane.LineCount() ? std::optional(pane.GetLine(number)) : std::nullopt;
@@ -217,7 +217,7 @@ void ReadElementBlock()
 
 void UpdateElementBlock()
 {
-    EditorPane& pane = CurrentPane();
+    DocumentText& pane = CurrentPane();
     const UndoGroup group(pane);
     if (const auto mode = std::exchange(Conf.UnknownMode, std::nullopt))
         Conf.Element.AnimMode = *mode;

@@ -6,12 +6,12 @@
 #include <optional>
 #include <vector>
 
-class EditorPane;
+class DocumentText;
 struct ValueColumn;
 
 /// Line `number` (from 0) of a text, without its break; nothing behind the last line.
 using LineReader = std::function<std::optional<QString>(int number)>;
-LineReader LinesOf(const EditorPane& pane);
+LineReader LinesOf(const DocumentText& pane);
 
 /// What a read of a block gives.
 struct BlockReading

@@ -18,7 +18,7 @@ CheckContext CurrentCheckContext()
 
 void CheckForErrors()
 {
-    EditorPane& pane = CurrentPane();
+    DocumentText& pane = CurrentPane();
     const int lines = pane.LineCount();
     Host().ShowProgress(lines + 1, 0);
     const auto found = FirstBadLine(pane.Bytes(), CurrentCheckContext(), ThrottledProgress(lines + 1));

@@ -54,7 +54,7 @@ QString SeparatorLine(const QString& title, const QString& code, const Separator
     return line.replace(at, padded.size(), padded).left(width + 1) + code;
 }
 
-void InsertCommentSeparator(EditorPane& pane, const QString& title, const QString& code)
+void InsertCommentSeparator(DocumentText& pane, const QString& title, const QString& code)
 {
     if (title.isEmpty())
         return;
@@ -134,7 +134,7 @@ void UncommentSelected()
 
 void SelectBetweenComments()
 {
-    EditorPane& pane = CurrentPane();
+    DocumentText& pane = CurrentPane();
     const QString marker = CurrentMarks().Marker();
     int upper = pane.GetSel(true).StartLine;
     while (upper > 0 && !pane.GetLine(upper).startsWith(marker))
@@ -154,7 +154,7 @@ void SelectBetweenComments()
 
 void GotoComment(bool forward)
 {
-    EditorPane& pane = CurrentPane();
+    DocumentText& pane = CurrentPane();
     if (pane.FindPlain(CurrentMarks().Marker(), forward)) {
         pane.ExecuteCmd(CmdLineStart);
         pane.ExecuteCmd(CmdCharRight);

@@ -30,7 +30,7 @@ int ImageOfSeparator(QStringView line);
 QString SeparatorLine(const QString& title, const QString& code, const SeparatorMarks& marks);
 
 /// Writes a separator at the selection's start line; an empty title does nothing.
-void InsertCommentSeparator(EditorPane& pane, const QString& title, const QString& code);
+void InsertCommentSeparator(DocumentText& pane, const QString& title, const QString& code);
 
 /// A node of the comment tree.
 struct SeparatorNode

@@ -36,7 +36,7 @@ int EndOfCommands(const LineReader& lines, int mainLine, const QString& key)
 
 void EditElement()
 {
-    EditorPane& pane = CurrentPane();
+    DocumentText& pane = CurrentPane();
     const UndoGroup visit(pane); // from here on: undo brings the caret back too
     pane.ExecuteCmd(CmdLineStart);
     const auto mainLine = FindMainLine(pane, pane.GetSel(true).StartLine, EditReach);

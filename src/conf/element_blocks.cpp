@@ -7,7 +7,7 @@ namespace {
 constexpr int SelectReach = 50;
 }
 
-std::optional<int> FindMainLine(const EditorPane& pane, int caretLine, int reach)
+std::optional<int> FindMainLine(const DocumentText& pane, int caretLine, int reach)
 {
     const int top = qMax(0, caretLine - reach);
     for (int line = caretLine; line >= top; --line)
@@ -16,7 +16,7 @@ std::optional<int> FindMainLine(const EditorPane& pane, int caretLine, int reach
     return std::nullopt;
 }
 
-int EndOfBlock(const EditorPane& pane, int mainLine)
+int EndOfBlock(const DocumentText& pane, int mainLine)
 {
     const QString main = pane.GetLine(mainLine);
     const QString key = KeyOfLine(main);
@@ -31,7 +31,7 @@ int EndOfBlock(const EditorPane& pane, int mainLine)
 
 void SelectElementBlock()
 {
-    EditorPane& pane = CurrentPane();
+    DocumentText& pane = CurrentPane();
     pane.ExecuteCmd(CmdLineStart);
     const std::optional<int> main = FindMainLine(pane, pane.GetSel(true).StartLine, SelectReach);
     if (!main)

@@ -35,7 +35,7 @@ void MakeHeadline()
         QStringLiteral("Enter headline. Remember, the editor palette in RnD is only 4 characters in width."), {});
     if (!text || text->isEmpty() || text->size() > LongestHeadline)
         return;
-    EditorPane& pane = CurrentPane();
+    DocumentText& pane = CurrentPane();
     const UndoGroup group(pane);
     int line = pane.GetSel(true).StartLine;
     for (const QString& word : HeadlineLines(*text))

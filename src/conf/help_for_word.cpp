@@ -1,7 +1,7 @@
 #include "conf/help_for_word.h"
 
 #include "frame/documents/documents.h"
-#include "frame/editor_operations.h"
+#include "frame/editor_pane.h"
 #include "frame/frame_state.h"
 #include "platform/processes.h"
 

@@ -10,7 +10,7 @@ namespace {
 constexpr qint64 ProgressEvery = 50;
 
 /// Lines first to last, without the break behind the last one.
-QByteArrayView WholeLines(const EditorPane& pane, int first, int last)
+QByteArrayView WholeLines(const DocumentText& pane, int first, int last)
 {
     const QByteArrayView all = pane.Bytes();
     const qsizetype from = pane.LineStart(first);
@@ -59,7 +59,7 @@ ByteLine TakeLine(QByteArrayView bytes, qsizetype& from)
     return {QByteArrayView(start, stop - start), QByteArrayView(stop, next - stop)};
 }
 
-void RunPassOnSelection(EditorPane& pane, const LinePass& pass)
+void RunPassOnSelection(DocumentText& pane, const LinePass& pass)
 {
     const Range selection = pane.GetSel(true);
     const int lines = selection.EndLine - selection.StartLine + 1;

@@ -4,7 +4,7 @@
 #include <QByteArrayView>
 #include <functional>
 
-class EditorPane;
+class DocumentText;
 
 /// Told now and then how many lines a pass has done.
 using PassProgress = std::function<void(int linesDone)>;
@@ -43,4 +43,4 @@ PassProgress ThrottledProgress(int maximum);
 
 /// Runs a pass over the whole lines that the selection of a pane touches: one undo step, with the progress bar, the
 /// caret at the start of the first line afterwards. A selection that ends in column 0 of a line includes that line.
-void RunPassOnSelection(EditorPane& pane, const LinePass& pass);
+void RunPassOnSelection(DocumentText& pane, const LinePass& pass);

@@ -20,7 +20,7 @@ bool HasSubGroup(const QString& line)
 }
 
 /// The line at or above the caret that names the block's image. Those of sub groups count only from within one.
-std::optional<int> MainLineAbove(const EditorPane& pane, int caretLine)
+std::optional<int> MainLineAbove(const DocumentText& pane, int caretLine)
 {
     const bool inSubGroup = HasSubGroup(pane.GetLine(caretLine));
     for (int line = caretLine; line >= qMax(0, caretLine - LocateReach); --line) {
@@ -31,13 +31,13 @@ std::optional<int> MainLineAbove(const EditorPane& pane, int caretLine)
     return std::nullopt;
 }
 
-void GotoLineStart(EditorPane& pane)
+void GotoLineStart(DocumentText& pane)
 {
     pane.ExecuteCmd(CmdLineStart);
 }
 
 /// Opens `hit` in the tool of the mode, with the block that names it.
-void OpenImage(EditorPane& pane, const MediaHit& hit)
+void OpenImage(DocumentText& pane, const MediaHit& hit)
 {
     Host().ShowMediaEntry(hit.Source, hit.Row);
     Conf.MediaSource = hit.Source;
@@ -73,7 +73,7 @@ void Locate(bool quick)
 
 LocateResult LocateElementImage()
 {
-    EditorPane& pane = CurrentPane();
+    DocumentText& pane = CurrentPane();
     if (pane.SelLength() > 0)
         return NothingToLocate;
     GotoLineStart(pane);

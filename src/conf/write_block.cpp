@@ -50,7 +50,7 @@ QStringList NewBlockLines(const QString& key, const ElementRecord& record, const
 
 void WriteElementBlock(bool full, int undoMark)
 {
-    EditorPane& pane = CurrentPane();
+    DocumentText& pane = CurrentPane();
     const QString selected = pane.SelText();
     const QString key = KeyFromSelection(selected);
     const bool broken = std::any_of(selected.begin(), selected.end(), [](QChar c) { return c < LowestOfKey; });

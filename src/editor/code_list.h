@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/component.h"
+#include "frame/editor_pane.h"
 
 #include <QStringListModel>
 

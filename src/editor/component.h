@@ -1,9 +1,11 @@
 #pragma once
 
-#include "editor/text_form.h"
+#include "text/places.h"
+#include "text/text_form.h"
 
 #include <QPointer>
 
+class QWidget;
 class QsciScintilla;
 
 /// A selection as the component holds it: byte positions, and blanks behind a line's end for a column selection.
@@ -16,14 +18,6 @@ struct RawSelection
     bool operator==(const RawSelection&) const = default;
     qsizetype Start() const { return qMin(Anchor, Caret); }
     qsizetype End() const { return qMax(Anchor, Caret); }
-};
-
-/// One stretch of bytes.
-struct Span
-{
-    qsizetype Start = 0, End = 0;
-
-    bool operator==(const Span&) const = default;
 };
 
 /// The editor component by its messages, with types that fit: lines, byte positions, spans. It owns the widget until

@@ -1,6 +1,6 @@
 #include "editor/line_colours.h"
 
-#include "editor/text_form.h"
+#include "text/text_form.h"
 
 #include <algorithm>
 

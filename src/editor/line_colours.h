@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/editor_operations.h"
+#include "frame/editor_pane.h"
 
 #include <array>
 #include <string>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "editor/component.h"
-#include "frame/editor_operations.h"
+#include "frame/editor_pane.h"
 
 #include <QWidget>
 

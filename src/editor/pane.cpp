@@ -155,6 +155,11 @@ void ScintillaPane::SetTabSize(int columns)
     text.Send(Sci::SCI_SETTABWIDTH, qMax(columns, 1));
 }
 
+bool ScintillaPane::Overtype() const
+{
+    return text.Send(Sci::SCI_GETOVERTYPE) != 0;
+}
+
 void ScintillaPane::SetOvertype(bool on)
 {
     text.Send(Sci::SCI_SETOVERTYPE, on);

@@ -5,7 +5,7 @@
 #include "editor/drop_place.h"
 #include "editor/looks.h"
 #include "editor/margin_marks.h"
-#include "editor/search.h"
+#include "text/search.h"
 
 #include <optional>
 #include <vector>
@@ -40,6 +40,8 @@ public:
 
     Range GetSel(bool normalised) const override;
     bool SetSel(const Range& range, bool makeVisible) override;
+    int CaretLine() const override { return text.LineOf(Caret()); }
+    int CaretColumn() const override { return text.ColumnOf(Caret()); }
     QString SelText() const override;
     void SetSelText(const QString& wanted) override;
     int SelLength() const override;
@@ -59,6 +61,8 @@ public:
     void SetLineEnd(LineBreak wanted) override;
 
     bool ExecuteCmd(int number, const QVariant& argument) override;
+    int Repeat(int number, int count) override;
+    bool Overtype() const override;
     void ClearUndoBuffer() override;
     void SetUndoLimit(int limit) override;
     bool CanUndo() const override;

@@ -93,6 +93,20 @@ bool ScintillaPane::ExecuteCmd(int number, const QVariant& argument)
     return true;
 }
 
+/// A command that moves nothing and changes nothing counts as refused: a caret at the text's end stays there however
+/// often it is told to go on.
+int ScintillaPane::Repeat(int number, int count)
+{
+    const Work work(*this);
+    for (int done = 0; done < count; ++done) {
+        const RawSelection before = text.Selection();
+        const quint64 editsBefore = edits;
+        if (!ExecuteCmd(number, {}) || (edits == editsBefore && text.Selection() == before))
+            return done;
+    }
+    return qMax(count, 0);
+}
+
 bool ScintillaPane::SelectCaretLine(const QVariant&)
 {
     SelectLine(text.LineOf(Caret()), true);
@@ -221,7 +235,7 @@ bool ScintillaPane::GotoLine(const QVariant& argument)
 {
     const int line = argument.isValid() ? argument.toInt() : -1;
     if (line == -1)
-        Host().ShowFind(*this, FindKind::GotoLine);
+        emit FindWanted(FindKind::GotoLine);
     else if (line >= 0)
         MoveCaret(text.LineStart(qMin(line, text.Lines() - 1)), false);
     return line >= -1;
@@ -229,12 +243,12 @@ bool ScintillaPane::GotoLine(const QVariant& argument)
 
 bool ScintillaPane::ShowFindDialog(const QVariant&)
 {
-    Host().ShowFind(*this, FindKind::Find);
+    emit FindWanted(FindKind::Find);
     return true;
 }
 
 bool ScintillaPane::ShowReplaceDialog(const QVariant&)
 {
-    Host().ShowFind(*this, FindKind::Replace);
+    emit FindWanted(FindKind::Replace);
     return true;
 }

@@ -1,6 +1,6 @@
-#include "editor/encoding.h"
 #include "editor/pane.h"
 #include "platform/paths.h"
+#include "text/encoding.h"
 
 #include <Qsci/qsciscintilla.h>
 

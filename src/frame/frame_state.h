@@ -1,7 +1,7 @@
 #pragma once
 
 #include "frame/documents/documents.h"
-#include "frame/editor_operations.h"
+#include "frame/editor_pane.h"
 #include "frame/files/recent_list.h"
 #include "frame/messages/messages.h"
 #include "frame/settings/settings.h"

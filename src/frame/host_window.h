@@ -4,6 +4,7 @@
 #include <QStringList>
 
 class EditorPane;
+class DocumentText;
 
 /// What a tab of the strip shows.
 struct TabFace
@@ -14,7 +15,6 @@ struct TabFace
     bool Enabled = true;
 };
 
-enum class FindKind { Find, Replace, GotoLine };
 enum class ToolWindow { Project, About, Inject };
 
 /// The main window as the rooms below it see it; frmmain implements it, and so does the host without a window.
@@ -37,7 +37,6 @@ public:
     virtual void SetEnabled(bool enabled) = 0;
     virtual void FocusPane() = 0;
     virtual void BusyPointer(bool busy) = 0;
-    virtual void ShowFind(EditorPane& pane, FindKind kind) = 0;
     virtual void OpenTool(ToolWindow tool) = 0; ///< modal; returns when closed
     virtual void ShowRecent() = 0;              ///< the floating recent list, already loaded
     virtual void ShowComments() = 0;            ///< the floating comment tree, made anew from the current document

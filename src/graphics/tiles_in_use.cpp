@@ -1,13 +1,13 @@
 #include "graphics/tiles_in_use.h"
 
 #include "conf/block_outline.h"
-#include "frame/editor_operations.h"
 #include "frame/media/media_lists.h"
 #include "graphics/sheet.h"
+#include "text/document_text.h"
 
 #include <set>
 
-QList<QPoint> TilesInUse(const EditorPane& pane, const QString& image, int without)
+QList<QPoint> TilesInUse(const DocumentText& pane, const QString& image, int without)
 {
     const int all = Sheet.SheetColumns * Sheet.SheetRows;
     std::set<int> used;

@@ -165,27 +165,32 @@ TEST_F(CommandTest, ClipboardCommands)
 }
 
 // Catches: a line number beyond the end that does nothing or crashes, dialogs that open with a number.
-TEST_F(CommandTest, GotoLineAndDialogsAskTheHost)
+TEST_F(CommandTest, GotoLineAndDialogsAskForTheirWindow)
 {
-    struct : BatchHost
-    {
-        void ShowFind(EditorPane& pane, FindKind kind) override
-        {
-            Asked = &pane;
-            Kinds.append(kind);
-        }
-        EditorPane* Asked = nullptr;
-        QList<FindKind> Kinds;
-    } dialogs;
-    InstallHost(dialogs, host.Answers);
+    QList<FindKind> kinds;
+    QObject::connect(pane.get(), &EditorPane::FindWanted, pane.get(), [&](FindKind kind) { kinds.append(kind); });
     EXPECT_EQ(After(168, u"a\nbc|\nd"_s, 2), u"a\nbc\n|d"_s);
     EXPECT_EQ(After(168, u"a\nbc|\nd"_s, 99), u"a\nbc\n|d"_s);
     EXPECT_FALSE(pane->ExecuteCmd(168, -2));
-    EXPECT_TRUE(dialogs.Kinds.isEmpty());
+    EXPECT_TRUE(kinds.isEmpty());
     for (const int number : {168, 169, 178})
         EXPECT_EQ(After(number, u"a|b"_s, -1), u"a|b"_s);
-    EXPECT_EQ(dialogs.Kinds, (QList{FindKind::GotoLine, FindKind::Replace, FindKind::Find}));
-    EXPECT_EQ(dialogs.Asked, pane.get());
+    EXPECT_EQ(kinds, (QList{FindKind::GotoLine, FindKind::Replace, FindKind::Find}));
+}
+
+// Catches: a repeat that counts steps which the text's end refused, or goes on for ever there; a caret told by the
+// selection's start.
+TEST_F(CommandTest, RepeatTellsHowOftenItWent)
+{
+    Put(u"ab\nc|d\nef"_s);
+    EXPECT_EQ(pane->Repeat(CmdLineDown, 5), 2); // in the last line it goes to the end
+    EXPECT_EQ(pane->Repeat(CmdCharLeft, 1'000'000'000), 8);
+    EXPECT_EQ(pane->Repeat(CmdDeleteRight, 3), 3);
+    EXPECT_EQ(pane->Repeat(12345, 3), 0);
+    Put(u"ab\nc|d\nef"_s);
+    EXPECT_EQ(pane->Repeat(CmdCharRightExtend, 3), 3);
+    EXPECT_EQ(pane->CaretLine(), 2);
+    EXPECT_EQ(pane->CaretColumn(), 1);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #include "pane_fixture.h"
 
-#include "editor/search.h"
+#include "text/search.h"
 
 #include <QRandomGenerator>
 

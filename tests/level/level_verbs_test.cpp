@@ -1,4 +1,5 @@
 #include "batch/verbs.h"
+#include "frame/frame_state.h"
 #include "level_builder.h"
 #include "test_support.h"
 

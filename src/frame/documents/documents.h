@@ -64,7 +64,7 @@ void EmptySlot(int tab);
 int ModifiedTabs(); ///< visible tabs with unsaved text
 
 /// True if the pane's text is saved or the user lets it go (message 8).
-bool MayGiveUp(EditorPane& pane);
+bool MayGiveUp(DocumentText& pane);
 
 /// Status panel 3 and the process's folder follow CurrentFolder and CurrentFile.
 void ShowCurrentPath();

@@ -53,7 +53,7 @@ int TabWithFile(const QString& path)
 
 void EmptySlot(int tab)
 {
-    EditorPane& pane = Host().Pane(tab);
+    DocumentText& pane = Host().Pane(tab);
     pane.SetText({});
     // SetText keeps both, and the slot's next document is a new one.
     pane.SetEncoding(FileEncoding::Utf8);
@@ -79,7 +79,7 @@ int ModifiedTabs()
     return count;
 }
 
-bool MayGiveUp(EditorPane& pane)
+bool MayGiveUp(DocumentText& pane)
 {
     return !pane.Modified() || ShowMessage(8) != CancelCaption;
 }

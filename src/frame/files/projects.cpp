@@ -70,7 +70,7 @@ void ShowMissing(int tab, const QString& path)
     document.Face.Visible = true;
     document.Mode = ModeTxt;
     document.Face.Picture = ModeTxt + 1;
-    EditorPane& pane = Host().Pane(tab);
+    DocumentText& pane = Host().Pane(tab);
     pane.AddText(QStringLiteral("You deleted or renamed this file."));
     pane.ClearUndoBuffer();
     pane.SetModified(false);

@@ -23,7 +23,7 @@ QString CopyName(int tab)
     return QStringLiteral("tab-%1").arg(tab);
 }
 
-recovery::CopyFacts FactsOf(int tab, const EditorPane& pane)
+recovery::CopyFacts FactsOf(int tab, const DocumentText& pane)
 {
     const Document& document = Frame.Documents.at(tab);
     recovery::CopyFacts facts;
@@ -36,7 +36,7 @@ recovery::CopyFacts FactsOf(int tab, const EditorPane& pane)
 }
 
 /// As the file would be written; a text that does not fit its encoding, as UTF-8.
-QByteArray BytesOf(const EditorPane& pane)
+QByteArray BytesOf(const DocumentText& pane)
 {
     return pane.FitsEncoding() ? pane.FileBytes() : pane.Bytes().toByteArray();
 }
@@ -60,7 +60,7 @@ struct Recovery::Private
 
     void Keep(int tab, const QString& name)
     {
-        const EditorPane& pane = Host().Pane(tab);
+        const DocumentText& pane = Host().Pane(tab);
         Worker.Write(name, FactsOf(tab, pane), BytesOf(pane));
     }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/editor_operations.h"
+#include "text/document_text.h"
 
 #include <QDateTime>
 #include <QObject>

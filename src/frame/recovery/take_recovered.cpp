@@ -28,16 +28,13 @@ int TabFor(const RecoveredText& text)
 /// The kept text as an edit of what the tab or else the file holds, so that undo shows that again.
 void PutText(int tab, const RecoveredText& text)
 {
-    EditorPane& pane = Host().Pane(tab);
+    DocumentText& pane = Host().Pane(tab);
     if (!HasFile(Frame.Documents.at(tab))) {
         const bool onDisk = !text.DocumentPath.isEmpty();
         pane.LoadBytes(onDisk ? paths::ReadWhole(text.DocumentPath, paths::LargestDocument).value_or(QByteArray())
                               : QByteArray());
     }
-    EditorPane& kept = Host().txtBuffer();
-    kept.LoadBytes(text.Bytes);
-    pane.ReplaceLines(0, qMax(0, pane.LineCount() - 1), kept.Bytes());
-    kept.LoadBytes({});
+    pane.ReplaceLines(0, qMax(0, pane.LineCount() - 1), FromFile(text.Bytes, EncodingOf(text.Bytes)));
     pane.SetEncoding(text.Encoding);
     pane.SetLineEnd(text.LineEnd);
     pane.SetModified(true);

@@ -1,6 +1,6 @@
 #include "frame/settings/settings.h"
 
-#include "frame/editor_operations.h"
+#include "frame/editor_pane.h"
 #include "frame/frame_state.h"
 #include "frame/host_window.h"
 #include "frame/media/media_lists.h"

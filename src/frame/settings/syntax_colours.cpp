@@ -1,4 +1,4 @@
-#include "frame/editor_operations.h"
+#include "frame/editor_pane.h"
 #include "frame/frame_state.h"
 #include "frame/host_window.h"
 #include "frame/settings/settings.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "conf/inject.h"
-#include "frame/editor_operations.h"
+#include "frame/editor_pane.h"
 
 #include <QDialog>
 #include <array>

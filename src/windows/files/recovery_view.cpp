@@ -1,8 +1,8 @@
 #include "windows/files/recovery_view.h"
 
-#include "editor/encoding.h"
 #include "frame/recovery/line_diff.h"
 #include "platform/paths.h"
+#include "text/encoding.h"
 
 namespace {
 

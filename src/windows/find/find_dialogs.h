@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/host_window.h"
+#include "frame/editor_pane.h"
 
 class QWidget;
 

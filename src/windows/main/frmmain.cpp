@@ -12,6 +12,7 @@
 #include "platform/lock_keys.h"
 #include "platform/paths.h"
 #include "windows/find/find_box.h"
+#include "windows/find/find_dialogs.h"
 #include "windows/lists/block_list.h"
 #include "windows/lists/comment_tree.h"
 #include "windows/lists/recent_popup.h"
@@ -205,6 +206,7 @@ void frmmain::ConnectPane(int tab, EditorPane& pane)
         MarkBlockAtCaret(pane);
     });
     connect(&pane, &EditorPane::TextChanged, this, [this, tab] { PaneTextChanged(tab); });
+    connect(&pane, &EditorPane::FindWanted, this, [this, &pane](FindKind kind) { ShowFindDialog(this, pane, kind); });
     connect(&pane, &EditorPane::MousePressed, this, &frmmain::PanePressed);
     hints->Watch(pane);
     pane.LeaveNames = AnyLeavesItsName;

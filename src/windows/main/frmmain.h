@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/editor_operations.h"
+#include "frame/editor_pane.h"
 #include "frame/host_window.h"
 #include "platform/audio.h"
 #include "windows/main/command_set.h"
@@ -60,7 +60,6 @@ public:
     void SetEnabled(bool enabled) override;
     void FocusPane() override;
     void BusyPointer(bool busy) override;
-    void ShowFind(EditorPane& pane, FindKind kind) override;
     void OpenTool(ToolWindow tool) override;
     void ShowRecent() override;
     void ShowComments() override;

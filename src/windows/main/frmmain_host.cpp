@@ -83,11 +83,6 @@ void frmmain::BusyPointer(bool busy)
         QApplication::restoreOverrideCursor();
 }
 
-void frmmain::ShowFind(EditorPane& pane, FindKind kind)
-{
-    ShowFindDialog(this, pane, kind);
-}
-
 void frmmain::LoadCoolbar()
 {
     bars.Load(Frame.Settings.Bands);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "conf/line_hints.h"
-#include "frame/editor_operations.h"
+#include "frame/editor_pane.h"
 
 #include <QObject>
 #include <QTimer>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "frame/documents/documents.h"
-#include "frame/editor_operations.h"
+#include "frame/editor_pane.h"
 #include "frame/frame_state.h"
 #include "frame/host_window.h"
 

@@ -78,7 +78,7 @@ TEST_F(HelpSubjectTest, F1InAWindowAboveShowsItsPage)
     }
     for (const auto& [kind, name] :
          {std::pair(FindKind::Find, "FindDialog"), std::pair(FindKind::GotoLine, "GotoDialog")}) {
-        Host().ShowFind(CurrentPane(), kind);
+        emit CurrentPane().FindWanted(kind);
         auto* dialog = Window->findChild<QDialog*>(QLatin1String(name));
         press(dialog);
         dialog->close();

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "editor/component.h"
+#include "text/places.h"
+#include "text/search_options.h"
+#include "text/text_form.h"
 
 #include <QRegularExpression>
 #include <array>

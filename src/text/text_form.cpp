@@ -1,4 +1,4 @@
-#include "editor/text_form.h"
+#include "text/text_form.h"
 
 #include <algorithm>
 #include <cstring>

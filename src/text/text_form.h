@@ -1,6 +1,10 @@
 #pragma once
 
-#include "frame/editor_operations.h"
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QString>
+
+enum class LineBreak { CrLf, Lf, Cr };
 
 /// Line ends and columns of UTF-8 bytes. A line end is CR LF, LF or CR; columns count UTF-16 units.
 

@@ -1,5 +1,6 @@
-#include "editor/encoding.h"
+#include "text/encoding.h"
 
+#include <QString>
 #include <algorithm>
 #include <array>
 

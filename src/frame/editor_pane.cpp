@@ -1,6 +1,4 @@
-#include "frame/editor_operations.h"
-
-#include <utility>
+#include "frame/editor_pane.h"
 
 namespace {
 
@@ -55,30 +53,4 @@ void EditorGlobals::AddFind(const QString& text)
 void EditorGlobals::AddReplace(const QString& text)
 {
     AddToHistory(ReplaceMRUList, text);
-}
-
-UndoGroup::UndoGroup(EditorPane& target) : pane(&target)
-{
-    target.ExecuteCmd(CmdOpenUndoGroup);
-}
-
-UndoGroup::~UndoGroup()
-{
-    Close();
-}
-
-void UndoGroup::Close()
-{
-    if (EditorPane* open = std::exchange(pane, nullptr))
-        open->ExecuteCmd(CmdCloseUndoGroup);
-}
-
-EditBatch::EditBatch(EditorPane& target) : pane(target)
-{
-    pane.BeginBatch();
-}
-
-EditBatch::~EditBatch()
-{
-    pane.EndBatch();
 }

@@ -1,8 +1,10 @@
 #pragma once
 
-#include "frame/editor_operations.h"
-
+#include <QByteArray>
+#include <QByteArrayView>
 #include <optional>
+
+enum class FileEncoding { Utf8, Utf8Bom, Windows1252 };
 
 /// What a file's bytes are: valid UTF-8 (with or without a mark), else Windows-1252.
 FileEncoding EncodingOf(QByteArrayView file);
