@@ -35,7 +35,7 @@ QString CollapseBlanks(QStringView line, bool& inside)
 
 QString SourceFromBytes(QByteArrayView bytes)
 {
-    return TextFromBytes(bytes);
+    return QString::fromUtf8(FromFile(bytes, EncodingOf(bytes)));
 }
 
 QString MaskQuotedSpaces(const QString& text, QString& errorText)
