@@ -1,5 +1,7 @@
 #include "batch/batch_host.h"
 
+#include "frame/frame_events.h"
+
 BatchHost::BatchHost() = default;
 BatchHost::~BatchHost() = default;
 
@@ -23,20 +25,14 @@ void BatchHost::SelectTab(int tab)
     Selected = tab;
 }
 
-void BatchHost::SetPanel(int panel, const QString& text, int picture)
+void BatchHost::Listen(FrameEvents& events)
 {
-    Panels.at(panel) = text;
-    PanelPictures.at(panel) = picture;
-}
-
-void BatchHost::EnableCommand(const QString& control, bool menu, bool button)
-{
-    Commands[control] = {menu, button};
-}
-
-void BatchHost::CheckCommand(const QString& control, bool checked)
-{
-    Checks[control] = checked;
+    QObject::connect(&events, &FrameEvents::TabChanged, &events,
+                     [this](int tab) { Faces.at(tab) = Frame.Documents.at(tab).Face; });
+    QObject::connect(&events, &FrameEvents::ModeChanged, &events, [this](int mode) { Modes.push_back(mode); });
+    QObject::connect(&events, &FrameEvents::CaretMoved, &events, [this](const QString& place) { CaretPlace = place; });
+    QObject::connect(&events, &FrameEvents::PathChanged, &events, [this](const QString& path) { Path = path; });
+    QObject::connect(&events, &FrameEvents::Noticed, &events, [this](const QString& text) { Notices << text; });
 }
 
 void BatchHost::ShowProgress(int maximum, int value)

@@ -1,6 +1,7 @@
 #include "conf/check_for_errors.h"
 
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
 
 CheckContext CurrentCheckContext()
@@ -20,14 +21,14 @@ void CheckForErrors()
 {
     DocumentText& pane = CurrentPane();
     const int lines = pane.LineCount();
-    Host().ShowProgress(lines + 1, 0);
+    Busy().ShowProgress(lines + 1, 0);
     const auto found = FirstBadLine(pane.Bytes(), CurrentCheckContext(), ThrottledProgress(lines + 1));
-    Host().HideProgress();
+    Busy().HideProgress();
     if (found) {
         pane.ExecuteCmd(CmdGotoLine, found->Line);
         ShowMessage(121, found->Messages.join(QLatin1Char('^')) + QLatin1Char('^'));
     } else {
         ShowMessage(120);
     }
-    Host().FocusPane();
+    Panes().FocusPane();
 }

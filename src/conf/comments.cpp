@@ -1,6 +1,7 @@
 #include "conf/comments.h"
 
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 
 #include <algorithm>
 #include <array>
@@ -149,7 +150,7 @@ void SelectBetweenComments()
         between.EndCol = pane.GetLineLength(between.EndLine);
     }
     pane.SetSel(between, true);
-    Host().FocusPane();
+    Panes().FocusPane();
 }
 
 void GotoComment(bool forward)
@@ -159,5 +160,5 @@ void GotoComment(bool forward)
         pane.ExecuteCmd(CmdLineStart);
         pane.ExecuteCmd(CmdCharRight);
     }
-    Host().FocusPane();
+    Panes().FocusPane();
 }

@@ -5,7 +5,7 @@
 #include "conf/element_blocks.h"
 #include "conf/inject.h"
 #include "frame/frame_state.h"
-#include "frame/host_window.h"
+#include "frame/host_ports.h"
 
 namespace {
 
@@ -57,7 +57,7 @@ void EditElement()
     if (end >= pane.LineCount())
         pane.InsertLine(pane.LineCount(), {});
     pane.SetSel({.StartLine = *mainLine, .EndLine = end}, true);
-    Host().txtBuffer().SetText(pane.SelText().trimmed());
-    Host().OpenTool(ToolWindow::Inject);
-    Host().FocusPane();
+    Panes().txtBuffer().SetText(pane.SelText().trimmed());
+    Tools().OpenTool(ToolWindow::Inject);
+    Panes().FocusPane();
 }

@@ -1,6 +1,7 @@
 #include "conf/line_pass.h"
 
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 
 #include <cstring>
 
@@ -34,7 +35,7 @@ PassProgress ThrottledProgress(int maximum)
         if (timer.elapsed() < ProgressEvery)
             return;
         timer.restart();
-        Host().ShowProgress(maximum, done);
+        Busy().ShowProgress(maximum, done);
     };
 }
 
@@ -64,10 +65,10 @@ void RunPassOnSelection(DocumentText& pane, const LinePass& pass)
     const Range selection = pane.GetSel(true);
     const int lines = selection.EndLine - selection.StartLine + 1;
     UndoGroup group(pane);
-    Host().ShowProgress(lines, 0);
+    Busy().ShowProgress(lines, 0);
     const QByteArrayView before = WholeLines(pane, selection.StartLine, selection.EndLine);
     const QByteArray after = pass(before, ThrottledProgress(lines));
     pane.ReplaceLines(selection.StartLine, selection.EndLine, after);
-    Host().HideProgress();
+    Busy().HideProgress();
     pane.SetSel({.StartLine = selection.StartLine, .EndLine = selection.StartLine}, true);
 }

@@ -3,7 +3,7 @@
 #include "conf/block_fields.h"
 #include "conf/conf_lines.h"
 #include "frame/frame_state.h"
-#include "frame/host_window.h"
+#include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
 
 #include <algorithm>
@@ -39,14 +39,14 @@ void GotoLineStart(DocumentText& pane)
 /// Opens `hit` in the tool of the mode, with the block that names it.
 void OpenImage(DocumentText& pane, const MediaHit& hit)
 {
-    Host().ShowMediaEntry(hit.Source, hit.Row);
+    Tools().ShowMediaEntry(hit.Source, hit.Row);
     Conf.MediaSource = hit.Source;
     Conf.MediaFile = hit.Name;
     if (Frame.CurrentMode == ModeGfx)
         ReadElementBlock();
     Conf.Element.ElementOpen = true;
-    Host().PreviewMedia();
-    Host().FocusPane();
+    Tools().PreviewMedia();
+    Panes().FocusPane();
     GotoLineStart(pane);
 }
 

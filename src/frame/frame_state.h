@@ -13,9 +13,11 @@
 #include <vector>
 
 class Asker;
+class FrameEvents;
 class HostWindow;
 class IniStore;
 class Recovery;
+class RunScope;
 struct MediaLists;
 
 /// All state of the application frame: one instance, reset between tests. Folder texts end with "/".
@@ -50,11 +52,12 @@ struct FrameState
     MediaPatterns Media; ///< what the three file lists show
     std::shared_ptr<MediaLists> Lists;
     std::shared_ptr<IniStore> Ini; ///< of DataFolder
-    bool StopRequested = false;
-    bool Ending = false; ///< the program ends: nothing is asked any more
-    int RunningWork = 0; ///< macros, child waits, modal windows, open groups; a close waits for 0
+    std::vector<RunScope*> Work;   ///< what is under way, the innermost last; null: a modal window
+    bool Closing = false;          ///< a close unwinds what is under way: questions are answered with their way out
+    bool Ending = false;           ///< the program ends by a signal: nothing is asked any more
 
     HostWindow* Host = nullptr;
+    std::shared_ptr<FrameEvents> Events;
     Asker* Ask = nullptr;
     Recovery* Keeper = nullptr; ///< null: nothing is kept (batch, most tests)
 };
@@ -62,15 +65,4 @@ extern FrameState Frame;
 void ResetFrame();
 
 void InstallHost(HostWindow& host, Asker& asker);
-HostWindow& Host();
 Asker& Ask();
-
-/// Counts one running piece of work for its scope.
-class WorkScope
-{
-public:
-    WorkScope() { ++Frame.RunningWork; }
-    ~WorkScope() { --Frame.RunningWork; }
-    WorkScope(const WorkScope&) = delete;
-    WorkScope& operator=(const WorkScope&) = delete;
-};

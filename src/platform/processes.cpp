@@ -4,6 +4,7 @@
 
 #include <QEventLoop>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QTimer>
 
 namespace processes {
@@ -11,17 +12,20 @@ namespace processes {
 class Wait
 {
 public:
-    Wait();
+    explicit Wait(const ChildPlan& plan);
     ~Wait();
     Wait(const Wait&) = delete;
     Wait& operator=(const Wait&) = delete;
 
-    Result<ChildResult> Run(const QString& program, const QStringList& arguments, const QString& folder);
+    Result<ChildResult> Run(const QString& program, const QStringList& arguments);
     void Stop();
 
 private:
+    void AskToEnd();
     void EndChild();
+    void TakeOutput();
 
+    const ChildPlan& plan;
     QProcess process;
     QEventLoop loop;
     ChildResult result;
@@ -29,22 +33,27 @@ private:
 
 namespace {
 
-constexpr int Patience = 2000; ///< ms between asking a child to end and making it
-
 void Keep(QByteArray& kept, const QByteArray& more)
 {
     kept += more.first(std::min(more.size(), MostOutput - kept.size()));
 }
 
+QProcessEnvironment Enlarged(const QStringList& additions)
+{
+    QProcessEnvironment all = QProcessEnvironment::systemEnvironment();
+    for (const QString& addition : additions)
+        all.insert(addition.section(u'=', 0, 0), addition.section(u'=', 1));
+    return all;
+}
+
 } // namespace
 
-Wait::Wait()
+Wait::Wait(const ChildPlan& childPlan) : plan(childPlan)
 {
     Platform.Waits.push_back(this);
     process.setStandardInputFile(QProcess::nullDevice());
-    const auto output = [this] { Keep(result.Output, process.readAllStandardOutput()); };
     const auto errors = [this] { Keep(result.Errors, process.readAllStandardError()); };
-    QObject::connect(&process, &QProcess::readyReadStandardOutput, &process, output);
+    QObject::connect(&process, &QProcess::readyReadStandardOutput, &process, [this] { TakeOutput(); });
     QObject::connect(&process, &QProcess::readyReadStandardError, &process, errors);
     QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);
     QObject::connect(&process, &QProcess::errorOccurred, &loop, [this](QProcess::ProcessError error) {
@@ -58,9 +67,11 @@ Wait::~Wait()
     std::erase(Platform.Waits, this);
 }
 
-Result<ChildResult> Wait::Run(const QString& program, const QStringList& arguments, const QString& folder)
+Result<ChildResult> Wait::Run(const QString& program, const QStringList& arguments)
 {
-    process.setWorkingDirectory(folder);
+    process.setWorkingDirectory(plan.Folder);
+    if (!plan.Environment.isEmpty())
+        process.setProcessEnvironment(Enlarged(plan.Environment));
     process.start(program, arguments);
     if (process.state() != QProcess::NotRunning)
         loop.exec();
@@ -68,19 +79,35 @@ Result<ChildResult> Wait::Run(const QString& program, const QStringList& argumen
         return Fail(program, process.errorString());
     if (process.state() != QProcess::NotRunning)
         EndChild();
-    Keep(result.Output, process.readAllStandardOutput());
+    TakeOutput();
     Keep(result.Errors, process.readAllStandardError());
     result.Crashed = process.exitStatus() == QProcess::CrashExit;
     result.ExitCode = process.exitCode();
     return result;
 }
 
+void Wait::TakeOutput()
+{
+    const QByteArray more = process.readAllStandardOutput();
+    Keep(result.Output, more);
+    if (plan.Output && !more.isEmpty())
+        plan.Output(more);
+}
+
+void Wait::AskToEnd()
+{
+    if (plan.AskToEnd)
+        plan.AskToEnd(process.processId());
+    else
+        process.terminate();
+}
+
 /// The application ends, and its loops with it, before the child has.
 void Wait::EndChild()
 {
     result.Stopped = true;
-    process.terminate();
-    if (!process.waitForFinished(Patience)) {
+    AskToEnd();
+    if (!process.waitForFinished(plan.Patience)) {
         process.kill();
         process.waitForFinished(-1);
     }
@@ -89,8 +116,8 @@ void Wait::EndChild()
 void Wait::Stop()
 {
     result.Stopped = true;
-    process.terminate();
-    QTimer::singleShot(Patience, &process, &QProcess::kill);
+    AskToEnd();
+    QTimer::singleShot(plan.Patience, &process, &QProcess::kill);
 }
 
 Result<> StartDetached(const QString& program, const QStringList& arguments)
@@ -104,9 +131,9 @@ Result<> StartDetached(const QString& program, const QStringList& arguments)
     return Fail(program, process.errorString());
 }
 
-Result<ChildResult> RunAndWait(const QString& program, const QStringList& arguments, const QString& folder)
+Result<ChildResult> RunAndWait(const QString& program, const QStringList& arguments, const ChildPlan& plan)
 {
-    return Wait().Run(program, arguments, folder);
+    return Wait(plan).Run(program, arguments);
 }
 
 void StopWaiting()

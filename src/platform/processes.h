@@ -3,7 +3,9 @@
 #include "platform/result.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QStringList>
+#include <functional>
 
 /// Other programs, started and waited for.
 namespace processes {
@@ -22,12 +24,24 @@ constexpr qsizetype MostOutput = qsizetype(64) << 20;
 /// Starts a program that lives on by itself. Fails if it cannot be started.
 [[nodiscard]] Result<> StartDetached(const QString& program, const QStringList& arguments);
 
-/// Starts a program in `folder` (empty: the current one) without input, and returns when it has ended. Events go on
-/// meanwhile; there is no time limit. Fails only if it cannot be started.
-[[nodiscard]] Result<ChildResult> RunAndWait(const QString& program, const QStringList& arguments,
-                                             const QString& folder = {});
+/// How a child runs and is ended.
+struct ChildPlan
+{
+    QString Folder = {};          ///< empty: the current one
+    QStringList Environment = {}; ///< NAME=VALUE, in addition to ours
+    /// Asks the child to end, by whatever it minds; without it, terminate. Gets its process number.
+    std::function<void(qint64 process)> AskToEnd = {};
+    int Patience = 2000; ///< ms between asking and killing
+    std::function<void(QByteArrayView output)> Output =
+        {}; ///< what it prints, as it comes; kept in the result all the same
+};
 
-/// Ends the children of all waits in progress: politely, after two seconds by force. Their RunAndWait then returns.
+/// Starts a program without input, and returns when it has ended. Events go on meanwhile; there is no time limit.
+/// Fails only if it cannot be started.
+[[nodiscard]] Result<ChildResult> RunAndWait(const QString& program, const QStringList& arguments,
+                                             const ChildPlan& plan = {});
+
+/// Ends the children of all waits in progress, each in its own way. Their RunAndWait then returns.
 void StopWaiting();
 
 /// How many waits are in progress.

@@ -3,7 +3,7 @@
 #include "conf/conf_lines.h"
 #include "conf/edit_element.h"
 #include "conf_fixture.h"
-#include "frame/host_window.h"
+#include "frame/host_ports.h"
 
 #include <QRandomGenerator>
 

@@ -32,7 +32,7 @@ TEST(Processes, RunAndWaitGivesCodeAndOutput)
     const auto result = processes::RunAndWait(
         Shell,
         Script("cat; i=0; while [ $i -lt 20000 ]; do echo line $i; echo error >&2; i=$((i+1)); done; ls; exit 7"),
-        folder.Path());
+        {.Folder = folder.Path()});
     ASSERT_TRUE(result) << result.error().Reason;
     EXPECT_EQ(result->ExitCode, 7);
     EXPECT_FALSE(result->Crashed || result->Stopped);
@@ -46,7 +46,7 @@ TEST(Processes, RunAndWaitGivesCodeAndOutput)
     const auto missing = processes::RunAndWait(folder.Path(QStringLiteral("none")), {});
     ASSERT_FALSE(missing);
     EXPECT_EQ(missing.error().Path, folder.Path(QStringLiteral("none")));
-    EXPECT_FALSE(processes::RunAndWait(Shell, Script("true"), folder.Path(QStringLiteral("no folder"))));
+    EXPECT_FALSE(processes::RunAndWait(Shell, Script("true"), {.Folder = folder.Path(QStringLiteral("no folder"))}));
     EXPECT_EQ(processes::Waiting(), 0);
 }
 

@@ -1,9 +1,12 @@
 #pragma once
 
-#include "frame/host_window.h"
+#include "frame/host_ports.h"
 
 #include <QString>
 #include <array>
+
+class DocumentText;
+class EditorPane;
 
 /// Mode codes; they index every table by mode.
 enum ModeCode : int { ModeTxt, ModeGfx, ModeSfx, ModeMus, ModeLvl, ModeHlt, ModeHla, ModeEdi, ModeCount };
@@ -27,9 +30,7 @@ struct ModeRow
     const char* Language;
     const char* Name; ///< with its two trailing blanks
     const char* BasePattern;
-    const char* ListPattern;             ///< of the Extra and the RnD list
-    std::array<const char*, 8> Commands; ///< enabled beyond the common set; null ends
-    bool Buttons;                        ///< their tool buttons too
+    const char* ListPattern; ///< of the Extra and the RnD list
 };
 const std::array<ModeRow, ModeCount>& Modes();
 QString ModeName(int mode);

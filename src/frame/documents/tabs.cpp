@@ -1,6 +1,7 @@
 #include "frame/documents/documents.h"
 #include "frame/files/file_commands.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "frame/recovery/recovery.h"
 #include "platform/paths.h"
 
@@ -29,7 +30,7 @@ void TickLater()
 
 void SelectFirstTab()
 {
-    Host().SelectTab(0);
+    Panes().SelectTab(0);
     Frame.CurrentTab = 0;
 }
 
@@ -53,7 +54,7 @@ int TabWithFile(const QString& path)
 
 void EmptySlot(int tab)
 {
-    DocumentText& pane = Host().Pane(tab);
+    DocumentText& pane = Panes().Pane(tab);
     pane.SetText({});
     // SetText keeps both, and the slot's next document is a new one.
     pane.SetEncoding(FileEncoding::Utf8);
@@ -74,7 +75,7 @@ int ModifiedTabs()
 {
     int count = 0;
     for (int tab = 0; tab < 8; ++tab)
-        if (Frame.Documents.at(tab).Face.Visible && Host().Pane(tab).Modified())
+        if (Frame.Documents.at(tab).Face.Visible && Panes().Pane(tab).Modified())
             ++count;
     return count;
 }
@@ -94,7 +95,7 @@ void OpenNewTab()
         document.Face.Caption = EmptyCaption;
         document.Mode = ModeGfx;
         ShowTab(tab);
-        Host().SelectTab(tab);
+        Panes().SelectTab(tab);
         return;
     }
 }
@@ -108,7 +109,7 @@ void CloseTab()
         if (!MayGiveUp(CurrentPane()))
             return;
         EmptySlot(tab);
-        Host().SelectTab(0);
+        Panes().SelectTab(0);
     }
     ActivateTab();
 }

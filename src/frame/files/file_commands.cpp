@@ -1,10 +1,14 @@
 #include "frame/files/file_commands.h"
 
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
 #include "frame/messages/asker.h"
 #include "frame/recovery/recovery.h"
+#include "frame/run_scope.h"
 #include "platform/paths.h"
+
+#include <QCoreApplication>
 
 #include <QDir>
 
@@ -58,7 +62,7 @@ QString AskFile(std::optional<QString> (Asker::*ask)(const FileQuestion&), const
     const WorkScope modal;
     const QString name = (Ask().*ask)({title, DocumentFilter(), DialogFolder(), preset}).value_or(QString());
     if (!name.isEmpty())
-        Host().Turn();
+        QCoreApplication::processEvents();
     return paths::Inside(name);
 }
 
@@ -169,7 +173,7 @@ void InsertInjectPath()
     if (folder.size() > 1 && folder.endsWith(u'/'))
         folder.chop(1);
     CurrentPane().InsertLine(0, QStringLiteral("#!*") + folder.replace(u'/', u'*'));
-    Host().FocusPane();
+    Panes().FocusPane();
 }
 
 QString UniqueName(const QString& base, bool folder)

@@ -1,5 +1,7 @@
 #include "frame/files/file_commands.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "frame/recovery/recovery.h"
 #include "platform/paths.h"
 
@@ -13,8 +15,8 @@ const QString CancelButton = QStringLiteral("Cancel");
 class BusyScope
 {
 public:
-    BusyScope() { Host().BusyPointer(true); }
-    ~BusyScope() { Host().BusyPointer(false); }
+    BusyScope() { Busy().BusyPointer(true); }
+    ~BusyScope() { Busy().BusyPointer(false); }
     BusyScope(const BusyScope&) = delete;
     BusyScope& operator=(const BusyScope&) = delete;
 };
@@ -62,7 +64,7 @@ void ShowLoadedText()
 /// Keeps the unsaved text of a tab that is about to be emptied; false, with message 105, if it can be kept nowhere.
 bool KeepText(int tab)
 {
-    if (!Host().Pane(tab).Modified() || !Frame.Keeper)
+    if (!Panes().Pane(tab).Modified() || !Frame.Keeper)
         return true;
     const Result<> kept = Frame.Keeper->KeepApart(tab);
     if (!kept)
@@ -99,7 +101,7 @@ bool Save(const QString& told, bool backup)
     if (!MayWrite(path, ownPath, asNamed) || (backup && !BackupCurrentFile()))
         return false;
     const bool givesWay = !ownPath && holder >= 0;
-    const bool unsaved = givesWay && Host().Pane(holder).Modified();
+    const bool unsaved = givesWay && Panes().Pane(holder).Modified();
     if (givesWay && !KeepText(holder))
         return false;
     // Written before anything gives way, so that a failure leaves every tab as it was.
@@ -118,7 +120,7 @@ bool Save(const QString& told, bool backup)
     Settle(Frame.CurrentTab);
     RecentAdd(path);
     if (unsaved)
-        Host().ShowNotice(QStringLiteral("The unsaved text of the replaced tab was kept for recovery."));
+        ShowNotice(QStringLiteral("The unsaved text of the replaced tab was kept for recovery."));
     return true;
 }
 
@@ -132,7 +134,7 @@ bool OpenDocument(const QString& told, bool force)
     const QString path = Absolute(existing.isEmpty() ? paths::Inside(told) : existing);
     const int holder = force ? -1 : TabWithFile(path);
     if (holder >= 0) {
-        Host().SelectTab(holder);
+        Panes().SelectTab(holder);
         ActivateTab();
         FlashTabCaption(holder);
         return true;

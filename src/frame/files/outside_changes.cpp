@@ -1,6 +1,8 @@
 #include "frame/files/file_commands.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "frame/recovery/recovery.h"
+#include "frame/run_scope.h"
 #include "platform/paths.h"
 
 #include <QFileInfo>
@@ -25,7 +27,7 @@ DiskState StateOf(const QString& path)
 bool HoldsTextOf(int tab)
 {
     const Result<QByteArray> bytes = paths::ReadWhole(Frame.Documents.at(tab).Path, paths::LargestDocument);
-    return bytes && *bytes == Host().Pane(tab).FileBytes();
+    return bytes && *bytes == Panes().Pane(tab).FileBytes();
 }
 
 QString PathList(const std::vector<int>& tabs)
@@ -38,7 +40,7 @@ QString PathList(const std::vector<int>& tabs)
 
 void MarkUnsaved(int tab)
 {
-    Host().Pane(tab).SetModified(true);
+    Panes().Pane(tab).SetModified(true);
     if (Frame.Keeper)
         Frame.Keeper->TextEdited(tab);
 }
@@ -46,7 +48,7 @@ void MarkUnsaved(int tab)
 /// The text of a tab anew from its file; unsaved text is kept for recovery. The caret stays where it can.
 void LoadAgain(int tab)
 {
-    EditorPane& pane = Host().Pane(tab);
+    EditorPane& pane = Panes().Pane(tab);
     const Result<QByteArray> bytes = paths::ReadWhole(Frame.Documents.at(tab).Path, paths::LargestDocument);
     if (!bytes) {
         ShowMessage(MessagePathError, bytes.error().Text());
@@ -92,7 +94,7 @@ bool ChangedOnDisk(int tab)
 
 void CheckChangedOutside()
 {
-    if (Frame.RunningWork > 0)
+    if (RunningWork() > 0)
         return;
     std::vector<int> changed, gone;
     for (int tab = 0; tab < 8; ++tab) {

@@ -2,7 +2,9 @@
 
 #include "frame/files/file_commands.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "frame/messages/asker.h"
+#include "frame/run_scope.h"
 #include "frame/settings/ini_store.h"
 #include "platform/ini_text.h"
 #include "platform/paths.h"
@@ -57,7 +59,7 @@ void ShowTabAt(int tab)
     Frame.CurrentTab = tab;
     ShowTab(tab);
     Frame.StartingUp = true; // so that the selection activates nothing
-    Host().SelectTab(tab);
+    Panes().SelectTab(tab);
     Frame.StartingUp = false;
 }
 
@@ -70,7 +72,7 @@ void ShowMissing(int tab, const QString& path)
     document.Face.Visible = true;
     document.Mode = ModeTxt;
     document.Face.Picture = ModeTxt + 1;
-    DocumentText& pane = Host().Pane(tab);
+    DocumentText& pane = Panes().Pane(tab);
     pane.AddText(QStringLiteral("You deleted or renamed this file."));
     pane.ClearUndoBuffer();
     pane.SetModified(false);
@@ -149,7 +151,7 @@ void LoadProject(const QString& name)
         EmptySlot(tab);
 
     const int most = qMax(int(files.size()) - 1, 1); // a range of 0 to 0 would show as "busy"
-    Host().ShowProgress(most, 0);
+    Busy().ShowProgress(most, 0);
     const SettingsBatch batch; // the recent list changes with each file
     QSet<QString> loaded;
     int tab = 0;
@@ -160,11 +162,11 @@ void LoadProject(const QString& name)
             ShowMissing(tab, path);
         } else if (!loaded.contains(paths::Canonical(path))) {
             loaded << paths::Canonical(path);
-            Host().ShowProgress(most, qMin(tab, most));
+            Busy().ShowProgress(most, qMin(tab, most));
             tab += LoadInto(tab, path) ? 1 : 0;
         }
     }
-    Host().HideProgress();
-    Host().SelectTab(0);
+    Busy().HideProgress();
+    Panes().SelectTab(0);
     ActivateTab();
 }

@@ -1,7 +1,9 @@
 #include "frame/files/recent_list.h"
 
 #include "frame/files/file_commands.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "frame/settings/ini_store.h"
 #include "platform/paths.h"
 
@@ -71,7 +73,7 @@ void RecentLoad()
             break;
         Frame.Recent.push_back({RecentDisplayName(path, false), path, IconOf(path)});
     }
-    Host().RecentChanged();
+    emit Events().RecentChanged();
 }
 
 void RecentAdd(const QString& path)
@@ -90,7 +92,7 @@ void RecentAdd(const QString& path)
 
 void RecentOpenSelected(int index)
 {
-    Host().CloseLists();
+    Tools().CloseLists();
     const QString path = RecentPaths().value(index);
     if (path.isEmpty() || !MayGiveUp(CurrentPane()))
         return;
@@ -103,11 +105,11 @@ void RecentOpenSelected(int index)
         RecentLoad();
         ShowMessage(6, paths::Native(path));
     }
-    Host().FocusPane();
+    Panes().FocusPane();
 }
 
 void ShowRecentList()
 {
     RecentLoad();
-    Host().ShowRecent();
+    Tools().ShowList(ListKind::Recent);
 }

@@ -1,7 +1,8 @@
 #include "frame/media/media_lists.h"
 
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
-#include "frame/host_window.h"
+#include "frame/host_ports.h"
 #include "platform/paths.h"
 
 #include <QFile>
@@ -288,7 +289,7 @@ void ShowMedia()
     lists.Extra.Show(Frame.Media.ExtraFolder, Frame.Media.ListPattern);
     lists.Rnd.Show(Frame.Media.RndFolder, Frame.Media.ListPattern);
     lists.Macros.Show(Frame.MacrosFolder, QStringLiteral("*.gfb"));
-    Host().MediaChanged();
+    emit Events().MediaChanged();
 }
 
 void RefreshMedia()
@@ -298,7 +299,7 @@ void RefreshMedia()
         changed |= Lists().List(source).Refresh();
     changed |= Lists().Macros.Refresh();
     if (changed)
-        Host().MediaChanged();
+        emit Events().MediaChanged();
 }
 
 void SetExtraFolder(const QString& folder)

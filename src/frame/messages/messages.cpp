@@ -2,6 +2,7 @@
 
 #include "frame/frame_state.h"
 #include "frame/messages/asker.h"
+#include "frame/run_scope.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,6 +1,8 @@
 #include "frame/recovery/recovery.h"
 
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "frame/recovery/recovery_worker.h"
 #include "platform/paths.h"
 
@@ -54,13 +56,13 @@ struct Recovery::Private
     qint64 DueAt(int tab) const
     {
         const WaitingTab& waiting = Tabs.at(tab);
-        const bool large = Host().Pane(tab).Bytes().size() > LargeText;
+        const bool large = Panes().Pane(tab).Bytes().size() > LargeText;
         return std::min(waiting.LastEdit + Pace.Quiet, waiting.FirstEdit + (large ? Pace.MostLarge : Pace.Most));
     }
 
     void Keep(int tab, const QString& name)
     {
-        const DocumentText& pane = Host().Pane(tab);
+        const DocumentText& pane = Panes().Pane(tab);
         Worker.Write(name, FactsOf(tab, pane), BytesOf(pane));
     }
 
@@ -85,7 +87,7 @@ Recovery::Recovery(const QString& stateFolder, QObject* parent, RecoveryPace pac
 {
     const auto tell = [this](const Failure& failure) {
         if (!std::exchange(d->FailureTold, true) && Frame.Host)
-            Host().ShowNotice(QStringLiteral("Unsaved text can not be kept for recovery: ") + failure.Reason);
+            ShowNotice(QStringLiteral("Unsaved text can not be kept for recovery: ") + failure.Reason);
     };
     const auto failed = [this, tell](const Failure& failure) {
         QMetaObject::invokeMethod(
@@ -105,7 +107,7 @@ Recovery::Recovery(const QString& stateFolder, QObject* parent, RecoveryPace pac
             const qint64 due = d->DueAt(tab);
             if (due > now)
                 next = next == Never ? due : std::min(next, due);
-            else if (Host().Pane(tab).Modified())
+            else if (Panes().Pane(tab).Modified())
                 d->KeepTab(tab);
             else
                 TextSettled(tab);
@@ -145,7 +147,7 @@ Result<> Recovery::KeepApart(int tab)
 Result<> Recovery::KeepAllNow()
 {
     for (int tab = 0; tab < 8; ++tab) {
-        if (Frame.Documents.at(tab).Face.Visible && Host().Pane(tab).Modified())
+        if (Frame.Documents.at(tab).Face.Visible && Panes().Pane(tab).Modified())
             d->KeepTab(tab);
         else
             TextSettled(tab);

@@ -1,5 +1,6 @@
 #include "frame/files/file_commands.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "frame/recovery/recovery.h"
 #include "platform/paths.h"
 
@@ -8,7 +9,7 @@ namespace {
 bool IsFree(int tab)
 {
     const Document& document = Frame.Documents.at(tab);
-    return document.Face.Visible && !HasFile(document) && !Host().Pane(tab).Modified();
+    return document.Face.Visible && !HasFile(document) && !Panes().Pane(tab).Modified();
 }
 
 /// The tab for a text: the one with its file, an empty one or a new one; -1 if all are taken.
@@ -21,14 +22,14 @@ int TabFor(const RecoveredText& text)
         if (IsFree(tab))
             return tab;
     OpenNewTab();
-    const int opened = Host().SelectedTab();
+    const int opened = Panes().SelectedTab();
     return IsFree(opened) ? opened : -1;
 }
 
 /// The kept text as an edit of what the tab or else the file holds, so that undo shows that again.
 void PutText(int tab, const RecoveredText& text)
 {
-    DocumentText& pane = Host().Pane(tab);
+    DocumentText& pane = Panes().Pane(tab);
     if (!HasFile(Frame.Documents.at(tab))) {
         const bool onDisk = !text.DocumentPath.isEmpty();
         pane.LoadBytes(onDisk ? paths::ReadWhole(text.DocumentPath, paths::LargestDocument).value_or(QByteArray())
@@ -62,7 +63,7 @@ bool TakeRecovered(const RecoveredText& text)
     const int tab = TabFor(text);
     if (tab < 0)
         return false;
-    if (Host().Pane(tab).Modified() && Frame.Keeper) {
+    if (Panes().Pane(tab).Modified() && Frame.Keeper) {
         if (const Result<> kept = Frame.Keeper->KeepApart(tab); !kept) {
             ShowMessage(MessagePathError, kept.error().Text());
             return false;
@@ -70,7 +71,7 @@ bool TakeRecovered(const RecoveredText& text)
     }
     Fill(tab, text);
     ShowTab(tab);
-    Host().SelectTab(tab);
+    Panes().SelectTab(tab);
     ActivateTab();
     if (Frame.Keeper && Frame.Keeper->KeepAllNow()) // until then the old copy is the only one
         Frame.Keeper->Forget(text);

@@ -1,8 +1,9 @@
 #include "frame/settings/settings.h"
 
 #include "frame/editor_pane.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
-#include "frame/host_window.h"
+#include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
 #include "frame/settings/history.h"
 #include "frame/settings/shipped_settings.h"
@@ -127,12 +128,12 @@ const std::array<SyntaxRow, 9>& SyntaxKeys()
 const std::array<ViewToggle, 6>& ViewToggles()
 {
     static constexpr std::array<ViewToggle, 6> Rows = {{
-        {"mnuViewLineNums", "ShowLineNumbers", 1, &SettingsRecord::ShowLineNumbers},
-        {"mnuViewSpaces", "ShowSpaces", 2, &SettingsRecord::ShowSpaces},
-        {"mnuViewColours", "UseColour", 3, &SettingsRecord::UseColour},
-        {"mnuSuperTab", "SuperTab", 5, &SettingsRecord::SuperTab},
-        {"mnuLineHints", "LineHints", 6, &SettingsRecord::LineHints},
-        {"mnuThumbnails", "Thumbnails", ThumbnailsId, &SettingsRecord::Thumbnails},
+        {"ShowLineNumbers", 1, &SettingsRecord::ShowLineNumbers},
+        {"ShowSpaces", 2, &SettingsRecord::ShowSpaces},
+        {"UseColour", 3, &SettingsRecord::UseColour},
+        {"SuperTab", 5, &SettingsRecord::SuperTab},
+        {"LineHints", 6, &SettingsRecord::LineHints},
+        {"Thumbnails", ThumbnailsId, &SettingsRecord::Thumbnails},
     }};
     return Rows;
 }
@@ -141,19 +142,18 @@ void LoadSettings()
 {
     SettingsReader reader;
     SettingsRecord& settings = Frame.Settings;
-    LoadSyntaxColours(Host().Pane(0), QStringLiteral("Syntax Colours"), true, reader);
+    LoadSyntaxColours(Panes().Pane(0), QStringLiteral("Syntax Colours"), true, reader);
     settings.Bands = ReadBands(reader);
-    Host().LoadCoolbar();
+    emit Events().ToolBarsLoaded();
     ReadMediaStyle(reader, settings);
-    Host().StyleMediaLists();
+    emit Events().MediaLooksChanged();
     ReadFlags(reader, QStringLiteral("QuickElementTemplate"), settings.QuickElementTemplate);
     ReadFlags(reader, QStringLiteral("AutoCompleteTemplate"), settings.AutoCompleteTemplate);
     ReadFlags(reader, QStringLiteral("Nags"), settings.Nags);
     ReadMisc(reader, settings);
     CorrectWindowPosition(reader);
-    Host().ShowMenuStrips(settings.Gradients == 1);
-    for (const ViewToggle& row : ViewToggles())
-        Host().CheckCommand(QString::fromLatin1(row.Control), settings.*row.Value == 1);
+    emit Events().MenuStripsChanged(settings.Gradients == 1);
+    emit Events().ViewSettingChanged();
     for (int i = 1; i <= 6; ++i)
         settings.ComType.at(i) =
             ReadIni(QStringLiteral("RND Compatibility"), QStringLiteral("ComType%1").arg(i), QStringLiteral("compat"));
@@ -181,9 +181,9 @@ int ViewSetting(int id)
 void ApplyViewSetting(int id, int value)
 {
     if (id == ThumbnailsId)
-        Host().StyleMediaLists();
+        emit Events().MediaLooksChanged();
     for (int tab = 0; tab < 8; ++tab) {
-        EditorPane& pane = Host().Pane(tab);
+        EditorPane& pane = Panes().Pane(tab);
         switch (id) {
         case 1:
             pane.SetLineNumbering(value == 1);
@@ -216,7 +216,7 @@ void ToggleView(int id)
             continue;
         int& value = Frame.Settings.*row.Value;
         value = value == 1 ? 0 : 1;
-        Host().CheckCommand(QString::fromLatin1(row.Control), value == 1);
+        emit Events().ViewSettingChanged();
         WriteIni(value, Misc, QString::fromLatin1(row.Key));
         ApplyViewSetting(id, value);
     }

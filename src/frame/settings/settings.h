@@ -76,10 +76,9 @@ void LoadSyntaxColours(EditorPane& pane, const QString& section, bool copyToAllP
 int ViewSetting(int id);
 void ApplyViewSetting(int id, int value); ///< to all eight panes, or the lists
 
-/// A view toggle: flips the setting, its check mark and button, writes the key, applies it to all panes.
+/// A view toggle: flips the setting, writes the key, applies it to all panes.
 struct ViewToggle
 {
-    const char* Control;
     const char* Key;
     int Id;
     int SettingsRecord::*Value;

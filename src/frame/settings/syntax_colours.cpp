@@ -1,6 +1,6 @@
 #include "frame/editor_pane.h"
 #include "frame/frame_state.h"
-#include "frame/host_window.h"
+#include "frame/host_ports.h"
 #include "frame/settings/settings.h"
 #include "frame/settings/shipped_settings.h"
 
@@ -75,7 +75,7 @@ void LoadSyntaxColours(EditorPane& pane, const QString& section, bool copyToAllP
     const Look look = ReadLook(reader, section);
     GiveLook(pane, look);
     for (int tab = 1; copyToAllPanes && tab < 8; ++tab)
-        GiveLook(Host().Pane(tab), look);
+        GiveLook(Panes().Pane(tab), look);
 }
 
 void LoadSyntaxColours(EditorPane& pane, const QString& section, bool copyToAllPanes)

@@ -1,7 +1,9 @@
 #include "frame/start/start_up.h"
 
 #include "frame/files/file_commands.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "platform/in_place.h"
 #include "platform/paths.h"
 
@@ -50,7 +52,7 @@ void ShowFirstTab()
         Frame.Documents.at(tab) = fresh;
         ShowTab(tab);
     }
-    Host().SelectTab(0);
+    Panes().SelectTab(0);
     Frame.CurrentTab = 0;
 }
 
@@ -107,7 +109,7 @@ void FinishStart()
     Frame.CurrentMode = ModeGfx;
     MakeLanguages();
     for (int tab = 0; tab < 8; ++tab)
-        Host().Pane(tab).SetLanguage(QStringLiteral("GFX"));
+        Panes().Pane(tab).SetLanguage(QStringLiteral("GFX"));
     LoadSettings();
     RecentLoad();
     if (Frame.CommandLine.isEmpty() || !OpenDocument(Frame.CommandLine, false))
@@ -115,9 +117,9 @@ void FinishStart()
     ShowCurrentPath();
     Frame.StartingUp = false;
     if (!Frame.FinishedWrites.isEmpty())
-        Host().ShowNotice(QStringLiteral("The interrupted save of these files was finished: ") +
-                          Frame.FinishedWrites.join(QStringLiteral(", ")));
-    Host().FocusPane();
+        ShowNotice(QStringLiteral("The interrupted save of these files was finished: ") +
+                   Frame.FinishedWrites.join(QStringLiteral(", ")));
+    Panes().FocusPane();
 }
 
 QString ShowWelcomeMessage()
@@ -125,7 +127,7 @@ QString ShowWelcomeMessage()
     Frame.ShowWelcome = 0;
     QString answer = ShowMessage(999);
     if (answer == QLatin1StringView("OK"))
-        Host().FocusPane();
+        Panes().FocusPane();
     else if (answer == QLatin1StringView("Don't Show This Again"))
         WriteIni(0, QStringLiteral("Misc"), QStringLiteral("1stTime"));
     return answer;

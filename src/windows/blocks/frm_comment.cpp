@@ -2,6 +2,8 @@
 
 #include "conf/comments.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
+#include "frame/run_scope.h"
 #include "windows/parts/help_subject.h"
 #include "windows/parts/icon_grid.h"
 
@@ -49,5 +51,5 @@ void InsertCommentCommand()
 {
     if (const auto separator = frmComment::Ask(QApplication::activeWindow()))
         InsertCommentSeparator(CurrentPane(), separator->Title, separator->Code);
-    Host().FocusPane();
+    Panes().FocusPane();
 }

@@ -3,8 +3,9 @@
 #include "conf/conf_lines.h"
 #include "conf/element_record.h"
 #include "conf/help_for_word.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
-#include "frame/host_window.h"
+#include "frame/host_ports.h"
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/help_subject.h"
 #include "windows/parts/place_at_mouse.h"
@@ -48,7 +49,7 @@ QStringList WithNone(QStringList words)
 } // namespace
 
 frmInject::frmInject(EditorPane& target, QWidget* parent)
-    : QDialog(parent), pane(target), visit(target), block(ParseBlock(Host().txtBuffer().Text(), Directions()))
+    : QDialog(parent), pane(target), visit(target), block(ParseBlock(Panes().txtBuffer().Text(), Directions()))
 {
     setObjectName(QStringLiteral("frmInject"));
     SetHelpSubject(this, HelpIdFor("edit_element"));
@@ -138,8 +139,8 @@ void frmInject::TellForeignLines()
 {
     const int foreign = ForeignLines(block, Words(KindGraphicComs));
     if (foreign > 0)
-        Host().ShowNotice(QStringLiteral("%1 without a command taken out; Undo brings back all.")
-                              .arg(foreign == 1 ? QStringLiteral("1 line") : QStringLiteral("%1 lines").arg(foreign)));
+        ShowNotice(QStringLiteral("%1 without a command taken out; Undo brings back all.")
+                       .arg(foreign == 1 ? QStringLiteral("1 line") : QStringLiteral("%1 lines").arg(foreign)));
 }
 
 void frmInject::RebuildBlock()

@@ -2,6 +2,7 @@
 
 #include "frame/documents/documents.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/help_subject.h"
 
@@ -198,7 +199,7 @@ void FindDialog::TellPane()
         return;
     }
     for (int tab = 0; tab < int(Frame.Documents.size()); ++tab)
-        tell(Host().Pane(tab));
+        tell(Panes().Pane(tab));
 }
 
 void FindDialog::FindFrom(bool forward)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/host_window.h"
+#include "frame/host_ports.h"
 #include "windows/find/dialog_target.h"
 
 #include <QDialog>

@@ -1,7 +1,8 @@
 #include "windows/lists/block_list.h"
 
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
-#include "frame/host_window.h"
+#include "frame/host_ports.h"
 #include "windows/parts/help_subject.h"
 
 #include <QBoxLayout>
@@ -45,14 +46,14 @@ BlockList::BlockList(QWidget* parent)
     static_cast<QBoxLayout*>(layout())->insertWidget(0, filter);
     connect(filter, &QLineEdit::textChanged, this, &BlockList::Narrow);
     connect(this, &FloatingList::Chosen, this, &BlockList::Goto);
-    connect(this, &FloatingList::Dismissed, this, [] { Host().CloseLists(); });
+    connect(this, &FloatingList::Dismissed, this, [] { Tools().CloseLists(); });
 }
 
 void BlockList::OpenOver(const QRect& paneArea)
 {
     model.Show(FindBlocks(CurrentPane().Bytes()));
     if (model.IsEmpty()) {
-        Host().ShowNotice(QStringLiteral("There are no element blocks in this text."));
+        ShowNotice(QStringLiteral("There are no element blocks in this text."));
         return;
     }
     const int width = paneArea.width() / 3;
@@ -77,7 +78,7 @@ void BlockList::Narrow(const QString& words)
 void BlockList::Goto(int row)
 {
     CurrentPane().ExecuteCmd(CmdGotoLine, model.LineOf(row));
-    Host().CloseLists();
+    Tools().CloseLists();
 }
 
 bool BlockList::eventFilter(QObject* watched, QEvent* event)

@@ -2,6 +2,7 @@
 
 #include "conf/comments.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "windows/parts/help_subject.h"
 #include "windows/parts/icons.h"
 
@@ -14,7 +15,7 @@ CommentTree::CommentTree(QWidget* parent)
     setObjectName(QStringLiteral("cmdTreeBorder"));
     Tree()->setAccessibleName(QStringLiteral("Comment separators"));
     connect(this, &FloatingList::Chosen, this, &CommentTree::Goto);
-    connect(this, &FloatingList::Dismissed, this, [] { Host().CloseLists(); });
+    connect(this, &FloatingList::Dismissed, this, [] { Tools().CloseLists(); });
 }
 
 QTreeWidget* CommentTree::Tree() const

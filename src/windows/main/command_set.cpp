@@ -12,6 +12,7 @@ CommandSet::CommandSet(QWidget* window) : QObject(window)
         for (const auto& [shown, apart] : ShownRows(menu)) {
             const CommandRow& row = *shown;
             Pair pair;
+            pair.Row = shown;
             pair.Menu = Make(row, QString::fromLatin1(row.Caption));
             if (*row.Shortcut) {
                 pair.Menu->setShortcut(QKeySequence(QString::fromLatin1(row.Shortcut), QKeySequence::PortableText));
@@ -22,8 +23,6 @@ CommandSet::CommandSet(QWidget* window) : QObject(window)
                 pair.Button->setToolTip(ToolTipOf(row));
             }
             pairs.insert(QString::fromLatin1(row.Control), pair);
-            if (row.Flags & OpensMedia)
-                mediaOpeners.insert(QString::fromLatin1(row.Control));
         }
     }
 }
@@ -51,31 +50,29 @@ QAction* CommandSet::Button(const QString& control) const
     return pairs.value(control).Button;
 }
 
-void CommandSet::Enable(const QString& control, bool menu, bool button)
+QAction* CommandSet::MenuOf(void (*action)()) const
 {
-    const Pair pair = pairs.value(control);
-    if (pair.Menu)
-        pair.Menu->setEnabled(menu);
-    if (pair.Button)
-        pair.Button->setEnabled(button);
+    for (const Pair& pair : pairs)
+        if (pair.Row->Action == action)
+            return pair.Menu;
+    return nullptr;
 }
 
-void CommandSet::Show(const QString& control, bool visible)
+void CommandSet::Update(const CommandFacts& now, const SettingsRecord& settings)
 {
-    const Pair pair = pairs.value(control);
-    if (pair.Menu)
+    for (const Pair& pair : std::as_const(pairs)) {
+        const CommandRow& row = *pair.Row;
+        const bool visible = IsVisible(row, now);
+        const bool checked = row.Checked && settings.*row.Checked == 1;
         pair.Menu->setVisible(visible);
-    if (pair.Button)
-        pair.Button->setVisible(visible);
-}
-
-void CommandSet::Check(const QString& control, bool checked)
-{
-    const Pair pair = pairs.value(control);
-    if (pair.Menu)
+        pair.Menu->setEnabled(EntryEnabled(row, now));
         pair.Menu->setChecked(checked);
-    if (pair.Button)
+        if (!pair.Button)
+            continue;
+        pair.Button->setVisible(visible);
+        pair.Button->setEnabled(ButtonEnabled(row, now));
         pair.Button->setChecked(checked);
+    }
 }
 
 void CommandSet::ShowMenuIcons(bool on)

@@ -5,7 +5,6 @@
 #include <QAction>
 #include <QHash>
 #include <QObject>
-#include <QSet>
 
 class QWidget;
 
@@ -20,12 +19,10 @@ public:
 
     QAction* Menu(const QString& control) const;   ///< null for an unknown control
     QAction* Button(const QString& control) const; ///< null if the row has no button
+    QAction* MenuOf(void (*action)()) const;       ///< of the row with this action; null if none shows
 
-    /// Controls that have no row yet are passed over.
-    void Enable(const QString& control, bool menu, bool button);
-    void Show(const QString& control, bool visible);
-    bool Opens(const QString& control) const { return mediaOpeners.contains(control); } ///< media of the mode
-    void Check(const QString& control, bool checked);
+    /// Enables, shows and ticks every command by its row.
+    void Update(const CommandFacts& now, const SettingsRecord& settings);
     void ShowMenuIcons(bool on);
 
 signals:
@@ -34,11 +31,11 @@ signals:
 private:
     struct Pair
     {
+        const CommandRow* Row = nullptr;
         QAction* Menu = nullptr;
         QAction* Button = nullptr;
     };
     QAction* Make(const CommandRow& row, const QString& text);
 
     QHash<QString, Pair> pairs;
-    QSet<QString> mediaOpeners;
 };

@@ -47,6 +47,22 @@ std::vector<ShownRow> ShownRows(const MenuRow& menu, ToolStrip strip)
     return Collected(menu, [strip](const CommandRow& row) { return row.Strip == strip; });
 }
 
+bool IsVisible(const CommandRow& row, const CommandFacts& now)
+{
+    return !(row.Flags & OpensMedia) || now.CanPreview || !(row.MenuModes & InMode(ModeCode(now.Mode)));
+}
+
+bool EntryEnabled(const CommandRow& row, const CommandFacts& now)
+{
+    const bool opens = !(row.Flags & OpensMedia) || now.CanPreview;
+    return !now.Locked && opens && (row.MenuModes & InMode(ModeCode(now.Mode)));
+}
+
+bool ButtonEnabled(const CommandRow& row, const CommandFacts& now)
+{
+    return EntryEnabled(row, now) && (row.ButtonModes & InMode(ModeCode(now.Mode)));
+}
+
 QString HelpIdOf(const CommandRow& row)
 {
     return HelpIdFor(row.ButtonKey);

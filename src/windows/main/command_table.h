@@ -1,5 +1,7 @@
 #pragma once
 
+#include "frame/documents/documents.h"
+#include "frame/settings/settings.h"
 #include "windows/parts/help_subject.h"
 
 #include <QString>
@@ -13,9 +15,16 @@ enum CommandFlag : quint8 {
     NoFlags = 0,
     SeparatorBehind = 1, ///< drawn only if another row follows
     CheckEntry = 2,
-    OpensMenu = 4,  ///< the entry opens the menu of the same control; its button has that menu as a drop-down
-    OpensMedia = 8, ///< out of sight in a mode whose media no tool opens
+    OpensMenu = 4,      ///< the entry opens the menu of the same control; its button has that menu as a drop-down
+    OpensMedia = 8,     ///< out of sight in a mode whose media no tool opens
+    EverywhereKey = 16, ///< its shortcut is the window's in every part, a line of text included
 };
+
+constexpr quint8 InMode(ModeCode mode)
+{
+    return quint8(1U << mode);
+}
+constexpr quint8 EveryMode = 0xFF, NoMode = 0;
 
 /// Action of a command whose tool is not there yet: its row keeps the place, and nothing of it shows.
 inline constexpr void (*NotThere)() = nullptr;
@@ -34,7 +43,22 @@ struct CommandRow
     const char* ButtonTip; ///< null: the caption; of a drop-down entry: how the drop-down spells it
     quint8 Flags;
     void (*Action)();
+    quint8 MenuModes = EveryMode;           ///< bits of InMode: where its entry is enabled
+    quint8 ButtonModes = EveryMode;         ///< and its button
+    int SettingsRecord::*Checked = nullptr; ///< of a CheckEntry: ticked while 1
+    const char* OtherKeys = "";             ///< further shortcuts that the menu does not name, with "; " between
 };
+
+/// What the state of every command follows from.
+struct CommandFacts
+{
+    int Mode;
+    bool CanPreview; ///< is there a tool that opens the media of the mode?
+    bool Locked;     ///< the main window is disabled
+};
+bool EntryEnabled(const CommandRow& row, const CommandFacts& now);
+bool ButtonEnabled(const CommandRow& row, const CommandFacts& now);
+bool IsVisible(const CommandRow& row, const CommandFacts& now);
 
 /// One menu with its rows. A menu that is not opened by a row's OpensMenu stands on the menu bar.
 struct MenuRow
@@ -45,6 +69,9 @@ struct MenuRow
     const char* Letter;       ///< that Alt opens it with; "" in a sub-menu
     std::span<const CommandRow> Rows;
 };
+
+/// Actions that parts of the main window start too, by CommandSet::MenuOf.
+void OpenTabCommand();
 
 std::span<const CommandRow> FileCommands();
 std::span<const CommandRow> NewCommands();

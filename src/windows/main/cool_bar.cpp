@@ -76,6 +76,12 @@ void CoolBar::FillBar(ToolStrip strip, const CommandSet& commands, const MenuTre
     }
 }
 
+void CoolBar::SetEnabled(bool enabled)
+{
+    for (const auto& [strip, bar] : bars)
+        bar->setEnabled(enabled);
+}
+
 QToolBar* CoolBar::Bar(ToolStrip strip) const
 {
     return bars.at(strip);

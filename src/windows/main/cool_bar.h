@@ -31,6 +31,8 @@ public:
     /// LoadSettings' counterpart: Bands into user.ini.
     void SaveCoolbar() const { WriteBands(Bands()); }
 
+    void SetEnabled(bool enabled); ///< all bars
+
     QToolBar* Bar(ToolStrip strip) const;
     FindBox* cmbFind() const { return findBox; }
 

@@ -3,6 +3,7 @@
 #include "frame/documents/documents.h"
 #include "frame/files/file_commands.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
 #include "platform/paths.h"
 
@@ -28,9 +29,9 @@ bool MakeRoom()
     const Document& current = Frame.Documents.at(Frame.CurrentTab);
     if (!HasFile(current) && !CurrentPane().Modified())
         return true;
-    const int before = Host().SelectedTab();
+    const int before = Panes().SelectedTab();
     OpenNewTab();
-    if (Host().SelectedTab() == before)
+    if (Panes().SelectedTab() == before)
         return MayGiveUp(CurrentPane());
     ActivateTab();
     return true;
@@ -78,7 +79,7 @@ void DropIntoText(const QStringList& files, const Range& at)
     }
     if (!names.isEmpty() && CurrentPane().SetSel(at, false)) {
         InsertFileName(names.join(u' '));
-        Host().FocusPane();
+        Panes().FocusPane();
     }
     OpenDroppedFiles(others);
 }

@@ -2,6 +2,7 @@
 #include "frame/documents/documents.h"
 #include "frame/files/recent_list.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "windows/main/command_table.h"
 
 #include <array>
@@ -16,6 +17,12 @@ void NewOfMode()
 
 } // namespace
 
+void OpenTabCommand()
+{
+    OpenNewTab();
+    ActivateTab();
+}
+
 std::span<const CommandRow> FileCommands()
 {
     using enum ToolStrip;
@@ -27,14 +34,10 @@ std::span<const CommandRow> FileCommands()
         CommandRow{"mnuInsertFile", "Insert File", "", tbFile, "insert_file", nullptr, SeparatorBehind,
                    InsertFileAtCaret},
         CommandRow{"mnuProject", "Project", "", tbFile, "project", "Projects", SeparatorBehind,
-                   [] { Host().OpenTool(ToolWindow::Project); }},
+                   [] { Tools().OpenTool(ToolWindow::Project); }},
         CommandRow{"mnuSave", "Save", "Ctrl+S", tbFile, "save", nullptr, NoFlags, SaveCommand},
         CommandRow{"mnuSaveAs", "Save As..", "", tbFile, "save_as", "Save As...", SeparatorBehind, SaveDocumentAs},
-        CommandRow{"mnuAddTab", "Open Tab", "", tbFile, "open_tab", nullptr, NoFlags,
-                   [] {
-                       OpenNewTab();
-                       ActivateTab();
-                   }},
+        CommandRow{"mnuAddTab", "Open Tab", "", tbFile, "open_tab", nullptr, NoFlags, OpenTabCommand},
         CommandRow{"mnuDelTab", "Close Tab", "", tbFile, "close_tab", nullptr, NoFlags, CloseTab},
         CommandRow{"MnuDelAllTabs", "Close All Tabs", "", tbFile, "close_all_tabs", nullptr, SeparatorBehind,
                    CloseAllTabs},

@@ -1,4 +1,5 @@
 #include "conf/comments.h"
+#include "frame/host_ports.h"
 #include "windows/main/command_table.h"
 #include "windows/parts/pane_commands.h"
 
@@ -12,10 +13,10 @@ std::span<const CommandRow> FindCommands()
         CommandRow{"mnuFindNext", "Find Next", "F3", tbFind, "find_next", nullptr, NoFlags, SearchAgain<CmdFindNext>},
         CommandRow{"mnuFindPrevious", "Find Previous", "Shift+F3", tbFind, "find_previous", nullptr, SeparatorBehind,
                    SearchAgain<CmdFindPrevious>},
-        CommandRow{"mnuFindReplace", "Replace", "Ctrl+R", tbFind, "replace", nullptr, SeparatorBehind,
+        CommandRow{"mnuFindReplace", "Replace", "Ctrl+R", tbFind, "replace", nullptr, SeparatorBehind | EverywhereKey,
                    RunOnPane<CmdReplaceDialog>},
         CommandRow{"mnuGotoComment", "Goto Comment", "", tbFind, "goto_comment_separator", "Goto Comment Separator",
-                   NoFlags, [] { Host().ShowComments(); }},
+                   NoFlags, [] { Tools().ShowList(ListKind::Comments); }},
         CommandRow{"mnuNextCom", "Goto Next Comment", "", tbFind, "goto_next_comment", nullptr, NoFlags,
                    [] { GotoComment(true); }},
         CommandRow{"mnuPreviousCom", "Goto Previous Comment", "", tbFind, "goto_previous_comment", nullptr,
@@ -26,7 +27,7 @@ std::span<const CommandRow> FindCommands()
         CommandRow{"mnuFindGotoBotton", "Goto Bottom", "", tbFind, "goto_bottom", nullptr, SeparatorBehind,
                    RunOnPane<CmdDocumentEnd>},
         CommandRow{"mnuGotoBlock", "Goto Block", "Ctrl+Shift+B", tbFind, "goto_block", nullptr, NoFlags,
-                   [] { Host().ShowBlocks(); }},
+                   [] { Tools().ShowList(ListKind::Blocks); }},
     };
     return Rows;
 }

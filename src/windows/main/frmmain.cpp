@@ -7,10 +7,13 @@
 #include "frame/files/file_commands.h"
 #include "frame/files/recent_list.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "frame/recovery/recovery.h"
+#include "frame/run_scope.h"
 #include "frame/vocabulary.h"
 #include "platform/lock_keys.h"
 #include "platform/paths.h"
+#include "platform/processes.h"
 #include "windows/find/find_box.h"
 #include "windows/find/find_dialogs.h"
 #include "windows/lists/block_list.h"
@@ -21,12 +24,14 @@
 #include "windows/main/line_hints_view.h"
 #include "windows/main/pane_mouse.h"
 #include "windows/main/pane_split.h"
+#include "windows/main/run_watch.h"
 #include "windows/main/status_panels.h"
 #include "windows/main/tab_strip.h"
 #include "windows/main/window_keys.h"
 #include "windows/media/media_tabs.h"
 #include "windows/media/media_view.h"
 #include "windows/parts/close_guard.h"
+#include "windows/parts/dialog_help.h"
 #include "windows/parts/help_subject.h"
 #include "windows/parts/icons.h"
 #include "windows/parts/window_position.h"
@@ -52,7 +57,7 @@ QString TipOfTab(int tab)
 {
     const Document& document = Frame.Documents.at(tab);
     const QString name = HasFile(document) ? paths::Native(document.Path) : EmptyCaption.trimmed();
-    return Host().Pane(tab).Modified() ? name + QStringLiteral("\nNot saved") : name;
+    return Panes().Pane(tab).Modified() ? name + QStringLiteral("\nNot saved") : name;
 }
 
 void MarkBlockAtCaret(EditorPane& pane)
@@ -77,7 +82,8 @@ frmmain::frmmain()
       recent(nullptr),
       subject(new HelpSubject(this)),
       hints(new LineHintsView(this)),
-      keys(new WindowKeys(this))
+      keys(new WindowKeys(this)),
+      runs(new RunWatch(this, *panels))
 {
     setObjectName(QStringLiteral("frmmain"));
     setWindowTitle(QStringLiteral("Gemforge"));
@@ -119,8 +125,8 @@ void frmmain::ConnectParts()
     connect(strip, &TabStrip::Changed, this, &frmmain::ShowPaneOf);
     connect(strip, &TabStrip::Activated, this, ActivateTab);
     connect(strip, &TabStrip::Activated, this, [] { CurrentPane().CloseCodeList(); });
-    connect(strip, &TabStrip::NewWanted, commands.Menu(QStringLiteral("mnuAddTab")), &QAction::trigger);
-    connect(strip, &TabStrip::CloseWanted, commands.Menu(QStringLiteral("mnuDelTab")), &QAction::trigger);
+    connect(strip, &TabStrip::NewWanted, commands.MenuOf(OpenTabCommand), &QAction::trigger);
+    connect(strip, &TabStrip::CloseWanted, commands.MenuOf(CloseTab), &QAction::trigger);
     strip->TipOf = TipOfTab;
     connect(&commands, &CommandSet::AboutToRun, this, &frmmain::HideLists);
     connect(recent, &RecentPopup::Chosen, this, RecentOpenSelected, Qt::QueuedConnection);
@@ -156,16 +162,26 @@ void frmmain::ClaimKeys()
         claim(forward, [this] { strip->SelectNext(1); });
     for (const auto back : {Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, Qt::CTRL | Qt::Key_PageUp})
         claim(back, [this] { strip->SelectNext(-1); });
-    // The menu names no key for it, but hands look for these two.
-    for (const auto redo : {Qt::CTRL | Qt::Key_Y, Qt::CTRL | Qt::SHIFT | Qt::Key_Z})
-        claim(
-            redo, [this] { commands.Menu(QStringLiteral("mnuRedo"))->trigger(); }, false);
     claim(QKeySequence(Qt::Key_F6), [this] { MoveFocus(); });
     claim(QKeySequence(Qt::Key_F10), [this] { menuBar()->setActiveAction(menuBar()->actions().constFirst()); });
 
-    const QSet<QString> everywhere = {QStringLiteral("mnuSelectAll"), QStringLiteral("mnuFindReplace")};
-    for (const QAction* action : actions())
-        keys->Claim(action->shortcut(), everywhere.contains(action->objectName()));
+    for (const MenuRow& menu : MainMenus())
+        for (const auto& [row, apart] : ShownRows(menu))
+            ClaimKeysOf(*row);
+}
+
+void frmmain::ClaimKeysOf(const CommandRow& row)
+{
+    QAction* action = commands.Menu(QString::fromLatin1(row.Control));
+    const QKeySequence shortcut = action->shortcut();
+    if (!shortcut.isEmpty())
+        keys->Claim(shortcut, row.Flags & EverywhereKey);
+    const auto others = QString::fromLatin1(row.OtherKeys).split(QStringLiteral("; "), Qt::SkipEmptyParts);
+    for (const QString& other : others) {
+        const QKeySequence sequence(other, QKeySequence::PortableText);
+        connect(new QShortcut(sequence, this), &QShortcut::activated, action, &QAction::trigger);
+        keys->Claim(sequence, false);
+    }
 }
 
 EditorPane& frmmain::Pane(int tab)
@@ -258,7 +274,7 @@ void frmmain::EscapePressed()
     } else if (bars.cmbFind()->hasFocus() || strip->Bar()->hasFocus() || ssML->isAncestorOf(focusWidget()))
         FocusPane();
     else
-        Frame.StopRequested = true;
+        StopRuns(StopReason::Esc);
 }
 
 void frmmain::LeaveMenuBar()
@@ -341,9 +357,9 @@ bool frmmain::event(QEvent* event)
 
 void frmmain::closeEvent(QCloseEvent* event)
 {
-    if (Frame.RunningWork > 0) {
+    if (RunningWork() > 0) {
         event->ignore();
-        EndProgram();
+        CloseAfterWork();
         return;
     }
     finished = MayClose();
@@ -354,6 +370,31 @@ void frmmain::EndProgram()
 {
     ending = true;
     EndWork();
+}
+
+void frmmain::CloseAfterWork()
+{
+    closeWanted = Frame.Closing = true;
+    StopRuns(StopReason::Close);
+    processes::StopWaiting();
+    WorkChanged();
+}
+
+/// The loops unwind from the inside; what opens meanwhile is closed too.
+void frmmain::WorkChanged()
+{
+    runs->WorkChanged();
+    if (!closeWanted)
+        return;
+    if (RunningWork() > 0) {
+        QTimer::singleShot(0, this, [this] {
+            if (closeWanted && RunningWork() > 0)
+                CloseModalWindows();
+        });
+        return;
+    }
+    closeWanted = Frame.Closing = false;
+    QTimer::singleShot(0, this, &QWidget::close);
 }
 
 void frmmain::Finish()
@@ -376,5 +417,6 @@ void frmmain::ShowStarted()
 {
     split->LayoutMainWindow();
     commands.ShowMenuIcons(Frame.Settings.MenuIcons == 1);
+    UpdateCommands();
     setWindowTitle(windowTitle() + QStringLiteral("  (Startup Time MS = %1)").arg(Frame.StartTicks.elapsed()));
 }

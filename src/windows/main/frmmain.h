@@ -1,7 +1,8 @@
 #pragma once
 
 #include "frame/editor_pane.h"
-#include "frame/host_window.h"
+#include "frame/frame_events.h"
+#include "frame/host_ports.h"
 #include "platform/audio.h"
 #include "windows/main/command_set.h"
 #include "windows/main/cool_bar.h"
@@ -21,6 +22,7 @@ class MediaWatch;
 class PaneSplit;
 class QStackedWidget;
 class RecentPopup;
+class RunWatch;
 class StatusPanels;
 class TabStrip;
 class WindowKeys;
@@ -41,41 +43,31 @@ public:
     void ShowStarted();
     /// OnMainWindowClose: keeps what must not be lost. Once.
     void Finish();
-    /// Ends the program whatever runs: for a close while work runs, for SIGTERM and its like.
+    /// Ends the program whatever runs, without a question: for SIGTERM and its like.
     void EndProgram();
+    /// The user wants the window closed while something runs or a modal window is up: that ends first, then the window
+    /// closes as at any other time, questions included.
+    void CloseAfterWork();
     bool Ending() const { return ending; }
 
     EditorPane& Pane(int tab) override;
     EditorPane& txtBuffer() override;
-    void SetTab(int tab, const TabFace& face) override;
     void SelectTab(int tab) override;
     int SelectedTab() const override;
-    void SetPanel(int panel, const QString& text, int picture = 0) override;
-    void ShowNotice(const QString& text) override;
-    void SetCaption(const QString& caption) override { setWindowTitle(caption); }
-    void EnableCommand(const QString& control, bool menu, bool button) override;
-    void CheckCommand(const QString& control, bool checked) override;
     void ShowProgress(int maximum, int value) override;
     void HideProgress() override;
     void SetEnabled(bool enabled) override;
     void FocusPane() override;
     void BusyPointer(bool busy) override;
     void OpenTool(ToolWindow tool) override;
-    void ShowRecent() override;
-    void ShowComments() override;
-    void ShowBlocks() override;
+    void ShowList(ListKind list) override;
     void CloseLists() override;
-    void RecentChanged() override;
-    void MediaChanged() override;
-    void StyleMediaLists() override;
     void ShowMediaEntry(int source, int row) override;
     bool CanPreview(int mode) const override;
     void PreviewMedia() override;
-    void ShowMenuStrips(bool on) override { menus.ShowStrips(on); }
-    void LoadCoolbar() override;
     void StopPlayers() override { audio::Stop(); }
     void PlayModule(const QByteArray& bytes) { audio::PlayModule(bytes); }
-    bool Turn() override;
+    void Listen(FrameEvents& events) override;
 
     const CommandSet& Commands() const { return commands; }
     const MenuTree& Menus() const { return menus; }
@@ -100,12 +92,18 @@ private:
     void LayOut();
     void ConnectParts();
     void ClaimKeys();
+    void ClaimKeysOf(const CommandRow& row);
     void ConnectPane(int tab, EditorPane& pane);
     void PanePressed(Qt::MouseButton button, Qt::KeyboardModifiers keys);
     void PaneTextChanged(int tab);
     void PopUpEditMenu(const QPoint& at);
     void ShowPaneOf(int tab);
     void EscapePressed();
+    void MediaChanged();
+    void StyleMediaLists();
+    void UpdateCommands();
+    void ModeChanged(int mode);
+    void WorkChanged();
     void ToggleInsert();
     void ReadLocks();
     void LeaveMenuBar(); ///< a menu has closed: the keyboard goes back to where it was
@@ -134,8 +132,9 @@ private:
     HelpSubject* subject;
     LineHintsView* hints;
     WindowKeys* keys;
+    RunWatch* runs;
     std::array<std::unique_ptr<EditorPane>, 8> panes;
     std::unique_ptr<EditorPane> buffer;
     bool overtype = false;
-    bool ending = false, finished = false;
+    bool ending = false, finished = false, closeWanted = false, locked = false;
 };

@@ -2,6 +2,7 @@
 
 #include "editor/make_pane.h"
 #include "frame/documents/documents.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "windows/about/frm_about.h"
 #include "windows/blocks/frm_inject.h"
@@ -14,14 +15,10 @@
 #include "windows/main/tab_strip.h"
 
 #include <QApplication>
+#include <QMenuBar>
 #include <QStackedWidget>
 
 // What the rooms below ask of their host.
-
-void frmmain::SetTab(int tab, const TabFace& face)
-{
-    strip->SetTab(tab, face);
-}
 
 void frmmain::SelectTab(int tab)
 {
@@ -33,26 +30,36 @@ int frmmain::SelectedTab() const
     return strip->Selected();
 }
 
-void frmmain::SetPanel(int panel, const QString& text, int picture)
+void frmmain::Listen(FrameEvents& events)
 {
-    panels->SetPanel(panel, text, picture);
+    connect(&events, &FrameEvents::TabChanged, this,
+            [this](int tab) { strip->SetTab(tab, Frame.Documents.at(tab).Face); });
+    connect(&events, &FrameEvents::ModeChanged, this, &frmmain::ModeChanged);
+    connect(&events, &FrameEvents::CaretMoved, this, [this](const QString& place) { panels->SetPanel(2, place, 0); });
+    connect(&events, &FrameEvents::PathChanged, this, [this](const QString& path) { panels->SetPanel(3, path, 0); });
+    connect(&events, &FrameEvents::Noticed, panels, &StatusPanels::ShowNotice);
+    connect(&events, &FrameEvents::ViewSettingChanged, this, &frmmain::UpdateCommands);
+    connect(&events, &FrameEvents::MenuStripsChanged, this, [this](bool on) { menus.ShowStrips(on); });
+    connect(&events, &FrameEvents::ToolBarsLoaded, this, [this] { bars.Load(Frame.Settings.Bands); });
+    connect(&events, &FrameEvents::RecentChanged, this, [this] {
+        if (recent->isVisible())
+            recent->Fill();
+    });
+    connect(&events, &FrameEvents::MediaChanged, this, &frmmain::MediaChanged);
+    connect(&events, &FrameEvents::MediaLooksChanged, this, &frmmain::StyleMediaLists);
+    connect(&events, &FrameEvents::WorkChanged, this, &frmmain::WorkChanged);
 }
 
-void frmmain::ShowNotice(const QString& text)
+void frmmain::ModeChanged(int mode)
 {
-    panels->ShowNotice(text);
+    panels->SetPanel(1, ModeName(mode), mode + 1);
+    setWindowTitle(QStringLiteral("Gemforge - ") + ModeName(mode));
+    UpdateCommands();
 }
 
-void frmmain::EnableCommand(const QString& control, bool menu, bool button)
+void frmmain::UpdateCommands()
 {
-    const bool opens = !commands.Opens(control) || CanPreview(Frame.CurrentMode);
-    commands.Show(control, opens || !menu);
-    commands.Enable(control, menu && opens, button && opens);
-}
-
-void frmmain::CheckCommand(const QString& control, bool checked)
-{
-    commands.Check(control, checked);
+    commands.Update({Frame.CurrentMode, CanPreview(Frame.CurrentMode), locked}, Frame.Settings);
 }
 
 void frmmain::ShowProgress(int maximum, int value)
@@ -65,9 +72,14 @@ void frmmain::HideProgress()
     panels->HideProgress();
 }
 
+/// The status bar stays live: what stops a run stands there.
 void frmmain::SetEnabled(bool enabled)
 {
-    setEnabled(enabled);
+    locked = !enabled;
+    menuBar()->setEnabled(enabled);
+    centralWidget()->setEnabled(enabled);
+    bars.SetEnabled(enabled);
+    UpdateCommands();
 }
 
 void frmmain::FocusPane()
@@ -83,11 +95,6 @@ void frmmain::BusyPointer(bool busy)
         QApplication::restoreOverrideCursor();
 }
 
-void frmmain::LoadCoolbar()
-{
-    bars.Load(Frame.Settings.Bands);
-}
-
 void frmmain::OpenTool(ToolWindow tool)
 {
     if (tool == ToolWindow::Project)
@@ -98,38 +105,19 @@ void frmmain::OpenTool(ToolWindow tool)
         RunInjectWindow(this);
 }
 
-void frmmain::ShowRecent()
+void frmmain::ShowList(ListKind list)
 {
     HideLists();
-    recent->OpenOver(stack->geometry());
-}
-
-void frmmain::ShowComments()
-{
-    HideLists();
-    comments->OpenOver(stack->geometry());
-}
-
-void frmmain::ShowBlocks()
-{
-    HideLists();
-    blocks->OpenOver(stack->geometry());
+    if (list == ListKind::Recent)
+        recent->OpenOver(stack->geometry());
+    if (list == ListKind::Comments)
+        comments->OpenOver(stack->geometry());
+    if (list == ListKind::Blocks)
+        blocks->OpenOver(stack->geometry());
 }
 
 void frmmain::CloseLists()
 {
     HideLists();
     FocusPane();
-}
-
-void frmmain::RecentChanged()
-{
-    if (recent->isVisible())
-        recent->Fill();
-}
-
-bool frmmain::Turn()
-{
-    QApplication::processEvents();
-    return !Frame.StopRequested;
 }

@@ -1,6 +1,6 @@
 #include "conf/help_for_word.h"
 #include "frame/frame_state.h"
-#include "frame/host_window.h"
+#include "frame/host_ports.h"
 #include "windows/main/command_table.h"
 
 #include <array>
@@ -11,7 +11,7 @@ std::span<const CommandRow> HelpCommands()
         CommandRow{"mnuHelpView", "Help", "", ToolStrip::tbExtra, "help", nullptr, SeparatorBehind,
                    [] { RunHelp({}); }},
         CommandRow{"mnuHelpAbout", "About", "", ToolStrip::None, "about", nullptr, NoFlags,
-                   [] { Host().OpenTool(ToolWindow::About); }},
+                   [] { Tools().OpenTool(ToolWindow::About); }},
     };
     return Rows;
 }

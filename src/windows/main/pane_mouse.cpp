@@ -4,7 +4,7 @@
 #include "conf/locate_image.h"
 #include "frame/documents/documents.h"
 #include "frame/frame_state.h"
-#include "frame/host_window.h"
+#include "frame/host_ports.h"
 
 #include <QTimer>
 #include <algorithm>
@@ -38,7 +38,7 @@ bool RunMouseShortcut(Qt::MouseButton button, Qt::KeyboardModifiers keys)
     const int mode = Frame.CurrentMode;
     const auto row = std::find_if(std::begin(MouseRows), std::end(MouseRows), [&](const MouseRow& candidate) {
         return candidate.Button == button && mode >= candidate.FirstMode && mode <= candidate.LastMode &&
-               (!candidate.Previews || Host().CanPreview(mode));
+               (!candidate.Previews || Tools().CanPreview(mode));
     });
     if (row == std::end(MouseRows))
         return false;

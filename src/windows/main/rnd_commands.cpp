@@ -9,7 +9,7 @@ std::span<const CommandRow> RnDCommands()
     static constexpr std::array Rows = {
         CommandRow{"mnuRndLaunch", "Run Rocks'n'Diamonds", "", tbRnD, "run_rnd", nullptr, NoFlags, NotThere},
         CommandRow{"mnuRndFastLoad", "Run RnD - Fast Test Selected Element", "", tbRnD, "run_rnd_fast", nullptr,
-                   NoFlags, NotThere},
+                   NoFlags, NotThere, InMode(ModeGfx), InMode(ModeGfx)},
         CommandRow{"mnuRNDlevMan", "Level Manager", "", tbRnD, "rnd_levman", nullptr, SeparatorBehind, NotThere},
         CommandRow{"mnuRNDErrorCheck", "Check For Errors", "", tbRnD, "check_for_errors", nullptr, SeparatorBehind,
                    CheckForErrors},

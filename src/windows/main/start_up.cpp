@@ -53,7 +53,7 @@ int Run(QApplication& application, const StartFolders& folders)
     window.show();
     const CloseRequests closing(*window.windowHandle(), [&window] {
         if (QApplication::activeModalWidget()) // any other wish arrives by itself
-            QTimer::singleShot(0, &window, &frmmain::EndProgram);
+            QTimer::singleShot(0, &window, &frmmain::CloseAfterWork);
     });
     FinishStart();
     window.ShowStarted();

@@ -159,10 +159,17 @@ void StatusPanels::HideProgress()
     progress->reset();
 }
 
+void StatusPanels::AddLive(QWidget* widget)
+{
+    live = widget;
+    addPermanentWidget(widget);
+}
+
 void StatusPanels::FitProgress()
 {
     const int lower = Pixels(*this, 2);
-    progress->setGeometry(0, lower, width(), height() - lower);
+    const int taken = live && live->isVisible() ? live->width() + Pixels(*this, 4) : 0;
+    progress->setGeometry(0, lower, width() - taken, height() - lower);
 }
 
 void StatusPanels::resizeEvent(QResizeEvent* event)

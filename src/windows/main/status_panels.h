@@ -30,6 +30,10 @@ public:
     void HideProgress();
     QProgressBar* Progress() const { return progress; }
 
+    /// Takes a widget into the right end, where the progress bar leaves it free while it shows.
+    void AddLive(QWidget* widget);
+    void FitProgress();
+
 protected:
     void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -37,7 +41,6 @@ protected:
 private:
     void ShowPath();
     void ShowPathText(const QString& text);
-    void FitProgress();
 
     struct Panel
     {
@@ -49,5 +52,6 @@ private:
     QString pathText; ///< of its panel in full
     QTimer noticeEnd;
     QProgressBar* progress;
+    QWidget* live = nullptr;
     QElapsedTimer painted;
 };

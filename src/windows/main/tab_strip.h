@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/host_window.h"
+#include "frame/host_ports.h"
 
 #include <QTabBar>
 #include <QWidget>

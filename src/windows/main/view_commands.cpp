@@ -18,13 +18,18 @@ std::span<const CommandRow> ViewCommands()
 {
     using enum ToolStrip;
     static constexpr std::array Rows = {
-        CommandRow{"mnuViewLineNums", "Line Numbers", "", tbView, "line_numbers", nullptr, CheckEntry, Toggle<1>},
-        CommandRow{"mnuViewSpaces", "Spaces + Tabs", "", tbView, "spaces_tabs", nullptr, CheckEntry, Toggle<2>},
+        CommandRow{"mnuViewLineNums", "Line Numbers", "", tbView, "line_numbers", nullptr, CheckEntry, Toggle<1>,
+                   EveryMode, EveryMode, &SettingsRecord::ShowLineNumbers},
+        CommandRow{"mnuViewSpaces", "Spaces + Tabs", "", tbView, "spaces_tabs", nullptr, CheckEntry, Toggle<2>,
+                   EveryMode, EveryMode, &SettingsRecord::ShowSpaces},
         CommandRow{"mnuViewColours", "Colours", "", tbView, "syntax_colours", "Syntax Colours",
-                   CheckEntry | SeparatorBehind, Toggle<3>},
-        CommandRow{"mnuSuperTab", "Super Tab", "", tbView, "super_tab", nullptr, CheckEntry, Toggle<5>},
-        CommandRow{"mnuLineHints", "Line Hints", "", None, "line_hints", nullptr, CheckEntry, Toggle<6>},
-        CommandRow{"mnuThumbnails", "Thumbnails", "", None, "thumbnails", nullptr, CheckEntry, Toggle<7>},
+                   CheckEntry | SeparatorBehind, Toggle<3>, EveryMode, EveryMode, &SettingsRecord::UseColour},
+        CommandRow{"mnuSuperTab", "Super Tab", "", tbView, "super_tab", nullptr, CheckEntry, Toggle<5>, EveryMode,
+                   EveryMode, &SettingsRecord::SuperTab},
+        CommandRow{"mnuLineHints", "Line Hints", "", None, "line_hints", nullptr, CheckEntry, Toggle<6>, EveryMode,
+                   EveryMode, &SettingsRecord::LineHints},
+        CommandRow{"mnuThumbnails", "Thumbnails", "", None, "thumbnails", nullptr, CheckEntry, Toggle<7>, EveryMode,
+                   EveryMode, &SettingsRecord::Thumbnails},
     };
     return Rows;
 }

@@ -2,7 +2,9 @@
 
 #include "conf/element_record.h"
 #include "frame/documents/documents.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
 #include "frame/settings/settings.h"
 #include "platform/audio.h"
@@ -26,7 +28,7 @@ constexpr int MapglassMissing = 35;
 void OpenOutside(const QString& path)
 {
     if (!QDesktopServices::openUrl(QUrl::fromLocalFile(path)))
-        Host().ShowNotice(QStringLiteral("No program answers for ") + paths::Native(path));
+        ShowNotice(QStringLiteral("No program answers for ") + paths::Native(path));
 }
 
 /// Of whichever list; sounds and levels are those of Base, since the others hold none.
@@ -63,7 +65,7 @@ struct ToolRow
     int FirstMode, LastMode;
     void (*Open)(QWidget* owner, const QString& path);
 };
-constexpr ToolRow Tools[] = {
+constexpr ToolRow MediaTools[] = {
     {ModeGfx, ModeGfx, ShowSheet}, {ModeSfx, ModeSfx, PlayWave},
     {ModeMus, ModeMus, PlayMusic}, {ModeLvl, ModeLvl, [](QWidget*, const QString& path) { ShowLevel(path); }},
     {ModeHlt, ModeEdi, ShowSheet},
@@ -72,8 +74,8 @@ constexpr ToolRow Tools[] = {
 const ToolRow* ToolOf(int mode)
 {
     const auto row = std::ranges::find_if(
-        Tools, [&](const ToolRow& tool) { return mode >= tool.FirstMode && mode <= tool.LastMode; });
-    return row == std::end(Tools) ? nullptr : row;
+        MediaTools, [&](const ToolRow& tool) { return mode >= tool.FirstMode && mode <= tool.LastMode; });
+    return row == std::end(MediaTools) ? nullptr : row;
 }
 
 } // namespace
@@ -86,7 +88,7 @@ void OpenMediaEntry(int source)
     if (source != 1)
         Conf.Element.ImageFile.clear();
     Conf.MediaSource = source;
-    Host().PreviewMedia();
+    Tools().PreviewMedia();
 }
 
 bool HasMediaTool(int mode)
@@ -109,9 +111,9 @@ void ShowLevel(const QString& path)
         ShowMessage(MapglassMissing);
         return;
     }
-    Host().SetEnabled(false);
+    Busy().SetEnabled(false);
     const auto ended = processes::RunAndWait(viewer, {path});
-    Host().SetEnabled(true);
+    Busy().SetEnabled(true);
     if (!ended)
         ShowMessage(MessagePathError, ended.error().Text());
 }
@@ -151,7 +153,7 @@ void PopUpMediaMenu(MediaView& view, const QPoint& onScreen)
                                    [source = view.Source()] { OpenMediaEntry(source); }));
     add("Insert Name", [name = view.Selected()] {
         InsertFileName(name);
-        Host().FocusPane();
+        Panes().FocusPane();
     });
     menu->addSeparator();
     add("Open With Another Program", [path] { OpenOutside(path); });

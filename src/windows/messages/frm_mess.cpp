@@ -1,6 +1,6 @@
 #include "windows/messages/frm_mess.h"
-#include "frame/frame_state.h"
 
+#include "frame/frame_state.h"
 #include "windows/messages/message_layout.h"
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/help_subject.h"
@@ -173,7 +173,7 @@ QSize frmMess::MeasureText(int widest) const
 MessageAnswer frmMess::Ask()
 {
     const ModalScope scope;
-    if (Frame.Ending)
+    if (Frame.Ending || Frame.Closing)
         reject();
     else
         exec();

@@ -3,6 +3,7 @@
 #include "frame/frame_state.h"
 #include "frame/messages/messages.h"
 #include "frame/recovery/recovery.h"
+#include "frame/run_scope.h"
 #include "frame/settings/settings.h"
 #include "platform/processes.h"
 #include "windows/parts/dialog_help.h"
@@ -27,7 +28,8 @@ void EndWork()
     // If they fail there is nobody left to ask.
     if (Frame.Keeper)
         static_cast<void>(Frame.Keeper->KeepAllNow());
-    Frame.StopRequested = Frame.Ending = true;
+    Frame.Ending = true;
+    StopRuns(StopReason::Close);
     processes::StopWaiting();
     CloseModalWindows();
     QCoreApplication::exit(0);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "frame/frame_state.h"
+#include "frame/run_scope.h"
 
 class QWidget;
 

@@ -1,5 +1,8 @@
 #include "windows/parts/pane_commands.h"
 
+#include "frame/frame_events.h"
+#include "frame/host_ports.h"
+
 void SearchPane(int command)
 {
     EditorPane& pane = CurrentPane();
@@ -8,11 +11,11 @@ void SearchPane(int command)
         return;
     }
     if (pane.ExecuteCmd(command)) {
-        Host().ShowNotice({});
+        ShowNotice({});
         return;
     }
     const QString broken = pane.FindError();
-    Host().ShowNotice(broken.isEmpty() ? QStringLiteral("Not found: ") + pane.FindText() : broken);
+    ShowNotice(broken.isEmpty() ? QStringLiteral("Not found: ") + pane.FindText() : broken);
 }
 
 void SearchFor(const QString& text)
@@ -21,5 +24,5 @@ void SearchFor(const QString& text)
         CurrentPane().ExecuteCmd(CmdSetFindText, text);
         SearchPane(CmdFindNext);
     }
-    Host().FocusPane();
+    Panes().FocusPane();
 }

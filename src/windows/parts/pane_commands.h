@@ -3,7 +3,7 @@
 #include "frame/documents/documents.h"
 #include "frame/editor_pane.h"
 #include "frame/frame_state.h"
-#include "frame/host_window.h"
+#include "frame/host_ports.h"
 
 #include <QVariant>
 
@@ -20,7 +20,7 @@ template <int... Commands>
 void RunAndFocus()
 {
     RunOnPane<Commands...>();
-    Host().FocusPane();
+    Panes().FocusPane();
 }
 
 /// Find next (176) or previous (174) on the current pane. A search without a hit or with a broken expression is told

@@ -2,7 +2,7 @@
 
 #include "editor/make_pane.h"
 #include "frame/frame_state.h"
-#include "frame/host_window.h"
+#include "frame/host_ports.h"
 
 #include <QWidget>
 
@@ -36,5 +36,5 @@ void ScreenReader::accessibilityActiveChanged(bool active)
         return;
     SetUpAccessibility(active);
     for (int tab = 0; Frame.Host && tab < int(Frame.Documents.size()); ++tab)
-        ForgetInterface(Host().Pane(tab));
+        ForgetInterface(Panes().Pane(tab));
 }

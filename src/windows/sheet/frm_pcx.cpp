@@ -4,6 +4,7 @@
 #include "conf/element_record.h"
 #include "conf/write_block.h"
 #include "frame/frame_state.h"
+#include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
 #include "graphics/animation.h"
 #include "graphics/sheet.h"
@@ -56,9 +57,9 @@ QStringList KnownModes()
 void frmPCX::Run(QWidget* owner)
 {
     const QString path = PathOfMedia();
-    Host().BusyPointer(true);
+    Busy().BusyPointer(true);
     const auto picture = images::Load(path);
-    Host().BusyPointer(false);
+    Busy().BusyPointer(false);
     if (!picture) {
         if (picture.error().Path == path)
             ShowMessage(BadImage);

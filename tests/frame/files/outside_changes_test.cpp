@@ -1,4 +1,5 @@
 #include "frame/program_scope.h"
+#include "frame/run_scope.h"
 
 #include <QDateTime>
 #include <QFile>

@@ -1,5 +1,6 @@
 #include "frame/frame_state.h"
 #include "frame/messages/messages.h"
+#include "frame/run_scope.h"
 #include "host_scope.h"
 
 #include <QSet>
@@ -81,7 +82,7 @@ TEST(Messages, AnOpenMessageIsRunningWork)
     public:
         MessageAnswer Message(const MessageRecord& record) override
         {
-            Seen = Frame.RunningWork;
+            Seen = RunningWork();
             return AnswerList::Message(record);
         }
         int Seen = 0;
@@ -93,5 +94,5 @@ TEST(Messages, AnOpenMessageIsRunningWork)
     watcher.Buttons = {QStringLiteral("Right")};
     EXPECT_EQ(ShowRecord(), QStringLiteral("Right"));
     EXPECT_EQ(watcher.Seen, 1);
-    EXPECT_EQ(Frame.RunningWork, 0);
+    EXPECT_EQ(RunningWork(), 0);
 }

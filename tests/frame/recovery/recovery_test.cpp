@@ -1,4 +1,5 @@
 #include "fault_steps.h"
+#include "frame/host_ports.h"
 #include "frame/program_scope.h"
 #include "frame/recovery/recovery.h"
 #include "frame/recovery/recovery_copies.h"
@@ -330,6 +331,6 @@ TEST_F(RecoveryTest, TextIsKeptElsewhereOrNotGivenUp)
     ActivateTab();
     Answers.Buttons = {QStringLiteral("Overwrite"), QStringLiteral("OK")};
     EXPECT_FALSE(SaveDocument(one));
-    EXPECT_EQ(Host().Pane(0).FileBytes(), "new 1\n");
+    EXPECT_EQ(Panes().Pane(0).FileBytes(), "new 1\n");
     EXPECT_EQ(Run.Work.Read(QStringLiteral("one.conf")), "1\n");
 }

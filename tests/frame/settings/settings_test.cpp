@@ -19,8 +19,6 @@ TEST_F(Settings, TheShippedSettingsLoadWithoutACorrection)
     EXPECT_TRUE(ReadWordList(QStringLiteral("AnimModifiers")).contains(QStringLiteral("opaque_player")));
     EXPECT_EQ(Window.Pane(7).GetColor(8), 0xB00000);
     EXPECT_EQ(Window.Pane(7).GetColor(16), 255);
-    EXPECT_EQ(Window.Checks.value(QStringLiteral("mnuSuperTab"), true), false);
-    EXPECT_EQ(Window.Checks.value(QStringLiteral("mnuViewColours")), true);
 }
 
 // Catches: broken numbers read as 0 (an undo limit of 0, black on black), silent corrections, and a correction that
@@ -80,7 +78,6 @@ TEST_F(Settings, AToggleIsInTheFileAtOnce)
     Run.Start();
     ToggleView(2);
     EXPECT_EQ(Frame.Settings.ShowSpaces, 1);
-    EXPECT_TRUE(Window.Checks.value(QStringLiteral("mnuViewSpaces")));
     EXPECT_TRUE(Run.UserIni().contains("ShowSpaces=1"));
     ToggleView(2);
     EXPECT_TRUE(Run.UserIni().contains("ShowSpaces=0"));

@@ -34,7 +34,7 @@ TEST_F(StartUp, WithoutAPathTheGraphicsTemplateIsOpen)
     EXPECT_TRUE(Window.Faces[0].Visible);
     EXPECT_FALSE(Window.Faces[1].Visible);
     EXPECT_EQ(CurrentPane().GetLine(1), QStringLiteral("#      GraphicsInfo.conf       #"));
-    EXPECT_EQ(Window.Panels[3], Run.Program.Path());
+    EXPECT_EQ(Window.Path, Run.Program.Path());
     EXPECT_FALSE(CurrentPane().Modified());
     EXPECT_FALSE(Frame.StartingUp);
     EXPECT_EQ(QDir::currentPath() + u'/', Run.Program.Path());

@@ -1,3 +1,4 @@
+#include "frame/run_scope.h"
 #include "platform/audio.h"
 #include "windows/about/frm_about.h"
 #include "windows/main/main_window_test.h"
@@ -92,7 +93,7 @@ TEST_F(AboutWindow, PlaysToItsEnd)
     QTimer::singleShot(0, Window.get(), [] {
         QWidget* about = QApplication::activeModalWidget();
         ASSERT_TRUE(about && about->objectName() == QLatin1String("frmAbout"));
-        EXPECT_EQ(Frame.RunningWork, 1);
+        EXPECT_EQ(RunningWork(), 1);
         EXPECT_TRUE(audio::IsPlaying());
         about->close();
     });

@@ -1,5 +1,6 @@
 #include "windows/files/frm_recover.h"
 
+#include "frame/host_ports.h"
 #include "frame/program_scope.h"
 #include "frame/recovery/recovery.h"
 #include "windows/files/recovery_view.h"
@@ -40,7 +41,7 @@ protected:
         Frame.Keeper = nullptr;
         for (int tab = 1; tab < 8; ++tab)
             EmptySlot(tab);
-        Host().SelectTab(0);
+        Panes().SelectTab(0);
         ActivateTab();
         NewRun();
         ASSERT_EQ(keeper->FindRecovered().size(), 2U);

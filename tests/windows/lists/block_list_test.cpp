@@ -1,6 +1,7 @@
 #include "windows/lists/block_list.h"
 
 #include "editor/make_pane.h"
+#include "frame/host_ports.h"
 #include "windows/main/main_window_test.h"
 
 #include <QLineEdit>
@@ -61,7 +62,7 @@ TEST_F(BlockListTest, WithoutBlocksThereIsNoList)
     QTest::keyClicks(list->View(), QStringLiteral("nothing"));
     QTest::keyClick(list->View(), Qt::Key_Return);
     EXPECT_TRUE(list->isVisible());
-    Host().CloseLists();
+    Tools().CloseLists();
     CurrentPane().LoadBytes("name: x\n# zip: a.png\n");
     MenuOf("mnuGotoBlock")->trigger();
     EXPECT_FALSE(list->isVisible());

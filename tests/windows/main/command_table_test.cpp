@@ -1,3 +1,4 @@
+#include "frame/frame_events.h"
 #include "windows/main/main_window_test.h"
 #include "windows/parts/icons.h"
 
@@ -118,7 +119,7 @@ TEST_F(CommandTable, MenusStandInTheToldOrder)
         EXPECT_FALSE(texts.join(QString()).contains(QLatin1String("--")));
         EXPECT_FALSE(menu->actions().constFirst()->isEnabled());
     }
-    Host().ShowMenuStrips(false);
+    emit Events().MenuStripsChanged(false);
     EXPECT_EQ(Texts(Window->Menus().Find(QStringLiteral("mnuView"))->actions()).constFirst(),
               QStringLiteral("Line Numbers"));
 }
@@ -140,17 +141,28 @@ TEST_F(CommandTable, ToolBarsFollowTheRows)
     EXPECT_EQ(button->popupMode(), QToolButton::MenuButtonPopup);
 }
 
-// Catches: the one of menu entry and button that goes on when the mode changes, a control without a row that fails.
-TEST_F(CommandTable, EnablingAndChecksReachEntryAndButton)
+// Catches: a command left on from the mode before, a button that follows its entry in the sound modes, a command that
+// stays live in a disabled window, and one that shows where no tool opens the media.
+TEST_F(CommandTable, CommandsFollowModeAndLock)
 {
     EXPECT_TRUE(MenuOf("mnuSelectEleBlock")->isEnabled() && ButtonOf("mnuSelectEleBlock")->isEnabled());
     MenuOf("mnuNewSound")->trigger();
     EXPECT_EQ(Frame.CurrentMode, ModeSfx);
     EXPECT_FALSE(MenuOf("mnuSelectEleBlock")->isEnabled() || ButtonOf("mnuSelectEleBlock")->isEnabled());
-    Host().EnableCommand(QStringLiteral("mnuTidyup"), true, false);
-    EXPECT_TRUE(MenuOf("mnuTidyup")->isEnabled());
-    EXPECT_FALSE(ButtonOf("mnuTidyup")->isEnabled());
-    Host().EnableCommand(QStringLiteral("mnuNoSuchCommand"), true, true);
+    EXPECT_TRUE(MenuOf("mnuEDViewElement")->isEnabled());
+    EXPECT_FALSE(ButtonOf("mnuEDViewElement")->isEnabled());
+    SetMode(ModeEdi);
+    EXPECT_TRUE(MenuOf("mnuExtraHeadline")->isEnabled() && ButtonOf("mnuExtraHeadline")->isEnabled());
+    EXPECT_FALSE(MenuOf("mnuEDViewElement")->isEnabled());
+    Busy().SetEnabled(false);
+    EXPECT_FALSE(MenuOf("mnuExtraHeadline")->isEnabled() || MenuOf("mnuSave")->isEnabled());
+    Busy().SetEnabled(true);
+    EXPECT_TRUE(MenuOf("mnuExtraHeadline")->isEnabled() && MenuOf("mnuSave")->isEnabled());
+    const CommandRow opener{"x", "x", "", ToolStrip::None, "", nullptr, OpensMedia, [] {}, InMode(ModeSfx), NoMode};
+    EXPECT_FALSE(IsVisible(opener, {ModeSfx, false, false}));
+    EXPECT_TRUE(IsVisible(opener, {ModeGfx, false, false}));
+    EXPECT_FALSE(EntryEnabled(opener, {ModeSfx, false, false}));
+    EXPECT_TRUE(EntryEnabled(opener, {ModeSfx, true, false}));
 }
 
 // Catches: a toggle by menu or by button after which the two differ, or that is forgotten at the next start.

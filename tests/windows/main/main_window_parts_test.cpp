@@ -1,4 +1,6 @@
 #include "editor/make_pane.h"
+#include "frame/frame_events.h"
+#include "frame/host_ports.h"
 #include "windows/main/dropped_files.h"
 #include "windows/main/main_window_test.h"
 #include "windows/main/pane_split.h"
@@ -75,16 +77,16 @@ TEST_F(MainWindowParts, PaneEventsReachFrameAndStatusBar)
 // Catches: a path that never comes back behind a notice, a bar that runs without end for a single step.
 TEST_F(MainWindowParts, StatusBarShowsNoticesAndProgress)
 {
-    Host().ShowNotice(QStringLiteral("told"));
+    ShowNotice(QStringLiteral("told"));
     EXPECT_EQ(Window->StatusBar().PanelText(3), QStringLiteral("told"));
-    Host().SetPanel(3, QStringLiteral("/path"));
+    emit Events().PathChanged(QStringLiteral("/path"));
     EXPECT_EQ(Window->StatusBar().PanelText(3), QStringLiteral("/path"));
-    Host().ShowProgress(0, 0);
+    Busy().ShowProgress(0, 0);
     const QProgressBar* bar = Window->StatusBar().Progress();
     EXPECT_TRUE(bar->isVisible());
     EXPECT_EQ(bar->maximum(), 1);
     EXPECT_EQ(bar->width(), Window->StatusBar().width());
-    Host().HideProgress();
+    Busy().HideProgress();
     EXPECT_FALSE(bar->isVisible());
 }
 
@@ -144,7 +146,7 @@ TEST_F(MainWindowParts, DroppedFilesTakeEmptyTabsFirst)
     EXPECT_EQ(Frame.Documents[0].Path, a);
     EXPECT_EQ(Frame.Documents[1].Path, b);
     EXPECT_FALSE(Frame.Documents[2].Face.Visible);
-    EXPECT_EQ(Host().SelectedTab(), 0);
+    EXPECT_EQ(Panes().SelectedTab(), 0);
     OpenDroppedFiles({Run.Work.Path({})});
     EXPECT_EQ(Run.TakeMessages().size(), 1);
     EXPECT_FALSE(Frame.Documents[2].Face.Visible) << "a folder takes no tab";

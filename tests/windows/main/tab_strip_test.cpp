@@ -1,4 +1,5 @@
 #include "editor/make_pane.h"
+#include "frame/host_ports.h"
 #include "windows/main/main_window_test.h"
 
 #include <QStackedWidget>
@@ -15,7 +16,7 @@ TEST_F(TabStripTest, RightReleaseOpensATabUntilAllEightShow)
         EXPECT_FALSE(tab < 7 && Tabs()->isTabVisible(tab + 1));
     }
     ClickTab(0, Qt::RightButton);
-    EXPECT_EQ(Host().SelectedTab(), 7);
+    EXPECT_EQ(Panes().SelectedTab(), 7);
 }
 
 // Catches: a tab whose pane comes in front while commands still work on another document, also when the button is
@@ -63,7 +64,7 @@ TEST_F(TabStripTest, WheelAndKeysPassHiddenTabs)
     QWheelEvent turn(QPointF(5, 5), Tabs()->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
                      false);
     QCoreApplication::sendEvent(Tabs(), &turn);
-    EXPECT_EQ(Host().SelectedTab(), 0);
+    EXPECT_EQ(Panes().SelectedTab(), 0);
     EXPECT_EQ(Frame.CurrentTab, 0);
 }
 
@@ -92,7 +93,7 @@ TEST_F(TabStripTest, FlashDimsTheTabAndKeepsItSelected)
     const QColor bright = Tabs()->tabTextColor(1);
     OpenDocument(path, false);
     EXPECT_TRUE(WaitUntil([&] { return Tabs()->tabTextColor(1) != bright; }));
-    EXPECT_EQ(Host().SelectedTab(), 1);
+    EXPECT_EQ(Panes().SelectedTab(), 1);
     EXPECT_TRUE(WaitUntil([&] { return !Frame.Flashing; }));
     EXPECT_EQ(Tabs()->tabTextColor(1), bright);
 }
@@ -100,9 +101,11 @@ TEST_F(TabStripTest, FlashDimsTheTabAndKeepsItSelected)
 // Catches: captions eaten by the shortcut mark, pictures that do not follow the mode.
 TEST_F(TabStripTest, FaceShowsCaptionAndPicture)
 {
-    Host().SetTab(3, {true, QStringLiteral(" a&b"), ModeMus + 1, true});
+    Frame.Documents[3].Face = {true, QStringLiteral(" a&b"), ModeMus + 1, true};
+    ShowTab(3);
     EXPECT_EQ(Tabs()->tabText(3), QStringLiteral(" a&&b"));
     const QImage before = Tabs()->tabIcon(3).pixmap(16).toImage();
-    Host().SetTab(3, {true, QStringLiteral(" a&b"), ModeLvl + 1, true});
+    Frame.Documents[3].Face = {true, QStringLiteral(" a&b"), ModeLvl + 1, true};
+    ShowTab(3);
     EXPECT_NE(Tabs()->tabIcon(3).pixmap(16).toImage(), before);
 }

@@ -1,4 +1,6 @@
 #include "editor/make_pane.h"
+#include "frame/host_ports.h"
+#include "frame/run_scope.h"
 #include "windows/main/main_window_test.h"
 #include "windows/media/media_tabs.h"
 #include "windows/media/media_view.h"
@@ -56,13 +58,15 @@ TEST_F(WindowKeysTest, EscapeClosesWhatFloatsBeforeItStops)
     Window->Bars().cmbFind()->setFocus();
     Press(Qt::Key_Escape);
     EXPECT_TRUE(WidgetOf(CurrentPane())->hasFocus());
-    EXPECT_FALSE(Frame.StopRequested);
+    RunScope run(RunKind::Macro, QStringLiteral("test"));
+    EXPECT_FALSE(run.Stopped());
     Press(Qt::Key_Escape);
-    EXPECT_TRUE(Frame.StopRequested);
-    Frame.StopRequested = false;
-    Host().SetEnabled(false);
+    EXPECT_EQ(run.Why(), StopReason::Esc);
+    RunScope inner(RunKind::Child, QStringLiteral("child"));
+    Busy().SetEnabled(false);
     QTest::keyClick(Window->windowHandle(), Qt::Key_Escape);
-    EXPECT_TRUE(Frame.StopRequested);
+    EXPECT_EQ(inner.Why(), StopReason::Esc);
+    Busy().SetEnabled(true);
 }
 
 // Catches: overtype in one pane only, a panel that does not follow the key.
@@ -104,7 +108,7 @@ TEST_F(WindowKeysTest, FindBoxSearchesOnEnterOnly)
     box->setFocus();
     EXPECT_EQ(box->count(), 2);
     QTest::keyClicks(box, QStringLiteral("b"));
-    Host().FocusPane();
+    Panes().FocusPane();
     EXPECT_EQ(CurrentPane().SelText(), QString());
     box->setFocus();
     EXPECT_EQ(box->currentText(), QStringLiteral("b"));

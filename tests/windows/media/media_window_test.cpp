@@ -262,7 +262,7 @@ TEST_F(MediaWindow, KeysReachOpenNarrowAndLeave)
     EXPECT_FALSE(List().Filter()->isVisible());
     List().OpenFilter(QStringLiteral("nothing"));
     EXPECT_EQ(Shown(), QStringList());
-    Host().ShowMediaEntry(1, 0);
+    Tools().ShowMediaEntry(1, 0);
     EXPECT_EQ(List().Selected(), QStringLiteral("a.png")) << "found in the text, hidden in the list";
     List().OpenFilter(QStringLiteral("nothing"));
     ASSERT_TRUE(OpenDocument(Run.Work.Write(QStringLiteral("sub/graphicsinfo.conf"), "x\n"), true));
@@ -399,4 +399,6 @@ TEST_F(MediaWindow, ListsLookAsTheSettingsSay)
     EXPECT_EQ(WaveSeconds(head.first(22)), 0);
 }
 
+#include "frame/frame_events.h"
+#include "frame/host_ports.h"
 #include "media_window_test.moc"

@@ -1,5 +1,6 @@
 #include "windows/messages/frm_mess.h"
 
+#include "frame/run_scope.h"
 #include "windows/messages/message_layout.h"
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/dialog_support.h"
@@ -224,15 +225,15 @@ TEST(MessageWindow, WorksAboveADisabledWindow)
     owner.show();
     owner.setEnabled(false);
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    const int work = Frame.RunningWork;
+    const int work = RunningWork();
     OnModal([&](QWidget& window) {
         EXPECT_EQ(window.parentWidget(), &owner);
-        EXPECT_EQ(Frame.RunningWork, work + 1);
+        EXPECT_EQ(RunningWork(), work + 1);
         EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::ArrowCursor);
         QTest::mouseClick(&Part<QPushButton>(window, "cmdButton3"), Qt::LeftButton);
     });
     EXPECT_EQ(frmMess(Record("A_B_Cancel"), &owner).Ask().Caption, QStringLiteral("B"));
-    EXPECT_EQ(Frame.RunningWork, work);
+    EXPECT_EQ(RunningWork(), work);
     EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
     QGuiApplication::restoreOverrideCursor();
 }

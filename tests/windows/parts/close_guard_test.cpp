@@ -1,4 +1,5 @@
 #include "frame/recovery/recovery.h"
+#include "frame/run_scope.h"
 #include "windows/main/main_window_test.h"
 
 #include <QCloseEvent>
@@ -48,7 +49,8 @@ TEST_F(CloseGuard, CloseKeepsUnsavedTextAndHistoriesWithoutAsking)
     EXPECT_TRUE(offered[0].startsWith(QLatin1String("unsaved")));
 }
 
-// Catches: a window that closes under running work, or a wait that nobody ends: the loops unwind from the inside.
+// Catches: a window that closes under running work, a wait that nobody ends, and a close that the work swallows: the
+// loops unwind from the inside, then the window closes.
 TEST_F(CloseGuard, CloseDuringWorkEndsTheWaitFirst)
 {
     QStringList order;
@@ -66,8 +68,32 @@ TEST_F(CloseGuard, CloseDuringWorkEndsTheWaitFirst)
     QCoreApplication::exec();
     order << QStringLiteral("loop ended");
     EXPECT_EQ(order.join(u','), QStringLiteral("refused,work returned,loop ended"));
-    EXPECT_TRUE(Frame.StopRequested && Window->Ending());
-    EXPECT_EQ(Frame.RunningWork, 0);
+    EXPECT_FALSE(Window->isVisible());
+    EXPECT_EQ(RunningWork(), 0);
+}
+
+// Catches: a close under a modal window or a run that takes a text along which could be kept nowhere, without the
+// question; and one after which the window can not be closed again.
+TEST_F(CloseGuard, CloseDuringWorkStillAsksForTextsThatAreKeptNowhere)
+{
+    Frame.Keeper = nullptr;
+    keeper = std::make_unique<Recovery>(state.Write(QStringLiteral("a file"), "x") + QStringLiteral("/below"));
+    Frame.Keeper = keeper.get();
+    for (const char* button : {"Cancel", "Close Anyway"}) {
+        Run.Scope.Answers.Buttons = {QString::fromLatin1(button)};
+        QTimer::singleShot(0, Window.get(), [&] {
+            RunScope run(RunKind::Macro, QStringLiteral("test"));
+            QTimer::singleShot(0, Window.get(), [&] { Window->close(); });
+            while (run.Turn())
+                ;
+            EXPECT_EQ(run.Why(), StopReason::Close);
+            EXPECT_TRUE(Window->isVisible());
+        });
+        QTimer::singleShot(300, Window.get(), [] { QCoreApplication::exit(); });
+        QCoreApplication::exec();
+        EXPECT_EQ(Window->isVisible(), QLatin1StringView(button) == QLatin1StringView("Cancel"));
+        ASSERT_EQ(Run.TakeMessages().size(), 1) << button;
+    }
 }
 
 // Catches: an end by signal that loses what was typed since the last copy, or waits for an answer.

@@ -1,4 +1,6 @@
 #include "editor/make_pane.h"
+#include "frame/frame_events.h"
+#include "frame/host_ports.h"
 #include "windows/blocks/frm_comment.h"
 #include "windows/main/dialog_keys.h"
 #include "windows/main/main_window_test.h"
@@ -67,10 +69,10 @@ TEST_F(HelpSubjectTest, F1InAWindowAboveShowsItsPage)
         [&] { asker.OpenFile({}); },
         [&] { asker.SaveFile({}); },
         [&] { asker.Folder({}); },
-        [&] { Host().OpenTool(ToolWindow::Project); },
-        [&] { Host().OpenTool(ToolWindow::About); },
+        [&] { Tools().OpenTool(ToolWindow::Project); },
+        [&] { Tools().OpenTool(ToolWindow::About); },
         [&] { frmComment::Ask(Window.get()); },
-        [&] { Host().OpenTool(ToolWindow::Inject); },
+        [&] { Tools().OpenTool(ToolWindow::Inject); },
     };
     for (const auto& open : windows) {
         OnModal([&](QWidget& window) { press(&window); });

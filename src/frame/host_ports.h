@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QString>
+
+class EditorPane;
+class FrameEvents;
+
+/// What a tab of the strip shows.
+struct TabFace
+{
+    bool Visible = false;
+    QString Caption;
+    int Picture = 0; ///< image of the list `mode`, from 1; 0 none
+    bool Enabled = true;
+};
+
+/// The eight tabs and their panes.
+class PanePort
+{
+public:
+    virtual ~PanePort() = default;
+    virtual EditorPane& Pane(int tab) = 0; ///< 0 to 7
+    virtual EditorPane& txtBuffer() = 0;
+    virtual void SelectTab(int tab) = 0; ///< fires the strip's click: the pane of the tab comes in front
+    virtual int SelectedTab() const = 0;
+    virtual void FocusPane() = 0;
+};
+
+/// What shows that something is going on.
+class BusyPort
+{
+public:
+    virtual ~BusyPort() = default;
+    virtual void ShowProgress(int maximum, int value) = 0;
+    virtual void HideProgress() = 0;
+    virtual void SetEnabled(bool enabled) = 0; ///< menus, bars, lists and panes; what stops a run stays live
+    virtual void BusyPointer(bool busy) = 0;
+};
+
+enum class ToolWindow { Project, About, Inject };
+enum class ListKind { Recent, Comments, Blocks };
+
+/// Windows and players that a routine opens by name.
+class ToolPort
+{
+public:
+    virtual ~ToolPort() = default;
+    virtual void OpenTool(ToolWindow tool) = 0;           ///< modal; returns when closed
+    virtual void ShowList(ListKind list) = 0;             ///< a floating list, made anew from the current document
+    virtual void CloseLists() = 0;                        ///< hides the floating lists, focus to the pane
+    virtual void ShowMediaEntry(int source, int row) = 0; ///< its tab in front, the entry selected and in view
+    virtual bool CanPreview(int mode) const = 0;          ///< is there a tool that opens the media of a mode?
+    virtual void PreviewMedia() = 0; ///< opens the media file at hand by the mode; returns when done
+    virtual void StopPlayers() = 0;
+};
+
+/// A host has all the ports, and hears what changes.
+class HostWindow : public PanePort, public BusyPort, public ToolPort
+{
+public:
+    virtual void Listen(FrameEvents& events) = 0; ///< called once, by InstallHost
+};
+
+PanePort& Panes();
+BusyPort& Busy();
+ToolPort& Tools();

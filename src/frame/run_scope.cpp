@@ -1,0 +1,89 @@
+#include "frame/run_scope.h"
+
+#include "frame/frame_events.h"
+#include "frame/frame_state.h"
+
+#include <QCoreApplication>
+#include <utility>
+
+namespace {
+
+constexpr qint64 TurnEvery = 20; ///< ms
+constexpr int TurnLasts = 15;    ///< ms at most, so that a flood of events cannot hold the work up
+
+void Leave(const RunScope* scope)
+{
+    const auto entry = std::find(Frame.Work.rbegin(), Frame.Work.rend(), scope);
+    Q_ASSERT(entry != Frame.Work.rend());
+    Frame.Work.erase(std::next(entry).base());
+    emit Events().WorkChanged();
+}
+
+} // namespace
+
+RunScope::RunScope(RunKind ofKind, QString named, std::optional<qint64> deadlineMs)
+    : kind(ofKind), name(std::move(named)), deadline(deadlineMs)
+{
+    began.start();
+    turned.start();
+    Frame.Work.push_back(this);
+    if (Frame.Closing)
+        why = StopReason::Close;
+    emit Events().WorkChanged();
+}
+
+RunScope::~RunScope()
+{
+    Leave(this);
+}
+
+bool RunScope::Turn()
+{
+    if (!Stopped() && turned.elapsed() >= TurnEvery) {
+        if (deadline && began.elapsed() >= *deadline)
+            Stop(StopReason::Deadline);
+        if (QCoreApplication::instance())
+            QCoreApplication::processEvents(QEventLoop::AllEvents, TurnLasts);
+        turned.start();
+    }
+    return !Stopped();
+}
+
+void RunScope::Stop(StopReason reason)
+{
+    if (Stopped())
+        return;
+    why = reason;
+    if (OnStop)
+        OnStop();
+}
+
+void StopRuns(StopReason reason)
+{
+    // A copy: what a stop ends may end a scope.
+    const std::vector<RunScope*> work = Frame.Work;
+    for (auto scope = work.rbegin(); scope != work.rend(); ++scope)
+        if (*scope && std::find(Frame.Work.begin(), Frame.Work.end(), *scope) != Frame.Work.end())
+            (*scope)->Stop(reason);
+}
+
+RunScope* RunInFront()
+{
+    return Frame.Work.empty() ? nullptr : Frame.Work.back();
+}
+
+WorkScope::WorkScope()
+{
+    Frame.Work.push_back(nullptr);
+    emit Events().WorkChanged();
+}
+
+WorkScope::~WorkScope()
+{
+    Leave(nullptr);
+}
+
+int RunningWork()
+{
+    return int(Frame.Work.size());
+}
