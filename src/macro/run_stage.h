@@ -5,7 +5,7 @@
 #include <optional>
 
 class DocumentText;
-class Value;
+class TextClipboard;
 struct MacroError;
 struct RunState;
 
@@ -38,15 +38,6 @@ public:
     virtual int Value() const = 0;
 };
 
-/// Text that goes from one program to another.
-class ClipboardPort
-{
-public:
-    virtual ~ClipboardPort() = default;
-    virtual QString Text() const = 0;
-    virtual void SetText(const QString& text) = 0;
-};
-
 enum class StepAnswer { Next, Continue, Break };
 
 /// What a run needs of its surroundings: the main window, the workbench, or nothing but a text.
@@ -56,9 +47,11 @@ public:
     virtual ~RunStage() = default;
     virtual DocumentText& Target() = 0;       ///< the text that commands work on
     virtual void ShowTarget(bool visible) = 0; ///< for moments when a person must see it
+    virtual void ShowNow() = 0;                ///< the target as it stands, for one turn of events
+    virtual void Printed(const QString&) {}    ///< told of each text that `print` writes
     virtual TextScreen& Screen() = 0;
     virtual ProgressBarPort& Bar() = 0;
-    virtual ClipboardPort& Clipboard() = 0;
+    virtual TextClipboard& Clipboard() = 0;
     virtual bool HasWindow() const = 0; ///< false: commands on windows, mouse and keys fail
 
     virtual void ReportError(const MacroError& error) = 0; ///< shows it; the run is over

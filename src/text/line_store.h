@@ -3,6 +3,7 @@
 #include "text/text_form.h"
 
 #include <QByteArray>
+#include <QList>
 #include <QString>
 #include <vector>
 

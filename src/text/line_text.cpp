@@ -4,8 +4,6 @@
 
 #include <algorithm>
 
-LineText::LineText(TextClipboard& clipboard) : clipboard(clipboard) {}
-
 namespace {
 
 bool IsLowHalf(const QString& line, qsizetype column)
@@ -162,7 +160,7 @@ void LineText::LoadWhole(const QByteArray& utf8)
 {
     lines.Load(utf8);
     anchor = caret = {};
-    columns = false;
+    columns = emptied = false;
     goal = -1;
     changed = true;
     sameFront = sameBack = 0;

@@ -21,7 +21,7 @@ public:
 class LineText final : public DocumentText
 {
 public:
-    explicit LineText(TextClipboard& clipboard);
+    explicit LineText(TextClipboard& ofWhom) : clipboard(ofWhom) {}
 
     /// A place in the text; columns count UTF-16 units.
     struct Place
@@ -31,8 +31,8 @@ public:
     };
 
     // What a pane would take from its looks
-    void SetTabSize(int columns) { tabSize = qMax(columns, 1); }
-    void SetPageLines(int lines) { pageLines = qMax(lines, 1); } ///< how far a page goes
+    void SetTabSize(int size) { tabSize = qMax(size, 1); }
+    void SetPageLines(int count) { pageLines = qMax(count, 1); } ///< how far a page goes
 
     /// Lines that are as they were at the last look, at the front and at the end; then they count from anew.
     struct Unchanged
@@ -59,7 +59,7 @@ public:
     Range GetSel(bool normalised) const override;
     bool SetSel(const Range& range, bool makeVisible) override;
     int CaretLine() const override { return caret.Line; }
-    int CaretColumn() const override { return caret.Column; }
+    int CaretColumn() const override { return columns ? Clamped(caret.Line, caret.Column).Column : caret.Column; }
     QString SelText() const override;
     void SetSelText(const QString& wanted) override;
     int SelLength() const override;
@@ -218,6 +218,7 @@ private:
     LineStore lines;
     Place anchor, caret;
     bool columns = false;  ///< anchor and caret are corners, which may lie behind the ends of their lines
+    bool emptied = false;  ///< the columns were deleted: one place a line is left, which counts as no rectangle
     int goal = -1;         ///< shown column that vertical moves aim at; -1: the caret's
     QString columnsCopied; ///< the clipboard's text if it was copied as columns
 

@@ -24,6 +24,7 @@ bool LineText::DeleteRight(const QVariant&)
         Edit(*piece, {});
     if (columns) {
         anchor.Column = caret.Column = qMin(anchor.Column, caret.Column);
+        emptied = true;
         goal = -1;
     } else {
         Select(pieces.first().Start, pieces.first().Start);
@@ -90,7 +91,8 @@ bool LineText::SwapChars(const QVariant&)
     const Place left = Before(middle), right = Behind(middle);
     if (right.Line != middle.Line)
         return false;
-    Edit({left, right}, TextOf({middle, right}, {}) + TextOf({left, middle}, {}));
+    const QString swapped = TextOf({middle, right}, {}) + TextOf({left, middle}, {});
+    Edit({left, right}, swapped);
     MoveTo(atEnd ? right : Place{left.Line, left.Column + right.Column - middle.Column}, false);
     return true;
 }
@@ -164,12 +166,16 @@ void LineText::PasteColumns(const QString& pasted)
     const Place start = SelectedPieces().first().Start;
     const int column = ShownColumn(start);
     int line = start.Line;
-    for (const QString& piece : pasted.split(QLatin1String("\r\n"))) {
+    QStringList pieces = pasted.split(QLatin1String("\r\n"));
+    while (!pieces.isEmpty() && pieces.last().isEmpty())
+        pieces.removeLast();
+    for (const QString& piece : std::as_const(pieces)) {
         if (line > LastLine())
             Edit({EndPlace(), EndPlace()}, u"\n");
         const Place place = PlaceAt(line, column);
-        const int missing = piece.isEmpty() ? 0 : column - ShownColumn(place);
-        Edit({place, place}, QString(qMax(missing, 0), u' ') + piece);
+        const int missing = column - ShownColumn(place);
+        const QString padded = QString(qMax(missing, 0), u' ') + piece;
+        Edit({place, place}, padded);
         ++line;
     }
     Select(start, start);

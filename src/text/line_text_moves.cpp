@@ -105,7 +105,7 @@ LineText::Place LineText::PlaceAt(int line, int shownColumn) const
     while (at < text.size()) {
         const int width = text[at] == u'\t' ? tabSize - shown % tabSize : 1;
         if (shown + width > shownColumn)
-            return {line, int(at + (width > 1 && 2 * (shownColumn - shown) >= width))};
+            return {line, int(at + (width > 1 && 2 * (shownColumn - shown) > width))};
         shown += width;
         at += 1 + (text[at].isHighSurrogate() && at + 1 < text.size());
     }
@@ -227,7 +227,7 @@ bool LineText::IsWhite(int line) const
 
 bool LineText::ParagraphUp(const QVariant&)
 {
-    int line = caret.Line - (caret.Column == 0);
+    int line = caret.Line - 1;
     while (line >= 0 && IsWhite(line))
         --line;
     while (line >= 0 && !IsWhite(line))

@@ -22,14 +22,15 @@ QList<LineText::Stretch> LineText::SelectedPieces() const
 
 Range LineText::GetSel(bool normalised) const
 {
-    Range range{anchor.Line, anchor.Column, caret.Line, caret.Column, columns};
+    const Place from = Clamped(anchor.Line, anchor.Column), to = Clamped(caret.Line, caret.Column);
+    Range range{from.Line, from.Column, to.Line, to.Column, false};
+    if (columns && !emptied)
+        range = {anchor.Line, anchor.Column, caret.Line, caret.Column, true};
     if (!normalised)
         return range;
-    const bool backward = columns ? Clamped(caret.Line, caret.Column) < Clamped(anchor.Line, anchor.Column)
-                                  : caret < anchor;
-    if (backward)
+    if (to < from)
         std::swap(range.StartLine, range.EndLine);
-    if (columns ? range.StartCol > range.EndCol : backward)
+    if (range.ColumnSel ? range.StartCol > range.EndCol : to < from)
         std::swap(range.StartCol, range.EndCol);
     return range;
 }
@@ -55,7 +56,7 @@ void LineText::Select(Place from, Place to)
 {
     anchor = from;
     caret = to;
-    columns = false;
+    columns = emptied = false;
     goal = -1;
 }
 
@@ -143,7 +144,7 @@ bool LineText::ClearSelection(const QVariant&)
 
 bool LineText::BehindSelection(const QVariant&)
 {
-    const Place end = SelectedPieces().last().End;
+    const Place end = qMax(Clamped(anchor.Line, anchor.Column), Clamped(caret.Line, caret.Column));
     Select(end, end);
     return true;
 }

@@ -45,16 +45,24 @@ MessageRecord RecordOf(const MessageRow& row, const QString& text, const QString
 
 } // namespace
 
-QString ShowMessage(int code, const QString& text, const QString& text2)
+std::optional<MessageRecord> NumberedMessage(int code, const QString& text, const QString& text2)
 {
     const auto rows = Messages();
     const auto row = std::find_if(rows.begin(), rows.end(), [code](const MessageRow& r) { return r.Code == code; });
-    Q_ASSERT_X(row != rows.end(), "ShowMessage", qPrintable(QString::number(code)));
-    if (row == rows.end() || IsSuppressed(*row)) {
+    Q_ASSERT_X(row != rows.end(), "NumberedMessage", qPrintable(QString::number(code)));
+    if (row == rows.end() || IsSuppressed(*row))
+        return std::nullopt;
+    return RecordOf(*row, text, text2);
+}
+
+QString ShowMessage(int code, const QString& text, const QString& text2)
+{
+    const std::optional<MessageRecord> record = NumberedMessage(code, text, text2);
+    if (!record) {
         Frame.Message.MessageResult.clear();
         return {};
     }
-    Frame.Message = RecordOf(*row, text, text2);
+    Frame.Message = *record;
     return ShowRecord();
 }
 

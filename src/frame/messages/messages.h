@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 #include <span>
 
 /// One numbered message. To add one: add its row in messages.cpp, in number order; a number from 300 to 349 for our
@@ -29,6 +30,9 @@ struct MessageRecord
     QString MessageResult; ///< caption pressed; "" when the message was not shown
     int MessageButtonIndex = 0;
 };
+
+/// A row of the table with its texts; nothing if the message's nag flag is off.
+std::optional<MessageRecord> NumberedMessage(int code, const QString& text = {}, const QString& text2 = {});
 
 /// Fills the call record (Frame.Message) from the table and asks. Gives back MessageResult, "" at once if the
 /// message's nag flag is off (a suppressed question counts as confirmed).

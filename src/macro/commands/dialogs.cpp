@@ -1,13 +1,31 @@
-#include "frame/messages/asker.h"
-#include "frame/messages/messages.h"
 #include "macro/commands/families.h"
-#include "macro/language/questions.h"
 #include "macro/language/run_state.h"
+#include "macro/language/waiting.h"
+#include "macro/run_asker.h"
+#include "macro/run_stage.h"
 #include "platform/paths.h"
 
+#include <QDeadlineTimer>
+#include <QEventLoop>
+
 #include <QFileInfo>
+#include <QThread>
+#include <QTimer>
 
 namespace {
+
+/// The target stands before the user's eyes for the scope.
+class SeenTarget
+{
+public:
+    explicit SeenTarget(RunState& run) : stage(run.Stage) { stage.ShowTarget(true); }
+    ~SeenTarget() { stage.ShowTarget(false); }
+    SeenTarget(const SeenTarget&) = delete;
+    SeenTarget& operator=(const SeenTarget&) = delete;
+
+private:
+    RunStage& stage;
+};
 
 void SetResult(RunState& run, bool ok)
 {
@@ -32,7 +50,8 @@ void Message(RunState& run, Arguments& in)
         record.MessageColour = in.Text(ColourArgument);
     if (run.Failed())
         return;
-    const MessageAnswer answer = AskMessage(run, record);
+    const SeenTarget seen(run);
+    const MessageAnswer answer = run.Ask.Message(record, MessagePurpose::OfMacro);
     run.Last.MessageResult = Value(answer.Caption);
     run.Last.MessageNumber = Value(qint32(answer.Index));
 }
@@ -43,29 +62,36 @@ void AskCommand(RunState& run, Arguments& in)
     const QString prompt = in.Text(1), title = in.Text(2);
     if (run.Failed())
         return;
-    const Value answer(AskInput(run, title, prompt, run.Last.Ask.Text()).value_or(QString()));
+    const SeenTarget seen(run);
+    const Value answer(run.Ask.Input(title, prompt, run.Last.Ask.Text()).value_or(QString()));
     if (answer.IsEmpty())
         SetResult(run, false);
     run.Last.Ask = answer.IsNumeric() ? Value(TextToLong(run, answer)) : answer;
 }
 
+void ShowPause(RunState& run, const QString& text, std::optional<int> milliseconds)
+{
+    const SeenTarget seen(run);
+    run.Ask.Pause(text, milliseconds, run.Scope);
+}
+
 void Pause(RunState& run, Arguments& in)
 {
     if (in.Count() == 0) {
-        AskPause(run, QStringLiteral("Paused"), std::nullopt);
+        ShowPause(run, QStringLiteral("Paused"), std::nullopt);
     } else if (in.Count() == 1 && IsNumeric(in.Written(1))) {
         const qint32 milliseconds = in.Number(1);
         if (!run.Failed())
-            Wait(run, milliseconds);
+            WaitFor(run.Scope, milliseconds);
     } else if (in.Count() == 1) {
         const QString text = in.Text(1);
         if (!run.Failed())
-            AskPause(run, text, std::nullopt);
+            ShowPause(run, text, std::nullopt);
     } else if (in.Count() == 2) {
         const qint32 milliseconds = in.Number(1);
         const QString text = in.Text(2);
         if (!run.Failed())
-            AskPause(run, text, qMax(milliseconds, 0));
+            ShowPause(run, text, qMax(milliseconds, 0));
     }
 }
 
@@ -80,7 +106,11 @@ void ListShow(RunState& run, Arguments& in)
     }
     run.ListTitle = title;
     const bool popup = title.compare(QLatin1String("popup"), Qt::CaseInsensitive) == 0;
-    const std::optional<int> chosen = AskListItem(run, title, popup);
+    QStringList items;
+    for (const Value& item : std::as_const(run.ListItems))
+        items << item.Text();
+    const SeenTarget seen(run);
+    const std::optional<int> chosen = run.Ask.ListItem(items, title, popup);
     SetResult(run, chosen.has_value());
     if (!chosen)
         return;
@@ -100,13 +130,23 @@ void PickElement(RunState& run, Arguments& in)
         if (mode != QLatin1String(word))
             continue;
         run.ListTitle = title;
-        const std::optional<QString> picked = AskElement(run, what, title);
+        const SeenTarget seen(run);
+        const std::optional<QString> picked = run.Ask.Element(what, title);
         SetResult(run, picked.has_value());
         if (picked)
             run.Last.PickElement = Value(SpaceToPipe(*picked));
         return;
     }
     run.Fail("PickElement uses the format: mode,title.   Modes are: PickAll,PickElement or PickAction.");
+}
+
+void PickTiles(RunState& run, const QString& path, const QString& title)
+{
+    const SeenTarget seen(run);
+    const std::optional<ElementRecord> picked = run.Ask.Tiles(path, title);
+    SetResult(run, picked.has_value());
+    if (picked)
+        run.Element = *picked;
 }
 
 void PickFromPcx(RunState& run, Arguments& in)
@@ -120,7 +160,7 @@ void PickFromPcx(RunState& run, Arguments& in)
     else if (QFileInfo(path).suffix().compare(QLatin1String("pcx"), Qt::CaseInsensitive) != 0)
         run.Fail(QStringLiteral("Not a PCX image or missing file:-^^") + file);
     else
-        SetResult(run, AskTiles(run, path, title));
+        PickTiles(run, path, title);
 }
 
 void SetAuthor(RunState& run, Arguments& in)

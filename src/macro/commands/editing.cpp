@@ -4,6 +4,7 @@
 #include "macro/language/run_state.h"
 #include "macro/run_stage.h"
 #include "text/document_text.h"
+#include "text/line_text.h"
 
 namespace {
 
@@ -77,7 +78,7 @@ void Overtype(RunState& run, Arguments& in)
 void Clipboard(RunState& run, Arguments& in)
 {
     const QString word = in.Written(1).toLower();
-    ClipboardPort& clipboard = run.Stage.Clipboard();
+    TextClipboard& clipboard = run.Stage.Clipboard();
     if (word == QLatin1String("clipclear"))
         clipboard.SetText({});
     else if (word == QLatin1String("clipbackup"))

@@ -1,5 +1,5 @@
 #include "macro/commands/families.h"
-#include "macro/language/questions.h"
+#include "macro/language/close_changed.h"
 #include "macro/language/run_state.h"
 #include "macro/run_stage.h"
 #include "text/document_text.h"
@@ -17,7 +17,7 @@ bool RepeatPrevious(RunState& run, const QString& told, const QString& previous,
     if (run.Failed())
         return false;
     if (count > 0 && previous.size() * count > LongestPrint - line.size()) {
-        run.Fail("Variable sizes (for text) are limited to 10000 characters.");
+        run.Fail("Print can't write more than 100000000 characters.");
         return false;
     }
     line += previous.repeated(qMax(count, 0));

@@ -16,7 +16,7 @@ void VarSplit(RunState& run, Arguments& in)
     const qint32 told = in.Number(2);
     if (run.Failed())
         return;
-    const qsizetype count = qBound<qsizetype>(0, told, text.size());
+    const qsizetype count = qBound(qsizetype(0), qsizetype(told), text.size());
     run.Last.VarSplitLeft = Value(text.first(count));
     run.Last.VarSplitRight = Value(text.sliced(count));
     if (!text.isEmpty())

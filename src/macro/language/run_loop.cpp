@@ -81,8 +81,8 @@ void RunWatchedLines(RunState& run)
 class BorrowedScreen
 {
 public:
-    explicit BorrowedScreen(RunStage& stage)
-        : stage(stage), font(stage.Screen().FontName()), points(stage.Screen().FontSize()),
+    explicit BorrowedScreen(RunStage& ofRun)
+        : stage(ofRun), font(stage.Screen().FontName()), points(stage.Screen().FontSize()),
           print(stage.Screen().GetColor(PrintSlot)), ground(stage.Screen().GetColor(GroundSlot))
     {
     }

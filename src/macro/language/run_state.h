@@ -10,7 +10,8 @@
 
 #include <array>
 
-class Asker;
+class DocumentText;
+class RunAsker;
 class RunScope;
 class RunStage;
 
@@ -33,11 +34,12 @@ struct SubFrame
 /// All state of one run of a macro. Nothing of it outlives the run.
 struct RunState
 {
-    RunState(RunStage& stage, Asker& asker, RunScope& scope) : Stage(stage), Ask(asker), Scope(scope) {}
+    RunState(RunStage& stage, RunAsker& asker, RunScope& scope);
 
     RunStage& Stage;
-    Asker& Ask;
+    RunAsker& Ask;
     RunScope& Scope;
+    DocumentText& Text() { return *target; }
     QString MacroPath; ///< of the macro's file; empty in a test run
     bool TestRun = false;
 
@@ -67,6 +69,7 @@ struct RunState
     QString Author;
     bool Overtype = false;
     bool FileProtection = true;
+    bool SafeSystem = true; ///< as the setting is
     QString ClipboardBackup;
 
     void Fail(const QString& text) { ErrorText = text; }
@@ -94,4 +97,7 @@ struct RunState
         Fail(text);
         StopRequested = true;
     }
+
+private:
+    DocumentText* target;
 };

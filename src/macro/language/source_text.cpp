@@ -31,6 +31,36 @@ QString CollapseBlanks(QStringView line, bool& inside)
     return out;
 }
 
+/// A line without the gaps that empty pairs of quotes leave at its ends.
+QStringView WithoutOuterGaps(QStringView line)
+{
+    constexpr QStringView Pair(u"\u00A0\u00A0 ");
+    while (line.startsWith(Pair))
+        line = line.sliced(Pair.size());
+    qsizetype run = line.size();
+    while (run > 0 && (line[run - 1] == u' ' || line[run - 1] == Mark))
+        --run;
+    const qsizetype gap = line.sliced(run).indexOf(u" \u00A0\u00A0");
+    return gap < 0 ? line : line.first(run + gap);
+}
+
+/// An empty pair of quotes is no argument: where one stands first or last in a line, the blank beside it goes too.
+QString WithoutOuterGapsOfLines(const QString& masked)
+{
+    QString out;
+    out.reserve(masked.size());
+    qsizetype from = 0;
+    while (from < masked.size()) {
+        qsizetype stop = masked.indexOf(u'\n', from);
+        stop = stop < 0 ? masked.size() : stop;
+        const bool both = stop > from && masked[stop - 1] == u'\r';
+        out += WithoutOuterGaps(QStringView(masked).sliced(from, stop - both - from));
+        out += QStringView(masked).sliced(stop - both, both + (stop < masked.size()));
+        from = stop + 1;
+    }
+    return out;
+}
+
 } // namespace
 
 QString SourceFromBytes(QByteArrayView bytes)
@@ -56,6 +86,7 @@ QString MaskQuotedSpaces(const QString& text, QString& errorText)
         errorText = QStringLiteral("Found unclosed quotes in the file.");
         return {};
     }
+    masked = WithoutOuterGapsOfLines(masked);
     masked.remove(Mark);
     return masked.replace(QLatin1String("  "), QLatin1String(" "));
 }

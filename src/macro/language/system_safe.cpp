@@ -1,6 +1,7 @@
-#include "frame/frame_state.h"
 #include "macro/language/run_loop.h"
 #include "macro/language/run_state.h"
+#include "macro/run_asker.h"
+#include "macro/run_stage.h"
 
 namespace {
 
@@ -30,9 +31,13 @@ bool SystemSafeCheck(RunState& run, const ProgramLine& line)
 {
     if (!run.SafeSystem)
         return true;
+    constexpr int SafetyMessage = 58;
+    MessageRecord question = NumberedMessage(SafetyMessage, ShownAuthor(run)).value_or(MessageRecord());
+    question.MessageText += QStringLiteral("^^") + ShownCommand(line);
     run.Stage.ShowTarget(true);
-    const bool passed = AskSafety(run.Ask, ShownAuthor(run), ShownCommand(line));
+    const MessageAnswer answer = run.Ask.Message(question, MessagePurpose::Safety);
     run.Stage.ShowTarget(false);
+    const bool passed = answer.Caption == QLatin1String("Continue");
     if (!passed)
         run.StopRequested = true;
     return passed;

@@ -29,7 +29,7 @@ FoundOperator FindOperator(QStringView token)
 class TokenReader
 {
 public:
-    TokenReader(VariableTable& variables, bool lasting) : variables(variables), lasting(lasting) {}
+    TokenReader(VariableTable& ofRun, bool keep) : variables(ofRun), lasting(keep) {}
 
     Token Read(const QString& written, int depth) const
     {
@@ -188,7 +188,7 @@ qint32 TextToLong(RunState& run, const Value& value)
 
 const Value& ShownValue(const Token& token, const Value& value, Value& scratch)
 {
-    if (token.What == Token::Kind::Plain)
+    if (&value == &token.Told)
         return token.Shown;
     if (value.IsWhole() || !value.Text().contains(u'|'))
         return value;

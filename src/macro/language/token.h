@@ -51,7 +51,7 @@ const Value& ShownValue(const Token& token, const Value& value, Value& scratch);
 class Arguments
 {
 public:
-    Arguments(RunState& run, ProgramLine& line) : state(run), line(line) {}
+    Arguments(RunState& run, ProgramLine& ofLine) : state(run), line(ofLine) {}
 
     int Count() const;
     const QString& Written(int index) const; ///< as it stands in the line
@@ -74,7 +74,7 @@ private:
 class TagArguments
 {
 public:
-    TagArguments(RunState& run, const std::vector<Token>& parts) : state(run), parts(parts) {}
+    TagArguments(RunState& run, const std::vector<Token>& told) : state(run), parts(told) {}
 
     int Count() const { return int(parts.size()); }
     Value Shown(int index); ///< evaluated, blanks for "|"

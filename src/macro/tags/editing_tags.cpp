@@ -3,6 +3,7 @@
 #include "macro/run_stage.h"
 #include "macro/tags/families.h"
 #include "text/document_text.h"
+#include "text/line_text.h"
 
 namespace {
 

@@ -36,6 +36,12 @@ QString Extension(const QString& name)
     return dot < 0 ? QString() : name.sliced(dot + 1);
 }
 
+/// Name of the folder that holds a file or a folder.
+Value HolderOf(const QString& path)
+{
+    return Value(paths::ParentName(path.endsWith(u'/') ? path.chopped(1) : path).toLower());
+}
+
 // What fileset and the file dialogs have set.
 
 Value LastDirFull(RunState& run)
@@ -50,12 +56,12 @@ Value LastDir(RunState& run)
 
 Value LastDirParent(RunState& run)
 {
-    return Value(paths::ParentName(paths::FolderOfPath(run.Last.Folder)).toLower());
+    return HolderOf(paths::FolderOfPath(run.Last.Folder));
 }
 
 Value LastFileParent(RunState& run)
 {
-    return Value(paths::ParentName(run.Last.Folder).toLower());
+    return HolderOf(run.Last.Folder);
 }
 
 Value LastFileFull(RunState& run)
@@ -134,12 +140,12 @@ Value OpenDir(RunState&)
 
 Value OpenDirParent(RunState&)
 {
-    return Value(paths::ParentName(Frame.CurrentFolder).toLower());
+    return HolderOf(Frame.CurrentFolder);
 }
 
 Value OpenFileParent(RunState&)
 {
-    return Value(paths::ParentName(QString(Frame.CurrentFolder + Frame.CurrentFile)).toLower());
+    return HolderOf(Frame.CurrentFolder + Frame.CurrentFile);
 }
 
 Value OpenFileFull(RunState&)
