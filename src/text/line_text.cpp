@@ -102,18 +102,55 @@ void LineText::Touched(int first, int last)
     ++edits;
 }
 
-LineText::Unchanged LineText::TakeUnchanged()
+void LineText::CopyFrom(const DocumentText& other)
 {
-    const Unchanged unchanged = changed ? Unchanged{sameFront, sameBack} : Unchanged{lines.Count(), lines.Count()};
+    LoadWhole(other.Bytes().toByteArray());
     changed = false;
-    return unchanged;
+    encoding = other.Encoding();
+    lineEnd = other.LineEnd();
+    blank = other.LineCount() == 0;
+    modified = other.Modified();
+    findText = other.FindText();
+    replaceText = other.ReplaceText();
+    findOptions = other.CurrentFindOptions();
+    SetSel(other.GetSel(false), false);
+    told = {edits, anchor, caret, modified};
+}
+
+void LineText::WriteChangesTo(DocumentText& other)
+{
+    const EditBatch batch(other);
+    if (changed && blank)
+        other.SetText({});
+    if (!blank && other.LineCount() == 0)
+        other.AddText({}); // no longer blank
+    if (changed && !blank) {
+        QByteArray joined;
+        const QByteArrayView bytes = lines.Bytes(sameFront, LastLine() - sameBack, false, joined);
+        other.ReplaceLines(sameFront, other.LineCount() - 1 - sameBack, bytes);
+    }
+    changed = false;
+    other.SetEncoding(encoding);
+    if (other.LineEnd() != lineEnd)
+        other.SetLineEnd(lineEnd);
+    if (other.FindText() != findText)
+        other.SetFindText(findText);
+    if (other.ReplaceText() != replaceText)
+        other.SetReplaceText(replaceText);
+    if (const Range selection = GetSel(false); other.GetSel(false) != selection)
+        other.SetSel(selection, false);
+    if (other.Modified() && !modified)
+        other.SetModified(false);
 }
 
 LineText::Place LineText::EditInLine(const Stretch& stretch, QStringView wanted)
 {
-    const int line = stretch.Start.Line, from = stretch.Start.Column;
-    Touched(line, line);
-    lines.Change(line, from, stretch.End.Column - from, wanted);
+    const int line = stretch.Start.Line, from = stretch.Start.Column, count = stretch.End.Column - from;
+    if (count != wanted.size() || QStringView(lines.Text(line)).sliced(from, count) != wanted) {
+        Touched(line, line);
+        lines.Change(line, from, count, wanted);
+    }
+    blank = false;
     return {line, from + int(wanted.size())};
 }
 

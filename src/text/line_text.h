@@ -34,13 +34,11 @@ public:
     void SetTabSize(int size) { tabSize = qMax(size, 1); }
     void SetPageLines(int count) { pageLines = qMax(count, 1); } ///< how far a page goes
 
-    /// Lines that are as they were at the last look, at the front and at the end; then they count from anew.
-    struct Unchanged
-    {
-        int Front = 0, Back = 0;
-    };
-    Unchanged TakeUnchanged();
-    bool ChangedSinceLook() const { return changed; }
+    /// Becomes a copy of another text: its bytes, selection, encoding and search.
+    void CopyFrom(const DocumentText& other);
+    /// Brings the text that was copied from up to date with what has changed since then or since the last call. That
+    /// text must not have changed otherwise. Costs the stretch from the first line changed to the last.
+    void WriteChangesTo(DocumentText& other);
 
     QString Text() const override;
     void SetText(const QString& wanted) override;
@@ -228,8 +226,8 @@ private:
     int tabSize = 8, pageLines = 20, groups = 0, batches = 0;
 
     quint64 edits = 0;
-    bool changed = false;
-    int sameFront = 0, sameBack = 0; ///< since the last look
+    bool changed = false;            ///< since it was copied or written
+    int sameFront = 0, sameBack = 0; ///< lines at both ends that are as they were then
     mutable QByteArray whole;        ///< all bytes put together, of the text that `wholeOf` counts
     mutable quint64 wholeOf = ~quint64(0);
     struct

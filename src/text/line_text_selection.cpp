@@ -90,10 +90,13 @@ int LineText::SelLength() const
 /// Puts a text where the selection was; gives back where it ends, `start` where it begins.
 LineText::Place LineText::WriteOverSelection(QStringView wanted, Place& start)
 {
+    if (!columns) {
+        const Stretch selected = Selected();
+        start = selected.Start;
+        return Edit(selected, wanted);
+    }
     const QList<Stretch> pieces = SelectedPieces();
     start = pieces.first().Start;
-    if (pieces.size() == 1)
-        return Edit(pieces.first(), wanted);
     for (auto piece = pieces.rbegin(); piece != pieces.rend(); ++piece)
         Edit(*piece, {});
     return Edit({start, start}, wanted);

@@ -222,4 +222,76 @@ TEST(LineText, DoesWithColumnsWhatThePaneDoes)
         CompareColumns(seed);
 }
 
+// Catches: a hit beyond the stretch that is looked at first, over the edge between two stretches, or over line ends.
+TEST(LineText, FindsWhatThePaneFindsInLongTexts)
+{
+    QRandomGenerator random(7);
+    for (int trial = 0; trial < 30; ++trial) {
+        Twins twins;
+        QString text;
+        for (int line = 0; line < 700; ++line)
+            text += RandomText(random, u"abc "_s, 5) + u'\n';
+        twins.Do([&](DocumentText& both) { both.SetText(text); });
+        for (int i = 0; i < 40; ++i) {
+            const QString needle = RandomText(random, u"abc\n"_s, 5);
+            const FindOptions options{random.bounded(2) == 0, random.bounded(4) == 0, random.bounded(4) == 0,
+                                      random.bounded(2) == 0};
+            const int number = random.bounded(2) ? CmdFindNext : CmdFindPrevious;
+            const int line = random.bounded(700);
+            twins.Do([&](DocumentText& both) {
+                both.SetFindOptions(options);
+                both.SetFindText(needle);
+                if (line % 3 == 0)
+                    both.SetSel({line, 0, line, 0}, false);
+                if (line % 7 == 0)
+                    both.ReplaceSel(u"a\nb"_s);
+                both.ExecuteCmd(number);
+                both.ExecuteCmd(number);
+            });
+            ASSERT_EQ(twins.Pane(), twins.Lines()) << needle << ' ' << number;
+        }
+    }
+}
+
+// Catches: changes that do not reach the pane, or reach other lines of it; line ends of lines nobody touched that
+// change; a pane that is no longer blank, or should be.
+TEST(LineText, ChangesAreWrittenToTheTextItCameFrom)
+{
+    for (quint32 seed = 1; seed <= 40; ++seed) {
+        QRandomGenerator random(seed);
+        Twins twins;
+        twins.pane->LoadBytes(seed % 5 ? "one\ntwo\r\n\r\nthree\rfour\n" : "");
+        twins.lines.CopyFrom(*twins.pane);
+        ASSERT_EQ(twins.Pane(), twins.Lines());
+        for (int i = 0; i < 60; ++i) {
+            for (int steps = random.bounded(4); steps > 0; --steps) {
+                const RandomStep step(random, u"ab .\n"_s, twins.lines.LineCount());
+                if (random.bounded(20) == 0)
+                    twins.lines.SetText({});
+                step(twins.lines);
+            }
+            const QByteArray wanted = twins.lines.FileBytes();
+            twins.lines.WriteChangesTo(*twins.pane);
+            ASSERT_EQ(twins.pane->FileBytes(), wanted) << "seed " << seed << ", round " << i;
+            twins.lines.SetModified(twins.pane->Modified()); // what ends as it began is not modified
+            ASSERT_EQ(twins.Pane(), twins.Lines()) << "seed " << seed << ", round " << i;
+        }
+    }
+}
+
+// Catches: a change of one line that writes all of them.
+TEST(LineText, WritesOnlyTheStretchThatChanged)
+{
+    Twins twins;
+    twins.pane->LoadBytes(QByteArray("line\n").repeated(1000));
+    twins.lines.CopyFrom(*twins.pane);
+    twins.lines.SetSel({500, 2, 500, 2}, false);
+    twins.lines.ReplaceSel(u"XY"_s);
+    twins.lines.WriteChangesTo(*twins.pane);
+    EXPECT_EQ(twins.pane->GetLine(500), u"liXYne"_s);
+    EXPECT_TRUE(twins.pane->ExecuteCmd(CmdUndo));
+    EXPECT_EQ(twins.pane->GetLine(500), u"line"_s);
+    EXPECT_FALSE(twins.pane->CanUndo());
+}
+
 } // namespace

@@ -8,23 +8,14 @@ namespace {
 struct ConditionData : LineData
 {
     std::vector<Condition> Conditions;
-    QString NameFault; ///< of the left token
 };
 
 void PrepareConditions(RunState& run, ProgramLine& line, size_t first)
 {
     auto data = std::make_unique<ConditionData>();
-    if (line.Tokens.size() > 1)
-        data->NameFault = VariableNameFault(line.Tokens[1].Written, true);
     for (size_t i = first; i < line.Tokens.size(); ++i)
         data->Conditions.push_back(ReadCondition(line.Tokens[i].Written, run.Variables));
     line.Data = std::move(data);
-}
-
-void PrepareIf(RunState& run, ProgramLine& line)
-{
-    constexpr size_t FirstCondition = 2;
-    PrepareConditions(run, line, FirstCondition);
 }
 
 void PrepareCase(RunState& run, ProgramLine& line)
@@ -46,24 +37,45 @@ bool AllHold(RunState& run, const ProgramLine& line, const Value& left, bool& tr
     return true;
 }
 
-void TestConditions(RunState& run, Arguments& in)
+/// The conditions of a line whose shape and left name are right.
+void TestConditions(RunState& run, const ProgramLine& line)
 {
-    if (!in.CheckShape())
-        return;
-    const ProgramLine& line = in.Line();
-    if (const QString& fault = static_cast<const ConditionData&>(*line.Data).NameFault; !fault.isEmpty()) {
-        run.Fail(fault);
-        return;
-    }
+    const Token& leftToken = line.Tokens[1];
     run.Block.IfActive = true;
     run.Block.IfTrue = false;
-    Value scratch, shown;
-    const Token& leftToken = line.Tokens[1];
-    const Value& left = ShownValue(leftToken, Evaluate(run, leftToken, scratch), shown);
-    if (run.Failed() || !AllHold(run, line, left, run.Block.IfTrue, true))
-        return;
-    if (!run.Block.IfTrue)
+    bool tested = false;
+    if (const Value* known = KnownValue(leftToken); known && known->IsKnownWhole()) {
+        tested = AllHold(run, line, *known, run.Block.IfTrue, true);
+    } else {
+        Value scratch, shown;
+        const Value& left = ShownValue(leftToken, Evaluate(run, leftToken, scratch), shown);
+        tested = !run.Failed() && AllHold(run, line, left, run.Block.IfTrue, true);
+    }
+    if (tested && !run.Block.IfTrue)
         SkipToElseOrEndIf(run);
+}
+
+void RunIf(RunState& run, ProgramLine& line)
+{
+    if (run.Block.IfActive)
+        run.Fail("Can't have an If statement embedded in another If statement!");
+    else
+        TestConditions(run, line);
+}
+
+void RunAnd(RunState& run, ProgramLine& line)
+{
+    if (!run.Block.IfActive)
+        run.Fail("And without If statement");
+    else if (run.Block.IfTrue)
+        TestConditions(run, line);
+}
+
+/// What is wrong with the shape or the left name.
+void FailConditions(RunState& run, Arguments& in)
+{
+    if (in.CheckShape())
+        run.Fail(VariableNameFault(in.Written(1), true));
 }
 
 void If(RunState& run, Arguments& in)
@@ -71,7 +83,7 @@ void If(RunState& run, Arguments& in)
     if (run.Block.IfActive)
         run.Fail("Can't have an If statement embedded in another If statement!");
     else
-        TestConditions(run, in);
+        FailConditions(run, in);
 }
 
 void And(RunState& run, Arguments& in)
@@ -79,28 +91,51 @@ void And(RunState& run, Arguments& in)
     if (!run.Block.IfActive)
         run.Fail("And without If statement");
     else if (run.Block.IfTrue)
-        TestConditions(run, in);
+        FailConditions(run, in);
 }
 
-void Else(RunState& run, Arguments& in)
+template <void (*Direct)(RunState&, ProgramLine&)>
+void PrepareIf(RunState& run, ProgramLine& line)
+{
+    constexpr size_t FirstCondition = 2;
+    if (!line.ShapeFault.isEmpty() || !VariableNameFault(line.Tokens[1].Written, true).isEmpty())
+        return;
+    PrepareConditions(run, line, FirstCondition);
+    line.Run = Direct;
+}
+
+void RunElse(RunState& run, ProgramLine&)
 {
     if (!run.Block.IfActive) {
         run.Fail("Else without If statement");
         return;
     }
-    if (!in.CheckShape())
-        return;
     run.Block.IfTrue = !run.Block.IfTrue;
     if (!run.Block.IfTrue)
         SkipToElseOrEndIf(run);
+}
+
+void Else(RunState& run, Arguments& in)
+{
+    if (!run.Block.IfActive)
+        run.Fail("Else without If statement");
+    else
+        in.CheckShape();
+}
+
+void RunEndIf(RunState& run, ProgramLine&)
+{
+    if (!run.Block.IfActive)
+        run.Fail("EndIf without If statement");
+    run.Block.IfActive = run.Block.IfTrue = false;
 }
 
 void EndIf(RunState& run, Arguments& in)
 {
     if (!run.Block.IfActive)
         run.Fail("EndIf without If statement");
-    else if (in.CheckShape())
-        run.Block.IfActive = run.Block.IfTrue = false;
+    else
+        in.CheckShape();
 }
 
 void CaseSelect(RunState& run, Arguments& in)
@@ -169,12 +204,13 @@ constexpr CommandWord BranchRows[] = {
      "The lines up to else or endif run if every condition holds. The operator is glued to what is compared with: "
      "== <> << >> <= =>. On the right [numerical], [multiline] and [exist] ask for a number, for several lines, for a "
      "file or folder.",
-     If, PrepareIf},
+     If, PrepareIf<RunIf>},
     {"and", AtLeastAny(2), OwnFrame, "VALUE OPvalue [OPvalue ...]",
-     "Further conditions of the if above, which must hold too.", And, PrepareIf},
-    {"else", Exactly(0), OwnFrame, "", "The lines up to endif run if the conditions of the if did not hold.", Else},
+     "Further conditions of the if above, which must hold too.", And, PrepareIf<RunAnd>},
+    {"else", Exactly(0), OwnFrame, "", "The lines up to endif run if the conditions of the if did not hold.", Else,
+     PrepareDirect<RunElse>},
     {"endif", Exactly(0), OwnFrame, "", "Ends an if. One if cannot lie in another; a sub can hold the inner one.",
-     EndIf},
+     EndIf, PrepareDirect<RunEndIf>},
     {"caseselect", Exactly(1), OwnFrame, "VALUE", "Begins a choice by the value; case lines follow.", CaseSelect},
     {"case", AtLeast(1), OwnFrame, "OPvalue [OPvalue ...] | else",
      "The lines up to the next case run if every condition holds for the value of the caseselect. case else runs if no "

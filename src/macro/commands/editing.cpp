@@ -1,4 +1,5 @@
 #include "conf/comments.h"
+#include "frame/frame_state.h"
 #include "macro/commands/families.h"
 #include "macro/commands/repeats.h"
 #include "macro/language/run_state.h"
@@ -45,13 +46,22 @@ void SearchBy(RunState& run, int number)
     run.Last.FindResult = Value::Truth(!same);
 }
 
+/// As the find commands of a pane do, the text goes to the history; a macro that looks for one thing all the time
+/// does so once.
+void SetFindText(RunState& run, const QString& text)
+{
+    if (run.Text().FindText() != text)
+        Frame.Globals.AddFind(text);
+    run.Text().ExecuteCmd(CmdSetFindText, text);
+}
+
 template <int Number>
 void Find(RunState& run, Arguments& in)
 {
     const QString text = in.Text(1);
     if (run.Failed())
         return;
-    run.Text().ExecuteCmd(CmdSetFindText, text);
+    SetFindText(run, text);
     SearchBy(run, Number);
 }
 
@@ -61,7 +71,9 @@ void Replace(RunState& run, Arguments& in)
     const QString find = in.Text(1), with = in.Text(2);
     if (run.Failed())
         return;
-    run.Text().ExecuteCmd(CmdSetFindText, find);
+    SetFindText(run, find);
+    if (run.Text().ReplaceText() != with)
+        Frame.Globals.AddReplace(with);
     run.Text().ExecuteCmd(CmdSetReplaceText, with);
     SearchBy(run, Number);
 }

@@ -22,14 +22,34 @@ void LeaveSubs(RunState& run)
     run.InSub = false;
 }
 
+/// A jump to a label that its line names as it is.
+struct JumpData : LineData
+{
+    const Label* Target = nullptr;
+};
+
+QString WithMark(const QString& name)
+{
+    return name.startsWith(u'@') ? name : QString(u'@' + name);
+}
+
+void PrepareJump(RunState& run, ProgramLine& line)
+{
+    if (line.Tokens.size() < 2 || line.Tokens[1].What != Token::Kind::Plain)
+        return;
+    auto data = std::make_unique<JumpData>();
+    data->Target = run.Code.Labels.Find(WithMark(line.Tokens[1].Shown.Text()));
+    line.Data = std::move(data);
+}
+
 /// The label that an argument names, with or without its "@"; null after failing with `missing` and the name.
 const Label* LabelOf(RunState& run, Arguments& in, const char* missing)
 {
-    QString name = in.Text(1);
+    if (const auto* known = static_cast<const JumpData*>(in.Line().Data.get()); known && known->Target)
+        return known->Target;
+    const QString name = WithMark(in.Text(1));
     if (run.Failed())
         return nullptr;
-    if (!name.startsWith(u'@'))
-        name.prepend(u'@');
     const Label* label = run.Code.Labels.Find(name);
     if (!label)
         run.Fail(QLatin1String(missing) + name);
@@ -145,14 +165,14 @@ constexpr CommandWord JumpRows[] = {
      LabelLine},
     {"gotolabel", AtLeastAny(1), NoWordFlags, "@NAME",
      "Goes on behind the label. A jump leaves every if, case, loop and sub at once. The name may be a variable's value.",
-     GotoLabel},
+     GotoLabel, PrepareJump},
     {"gotocodeline", ExactlyAny(1), NoWordFlags, "N",
      "Goes on with line N of the macro, counted from 0; leaves every block as gotolabel does.", GotoCodeLine},
     {"sub", Exactly(1), OwnFrame, "@NAME",
      "Begins a sub, which only gosub reaches. A macro that runs into one from above ends there.", Sub},
     {"gosub", Exactly(1), NoWordFlags, "@NAME",
      "Runs a sub and comes back. The sub has an if, a case and a loop of its own; subs may call each other 100 deep.",
-     Gosub},
+     Gosub, PrepareJump},
     {"endsub", Exactly(0), OwnFrame, "", "Ends a sub: goes on behind the gosub that called it.", EndSub},
     {"exitsub", Exactly(0), NoWordFlags, "", "Leaves the sub at once.", ExitSub},
     {"stop", Exactly(0), NoWordFlags, "", "Ends the macro.", Stop},

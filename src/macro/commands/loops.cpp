@@ -44,8 +44,10 @@ void Loop(RunState& run, Arguments& in)
     run.Block.LoopLine = run.CurrentLine;
 }
 
-void EndLoop(RunState& run, Arguments&)
+void RunEndLoop(RunState& run, ProgramLine&)
 {
+    if (!run.BranchIsLive())
+        return;
     BlockState& block = run.Block;
     if (!run.InLoop()) {
         run.Fail("EndLoop without Loop");
@@ -60,6 +62,9 @@ void EndLoop(RunState& run, Arguments&)
     else
         run.CurrentLine = block.LoopLine;
 }
+
+/// A line of the wrong shape never comes here, all others run as RunEndLoop.
+void EndLoop(RunState&, Arguments&) {}
 
 /// The rest of the body still runs.
 void ExitLoop(RunState& run, Arguments&)
@@ -79,7 +84,7 @@ constexpr CommandWord LoopRows[] = {
      "Repeats the lines up to endloop, with [loopnumber] from START (0 if not given) to END. One loop cannot lie in "
      "another; a sub can hold the inner one.",
      Loop},
-    {"endloop", Exactly(0), NoWordFlags, "", "Ends a loop's body.", EndLoop},
+    {"endloop", Exactly(0), NoWordFlags, "", "Ends a loop's body.", EndLoop, PrepareDirect<RunEndLoop>},
     {"exitloop", Exactly(0), NoWordFlags, "", "Makes this the loop's last round; the rest of the body still runs.",
      ExitLoop},
 };

@@ -70,6 +70,9 @@ bool SetOnce(RunState& run, const Token& target, const SetStep& step)
         run.Fail(QStringLiteral("Variable has not been declared: ") + target.Written);
         return false;
     }
+    const Value* known = KnownValue(step.Right);
+    if (known && step.Op && target.Slot->Declared && ApplyToWhole(*step.Op, target.Slot->Held, *known))
+        return true;
     Value scratch;
     Evaluate(run, target, scratch); // fails if it is not declared
     if (run.Failed())

@@ -46,6 +46,26 @@ bool AreEqual(RunState& run, const Value& left, const Value& right, bool allWord
     }
 }
 
+/// Two whole numbers, which are texts of their own too.
+bool WholeHolds(Comparison comparison, qint32 left, qint32 right)
+{
+    switch (comparison) {
+    case Comparison::Equal:
+        return left == right;
+    case Comparison::Unequal:
+        return left != right;
+    case Comparison::Less:
+        return left < right;
+    case Comparison::Greater:
+        return left > right;
+    case Comparison::AtMost:
+        return left <= right;
+    case Comparison::AtLeast:
+        return left >= right;
+    }
+    return false;
+}
+
 } // namespace
 
 Condition ReadCondition(const QString& token, VariableTable& variables)
@@ -61,6 +81,9 @@ Condition ReadCondition(const QString& token, VariableTable& variables)
 
 bool Holds(RunState& run, const Condition& condition, const Value& left, bool allWords)
 {
+    if (const Value* right = KnownValue(condition.Right);
+        right && condition.Op && right->IsKnownWhole() && left.IsKnownWhole())
+        return WholeHolds(*condition.Op, left.Number(), right->Number());
     if (condition.TooShort) {
         run.Fail(TooShortMessage);
         return false;
@@ -82,19 +105,7 @@ bool Holds(RunState& run, const Condition& condition, const Value& left, bool al
         if (run.Failed())
             return false;
     }
-    switch (*condition.Op) {
-    case Comparison::Equal:
-        return AreEqual(run, left, right, allWords);
-    case Comparison::Unequal:
-        return !AreEqual(run, left, right, allWords);
-    case Comparison::Less:
-        return a < b;
-    case Comparison::Greater:
-        return a > b;
-    case Comparison::AtMost:
-        return a <= b;
-    case Comparison::AtLeast:
-        return a >= b;
-    }
-    return false;
+    if (compareNumbers)
+        return WholeHolds(*condition.Op, a, b);
+    return AreEqual(run, left, right, allWords) == (*condition.Op == Comparison::Equal);
 }

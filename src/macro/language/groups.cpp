@@ -2,11 +2,19 @@
 
 #include <algorithm>
 
-bool Group::Has(const QString& text) const
+void Group::Count(const Value& item, int more) const
+{
+    if (item.IsWhole())
+        numbers[item.Number()] += more;
+    else
+        texts[item.Text()] += more;
+}
+
+bool Group::Has(const Value& item) const
 {
     for (; counted < items.size(); ++counted)
-        ++seen[items[counted].Held.Text()];
-    return seen.value(text) > 0;
+        Count(items[counted].Held, 1);
+    return (item.IsWhole() ? numbers.value(item.Number()) : texts.value(item.Text())) > 0;
 }
 
 void Group::Add(const Value& item, const QString& origin)
@@ -18,8 +26,8 @@ void Group::Set(int position, const Value& item)
 {
     const auto at = size_t(position - 1);
     if (at < counted) {
-        --seen[items[at].Held.Text()];
-        ++seen[item.Text()];
+        Count(items[at].Held, -1);
+        Count(item, 1);
     }
     items[at].Held = item;
 }
@@ -28,7 +36,7 @@ void Group::Remove(int position)
 {
     const auto at = size_t(position - 1);
     if (at < counted) {
-        --seen[items[at].Held.Text()];
+        Count(items[at].Held, -1);
         --counted;
     }
     items.erase(items.begin() + position - 1);
@@ -46,7 +54,8 @@ bool Group::RemoveOrigin(const QString& origin)
     const size_t removed = std::erase_if(items, [&](const GroupItem& item) {
         return item.Origin.compare(origin, Qt::CaseInsensitive) == 0;
     });
-    seen.clear();
+    texts.clear();
+    numbers.clear();
     counted = 0;
     return removed > 0;
 }
@@ -64,7 +73,11 @@ bool Group::AddAll(const Group& other)
 
 Group* GroupTable::Find(const QString& name)
 {
-    return byName.value(name.toLower());
+    if (lastFound && name == lastName)
+        return lastFound;
+    lastName = name;
+    lastFound = byName.value(name.toLower());
+    return lastFound;
 }
 
 Group& GroupTable::Add(const QString& name)

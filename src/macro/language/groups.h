@@ -19,7 +19,7 @@ public:
 
     int Count() const { return int(items.size()); }
     const Value& Item(int position) const { return items[size_t(position - 1)].Held; }
-    bool Has(const QString& text) const; ///< letter case counts
+    bool Has(const Value& item) const; ///< letter case counts
 
     void Add(const Value& item, const QString& origin = {}); ///< origin: the group that it came with
     void Set(int position, const Value& item);
@@ -34,8 +34,12 @@ private:
         Value Held;
         QString Origin;
     };
+    void Count(const Value& item, int more) const;
+
     std::vector<GroupItem> items;
-    mutable QHash<QString, int> seen; ///< how often an item stands here, for as many items as `counted` says
+    // How often an item stands here, numbers apart from texts, for as many items as `counted` says.
+    mutable QHash<QString, int> texts;
+    mutable QHash<qint32, int> numbers;
     mutable size_t counted = 0;
 };
 
@@ -49,4 +53,6 @@ public:
 private:
     std::deque<Group> all;
     QHash<QString, Group*> byName; ///< lower case
+    QString lastName;              ///< as it was asked for last, and what was found: loops ask for one all the time
+    Group* lastFound = nullptr;
 };

@@ -125,16 +125,6 @@ MacroError Report(RunState& run, const MacroError& error)
     return error;
 }
 
-/// In front of a command's work: live branch, shape.
-bool PassesFrame(RunState& run, const ProgramLine& line)
-{
-    if (!run.BranchIsLive())
-        return false;
-    if (!line.ShapeFault.isEmpty())
-        run.Fail(line.ShapeFault);
-    return line.ShapeFault.isEmpty();
-}
-
 void RunWithoutFrame(RunState& run, ProgramLine& line)
 {
     Arguments in(run, line);
@@ -143,8 +133,15 @@ void RunWithoutFrame(RunState& run, ProgramLine& line)
 
 void RunInFrame(RunState& run, ProgramLine& line)
 {
-    if (PassesFrame(run, line))
+    if (run.BranchIsLive())
         RunWithoutFrame(run, line);
+}
+
+/// A command of the wrong shape.
+void RunMisshapen(RunState& run, ProgramLine& line)
+{
+    if (run.BranchIsLive())
+        run.Fail(line.ShapeFault);
 }
 
 /// For commands that ask first or take long.
@@ -153,8 +150,10 @@ void RunWithCare(RunState& run, ProgramLine& line)
     const quint8 flags = line.Word->Flags;
     if ((flags & SafeGate) && !SystemSafeCheck(run, line))
         return;
-    if ((flags & OwnFrame) || PassesFrame(run, line))
+    if (flags & OwnFrame)
         RunWithoutFrame(run, line);
+    else
+        (line.ShapeFault.isEmpty() ? RunInFrame : RunMisshapen)(run, line);
     if (flags & TakesTime)
         run.LinesToTurn = 0;
 }
@@ -193,7 +192,12 @@ void ReadLine(RunState& run, ProgramLine& line)
         return;
     line.ShapeFault = ShapeFault(tokens, line.Word->Form);
     const quint8 flags = line.Word->Flags;
-    line.Run = flags & (SafeGate | TakesTime) ? RunWithCare : flags & OwnFrame ? RunWithoutFrame : RunInFrame;
+    if (flags & (SafeGate | TakesTime))
+        line.Run = RunWithCare;
+    else if (flags & OwnFrame)
+        line.Run = RunWithoutFrame;
+    else
+        line.Run = line.ShapeFault.isEmpty() ? RunInFrame : RunMisshapen;
     if (line.Word->Prepare)
         line.Word->Prepare(run, line);
 }

@@ -152,11 +152,8 @@ Token ReadToken(const QString& written, VariableTable& variables, bool lasting)
 
 const Value& Evaluate(RunState& run, const Token& token, Value& scratch)
 {
-    if (token.What == Token::Kind::Plain)
-        return token.Told;
-    if (token.What == Token::Kind::Variable && token.Slot->Declared)
-        return token.Slot->Held;
-    return EvaluateInner(run, token, scratch);
+    const Value* known = KnownValue(token);
+    return known ? *known : EvaluateInner(run, token, scratch);
 }
 
 const Value& EvaluateMember(RunState& run, const Token& token, const Value& key, Value& scratch)
@@ -169,7 +166,7 @@ const Value& EvaluateMember(RunState& run, const Token& token, const Value& key,
         run.Fail(QStringLiteral("The Group ") + value.Text() + QStringLiteral(" doesn't exist."));
         return value;
     }
-    return group->Has(key.Text()) ? key : value;
+    return group->Has(key) ? key : value;
 }
 
 Value EvaluateText(RunState& run, const QString& text)
@@ -218,7 +215,11 @@ Value Arguments::Shown(int index)
 
 QString Arguments::Text(int index)
 {
-    return Shown(index).Text();
+    if (state.Failed())
+        return {};
+    Value scratch, shown;
+    const Token& token = line.Tokens[size_t(index)];
+    return ShownValue(token, Evaluate(state, token, scratch), shown).Text();
 }
 
 Value Arguments::Raw(int index)

@@ -35,6 +35,14 @@ Token ReadToken(const QString& written, VariableTable& variables, bool lasting =
 /// The value of a token; `scratch` holds it if nothing else does. Ask RunState::Failed afterwards.
 const Value& Evaluate(RunState& run, const Token& token, Value& scratch);
 
+/// A token's value if it needs no work to get at; else null.
+inline const Value* KnownValue(const Token& token)
+{
+    if (token.What == Token::Kind::Plain)
+        return &token.Told;
+    return token.What == Token::Kind::Variable && token.Slot->Declared ? &token.Slot->Held : nullptr;
+}
+
 /// The same for what `if` and `case` compare with: a group's name gives `key` itself if the group has it as an item.
 const Value& EvaluateMember(RunState& run, const Token& token, const Value& key, Value& scratch);
 

@@ -58,6 +58,8 @@ public:
         return form == Form::Whole;
     }
     qint32 Number() const { return number; } ///< once IsWhole has said so
+    /// Known to be whole, without a look at the text.
+    bool IsKnownWhole() const { return form == Form::Whole; }
 
     /// The number in front of the text, 0 if there is none; nothing if it is out of range.
     std::optional<qint32> Long() const
