@@ -58,7 +58,7 @@ void PassInPaneAndUndo(benchmark::State& state)
     pane->LoadBytes(RaggedConf(1'500'000));
     for (auto _ : state) {
         pane->ExecuteCmd(CmdSelectAll);
-        RunPassOnSelection(*pane, passes[state.range(0)]);
+        RunPassOnSelection(*pane, QStringLiteral("pass"), passes[state.range(0)]);
         pane->ExecuteCmd(CmdUndo);
     }
 }

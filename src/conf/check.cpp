@@ -78,7 +78,7 @@ std::optional<CheckFinding> FirstBadLine(QByteArrayView lines, const CheckContex
             return CheckFinding{number, messages};
         if (line.Break.isEmpty())
             return std::nullopt;
-        if (progress && number % ProgressLines == 0)
-            progress(number);
+        if (progress && number % ProgressLines == 0 && !progress(number))
+            return std::nullopt;
     }
 }

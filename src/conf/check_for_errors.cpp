@@ -1,8 +1,10 @@
 #include "conf/check_for_errors.h"
 
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
+#include "frame/run_scope.h"
 
 CheckContext CurrentCheckContext()
 {
@@ -21,9 +23,14 @@ void CheckForErrors()
 {
     DocumentText& pane = CurrentPane();
     const int lines = pane.LineCount();
+    RunScope run(RunKind::Pass, QStringLiteral("Check For Errors"));
     Busy().ShowProgress(lines + 1, 0);
-    const auto found = FirstBadLine(pane.Bytes(), CurrentCheckContext(), ThrottledProgress(lines + 1));
+    const auto found = FirstBadLine(pane.Bytes(), CurrentCheckContext(), ThrottledProgress(lines + 1, run));
     Busy().HideProgress();
+    if (run.Stopped()) {
+        ShowNotice(QStringLiteral("Check For Errors was stopped"));
+        return Panes().FocusPane();
+    }
     if (found) {
         pane.ExecuteCmd(CmdGotoLine, found->Line);
         ShowMessage(121, found->Messages.join(QLatin1Char('^')) + QLatin1Char('^'));

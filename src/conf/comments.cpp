@@ -125,12 +125,12 @@ QByteArray UncommentLines(QByteArrayView lines, const PassProgress& progress)
 
 void CommentSelected()
 {
-    RunPassOnSelection(CurrentPane(), CommentLines);
+    RunPassOnSelection(CurrentPane(), QStringLiteral("Comment Selected"), CommentLines);
 }
 
 void UncommentSelected()
 {
-    RunPassOnSelection(CurrentPane(), UncommentLines);
+    RunPassOnSelection(CurrentPane(), QStringLiteral("Uncomment Selected"), UncommentLines);
 }
 
 void SelectBetweenComments()

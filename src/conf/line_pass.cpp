@@ -1,7 +1,9 @@
 #include "conf/line_pass.h"
 
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
+#include "frame/run_scope.h"
 
 #include <cstring>
 
@@ -27,15 +29,16 @@ QByteArrayView WholeLines(const DocumentText& pane, int first, int last)
 
 } // namespace
 
-PassProgress ThrottledProgress(int maximum)
+PassProgress ThrottledProgress(int maximum, RunScope& run)
 {
     QElapsedTimer timer;
     timer.start();
-    return [maximum, timer](int done) mutable {
-        if (timer.elapsed() < ProgressEvery)
-            return;
-        timer.restart();
-        Busy().ShowProgress(maximum, done);
+    return [maximum, timer, &run](int done) mutable {
+        if (timer.elapsed() >= ProgressEvery) {
+            timer.restart();
+            Busy().ShowProgress(maximum, done);
+        }
+        return run.Turn();
     };
 }
 
@@ -60,15 +63,20 @@ ByteLine TakeLine(QByteArrayView bytes, qsizetype& from)
     return {QByteArrayView(start, stop - start), QByteArrayView(stop, next - stop)};
 }
 
-void RunPassOnSelection(DocumentText& pane, const LinePass& pass)
+void RunPassOnSelection(DocumentText& text, const QString& name, const LinePass& pass)
 {
-    const Range selection = pane.GetSel(true);
+    const Range selection = text.GetSel(true);
     const int lines = selection.EndLine - selection.StartLine + 1;
-    UndoGroup group(pane);
+    RunScope run(RunKind::Pass, name);
     Busy().ShowProgress(lines, 0);
-    const QByteArrayView before = WholeLines(pane, selection.StartLine, selection.EndLine);
-    const QByteArray after = pass(before, ThrottledProgress(lines));
-    pane.ReplaceLines(selection.StartLine, selection.EndLine, after);
+    const QByteArrayView before = WholeLines(text, selection.StartLine, selection.EndLine);
+    const QByteArray after = pass(before, ThrottledProgress(lines, run));
     Busy().HideProgress();
-    pane.SetSel({.StartLine = selection.StartLine, .EndLine = selection.StartLine}, true);
+    if (run.Stopped()) {
+        ShowNotice(name + QStringLiteral(" was stopped; the text is as it was"));
+        return;
+    }
+    UndoGroup group(text);
+    text.ReplaceLines(selection.StartLine, selection.EndLine, after);
+    text.SetSel({.StartLine = selection.StartLine, .EndLine = selection.StartLine}, true);
 }

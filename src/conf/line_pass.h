@@ -5,9 +5,10 @@
 #include <functional>
 
 class DocumentText;
+class RunScope;
 
-/// Told now and then how many lines a pass has done.
-using PassProgress = std::function<void(int linesDone)>;
+/// Told now and then how many lines a pass has done. False: the pass is to stop, and its result counts for nothing.
+using PassProgress = std::function<bool(int linesDone)>;
 
 /// A pass over lines: from the bytes of whole lines (UTF-8, each with its break but the last) to the new bytes.
 using LinePass = std::function<QByteArray(QByteArrayView lines, const PassProgress& progress)>;
@@ -22,7 +23,7 @@ struct ByteLine
 /// The line at `from`; moves `from` behind its break.
 ByteLine TakeLine(QByteArrayView bytes, qsizetype& from);
 
-/// Calls visit(line) for every line, the one behind the last break included, and tells the progress.
+/// Calls visit(line) for every line, the one after the last break included, and tells the progress, which may stop it.
 template <class Visit>
 void ForEachLine(QByteArrayView lines, const PassProgress& progress, Visit visit)
 {
@@ -33,14 +34,15 @@ void ForEachLine(QByteArrayView lines, const PassProgress& progress, Visit visit
         visit(line);
         if (line.Break.isEmpty())
             return;
-        if (progress && done % ProgressLines == 0)
-            progress(done);
+        if (progress && done % ProgressLines == 0 && !progress(done))
+            return;
     }
 }
 
-/// Progress that repaints the host's bar at most every 50 ms.
-PassProgress ThrottledProgress(int maximum);
+/// Progress that repaints the host's bar at most every 50 ms and stops with the run.
+PassProgress ThrottledProgress(int maximum, RunScope& run);
 
-/// Runs a pass over the whole lines that the selection of a pane touches: one undo step, with the progress bar, the
-/// caret at the start of the first line afterwards. A selection that ends in column 0 of a line includes that line.
-void RunPassOnSelection(DocumentText& pane, const LinePass& pass);
+/// Runs a pass, `name` in the run panel, over the whole lines that the selection of a text touches: one undo step, with
+/// the progress bar, the caret at the start of the first line afterwards. A selection that ends in column 0 of a line
+/// includes that line. A pass that is stopped leaves the text as it was, which is told in the status bar.
+void RunPassOnSelection(DocumentText& text, const QString& name, const LinePass& pass);

@@ -79,7 +79,8 @@ QByteArray TidyLines(QByteArrayView lines, const ValueColumn& column, const Pass
 
 void TidyUp()
 {
-    RunPassOnSelection(CurrentPane(), [](QByteArrayView lines, const PassProgress& progress) {
-        return TidyLines(lines, CurrentValueColumn(), progress);
-    });
+    RunPassOnSelection(CurrentPane(), QStringLiteral("Tidy Up"),
+                       [](QByteArrayView lines, const PassProgress& progress) {
+                           return TidyLines(lines, CurrentValueColumn(), progress);
+                       });
 }

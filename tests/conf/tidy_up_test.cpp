@@ -1,4 +1,6 @@
+#include "conf/line_pass.h"
 #include "conf/tidy_up.h"
+#include "frame/run_scope.h"
 #include "platform/paths.h"
 
 #include "host_scope.h"
@@ -85,4 +87,22 @@ TEST(TidyUp, ChangesTheSelectedLinesInOneUndoStep)
     TidyUp();
     EXPECT_TRUE(pane.GetLine(0).endsWith(QLatin1Char('1')));
     EXPECT_EQ(pane.GetLine(1), QStringLiteral("b:  2"));
+}
+
+// Catches: a pass that writes half of its work, or leaves an undo step or the progress bar, when it is stopped.
+TEST(LinePass, StoppedPassLeavesTheText)
+{
+    const HostScope scope;
+    DocumentText& text = CurrentPane();
+    text.LoadBytes("a:1\nb:2\n");
+    text.ExecuteCmd(CmdSelectAll);
+    RunPassOnSelection(text, QStringLiteral("Test"), [](QByteArrayView, const PassProgress& progress) {
+        StopRuns(StopReason::Esc);
+        EXPECT_FALSE(progress(1));
+        return QByteArray("half");
+    });
+    EXPECT_EQ(text.Bytes(), "a:1\nb:2\n");
+    EXPECT_FALSE(text.CanUndo() || text.Modified() || scope.Host.ProgressShown);
+    EXPECT_EQ(scope.Host.Notices.size(), 1);
+    EXPECT_EQ(RunningWork(), 0);
 }

@@ -56,6 +56,7 @@ const char* const Buttons[] = {
     "st_insert",
     "st_caps",
     "st_num",
+    "st_run",
     "tabs",
     "recentlist",
     "",
