@@ -3,7 +3,7 @@
 #include "macro/language/run_loop.h"
 #include "macro/language/run_state.h"
 #include "platform/paths.h"
-#include "platform/zip_archive.h"
+#include "services/archive_tool.h"
 
 #include <QFile>
 
@@ -25,13 +25,12 @@ Result<QByteArray> ReadMacroSource(const QString& path)
     QFile file(path);
     if (file.open(QIODevice::ReadOnly) && !IsArchive(file.read(MarkSize)))
         return paths::ReadWhole(path, LargestSource);
-    const Result<ZipArchive> archive = ZipArchive::Open(path);
-    if (!archive)
-        return tl::unexpected(archive.error());
-    const int entry = archive->Find(QLatin1String(SourceEntry));
-    if (entry < 0)
+    const ResourceResult<QByteArray> source = ReadResource(QLatin1String(SourceEntry), path, LargestSource);
+    if (source)
+        return *source;
+    if (source.error().What == ResourceFault::NotFound)
         return Fail(path, QStringLiteral("Can't find the file: 'basic.txt' in the resource."));
-    return archive->Read(entry, LargestSource);
+    return tl::unexpected(source.error().Why);
 }
 
 std::optional<MacroError> RunMacro(const MacroRequest& request, RunStage& stage, RunAsker& asker, RunScope& scope)

@@ -1,6 +1,7 @@
 #include "frame/frame_state.h"
 #include "macro/commands/families.h"
 #include "macro/language/run_state.h"
+#include "services/random_words.h"
 
 namespace {
 
@@ -72,12 +73,30 @@ void Element(RunState& run, Arguments& in)
     }
 }
 
+void RandomWord(RunState& run, Arguments& in)
+{
+    constexpr int ShapeArgument = 3, CaseArgument = 4, ContentArgument = 5;
+    const qint32 min = in.Number(1), max = in.Number(2);
+    const QString shape = in.Text(ShapeArgument), letterCase = in.Text(CaseArgument), content = in.Text(ContentArgument);
+    if (run.Failed())
+        return;
+    const std::optional<WordWish> wish = ReadWordWish(min, max, shape, letterCase, content);
+    if (wish)
+        run.Last.RandomWord = Value(MakeRandomWord(*wish, [&run] { return run.Random.Next(); }));
+    else
+        run.Fail("Randomword uses the format:  $MinWordSize,   $MaxWordSize,   Rand/Word,   Rand/Uppr/Lowr/Name,   "
+                 "Nums/Letr");
+}
+
 constexpr CommandWord RandomRows[] = {
     {"random", ExactlyAny(2), NoWordFlags, "LOW HIGH",
      "A whole number from LOW to HIGH: [lastrandom]. [newrandom] draws another.", Random},
     {"randomseed", AtLeast(0), NoWordFlags, "[TEXT]",
      "Begins the random numbers anew. The same text gives the same numbers; without one they come from the clock.",
      RandomSeed},
+    {"randomword", ExactlyAny(5), NoWordFlags, "MIN MAX rand|word rand|uppr|lowr|name nums|letr",
+     "Makes up a word of MIN to MAX characters: [lastrandomword]. word: vowels and consonants in turn; nums: digits too.",
+     RandomWord},
     {"element", ExactlyAny(2), NoWordFlags, "KIND N",
      "The N-th word of a list: [lastelement]. KIND is gfx, sfx or mus with element, action, command or special behind "
      "it.",

@@ -214,7 +214,7 @@ std::optional<MacroError> RunProgram(RunState& run, const PreparedSource& source
 {
     const BorrowedScreen borrowed(run.Stage);
     if (!source.ErrorText.isEmpty())
-        return Report(run, {0, source.ErrorText, true});
+        return Report(run, {source.ErrorLine, source.ErrorText, true});
     run.Code.Take(source.Lines);
     if (const ProgramFault fault = PrePass(run.Code); !fault.Text.isEmpty())
         return Report(run, {fault.Line, fault.Text, true});

@@ -9,6 +9,7 @@ struct PreparedSource
 {
     QStringList Lines; ///< the last one is empty; none at all for an empty source
     QString ErrorText; ///< why there are no lines
+    int ErrorLine = 0;
 };
 
 /// Source as a macro file holds it: UTF-8, or Windows-1252 where it is not.

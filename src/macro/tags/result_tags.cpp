@@ -66,6 +66,7 @@ constexpr PlainTag ResultRows[] = {
     {"lastmessagenumber", "Left by message: the button's number, from 1.", Result<&RunResults::MessageNumber>},
     {"lastask", "Left by ask: what was typed.", Result<&RunResults::Ask>},
     {"lastrandom", "Left by random: the number.", Result<&RunResults::Random>},
+    {"lastrandomword", "Left by randomword: the word.", Result<&RunResults::RandomWord>},
     {"newrandom", "Another number between the bounds of the last random.", NewRandom},
     {"lastdircount", "Left by dir: the number of entries.", DirCount},
     {"loopnumber", "Where the loop stands between its start and its end.", LoopNumber},
