@@ -2,6 +2,7 @@
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Svg Network DBus)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(LibZip REQUIRED IMPORTED_TARGET libzip)
+pkg_check_modules(Seccomp REQUIRED IMPORTED_TARGET libseccomp)
 pkg_check_modules(OpenMpt REQUIRED IMPORTED_TARGET libopenmpt)
 find_package(SDL2 REQUIRED)
 find_package(SDL2_mixer REQUIRED)
