@@ -81,7 +81,7 @@ Result<ZipArchive> ZipArchive::Of(QByteArrayView bytes)
     const QString reason = opened ? QString() : Words(&error);
     zip_error_fini(&error);
     if (opened)
-        return ZipArchive({}, opened);
+        return ZipArchive({}, bytes.size(), opened);
     zip_source_free(source);
     return Fail({}, reason);
 }

@@ -146,3 +146,21 @@ TEST_F(Walls, FilesAreOutOfReachEvenWithoutTheList)
         EXPECT_NE(report[attempt], 0) << attempt.toStdString();
     EXPECT_EQ(report["fork"], 0) << "that is the list's business";
 }
+
+// Catches: a helper that reads what it is handed before its walls stand, or without any.
+TEST_F(Walls, StandBeforeAHelperIsAskedAnything)
+{
+    for (const char* program : {"/gemforge-decoder", "/gemforge-film"}) {
+        StartedHelper helper;
+        ASSERT_EQ(StartHelper(QCoreApplication::applicationDirPath() + QLatin1String(program), helper), 0);
+        QByteArray facts;
+        for (int look = 0; look < 500 && !facts.contains("Seccomp:\t2"); ++look) {
+            usleep(10'000);
+            QFile status(QStringLiteral("/proc/%1/status").arg(helper.Child));
+            facts = status.open(QIODevice::ReadOnly) ? status.readAll() : QByteArray();
+        }
+        EXPECT_TRUE(facts.contains("Seccomp:\t2")) << program;
+        close(helper.Socket);
+        waitpid(helper.Child, nullptr, 0);
+    }
+}

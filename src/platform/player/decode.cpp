@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr int Socket = STDIN_FILENO;
+constexpr int Client = STDIN_FILENO;
 constexpr std::uint64_t MostMemory = std::uint64_t(2) << 30; ///< of addresses; the file is among them
 constexpr qint64 MostBytes = qint64(256) << 20;              ///< of a file
 constexpr qint64 MostPacked = qint64(64) << 20;              ///< of a module that was packed
@@ -127,7 +127,7 @@ bool SendSound(PcmSource& source)
     std::array<std::int16_t, 8192> stereo;
     bool any = false;
     while (const std::size_t frames = source.Read(stereo)) {
-        if (!decoder::SendAll(Socket, std::as_bytes(std::span(stereo).first(frames * 2))))
+        if (!decoder::SendAll(Client, std::as_bytes(std::span(stereo).first(frames * 2))))
             return false;
         any = true;
     }
@@ -140,7 +140,7 @@ int DecodeForPlayer()
 {
     player::Voice voice{};
     int file = -1;
-    if (!decoder::ReceiveAll(Socket, std::as_writable_bytes(std::span(&voice, 1)), file) || file < 0)
+    if (!decoder::ReceiveAll(Client, std::as_writable_bytes(std::span(&voice, 1)), file) || file < 0)
         return NoSound;
     const int font = OpenSoundFont();
 #ifndef __SANITIZE_ADDRESS__

@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr int Socket = STDIN_FILENO;
+constexpr int Gemforge = STDIN_FILENO;            ///< its end of the socket
 constexpr int Glance = 40;                        ///< ms between looks at whether a sound has ended
 constexpr unsigned DevicePatience = 10;           ///< s for opening a device; the alarm ends the process
 constexpr std::chrono::milliseconds Linger(1000); ///< the device is closed after this silence
@@ -67,7 +67,7 @@ private:
         state.Playing = 0;
         for (const player::Voice voice : Both)
             state.Playing |= std::uint32_t(device.Of(voice).Playing()) << std::uint32_t(voice);
-        if (state != told && send(Socket, &state, sizeof(state), MSG_DONTWAIT | MSG_NOSIGNAL) == sizeof(state))
+        if (state != told && send(Gemforge, &state, sizeof(state), MSG_DONTWAIT | MSG_NOSIGNAL) == sizeof(state))
             told = state;
     }
 
@@ -80,7 +80,7 @@ private:
             device.Close();
     }
 
-    Wishes wishes{Socket};
+    Wishes wishes{Gemforge};
     Device device;
     player::State state, told;
     std::chrono::steady_clock::time_point heard{};
@@ -91,7 +91,7 @@ private:
 int main(int argc, char** argv)
 {
     struct stat facts = {};
-    if (fstat(Socket, &facts) != 0 || !S_ISSOCK(facts.st_mode)) {
+    if (fstat(Gemforge, &facts) != 0 || !S_ISSOCK(facts.st_mode)) {
         std::fputs("gemforge-player is started by Gemforge.\n", stderr);
         return 2;
     }
