@@ -9,8 +9,7 @@ bool ConfirmCloseChanged(RunState& run)
 {
     if (run.TestRun || !run.Text().Modified())
         return true;
-    constexpr int ChangedMessage = 8;
-    const std::optional<MessageRecord> question = NumberedMessage(ChangedMessage);
+    const std::optional<MessageRecord> question = NumberedMessage(message::CloseChanged);
     if (!question)
         return true;
     run.Stage.ShowTarget(true);

@@ -31,8 +31,8 @@ bool SystemSafeCheck(RunState& run, const ProgramLine& line)
 {
     if (!run.SafeSystem)
         return true;
-    constexpr int SafetyMessage = 58;
-    MessageRecord question = NumberedMessage(SafetyMessage, ShownAuthor(run)).value_or(MessageRecord());
+    
+    MessageRecord question = NumberedMessage(message::FileConsent, ShownAuthor(run)).value_or(MessageRecord());
     question.MessageText += QStringLiteral("^^") + ShownCommand(line);
     run.Stage.ShowTarget(true);
     const MessageAnswer answer = run.Ask.Message(question, MessagePurpose::Safety);
