@@ -67,4 +67,3 @@ extern FrameState Frame;
 void ResetFrame();
 
 void InstallHost(HostWindow& host, Asker& asker);
-Asker& Ask();

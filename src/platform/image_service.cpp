@@ -1,6 +1,7 @@
 #include "platform/image_service.h"
 
 #include "platform/paths.h"
+#include "platform/regular_file.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -8,10 +9,8 @@
 #include <QPointer>
 #include <QThread>
 #include <chrono>
-#include <fcntl.h>
 #include <future>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace images {
 
@@ -20,7 +19,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto Still = 200ms;            ///< the time that a wait stops everything
-constexpr auto Turn = 20ms;              ///< between events from then on
+constexpr auto EventsEvery = 20ms;       ///< between events from then on
 constexpr qint64 TooYoung = 100'000'000; ///< ns: a file changed so lately may change again within one tick of its clock
 constexpr qint64 SoonEnough = 1000;      ///< ms
 constexpr quint64 SecondNs = 1'000'000'000;
@@ -48,33 +47,6 @@ Result<FileState> StateOf(const QString& told, int kind)
     return FileState{path, wanted, ChangedAt(facts), qint64(facts.st_size), quint64(facts.st_ino)};
 }
 
-/// An open regular file; a fifo is not waited for.
-class OpenImage
-{
-public:
-    explicit OpenImage(const QString& path)
-        : Handle(open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC))
-    {
-        struct stat facts = {};
-        if (Handle < 0 || fstat(Handle, &facts) != 0)
-            Error = errno;
-        else if (!S_ISREG(facts.st_mode))
-            Error = S_ISDIR(facts.st_mode) ? EISDIR : ENODEV;
-        else if (quint64(facts.st_size) > decoder::MostFileBytes)
-            Error = EFBIG;
-    }
-    ~OpenImage()
-    {
-        if (Handle >= 0)
-            close(Handle);
-    }
-    OpenImage(const OpenImage&) = delete;
-    OpenImage& operator=(const OpenImage&) = delete;
-
-    int Handle = -1;
-    int Error = 0;
-};
-
 bool IsOld(const FileState& file)
 {
     timespec now{};
@@ -89,7 +61,7 @@ Value Await(std::future<Value> future)
     const auto* const application = QCoreApplication::instance();
     if (future.wait_for(Still) != std::future_status::ready && application &&
         QThread::currentThread() == application->thread()) {
-        while (future.wait_for(Turn) != std::future_status::ready)
+        while (future.wait_for(EventsEvery) != std::future_status::ready)
             QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
     }
     return future.get();
@@ -246,7 +218,7 @@ Result<Service::Decoded> Service::Carry(const Job& job)
 {
     if (const auto picture = Look(job.File)) // the same image may have stood twice in the queue
         return Decoded{*picture, picture->Size()};
-    const OpenImage file(job.File.Path);
+    const RegularFile file(job.File.Path, decoder::MostFileBytes);
     if (file.Error != 0)
         return Fail(job.File.Path, qt_error_string(file.Error));
     const Result<DecoderProcess::Reply> reply = AskHelper(job, file.Handle);

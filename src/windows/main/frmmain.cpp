@@ -64,8 +64,9 @@ QString TipOfTab(int tab)
 
 void MarkBlockAtCaret(EditorPane& pane)
 {
-    const auto block = Frame.CurrentMode == ModeGfx ? BlockAround(LinesOf(pane), pane.GetSel(true).StartLine)
-                                                    : std::optional<BlockLines>();
+    const auto block = Frame.CurrentMode == ModeGfx
+                           ? BlockAround(LinesOf(pane), pane.GetSel(true).StartLine, Frame.Settings.SheetKinds)
+                           : std::nullopt;
     if (block)
         pane.MarkBlock(block->First, block->Last);
     else
@@ -220,7 +221,8 @@ void frmmain::ConnectPane(int tab, EditorPane& pane)
     pane.CodeList = OfferedWords;
     pane.CodeListPick = PickCodeListItem;
     pane.HoverText = [](EditorPane& hovered, int line, int column) {
-        return Frame.CurrentMode == ModeGfx ? BlockSummary(LinesOf(hovered), line, column) : QString();
+        return Frame.CurrentMode == ModeGfx ? BlockSummary(LinesOf(hovered), line, column, Frame.Settings.SheetKinds)
+                                            : QString();
     };
     pane.HoverPicture = [](EditorPane& hovered, int line, int column) {
         return Frame.CurrentMode == ModeGfx ? HoverTile(hovered, line, column) : QImage();

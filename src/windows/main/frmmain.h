@@ -63,9 +63,9 @@ public:
     void OpenTool(ToolWindow tool) override;
     void ShowList(ListKind list) override;
     void CloseLists() override;
-    void ShowMediaEntry(int source, int row) override;
+    void ShowMediaEntry(const MediaHit& entry) override;
     bool CanPreview(int mode) const override;
-    void PreviewMedia() override;
+    void PreviewMedia(const MediaRequest& request) override;
     void StopPlayers() override { audio::Stop(); }
     void PlayModule(const QByteArray& bytes) { audio::PlayModule(bytes); }
     void Listen(FrameEvents& events) override;

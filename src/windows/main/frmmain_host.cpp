@@ -5,11 +5,12 @@
 #include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "windows/about/frm_about.h"
-#include "windows/blocks/frm_inject.h"
 #include "windows/files/frm_project.h"
 #include "windows/find/find_dialogs.h"
 #include "windows/game/frm_games.h"
 #include "windows/game/words_panel.h"
+#include "windows/images/frm_avi2bmp.h"
+#include "windows/images/frm_pcx_lab.h"
 #include "windows/lists/block_list.h"
 #include "windows/lists/comment_tree.h"
 #include "windows/lists/recent_popup.h"
@@ -103,8 +104,10 @@ void frmmain::OpenTool(ToolWindow tool)
         RunProjectWindow(this);
     if (tool == ToolWindow::About)
         frmAbout::Run({[this](const QByteArray& tune) { PlayModule(tune); }, [this] { StopPlayers(); }}, this);
-    if (tool == ToolWindow::Inject)
-        RunInjectWindow(this);
+    if (tool == ToolWindow::PCXLab)
+        frmPCXLab::Run(this);
+    if (tool == ToolWindow::AVI2BMP)
+        frmAVI2BMP::Run(this);
     if (tool == ToolWindow::Games)
         RunGamesWindow(this);
 }

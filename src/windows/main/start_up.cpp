@@ -8,6 +8,7 @@
 #include "game/game_program.h"
 #include "game/game_state.h"
 #include "game/scratch_home.h"
+#include "graphics/picks.h"
 #include "platform/close_requests.h"
 #include "platform/signals.h"
 #include "platform/single_instance.h"
@@ -16,6 +17,7 @@
 #include "windows/messages/window_asker.h"
 #include "windows/parts/close_guard.h"
 #include "windows/parts/screen_reader.h"
+#include "windows/sheet/frm_pcx.h"
 
 #include <QApplication>
 #include <QSessionManager>
@@ -26,7 +28,7 @@ namespace {
 
 void Welcome()
 {
-    if (Frame.ShowWelcome == 1 && ShowWelcomeMessage() == QLatin1StringView("Read Help"))
+    if (Frame.ShowWelcome == 1 && ShowWelcomeMessage() == message::ReadHelp)
         RunHelp({});
 }
 
@@ -43,6 +45,7 @@ int Run(QApplication& application, const StartFolders& folders)
     frmmain window;
     WindowAsker asker(&window);
     InstallHost(window, asker);
+    Picks.Sheet = [&window](const SheetRequest& request) { return frmPCX::Run(&window, request); };
     Frame.Keeper = &keeper;
     std::atexit(KeepAtExit);
 
@@ -71,6 +74,7 @@ int Run(QApplication& application, const StartFolders& folders)
     const int code = window.Ending() ? 0 : QApplication::exec();
     ResetGame(); // a game that plays a copy ends with the program
     window.Finish();
+    ResetPicks();
     Frame.Keeper = nullptr;
     return code;
 }
@@ -93,7 +97,7 @@ int StartProgram(int argc, char** argv)
         instance.Claim(folders.StateFolder);
     }
     if (instance.AnotherRuns()) {
-        ShowMessage(106);
+        ShowMessage(message::AnotherRuns);
         return 1;
     }
     if (!PrepareStart(folders, QCoreApplication::arguments().mid(1)))
