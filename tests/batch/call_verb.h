@@ -1,5 +1,6 @@
 #pragma once
 
+#include "batch/answer_list.h"
 #include "batch/verbs.h"
 
 /// What a verb printed and ended with.
@@ -9,10 +10,10 @@ struct Spoken
     QString Out, Err;
 };
 
-inline Spoken Called(const QStringList& arguments)
+inline Spoken Called(const QStringList& arguments, AnswerList answers = AnswerList())
 {
     Spoken spoken;
     QTextStream out(&spoken.Out), err(&spoken.Err);
-    spoken.Code = RunVerb(arguments, {out, err});
+    spoken.Code = RunVerb(arguments, {out, err, answers});
     return spoken;
 }
