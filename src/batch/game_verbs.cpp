@@ -35,7 +35,7 @@ struct GameCall
 VerbResult OutOfTime(const GameCall& call, VerbStreams& streams)
 {
     streams.Err << call.Program << ": not done after " << call.MaxMs / 1000 << " seconds\n";
-    return VerbTimedOut;
+    return VerbStopped;
 }
 
 /// The words and options of a call; false: what is wrong was told.

@@ -55,7 +55,7 @@ TEST_F(GameVerbs, InfoTellsVersionAndData)
                               "game extract wibble", "game check", "game check /"})
         EXPECT_EQ(Call(Words(wrong)), VerbFailed) << wrong;
     StandInPlace::ActsAtProof("hang");
-    EXPECT_EQ(Call(Words("game info --max-seconds 1")), VerbTimedOut);
+    EXPECT_EQ(Call(Words("game info --max-seconds 1")), VerbStopped);
     EXPECT_FALSE(Folder.Read(QStringLiteral("data/user.ini")).contains(QFile::encodeName(Place.Program())));
 }
 
@@ -72,7 +72,7 @@ TEST_F(GameVerbs, ExtractPrintsLiveEntries)
     EXPECT_EQ(Call(Words("game extract music")), VerbFailed);
     EXPECT_EQ(out, QString());
     StandInPlace::ActsAtPrint("hang");
-    EXPECT_EQ(Call(Words("game extract music --max-seconds 1")), VerbTimedOut);
+    EXPECT_EQ(Call(Words("game extract music --max-seconds 1")), VerbStopped);
 }
 
 // Catches: a line that names the copy, counts from 0 or is lost; an exit code of 0 in spite of complaints; a set that

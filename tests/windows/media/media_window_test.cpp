@@ -184,7 +184,8 @@ TEST_F(MediaWindow, DoubleClickOpensByMode)
     EXPECT_EQ(Shown(), QStringList());
 }
 
-// Catches: music that a double click does not start, that plays on after another choice, a sound that opens a window.
+// Catches: music that a double click does not start, that plays on after another choice, a sound that opens a window;
+// one that cannot be played and nobody is told.
 TEST_F(MediaWindow, SoundsPlayUntilTheNextPress)
 {
     Run.Work.Write(QStringLiteral("tune.mid"), "no music");
@@ -197,6 +198,13 @@ TEST_F(MediaWindow, SoundsPlayUntilTheNextPress)
         EXPECT_TRUE(WaitUntil([] { return !audio::IsPlaying(); })) << row;
     }
     EXPECT_EQ(Run.TakeMessages(), QStringList());
+    const QSignalSpy notices(&Events(), &FrameEvents::Noticed);
+    DoubleClick(1);
+    EXPECT_TRUE(WaitUntil([&] {
+        return std::ranges::any_of(notices, [](const QVariantList& notice) {
+            return notice[0].toString().startsWith(QLatin1String("z.mod can not be played"));
+        });
+    }));
 }
 
 // Catches: a selection lost by the refresh, one that comes back where it must not, lists that do not see what came
