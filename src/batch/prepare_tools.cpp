@@ -13,6 +13,8 @@ void ReadToolSettings()
     SettingsRecord& settings = Frame.Settings;
     settings.SpacerWidth = reader.Number(misc, QStringLiteral("SpacerWidth"), 10, 200);
     settings.SuperTab = reader.Flag(misc, QStringLiteral("SuperTab"));
+    settings.LineCommentLineChar = reader.Text(misc, QStringLiteral("LineCommentLineChar"));
+    settings.LineCommentSearchChar = reader.Text(misc, QStringLiteral("LineCommentSearchChar"));
     settings.RNDPath = paths::Inside(ReadIni(misc, QStringLiteral("RNDPath")));
     DeriveGameFolders();
 }
