@@ -1,7 +1,9 @@
 #include "batch/verbs.h"
 
+#include "batch/answer_list.h"
 #include "batch/block_verbs.h"
 #include "batch/conf_verbs.h"
+#include "batch/game_verbs.h"
 #include "batch/image_verbs.h"
 #include "batch/level_verbs.h"
 #include "batch/run_verb.h"
@@ -77,6 +79,21 @@ constexpr Verb AllVerbs[] = {
      "with\n"
      "2, and writes nothing, if any of them cannot be read or is of another size without --fit.\n",
      SheetVerb},
+    {"game info", "[--game PATH] [--max-seconds N]",
+     "Proves that PATH (else the RNDPath of the settings) is the game, and prints its version and the folder of its\n"
+     "data, a line each as KEY: VALUE; NA if no data is found.\n"
+     "Ends with 2 and the reason if it is not the game, with 3 if it has not answered after N seconds (60).\n",
+     GameInfoVerb},
+    {"game extract", "KIND [--game PATH] [--max-seconds N]",
+     "Lets the game print a default conf and prints it with its entries live. KIND is graphics, sounds, music,\n"
+     "helptext, helpanim or editor. Ends as game info does.\n",
+     GameExtractVerb},
+    {"game check", "SET-FOLDER [--game PATH] [--max-seconds N]",
+     "Lets the game read a level set unseen, in a home folder of its own, and prints what it complains about, a line\n"
+     "each as FILE:LINE: KEY: TEXT. FILE is told from SET-FOLDER; LINE is 0 where the key is not found; a complaint\n"
+     "without file and key is -:0: : TEXT. Nothing of the set is changed.\n"
+     "Ends with 1 if there is any, else as game info does.\n",
+     GameCheckVerb},
 };
 
 const Verb* FindVerb(const QString& name)
@@ -170,5 +187,7 @@ VerbResult RunVerb(const QStringList& arguments, VerbStreams streams)
         Explain(*verb, streams.Out);
         return VerbDone;
     }
-    return verb->Run(rest, streams);
+    const VerbResult result = verb->Run(rest, streams);
+    const Result<> answered = streams.Answers.Outcome();
+    return answered ? result : Failed(answered.error(), streams);
 }

@@ -81,7 +81,7 @@ TEST_F(RunVerbTest, AnswersComeInOrder)
     EXPECT_EQ(Run(macro, {u"--answer"_s, u"two"_s, u"--answer"_s, u"12"_s}), 0);
     EXPECT_EQ(said, u"two12"_s);
     EXPECT_EQ(Run(macro, {u"--answer"_s, u"three"_s}), 2);
-    EXPECT_EQ(told, u"The answer \"three\" does not fit the list Title\n"_s);
+    EXPECT_EQ(told, u"\"three\" is no answer to: Title\n"_s);
     EXPECT_EQ(Run("message a T OK\nnosuch\n", {u"--answer"_s, u"Cancel"_s}), 2);
 }
 
