@@ -39,7 +39,7 @@ public:
     virtual void BusyPointer(bool busy) = 0;
 };
 
-enum class ToolWindow { Project, About };
+enum class ToolWindow { Project, About, PCXLab, AVI2BMP };
 enum class ListKind { Recent, Comments, Blocks };
 
 /// Windows and players that a routine opens by name.

@@ -10,26 +10,49 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRegularExpression>
 
 namespace {
 
-std::optional<QString> Chosen(QFileDialog& dialog)
+QStringList Chosen(QFileDialog& dialog)
 {
     const ModalScope scope;
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return std::nullopt;
-    return QDir::cleanPath(dialog.selectedFiles().constFirst());
+    QStringList chosen;
+    if (dialog.exec() == QDialog::Accepted)
+        for (const QString& path : dialog.selectedFiles())
+            chosen << QDir::cleanPath(path);
+    return chosen;
 }
 
-std::optional<QString> AskFile(QWidget* parent, const FileQuestion& question, QFileDialog::AcceptMode mode)
+std::optional<QString> First(const QStringList& chosen)
+{
+    return chosen.isEmpty() ? std::nullopt : std::optional(chosen.constFirst());
+}
+
+void CompleteBy(QFileDialog& dialog, const QString& filter)
+{
+    static const QRegularExpression firstEnding(QStringLiteral("\\*\\.(\\w+)"));
+    dialog.setDefaultSuffix(firstEnding.match(filter).captured(1));
+}
+
+QStringList AskFile(QWidget* parent, const FileQuestion& question, QFileDialog::AcceptMode mode,
+                    QFileDialog::FileMode files = QFileDialog::AnyFile)
 {
     QFileDialog dialog(parent, question.Title, question.Folder);
     dialog.setAcceptMode(mode);
     SetHelpSubject(&dialog,
                    mode == QFileDialog::AcceptOpen ? QStringLiteral("H_main_open") : QStringLiteral("H_main_save_as"));
-    dialog.setFileMode(QFileDialog::AnyFile); // a typed name may be one that the filter hides, such as a backup's
+    dialog.setFileMode(files); // of any kind: a typed name may be one that the filter hides, such as a backup's
     dialog.setOption(QFileDialog::DontConfirmOverwrite); // the command asks that itself, with message 9
-    dialog.setNameFilters(DialogFilters(question.Filter));
+    const QStringList filters = DialogFilters(question.Filter);
+    dialog.setNameFilters(filters);
+    if (!filters.isEmpty())
+        dialog.selectNameFilter(question.Selected < 0 ? filters.constLast() : filters.value(question.Selected));
+    if (question.Completes) {
+        CompleteBy(dialog, dialog.selectedNameFilter());
+        QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
+                         [&dialog](const QString& filter) { CompleteBy(dialog, filter); });
+    }
     if (!question.Preset.isEmpty())
         dialog.selectFile(question.Preset);
     return Chosen(dialog);
@@ -67,12 +90,17 @@ std::optional<QString> WindowAsker::Input(const QString& title, const QString& p
 
 std::optional<QString> WindowAsker::OpenFile(const FileQuestion& question)
 {
-    return AskFile(Parent(), question, QFileDialog::AcceptOpen);
+    return First(AskFile(Parent(), question, QFileDialog::AcceptOpen));
+}
+
+QStringList WindowAsker::OpenFiles(const FileQuestion& question)
+{
+    return AskFile(Parent(), question, QFileDialog::AcceptOpen, QFileDialog::ExistingFiles);
 }
 
 std::optional<QString> WindowAsker::SaveFile(const FileQuestion& question)
 {
-    return AskFile(Parent(), question, QFileDialog::AcceptSave);
+    return First(AskFile(Parent(), question, QFileDialog::AcceptSave));
 }
 
 std::optional<QString> WindowAsker::Folder(const QString& title)
@@ -81,5 +109,5 @@ std::optional<QString> WindowAsker::Folder(const QString& title)
     SetHelpSubject(&dialog, QStringLiteral("H_main_open"));
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
-    return Chosen(dialog);
+    return First(Chosen(dialog));
 }

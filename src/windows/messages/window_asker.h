@@ -15,6 +15,7 @@ public:
     MessageAnswer Message(const MessageRecord& record) override;
     std::optional<QString> Input(const QString& title, const QString& prompt, const QString& preset) override;
     std::optional<QString> OpenFile(const FileQuestion& question) override;
+    QStringList OpenFiles(const FileQuestion& question) override;
     std::optional<QString> SaveFile(const FileQuestion& question) override;
     std::optional<QString> Folder(const QString& title) override;
 
