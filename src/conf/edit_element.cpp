@@ -41,13 +41,13 @@ std::optional<InjectRequest> SelectBlockToEdit(DocumentText& pane)
         return std::nullopt;
     const QString main = CleanValue(pane.GetLine(*mainLine));
     if (!main.contains(QLatin1Char(':'))) {
-        ShowMessage(34);
+        ShowMessage(message::ColonMissing);
         return std::nullopt;
     }
     const QString key = KeyOfLine(main);
     const std::optional<SubGroup> group = GroupAtEnd(key);
     if (group && group != SubGroup::Crumbled) {
-        ShowMessage(29);
+        ShowMessage(message::SubCommandRefused);
         return std::nullopt;
     }
     const CommandLines commands = FindCommands(lines, *mainLine, key, Frame.WordLists.at(ModeGfx).at(KindGraphicComs));

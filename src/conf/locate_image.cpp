@@ -13,9 +13,9 @@ constexpr int LocateReach = 20;
 struct LocateMessage
 {
     NotLocated Why;
-    int Message;
+    message::Number Message;
 };
-constexpr LocateMessage LocateMessages[] = {{NoMainLine, 40}, {NoImageName, 34}, {ImageNotInLists, 42}};
+constexpr LocateMessage LocateMessages[] = {{NoMainLine, message::NoImageNamed}, {NoImageName, message::ColonMissing}, {ImageNotInLists, message::NamedImageMissing}};
 
 std::optional<int> MainLineAbove(const DocumentText& pane, int caretLine)
 {

@@ -59,7 +59,7 @@ void WriteElementBlock(DocumentText& pane, const ElementRecord& record, bool ful
     const QString key = KeyFromSelection(selected);
     const bool broken = std::any_of(selected.begin(), selected.end(), [](QChar c) { return c < LowestOfKey; });
     if (key.isEmpty() || broken) {
-        ShowMessage(1);
+        ShowMessage(message::NoElementHighlighted);
         return;
     }
     if (undoMark != CallersUndoGroup)

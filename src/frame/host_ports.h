@@ -39,16 +39,17 @@ public:
     virtual void BusyPointer(bool busy) = 0;
 };
 
-enum class ToolWindow { Project, About, PCXLab, AVI2BMP };
-enum class ListKind { Recent, Comments, Blocks };
+enum class ToolWindow { Project, About, PCXLab, AVI2BMP, Games };
+enum class ListKind { Recent, Comments, Blocks, GameWords };
 
 /// Windows and players that a routine opens by name.
 class ToolPort
 {
 public:
     virtual ~ToolPort() = default;
-    virtual void OpenTool(ToolWindow tool) = 0;             ///< modal; returns when closed
-    virtual void ShowList(ListKind list) = 0;               ///< a floating list, made anew from the current document
+    virtual void OpenTool(ToolWindow tool) = 0; ///< modal; returns when closed
+    /// A floating list, made anew from the current document; of the game's words the list below the text.
+    virtual void ShowList(ListKind list) = 0;
     virtual void CloseLists() = 0;                          ///< hides the floating lists, focus to the pane
     virtual void ShowMediaEntry(const MediaHit& entry) = 0; ///< its tab in front, the entry selected and in view
     virtual bool CanPreview(int mode) const = 0;            ///< is there a tool that opens the media of a mode?

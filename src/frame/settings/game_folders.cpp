@@ -38,6 +38,12 @@ QString Below(const QString& folder, const QString& name)
 
 } // namespace
 
+void ReadDumpCommands()
+{
+    for (int i = 1; i <= 6; ++i)
+        Frame.Settings.ComType.at(i) = Compat(QStringLiteral("ComType%1").arg(i));
+}
+
 void DeriveGameFolders()
 {
     SettingsRecord& settings = Frame.Settings;
@@ -63,6 +69,6 @@ bool IsRndPathSet()
     const QString& path = Frame.Settings.RNDPath;
     if (!path.isEmpty() && paths::FileExists(path))
         return true;
-    ShowMessage(10);
+    ShowMessage(message::GameNotSet);
     return false;
 }

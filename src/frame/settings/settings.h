@@ -31,6 +31,7 @@ struct SettingsRecord
     int SafeSystemBASIC = 1, RecentLimit = 50, ProjectLimit = 20, FindHistoryLimit = 30, ReplaceHistoryLimit = 30;
     int ScreenReader = 0; ///< 0 automatic, 1 always, 2 never: whether panes tell their text to assistive technology
     QString RNDPath;
+    QString ImageEditor; ///< program that opens a sheet's image; empty: the desktop's own
     std::array<int, 10> QuickElementTemplate{};
     std::array<int, 4> AutoCompleteTemplate{};
     std::array<int, 5> Nags{1, 1, 1, 1, 1};
@@ -85,6 +86,9 @@ struct ViewToggle
 };
 const std::array<ViewToggle, 6>& ViewToggles();
 void ToggleView(int id);
+
+/// ComType1 to ComType6 from compat.ini.
+void ReadDumpCommands();
 
 /// RndFolder and its like from RNDPath and compat.ini; the first data folder that holds `FileNameCheck5` counts.
 void DeriveGameFolders();

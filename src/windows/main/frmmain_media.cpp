@@ -2,8 +2,10 @@
 
 #include "frame/documents/documents.h"
 #include "frame/files/file_commands.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/media/media_lists.h"
+#include "platform/audio.h"
 #include "platform/paths.h"
 #include "windows/main/dropped_files.h"
 #include "windows/main/line_hints_view.h"
@@ -47,6 +49,7 @@ void frmmain::AddMediaLists()
             ssML->SaveSelection(); // its files stand elsewhere now
     });
     split->SetMedia(ssML);
+    audio::OnTrouble(ShowNotice);
 }
 
 /// The lists are a palette: the keyboard belongs to the text.

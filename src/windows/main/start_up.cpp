@@ -5,6 +5,9 @@
 #include "frame/recovery/recovery.h"
 #include "frame/settings/settings.h"
 #include "frame/start/start_up.h"
+#include "game/game_program.h"
+#include "game/game_state.h"
+#include "game/scratch_home.h"
 #include "graphics/picks.h"
 #include "platform/close_requests.h"
 #include "platform/signals.h"
@@ -25,7 +28,7 @@ namespace {
 
 void Welcome()
 {
-    if (Frame.ShowWelcome == 1 && ShowWelcomeMessage() == QLatin1StringView("Read Help"))
+    if (Frame.ShowWelcome == 1 && ShowWelcomeMessage() == message::ReadHelp)
         RunHelp({});
 }
 
@@ -64,9 +67,12 @@ int Run(QApplication& application, const StartFolders& folders)
         ShowHeldMessages();
         OfferRecovered(&window, keeper);
         Welcome();
+        SweepScratchHomes();
+        FindGameAtStart();
     });
     // A question of the start may have been answered by the end of the session.
     const int code = window.Ending() ? 0 : QApplication::exec();
+    ResetGame(); // a game that plays a copy ends with the program
     window.Finish();
     ResetPicks();
     Frame.Keeper = nullptr;
@@ -91,7 +97,7 @@ int StartProgram(int argc, char** argv)
         instance.Claim(folders.StateFolder);
     }
     if (instance.AnotherRuns()) {
-        ShowMessage(106);
+        ShowMessage(message::AnotherRuns);
         return 1;
     }
     if (!PrepareStart(folders, QCoreApplication::arguments().mid(1)))

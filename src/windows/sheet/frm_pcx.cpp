@@ -32,7 +32,6 @@
 
 namespace {
 
-constexpr int BadImage = 107, ImageErrors = 108;
 constexpr int ImageErrorNag = 2;
 constexpr int MarkPhases = 10;
 constexpr int RedrawDelay = 100; // a preview with a longer delay is drawn again by the marks' timer
@@ -54,9 +53,9 @@ SheetAnswer frmPCX::Run(QWidget* owner, const SheetRequest& request)
     Busy().BusyPointer(false);
     if (!picture) {
         if (picture.error().Path == path)
-            ShowMessage(BadImage);
+            ShowMessage(message::BadPcx);
         else
-            ShowMessage(MessagePathError, picture.error().Text()); // the decoder is not there
+            ShowFailure(picture.error()); // the decoder is not there
         return {};
     }
     ShowSheet(picture->Pixels);
@@ -156,7 +155,7 @@ void frmPCX::showEvent(QShowEvent* event)
 void frmPCX::ShowWarnings()
 {
     if (Frame.Settings.Nags[ImageErrorNag] == 1 && !Sheet.ImageWarnings.isEmpty())
-        ShowMessage(ImageErrors, Sheet.ImageWarnings.chopped(1));
+        ShowMessage(message::ImageErrors, Sheet.ImageWarnings.chopped(1));
 }
 
 void frmPCX::leaveEvent(QEvent* event)
@@ -315,10 +314,9 @@ void frmPCX::ReadAgain()
 
 void frmPCX::OpenInEditor()
 {
-    const QString editor = ReadIni(QStringLiteral("Misc"), QStringLiteral("ImageEditor"));
-    const bool named = !editor.isEmpty() && editor != QLatin1StringView("[NOT FOUND]");
-    const bool started = named ? processes::StartDetached(editor, {path}).has_value()
-                               : QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+    const QString& editor = Frame.Settings.ImageEditor;
+    const bool started = !editor.isEmpty() ? processes::StartDetached(editor, {path}).has_value()
+                                           : QDesktopServices::openUrl(QUrl::fromLocalFile(path));
     if (!started)
         place->setText(QStringLiteral("No image editor answers; name one as ImageEditor in user.ini"));
 }

@@ -14,7 +14,6 @@
 
 namespace {
 
-constexpr int NoSelection = 19;
 
 /// The entry of `words` that is selected in their list; empty for none.
 QString ChosenIn(const QListWidget& list, const QStringList& words)
@@ -89,7 +88,7 @@ void NewElementPanel::Make()
 {
     const QString element = ChosenIn(*lstElement, words.Elements);
     if (element.isEmpty()) {
-        ShowMessage(NoSelection);
+        ShowMessage(message::NoElementPicked);
         return;
     }
     QString key = element;

@@ -178,13 +178,14 @@ TEST_F(MediaWindow, DoubleClickOpensByMode)
     SetMode(ModeLvl);
     Click(0); // the refresh of the window's return is still to come
     DoubleClick(0);
-    EXPECT_TRUE(WaitUntil([&] { return !Run.Scope.Answers.Shown.empty(); }));
+    EXPECT_TRUE(WaitUntil([&] { return !Run.Scope.Answers.Asked.empty(); }));
     EXPECT_TRUE(Run.TakeMessages().value(0).contains(QLatin1String("Mapglass")));
     SetMode(ModeTxt);
     EXPECT_EQ(Shown(), QStringList());
 }
 
-// Catches: music that a double click does not start, that plays on after another choice, a sound that opens a window.
+// Catches: music that a double click does not start, that plays on after another choice, a sound that opens a window;
+// one that cannot be played and nobody is told.
 TEST_F(MediaWindow, SoundsPlayUntilTheNextPress)
 {
     Run.Work.Write(QStringLiteral("tune.mid"), "no music");
@@ -197,6 +198,13 @@ TEST_F(MediaWindow, SoundsPlayUntilTheNextPress)
         EXPECT_TRUE(WaitUntil([] { return !audio::IsPlaying(); })) << row;
     }
     EXPECT_EQ(Run.TakeMessages(), QStringList());
+    const QSignalSpy notices(&Events(), &FrameEvents::Noticed);
+    DoubleClick(1);
+    EXPECT_TRUE(WaitUntil([&] {
+        return std::ranges::any_of(notices, [](const QVariantList& notice) {
+            return notice[0].toString().startsWith(QLatin1String("z.mod can not be played"));
+        });
+    }));
 }
 
 // Catches: a selection lost by the refresh, one that comes back where it must not, lists that do not see what came
@@ -306,7 +314,7 @@ TEST_F(MediaWindow, ExtraFollowsTreeDriveAndText)
     EXPECT_EQ(Frame.Media.ExtraFolder, deep);
     EXPECT_EQ(Shown(MediaSource::Extra), QStringList{QStringLiteral("deep.png")});
     DoubleClick(0, MediaSource::Extra);
-    EXPECT_TRUE(WaitUntil([&] { return !Run.Scope.Answers.Shown.empty(); }));
+    EXPECT_TRUE(WaitUntil([&] { return !Run.Scope.Answers.Asked.empty(); }));
     EXPECT_TRUE(Run.TakeMessages().value(0).startsWith(QLatin1String("Not a valid")));
     QTest::mouseClick(&Part<QPushButton>(*Window, "cmdInjectPath"), Qt::LeftButton);
     EXPECT_EQ(FirstLine(), QStringLiteral("#!*") + deep.chopped(1).replace(u'/', u'*'));
