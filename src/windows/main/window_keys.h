@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QSet>
 #include <QWidget>
+#include <functional>
 
 /// The main window sees every key before the part that has the focus, also while it is disabled.
 class WindowKeys : public QObject
@@ -17,8 +18,12 @@ public:
     /// Keys of the window that the text pane must not claim for itself. `everywhere`: nor any other part.
     void Claim(const QKeySequence& keys, bool everywhere);
 
+    /// Does Alt with this character start a macro? Then it comes before menus.
+    std::function<bool(QChar)> TakesAlt;
+
 signals:
-    void EscapePressed(); ///< eaten
+    void EscapePressed();        ///< eaten
+    void AltPressed(QChar key);  ///< one that TakesAlt, eaten
     void HelpPressed();   ///< F1 with any shift state, eaten
     void InsertPressed(); ///< Insert alone, eaten
     void LocksChanged();
@@ -30,6 +35,7 @@ protected:
 private:
     bool Pressed(QWidget* part, const QKeyEvent& key);
     bool IsClaimed(const QWidget* part, const QKeyEvent& key) const;
+    QChar AltKey(const QKeyEvent& key) const; ///< null: none that starts a macro
 
     QPointer<QWidget> window;
     QSet<QKeySequence> claimed, claimedEverywhere;
