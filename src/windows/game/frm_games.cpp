@@ -213,7 +213,7 @@ void frmGames::AddGame()
     const QString program = paths::Inside(*told);
     const auto version = ProveGame(program);
     if (!version) {
-        ShowMessage(21);
+        ShowMessage(message::NotTheGame);
         return;
     }
     if (RowOf(program))
@@ -243,12 +243,12 @@ void frmGames::UseSelected()
         return;
     const QString program = EntryOf(*item).Program;
     if (!ProveGame(program)) {
-        ShowMessage(21);
+        ShowMessage(message::NotTheGame);
         return;
     }
     UseGame(program);
     if (!paths::FolderExists(Frame.Settings.LevelsFolder))
-        ShowMessage(23);
+        ShowMessage(message::LevelsFolderMissing);
     Save();
     MarkInUse();
     UpdateButtons();
