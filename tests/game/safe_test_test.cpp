@@ -117,8 +117,10 @@ TEST_F(SafeTestOfSet, SetLevelAndSurroundingsAreThere)
 TEST_F(SafeTestOfSet, TheSelectedLevelIsUnderWork)
 {
     Open(QStringLiteral("levelinfo.conf"));
-    Lists().SavedListIndex.at(1) = Lists().Base.Find(QStringLiteral("005.level"));
+    Lists().SavedListIndex.at(size_t(MediaSource::PCXBrowser)) = Lists().Base.Find(QStringLiteral("005.level"));
     EXPECT_EQ(WishOfCurrentSet()->Level, 5);
+    Open(QStringLiteral("graphics/graphicsinfo.conf"));
+    EXPECT_EQ(WishOfCurrentSet()->Level, 5); // the list shows pictures now
     OpenNewTab();
     ActivateTab();
     EXPECT_FALSE(WishOfCurrentSet());
