@@ -75,7 +75,7 @@ TEST_F(SafeTestOfSet, TheGamePlaysACopyWithTheUnsavedTexts)
     EXPECT_TRUE(CurrentPane().Modified());
     EXPECT_EQ(ScratchHomes(), 0);
     EXPECT_EQ(RunningWork(), 0);
-    EXPECT_TRUE(Answers.Shown.empty());
+    EXPECT_TRUE(Answers.AskedFor<MessageQuestion>().empty());
 }
 
 // Catches: a level beside the chosen one, a level of another folder, texts of a group or artwork of another set that
@@ -234,7 +234,7 @@ TEST_F(SafeTestOfSet, CheckWithTheGameShowsItsWords)
 
     CurrentPane().ExecuteCmd(CmdDocumentEnd);
     NewDocument(ModeGfx);
-    Answers.Buttons = {QStringLiteral("OK")};
+    Answers.Next = {QStringLiteral("OK")};
     GoToGameWord(2); // in the tab that has the file
     EXPECT_EQ(CurrentPane().CaretLine(), 1);
 }
