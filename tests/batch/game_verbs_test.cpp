@@ -1,3 +1,4 @@
+#include "batch/answer_list.h"
 #include "batch/verbs.h"
 
 #include "batch/prepare_tools.h"
@@ -33,7 +34,8 @@ protected:
         out.clear();
         err.clear();
         QTextStream outStream(&out), errStream(&err);
-        return RunVerb(words, VerbStreams{outStream, errStream});
+        AnswerList answers;
+        return RunVerb(words, VerbStreams{outStream, errStream, answers});
     }
     static QStringList Words(const char* call) { return QString::fromLatin1(call).split(u' '); }
 

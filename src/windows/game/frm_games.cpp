@@ -205,9 +205,10 @@ void frmGames::ReadVersions()
 
 void frmGames::AddGame()
 {
-    const auto told =
-        Ask().OpenFile({QStringLiteral("Locate Rocks'n'Diamonds Executable"), QStringLiteral("Programs (*)|*"),
-                        paths::FolderOfPath(Frame.Settings.RNDPath), QString()});
+    const auto told = AskText(FileQuestion{.Title = QStringLiteral("Locate Rocks'n'Diamonds Executable"),
+                                           .Filter = QStringLiteral("Programs (*)|*"),
+                                           .Folder = paths::FolderOfPath(Frame.Settings.RNDPath),
+                                           .Preset = {}});
     if (!told || told->isEmpty())
         return;
     const QString program = paths::Inside(*told);
