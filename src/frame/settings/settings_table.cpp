@@ -151,7 +151,7 @@ QString Written(const SettingRow& row, const QVariant& value)
     }
 }
 
-struct Store
+struct Keep
 {
     const QString& Written;
 
@@ -190,7 +190,7 @@ void ChangeSetting(const SettingRow& row, const QVariant& value)
 {
     const QString written = Written(row, value);
     if (row.Place)
-        std::visit(Store{written}, row.Place(Frame.Settings));
+        std::visit(Keep{written}, row.Place(Frame.Settings));
     WriteIni(written, QString::fromLatin1(row.Section), QString::fromLatin1(row.Key));
     if (row.Apply)
         row.Apply();
