@@ -57,7 +57,7 @@ protected:
 
     void Load(QWidget& window, const QString& path)
     {
-        Run.Scope.Answers.Texts << path;
+        Run.Scope.Answers.Next.push_back(path);
         Part<QPushButton>(window, "cmdLoad").click();
     }
 
@@ -99,8 +99,8 @@ TEST_F(LabWindow, LoadingShowsBothSides)
         Load(window, QString());
         EXPECT_EQ(PcxLab.Before.width(), 386) << "a cancelled question";
     });
-    EXPECT_EQ(Run.Scope.Answers.FileQuestions.front().Title, QStringLiteral("Open A Graphic File"));
-    EXPECT_EQ(Run.Scope.Answers.FileQuestions.front().Selected, -1);
+    EXPECT_EQ(Run.Scope.Answers.AskedFor<FileQuestion>().front().Title, QStringLiteral("Open A Graphic File"));
+    EXPECT_EQ(Run.Scope.Answers.AskedFor<FileQuestion>().front().Selected, -1);
     EXPECT_TRUE(Run.TakeMessages().isEmpty());
     EXPECT_TRUE(PcxLab.Before.isNull()) << "a closed window keeps no picture";
 }
@@ -145,8 +145,9 @@ TEST_F(LabWindow, ConvertsAndSaves)
             return size.text();
         };
         const auto save = [&](const QString& path, const QStringList& answers) {
-            Run.Scope.Answers.Texts << path;
-            Run.Scope.Answers.Buttons = answers;
+            Run.Scope.Answers.Next.push_back(path);
+            for (const QString& answer : answers)
+                Run.Scope.Answers.Next.push_back(answer);
             Press(window, "cmdSave");
         };
         Load(window, source);
