@@ -62,9 +62,9 @@ void frmAVI2BMP::Run(QWidget* owner)
             ShowFailure(written.error());
             return;
         }
-        Lab.AviBitmap = path;
+        PcxLab.AviBitmap = path;
     }
-    Lab.FromAVI = true;
+    PcxLab.FromAVI = true;
     frmPCXLab::Run(owner); // forgets all of it when it is closed
 }
 

@@ -166,15 +166,15 @@ TEST_F(FilmWindow, SavesAndHandsOver)
         OnModal([&](QWidget& lab) {
             QCoreApplication::processEvents();
             EXPECT_EQ(lab.windowTitle(), QStringLiteral("PCX Lab"));
-            EXPECT_EQ(Lab.Before, sheet);
+            EXPECT_EQ(PcxLab.Before, sheet);
             EXPECT_TRUE(Part<QPlainTextEdit>(lab, "txtInfo").toPlainText().startsWith(QStringLiteral("avi.bmp\n")));
-            handed = Lab.AviBitmap;
+            handed = PcxLab.AviBitmap;
         });
         Part<QPushButton>(window, "cmdSave1").click();
     });
     EXPECT_FALSE(handed.isEmpty());
     EXPECT_FALSE(QFileInfo::exists(QFileInfo(handed).path())) << "the work file is left behind";
-    EXPECT_FALSE(Lab.FromAVI);
+    EXPECT_FALSE(PcxLab.FromAVI);
     EXPECT_TRUE(Run.TakeMessages().isEmpty());
 }
 
