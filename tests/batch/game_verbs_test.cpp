@@ -1,4 +1,3 @@
-#include "batch/answer_list.h"
 #include "batch/verbs.h"
 
 #include "batch/prepare_tools.h"
@@ -34,8 +33,7 @@ protected:
         out.clear();
         err.clear();
         QTextStream outStream(&out), errStream(&err);
-        AnswerList answers;
-        return RunVerb(words, VerbStreams{outStream, errStream, answers});
+        return RunVerb(words, VerbStreams{outStream, errStream, Scope.Answers});
     }
     static QStringList Words(const char* call) { return QString::fromLatin1(call).split(u' '); }
 

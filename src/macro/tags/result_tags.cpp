@@ -5,8 +5,8 @@
 namespace {
 
 /// A slot of the results as it stands.
-template <Value RunResults::*Slot>
-Value LeftBy(RunState& run)
+template <Value RunResults::* Slot>
+Value Kept(RunState& run)
 {
     return run.Last.*Slot;
 }
@@ -42,31 +42,31 @@ Value ProgressValue(RunState& run)
 
 constexpr PlainTag ResultRows[] = {
     {"lastfindresult", "Left by findnext, findprevious, replaceall, replaceselect and varfind: true or false.",
-     LeftBy<&RunResults::FindResult>},
-    {"lastvarfind", "Left by varfind: the place, or 0.", LeftBy<&RunResults::VarFind>},
-    {"lastvarlen", "Left by varlen: the length.", LeftBy<&RunResults::VarLen>},
-    {"lastvarcount", "Left by varcount: how often.", LeftBy<&RunResults::VarCount>},
-    {"lastvarcountpos", "Left by varcountpos: the place.", LeftBy<&RunResults::VarCountPos>},
-    {"lastvarsplitleft", "Left by varsplit: the front.", LeftBy<&RunResults::VarSplitLeft>},
-    {"lastvarsplitright", "Left by varsplit: the rest.", LeftBy<&RunResults::VarSplitRight>},
-    {"lastvarsplitrightrev", "Left by varsplit: the last characters.", LeftBy<&RunResults::VarSplitRightRev>},
-    {"lastvarleft", "Left by varleft.", LeftBy<&RunResults::VarLeft>},
-    {"lastvarright", "Left by varright.", LeftBy<&RunResults::VarRight>},
-    {"lastvarmid", "Left by varmid.", LeftBy<&RunResults::VarMid>},
-    {"lastlineget", "Left by lineget: the line's text.", LeftBy<&RunResults::LineGet>},
-    {"lastlistchoice", "Left by listshow: the item chosen.", LeftBy<&RunResults::ListChoice>},
-    {"lastlistchoicenum", "Left by listshow: its number, from 1.", LeftBy<&RunResults::ListChoiceNumber>},
-    {"lastlistget", "Left by listget: the item.", LeftBy<&RunResults::ListGet>},
-    {"lastlistcheck", "Left by listcheck: true or false.", LeftBy<&RunResults::ListCheck>},
+     Kept<&RunResults::FindResult>},
+    {"lastvarfind", "Left by varfind: the place, or 0.", Kept<&RunResults::VarFind>},
+    {"lastvarlen", "Left by varlen: the length.", Kept<&RunResults::VarLen>},
+    {"lastvarcount", "Left by varcount: how often.", Kept<&RunResults::VarCount>},
+    {"lastvarcountpos", "Left by varcountpos: the place.", Kept<&RunResults::VarCountPos>},
+    {"lastvarsplitleft", "Left by varsplit: the front.", Kept<&RunResults::VarSplitLeft>},
+    {"lastvarsplitright", "Left by varsplit: the rest.", Kept<&RunResults::VarSplitRight>},
+    {"lastvarsplitrightrev", "Left by varsplit: the last characters.", Kept<&RunResults::VarSplitRightRev>},
+    {"lastvarleft", "Left by varleft.", Kept<&RunResults::VarLeft>},
+    {"lastvarright", "Left by varright.", Kept<&RunResults::VarRight>},
+    {"lastvarmid", "Left by varmid.", Kept<&RunResults::VarMid>},
+    {"lastlineget", "Left by lineget: the line's text.", Kept<&RunResults::LineGet>},
+    {"lastlistchoice", "Left by listshow: the item chosen.", Kept<&RunResults::ListChoice>},
+    {"lastlistchoicenum", "Left by listshow: its number, from 1.", Kept<&RunResults::ListChoiceNumber>},
+    {"lastlistget", "Left by listget: the item.", Kept<&RunResults::ListGet>},
+    {"lastlistcheck", "Left by listcheck: true or false.", Kept<&RunResults::ListCheck>},
     {"listcount", "Number of items in the list.", ListCount},
-    {"lastpickelement", "Left by pickelement: what was picked.", LeftBy<&RunResults::PickElement>},
-    {"lastelement", "Left by element: the word.", LeftBy<&RunResults::Element>},
+    {"lastpickelement", "Left by pickelement: what was picked.", Kept<&RunResults::PickElement>},
+    {"lastelement", "Left by element: the word.", Kept<&RunResults::Element>},
     {"lastmessageresult", "Left by message: the button's caption. By the other dialogs: ok or cancel.",
-     LeftBy<&RunResults::MessageResult>},
-    {"lastmessagenumber", "Left by message: the button's number, from 1.", LeftBy<&RunResults::MessageNumber>},
-    {"lastask", "Left by ask: what was typed.", LeftBy<&RunResults::Ask>},
-    {"lastrandom", "Left by random: the number.", LeftBy<&RunResults::Random>},
-    {"lastrandomword", "Left by randomword: the word.", LeftBy<&RunResults::RandomWord>},
+     Kept<&RunResults::MessageResult>},
+    {"lastmessagenumber", "Left by message: the button's number, from 1.", Kept<&RunResults::MessageNumber>},
+    {"lastask", "Left by ask: what was typed.", Kept<&RunResults::Ask>},
+    {"lastrandom", "Left by random: the number.", Kept<&RunResults::Random>},
+    {"lastrandomword", "Left by randomword: the word.", Kept<&RunResults::RandomWord>},
     {"newrandom", "Another number between the bounds of the last random.", NewRandom},
     {"lastdircount", "Left by dir: the number of entries.", DirCount},
     {"loopnumber", "Where the loop stands between its start and its end.", LoopNumber},
