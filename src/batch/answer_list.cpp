@@ -21,7 +21,11 @@ struct TextAs
     Answer operator()(const MessageQuestion& question) const { return Button(question.Record.MessageButtons); }
     Answer operator()(const SafetyQuestion& question) const { return Button(RecordOf(question).MessageButtons); }
     Answer operator()(const InputQuestion&) const { return OrCancel(); }
-    Answer operator()(const FileQuestion&) const { return OrCancel(); }
+    Answer operator()(const FileQuestion& question) const
+    {
+        const bool several = question.For == FileQuestion::OpenMany && !Text.isEmpty();
+        return several ? Answer(QStringList{Text}) : OrCancel();
+    }
     Answer operator()(const FolderQuestion&) const { return OrCancel(); }
     Answer operator()(const ChoiceQuestion& question) const
     {
@@ -61,6 +65,8 @@ QString Shown(const Answer& answer)
         return u'"' + *text + u'"';
     if (const auto* pressed = std::get_if<Pressed>(&answer))
         return QStringLiteral("button %1").arg(pressed->Place);
+    if (const auto* several = std::get_if<QStringList>(&answer))
+        return several->join(QStringLiteral(", "));
     if (const int* place = std::get_if<int>(&answer))
         return QStringLiteral("item %1").arg(*place);
     return std::holds_alternative<KeySet>(answer) ? QStringLiteral("keys") : QStringLiteral("a cancel");

@@ -1,7 +1,9 @@
 #include "platform/platform_state.h"
 
 #include "platform/image_service.h"
+#include "platform/picture_maker.h"
 #include "platform/player_process.h"
+#include "platform/x11_connection.h"
 
 PlatformState Platform;
 

@@ -86,6 +86,7 @@ TEST(AnswerList, WhatDoesNotFitIsToldAndEndsWithTwo)
         {Own("Yes_No"), Cancelled{}},
         {InputQuestion{}, 1},
         {FileQuestion{}, Pressed{1}},
+        {FileQuestion{}, QStringList{a, b}},
         {Choice({{a}}), b},
         {Choice({{a}, {b}}), QStringLiteral("b.a")},
         {ZipEntryQuestion{{}, {QStringLiteral("dir/a")}}, QStringLiteral("di")},

@@ -46,7 +46,11 @@ struct FitsKind
     }
     bool operator()(const SafetyQuestion&) const { return IsButton(Given, message::Refuse); }
     bool operator()(const InputQuestion&) const { return std::holds_alternative<QString>(Given); }
-    bool operator()(const FileQuestion&) const { return IsPath(Given); }
+    bool operator()(const FileQuestion& question) const
+    {
+        const auto* several = std::get_if<QStringList>(&Given);
+        return question.For == FileQuestion::OpenMany ? several && !several->isEmpty() : IsPath(Given);
+    }
     bool operator()(const FolderQuestion&) const { return IsPath(Given); }
     bool operator()(const ChoiceQuestion& question) const
     {
@@ -97,6 +101,14 @@ std::optional<QString> AskText(const Question& question)
     Answer answer = Ask(question);
     auto* text = std::get_if<QString>(&answer);
     return text ? std::optional(std::move(*text)) : std::nullopt;
+}
+
+QStringList AskFiles(FileQuestion question)
+{
+    question.For = FileQuestion::OpenMany;
+    const Answer answer = Ask(question);
+    const auto* paths = std::get_if<QStringList>(&answer);
+    return paths ? *paths : QStringList();
 }
 
 bool Fits(const Question& question, const Answer& answer)

@@ -18,12 +18,14 @@ struct InputQuestion
     QString Title, Prompt, Preset;
 };
 
-/// A file to open or a name to save under; whether a file of that name may be overwritten is the caller's to ask.
-/// Answer: its path.
+/// A file to open, several, or a name to save under; whether a file of that name may be overwritten is the caller's to
+/// ask. Answer: its path; of several, a list of paths.
 struct FileQuestion
 {
-    enum Use { Open, Save } For = Open;
+    enum Use { Open, OpenMany, Save } For = Open;
     QString Title, Filter, Folder, Preset;
+    int Selected = 0;       ///< entry of the filter, -1: the last
+    bool Completes = false; ///< a name to save under that has no ending gets that of the chosen entry
 };
 
 /// Answer: the folder's path.
@@ -107,7 +109,7 @@ struct KeySet
     unsigned Bits = 0; ///< 1 << WatchedKey
     bool operator==(const KeySet&) const = default;
 };
-using Answer = std::variant<Cancelled, Pressed, QString, int, KeySet>;
+using Answer = std::variant<Cancelled, Pressed, QString, QStringList, int, KeySet>;
 
 /// Who answers: windows/ with dialogs, batch and tests with a list of prepared answers.
 class Asker
@@ -125,6 +127,9 @@ Answer Ask(const Question& question);
 
 /// The text of an answer; nothing if the question was cancelled.
 std::optional<QString> AskText(const Question& question);
+
+/// The paths of a question for several files; none if it was cancelled.
+QStringList AskFiles(FileQuestion question);
 
 /// Is that an answer to this question: of its kind, and one that it offers?
 bool Fits(const Question& question, const Answer& answer);

@@ -10,29 +10,53 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRegularExpression>
 
 namespace {
 
-Answer Chosen(QFileDialog& dialog)
+QStringList Chosen(QFileDialog& dialog)
 {
     const ModalScope scope;
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return Cancelled{};
-    return QDir::cleanPath(dialog.selectedFiles().constFirst());
+    QStringList chosen;
+    if (dialog.exec() == QDialog::Accepted)
+        for (const QString& path : dialog.selectedFiles())
+            chosen << QDir::cleanPath(path);
+    return chosen;
+}
+
+Answer FirstOf(const QStringList& chosen)
+{
+    return chosen.isEmpty() ? Answer(Cancelled{}) : Answer(chosen.constFirst());
+}
+
+void CompleteBy(QFileDialog& dialog, const QString& filter)
+{
+    static const QRegularExpression firstEnding(QStringLiteral("\\*\\.(\\w+)"));
+    dialog.setDefaultSuffix(firstEnding.match(filter).captured(1));
 }
 
 Answer AskFile(const FileQuestion& question, QWidget* parent)
 {
-    const bool opens = question.For == FileQuestion::Open;
+    const bool several = question.For == FileQuestion::OpenMany, opens = question.For != FileQuestion::Save;
     QFileDialog dialog(parent, question.Title, question.Folder);
     dialog.setAcceptMode(opens ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     SetHelpSubject(&dialog, opens ? QStringLiteral("H_main_open") : QStringLiteral("H_main_save_as"));
-    dialog.setFileMode(QFileDialog::AnyFile); // a typed name may be one that the filter hides, such as a backup's
+    // Of any kind: a typed name may be one that the filter hides, such as a backup's.
+    dialog.setFileMode(several ? QFileDialog::ExistingFiles : QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite); // the command asks that itself, with message 9
-    dialog.setNameFilters(DialogFilters(question.Filter));
+    const QStringList filters = DialogFilters(question.Filter);
+    dialog.setNameFilters(filters);
+    if (!filters.isEmpty())
+        dialog.selectNameFilter(question.Selected < 0 ? filters.constLast() : filters.value(question.Selected));
+    if (question.Completes) {
+        CompleteBy(dialog, dialog.selectedNameFilter());
+        QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
+                         [&dialog](const QString& filter) { CompleteBy(dialog, filter); });
+    }
     if (!question.Preset.isEmpty())
         dialog.selectFile(question.Preset);
-    return Chosen(dialog);
+    const QStringList chosen = Chosen(dialog);
+    return several && !chosen.isEmpty() ? Answer(chosen) : FirstOf(chosen);
 }
 
 Answer AskFolder(const FolderQuestion& question, QWidget* parent)
@@ -41,7 +65,7 @@ Answer AskFolder(const FolderQuestion& question, QWidget* parent)
     SetHelpSubject(&dialog, QStringLiteral("H_main_open"));
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
-    return Chosen(dialog);
+    return FirstOf(Chosen(dialog));
 }
 
 Answer AskInput(const InputQuestion& question, QWidget* parent)

@@ -22,7 +22,8 @@ struct ByWindows
                 QTest::mouseClick(&Part<QPushButton>(window, name.constData()), Qt::LeftButton);
             } else {
                 auto* line = window.findChild<QLineEdit*>();
-                line->setText(std::get<QString>(answer));
+                const auto* text = std::get_if<QString>(&answer);
+                line->setText(text ? *text : std::get<QStringList>(answer).constFirst());
                 QTest::keyClick(line, Qt::Key_Return);
             }
         });
@@ -69,6 +70,7 @@ TYPED_TEST(AskerContract, EachKindGivesItsOwnAnswer)
         {SafetyQuestion{{}, QStringLiteral("filekill"), file}, Pressed{message::Consent}},
         {InputQuestion{QStringLiteral("Title"), QStringLiteral("Prompt"), QStringLiteral("old")}, text},
         {FileQuestion{FileQuestion::Open, {}, {}, folder.Path(), {}}, file},
+        {FileQuestion{FileQuestion::OpenMany, {}, {}, folder.Path(), {}}, QStringList{file}},
         {FileQuestion{FileQuestion::Save, {}, {}, folder.Path(), {}}, folder.Path(QStringLiteral("new.conf"))},
         {FolderQuestion{{}, folder.Path()}, folder.Path().chopped(1)},
     };
