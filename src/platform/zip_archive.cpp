@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr qsizetype Chunk = qsizetype(1) << 16; ///< bytes of an entry read at a time
+constexpr qsizetype ZipChunk = qsizetype(1) << 16; ///< bytes of an entry read at a time
 
 QString Words(zip_error_t* error)
 {
@@ -72,6 +72,20 @@ Result<ZipArchive> ZipArchive::Open(const QString& told)
     return ZipArchive(path, facts.st_size, opened);
 }
 
+Result<ZipArchive> ZipArchive::Of(QByteArrayView bytes)
+{
+    zip_error_t error;
+    zip_error_init(&error);
+    zip_source_t* const source = zip_source_buffer_create(bytes.data(), zip_uint64_t(bytes.size()), 0, &error);
+    zip* const opened = source ? zip_open_from_source(source, 0, &error) : nullptr;
+    const QString reason = opened ? QString() : Words(&error);
+    zip_error_fini(&error);
+    if (opened)
+        return ZipArchive({}, bytes.size(), opened);
+    zip_source_free(source);
+    return Fail({}, reason);
+}
+
 int ZipArchive::Find(const QString& name) const
 {
     for (const Qt::CaseSensitivity letters : {Qt::CaseSensitive, Qt::CaseInsensitive}) {
@@ -91,9 +105,9 @@ Result<> ZipArchive::ReadPieces(int entry, qint64 limit, const Taker& take) cons
                                                                  zip_fclose);
     if (!file)
         return Fail(path, Words(zip_get_error(archive.get())));
-    QByteArray buffer(Chunk, Qt::Uninitialized);
+    QByteArray buffer(ZipChunk, Qt::Uninitialized);
     for (qint64 all = 0;;) {
-        const zip_int64_t got = zip_fread(file.get(), buffer.data(), zip_uint64_t(Chunk));
+        const zip_int64_t got = zip_fread(file.get(), buffer.data(), zip_uint64_t(ZipChunk));
         if (got < 0)
             return Fail(path, Words(zip_file_get_error(file.get())));
         all += got;

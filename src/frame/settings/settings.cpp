@@ -13,7 +13,7 @@
 namespace {
 
 constexpr int ThumbnailsId = 7;
-constexpr QLatin1StringView Misc("Misc"), Colours("Syntax Colours");
+constexpr QLatin1StringView MiscKeys("Misc"), ColourKeys("Syntax Colours");
 
 /// Takes every value of a section that the record holds.
 void ReadRows(SettingsReader& reader, QLatin1StringView section)
@@ -83,21 +83,19 @@ void LoadSettings()
 {
     SettingsReader reader;
     SettingsRecord& settings = Frame.Settings;
-    LoadSyntaxColours(Panes().Pane(0), Colours, true, reader);
+    LoadSyntaxColours(Panes().Pane(0), ColourKeys, true, reader);
     settings.Bands = ReadBands(reader);
     emit Events().ToolBarsLoaded();
-    ReadRows(reader, Colours);
+    ReadRows(reader, ColourKeys);
     emit Events().MediaLooksChanged();
     for (const char* section : {"QuickElementTemplate", "AutoCompleteTemplate", "Nags", "Misc"})
         ReadRows(reader, QLatin1StringView(section));
-    Frame.ShowWelcome = reader.Number(SettingOf(Misc, QLatin1StringView("1stTime")));
+    Frame.ShowWelcome = reader.Number(SettingOf(MiscKeys, QLatin1StringView("1stTime")));
     for (const char* key : {"Left", "Top", "Width", "Height", "Max"}) // the window has read them before
         reader.Number(SettingOf(QLatin1StringView("Window Positions"), QLatin1StringView(key)));
     emit Events().MenuStripsChanged(settings.Gradients == 1);
     emit Events().ViewSettingChanged();
-    for (int i = 1; i <= 6; ++i)
-        settings.ComType.at(i) =
-            ReadIni(QStringLiteral("RND Compatibility"), QStringLiteral("ComType%1").arg(i), QStringLiteral("compat"));
+    ReadDumpCommands();
     DeriveGameFolders();
     ShowInitialFolders();
     LoadHistories();
@@ -154,5 +152,5 @@ void ToggleView(int id)
 {
     for (const ViewToggle& row : ViewToggles())
         if (row.Id == id)
-            ChangeSetting(SettingOf(Misc, QLatin1StringView(row.Key)), Frame.Settings.*row.Value == 1 ? 0 : 1);
+            ChangeSetting(SettingOf(MiscKeys, QLatin1StringView(row.Key)), Frame.Settings.*row.Value == 1 ? 0 : 1);
 }

@@ -14,7 +14,7 @@ using R = SettingsRecord;
 
 constexpr int LargestColour = 0xFFFFFF, LargestStyle = 3;
 constexpr int FarthestPlace = 100'000; // pixels
-constexpr char Colours[] = "Syntax Colours", Misc[] = "Misc", Window[] = "Window Positions", Nags[] = "Nags",
+constexpr char ColoursSection[] = "Syntax Colours", MiscSection[] = "Misc", Window[] = "Window Positions", Nags[] = "Nags",
                Quick[] = "QuickElementTemplate", Complete[] = "AutoCompleteTemplate";
 
 template <auto Member>
@@ -48,20 +48,20 @@ void ShowMediaLooks()
 
 void ShowColours()
 {
-    LoadSyntaxColours(Panes().Pane(0), QString::fromLatin1(Colours), true);
+    LoadSyntaxColours(Panes().Pane(0), QString::fromLatin1(ColoursSection), true);
 }
 
-constexpr SettingRow Rows[] = {
-    {Colours, "WindowColour", Colour, 0, LargestColour, nullptr, ShowColours},
-    {Colours, "HighlightedLineColour", Colour, 0, LargestColour, nullptr, ShowColours},
-    {Colours, "MainFont", Text, 0, 0, nullptr, ShowColours},
-    {Colours, "MainFontSize", Real, 0, 0, nullptr, ShowColours},
-    {Colours, "MediaListBackColour", Colour, 0, LargestColour, In<&R::MediaListBackColour>, ShowMediaLooks},
-    {Colours, "MediaListColour", Colour, 0, LargestColour, In<&R::MediaListColour>, ShowMediaLooks},
-    {Colours, "MediaListFontName", Text, 0, 0, In<&R::MediaListFontName>, ShowMediaLooks},
-    {Colours, "MediaListFontSize", Real, 0, 0, In<&R::MediaListFontSize>, ShowMediaLooks},
-    {Colours, "MediaListFontBold", Truth, 0, 0, In<&R::MediaListFontBold>, ShowMediaLooks},
-    {Colours, "MediaListFontItalic", Truth, 0, 0, In<&R::MediaListFontItalic>, ShowMediaLooks},
+constexpr SettingRow TableRows[] = {
+    {ColoursSection, "WindowColour", Colour, 0, LargestColour, nullptr, ShowColours},
+    {ColoursSection, "HighlightedLineColour", Colour, 0, LargestColour, nullptr, ShowColours},
+    {ColoursSection, "MainFont", Text, 0, 0, nullptr, ShowColours},
+    {ColoursSection, "MainFontSize", Real, 0, 0, nullptr, ShowColours},
+    {ColoursSection, "MediaListBackColour", Colour, 0, LargestColour, In<&R::MediaListBackColour>, ShowMediaLooks},
+    {ColoursSection, "MediaListColour", Colour, 0, LargestColour, In<&R::MediaListColour>, ShowMediaLooks},
+    {ColoursSection, "MediaListFontName", Text, 0, 0, In<&R::MediaListFontName>, ShowMediaLooks},
+    {ColoursSection, "MediaListFontSize", Real, 0, 0, In<&R::MediaListFontSize>, ShowMediaLooks},
+    {ColoursSection, "MediaListFontBold", Truth, 0, 0, In<&R::MediaListFontBold>, ShowMediaLooks},
+    {ColoursSection, "MediaListFontItalic", Truth, 0, 0, In<&R::MediaListFontItalic>, ShowMediaLooks},
 
     {Quick, "0", Flag, 0, 1, At<&R::QuickElementTemplate, 0>},
     {Quick, "1", Flag, 0, 1, At<&R::QuickElementTemplate, 1>},
@@ -85,32 +85,32 @@ constexpr SettingRow Rows[] = {
     {Nags, "3", Flag, 0, 1, At<&R::Nags, 3>},
     {Nags, "4", Flag, 0, 1, At<&R::Nags, 4>},
 
-    {Misc, "SpacerWidth", Number, 10, 200, In<&R::SpacerWidth>, ShowView<5>},
-    {Misc, "SortGotoList", Flag, 0, 1, In<&R::SortGotoList>},
-    {Misc, "UndoLimit", Number, -1, 9999, In<&R::UndoLimit>, ShowView<4>},
-    {Misc, "OpenSaveInLevelDir", Flag, 0, 1, In<&R::OpenSaveInLevelDir>},
-    {Misc, "BackupOnSave", Flag, 0, 1, In<&R::BackupOnSave>},
-    {Misc, "DisableSoundLaunch", Flag, 0, 1, In<&R::DisableSoundLaunch>},
-    {Misc, "QuickClose", Flag, 0, 1, In<&R::QuickClose>},
-    {Misc, "SafeSystemBASIC", Flag, 0, 1, In<&R::SafeSystemBASIC>},
-    {Misc, "MenuIcons", Flag, 0, 1, In<&R::MenuIcons>},
-    {Misc, "Gradients", Flag, 0, 1, In<&R::Gradients>, ShowStrips},
-    {Misc, "ShowLineNumbers", Flag, 0, 1, In<&R::ShowLineNumbers>, ShowView<1>},
-    {Misc, "ShowSpaces", Flag, 0, 1, In<&R::ShowSpaces>, ShowView<2>},
-    {Misc, "LineHints", Flag, 0, 1, In<&R::LineHints>, ShowView<6>},
-    {Misc, "Thumbnails", Flag, 0, 1, In<&R::Thumbnails>, ShowView<7>},
-    {Misc, "UseColour", Flag, 0, 1, In<&R::UseColour>, ShowView<3>},
-    {Misc, "SuperTab", Flag, 0, 1, In<&R::SuperTab>, ShowView<5>},
-    {Misc, "RecentLimit", Number, 10, 200, In<&R::RecentLimit>},
-    {Misc, "ProjectLimit", Number, 3, 50, In<&R::ProjectLimit>},
-    {Misc, "FindHistoryLimit", Number, 3, 50, In<&R::FindHistoryLimit>},
-    {Misc, "ReplaceHistoryLimit", Number, 3, 50, In<&R::ReplaceHistoryLimit>},
-    {Misc, "ScreenReader", Number, 0, 2, In<&R::ScreenReader>},
-    {Misc, "LineCommentLineChar", Character, 0, 0, In<&R::LineCommentLineChar>},
-    {Misc, "LineCommentSearchChar", Character, 0, 0, In<&R::LineCommentSearchChar>},
-    {Misc, "RNDPath", Path, 0, 0, In<&R::RNDPath>, DeriveGameFolders},
-    {Misc, "ImageEditor", Path, 0, 0, In<&R::ImageEditor>},
-    {Misc, "1stTime", Flag, 0, 1},
+    {MiscSection, "SpacerWidth", Number, 10, 200, In<&R::SpacerWidth>, ShowView<5>},
+    {MiscSection, "SortGotoList", Flag, 0, 1, In<&R::SortGotoList>},
+    {MiscSection, "UndoLimit", Number, -1, 9999, In<&R::UndoLimit>, ShowView<4>},
+    {MiscSection, "OpenSaveInLevelDir", Flag, 0, 1, In<&R::OpenSaveInLevelDir>},
+    {MiscSection, "BackupOnSave", Flag, 0, 1, In<&R::BackupOnSave>},
+    {MiscSection, "DisableSoundLaunch", Flag, 0, 1, In<&R::DisableSoundLaunch>},
+    {MiscSection, "QuickClose", Flag, 0, 1, In<&R::QuickClose>},
+    {MiscSection, "SafeSystemBASIC", Flag, 0, 1, In<&R::SafeSystemBASIC>},
+    {MiscSection, "MenuIcons", Flag, 0, 1, In<&R::MenuIcons>},
+    {MiscSection, "Gradients", Flag, 0, 1, In<&R::Gradients>, ShowStrips},
+    {MiscSection, "ShowLineNumbers", Flag, 0, 1, In<&R::ShowLineNumbers>, ShowView<1>},
+    {MiscSection, "ShowSpaces", Flag, 0, 1, In<&R::ShowSpaces>, ShowView<2>},
+    {MiscSection, "LineHints", Flag, 0, 1, In<&R::LineHints>, ShowView<6>},
+    {MiscSection, "Thumbnails", Flag, 0, 1, In<&R::Thumbnails>, ShowView<7>},
+    {MiscSection, "UseColour", Flag, 0, 1, In<&R::UseColour>, ShowView<3>},
+    {MiscSection, "SuperTab", Flag, 0, 1, In<&R::SuperTab>, ShowView<5>},
+    {MiscSection, "RecentLimit", Number, 10, 200, In<&R::RecentLimit>},
+    {MiscSection, "ProjectLimit", Number, 3, 50, In<&R::ProjectLimit>},
+    {MiscSection, "FindHistoryLimit", Number, 3, 50, In<&R::FindHistoryLimit>},
+    {MiscSection, "ReplaceHistoryLimit", Number, 3, 50, In<&R::ReplaceHistoryLimit>},
+    {MiscSection, "ScreenReader", Number, 0, 2, In<&R::ScreenReader>},
+    {MiscSection, "LineCommentLineChar", Character, 0, 0, In<&R::LineCommentLineChar>},
+    {MiscSection, "LineCommentSearchChar", Character, 0, 0, In<&R::LineCommentSearchChar>},
+    {MiscSection, "RNDPath", Path, 0, 0, In<&R::RNDPath>, DeriveGameFolders},
+    {MiscSection, "ImageEditor", Path, 0, 0, In<&R::ImageEditor>},
+    {MiscSection, "1stTime", Flag, 0, 1},
 
     {Window, "Left", Number, -FarthestPlace, FarthestPlace},
     {Window, "Top", Number, -FarthestPlace, FarthestPlace},
@@ -124,11 +124,11 @@ std::vector<SettingRow> AllRows()
 {
     std::vector<SettingRow> rows;
     for (const SyntaxRow& kind : SyntaxKeys()) {
-        rows.push_back({Colours, kind.ColourKey, Colour, 0, LargestColour, nullptr, ShowColours});
-        rows.push_back({Colours, kind.BackKey, Colour, 0, LargestColour, nullptr, ShowColours});
-        rows.push_back({Colours, kind.StyleKey, Number, 0, LargestStyle, nullptr, ShowColours});
+        rows.push_back({ColoursSection, kind.ColourKey, Colour, 0, LargestColour, nullptr, ShowColours});
+        rows.push_back({ColoursSection, kind.BackKey, Colour, 0, LargestColour, nullptr, ShowColours});
+        rows.push_back({ColoursSection, kind.StyleKey, Number, 0, LargestStyle, nullptr, ShowColours});
     }
-    rows.insert(rows.end(), std::begin(Rows), std::end(Rows));
+    rows.insert(rows.end(), std::begin(TableRows), std::end(TableRows));
     return rows;
 }
 
@@ -151,7 +151,7 @@ QString Written(const SettingRow& row, const QVariant& value)
     }
 }
 
-struct Store
+struct Keep
 {
     const QString& Written;
 
@@ -190,7 +190,7 @@ void ChangeSetting(const SettingRow& row, const QVariant& value)
 {
     const QString written = Written(row, value);
     if (row.Place)
-        std::visit(Store{written}, row.Place(Frame.Settings));
+        std::visit(Keep{written}, row.Place(Frame.Settings));
     WriteIni(written, QString::fromLatin1(row.Section), QString::fromLatin1(row.Key));
     if (row.Apply)
         row.Apply();
