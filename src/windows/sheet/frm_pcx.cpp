@@ -61,7 +61,8 @@ void frmPCX::Run(QWidget* owner)
     const auto picture = images::Load(path);
     Busy().BusyPointer(false);
     if (!picture) {
-        if (picture.error().Path == path)
+        const QString failed = picture.error().Path;
+        if (failed == path || failed == paths::Existing(path)) // which may have other letter cases
             ShowMessage(BadImage);
         else
             ShowMessage(MessagePathError, picture.error().Text()); // the decoder is not there
