@@ -3,7 +3,6 @@
 #include "platform/image_service.h"
 #include "platform/picture_maker.h"
 #include "platform/player_process.h"
-#include "platform/x11_connection.h"
 
 PlatformState Platform;
 

@@ -31,7 +31,9 @@ struct PlatformState
     std::unique_ptr<images::Service> Images;     ///< none before the first image
     std::unique_ptr<images::PictureMaker> Maker; ///< none before the first picture that is reduced
     std::unique_ptr<PlayerProcess> Player;       ///< none before the first sound
-    std::unique_ptr<X11Connection> Windows;      ///< none before the first window of another program
+    /// None before the first window of another program. Shared, so that this file, which every program has, brings
+    /// no X11 with it.
+    std::shared_ptr<X11Connection> Windows;
     std::function<void(const QString& words)> SoundTrouble; ///< who is told that a sound could not be played
 };
 

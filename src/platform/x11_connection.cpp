@@ -67,11 +67,11 @@ X11Connection::~X11Connection()
 
 X11Connection* X11Connection::Get()
 {
-    std::unique_ptr<X11Connection>& connection = Platform.Windows;
+    std::shared_ptr<X11Connection>& connection = Platform.Windows;
     if (qEnvironmentVariableIsEmpty("DISPLAY"))
         return nullptr;
     if (!connection || connection->broken)
-        connection = std::make_unique<X11Connection>();
+        connection = std::make_shared<X11Connection>();
     if (!connection->tool)
         connection.reset();
     return connection.get();

@@ -1,5 +1,6 @@
 #include "services/archive_parts.h"
 
+#include "platform/byte_file.h"
 #include "platform/paths.h"
 
 #include <QHash>
@@ -13,6 +14,9 @@ Result<std::optional<ZipArchive>> ArchiveToChange(const QString& path)
         const auto& entries = archive.Entries();
         if (std::any_of(entries.begin(), entries.end(), [](const ZipEntry& entry) { return entry.Encrypted; }))
             return Fail(path, QStringLiteral("The archive is encrypted."));
+        const QByteArray start = ByteFile(path).Read(0, 4).value_or(QByteArray());
+        if (start != "PK\3\4" && start != "PK\5\6") // what stands there, such as a program, would be lost
+            return Fail(path, QStringLiteral("The archive begins with something else."));
         return std::optional<ZipArchive>(std::move(archive));
     });
 }

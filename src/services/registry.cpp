@@ -66,26 +66,34 @@ bool IsInteger(const QVariant& value)
     }
 }
 
-/// How a value is stored as one of this type; no entry of a type that cannot be written.
-RegistryResult<std::optional<RegistryEntry>> Stored(quint32 type, const QVariant& value)
+bool FitsType(quint32 type, const QVariant& value)
 {
+    if (type == registry::Binary)
+        return value.typeId() == QMetaType::QByteArray;
+    return (type != registry::Number && type != registry::BigEndianNumber) || IsInteger(value);
+}
+
+/// How a value is stored as one of this type; none of a type that cannot be written.
+std::optional<RegistryEntry> Stored(quint32 type, const QVariant& value)
+{
+    RegistryEntry entry;
     switch (type) {
     case registry::Text:
-    case registry::ExpandableText: {
-        const QString text = value.toString();
-        return RegistryEntry{IsExpandable(text) ? registry::ExpandableText : registry::Text, text};
-    }
+    case registry::ExpandableText:
+        entry.Type = IsExpandable(value.toString()) ? registry::ExpandableText : registry::Text;
+        entry.Data = value.toString();
+        return entry;
     case registry::Binary:
-        if (value.typeId() != QMetaType::QByteArray)
-            return Mismatch();
-        return RegistryEntry{registry::Binary, value.toByteArray()};
+        entry.Type = registry::Binary;
+        entry.Data = value.toByteArray();
+        return entry;
     case registry::Number:
     case registry::BigEndianNumber:
-        if (!IsInteger(value))
-            return Mismatch();
-        return RegistryEntry{registry::Number, qint32(value.toLongLong())};
+        entry.Type = registry::Number;
+        entry.Data = qint32(value.toLongLong());
+        return entry;
     default:
-        return std::optional<RegistryEntry>();
+        return {};
     }
 }
 
@@ -184,18 +192,18 @@ QVariant cRegistry::Value()
 
 RegistryResult<> cRegistry::SetValue(const QVariant& value)
 {
-    const auto stored = Stored(ValueType, value);
-    if (!stored)
-        return tl::unexpected(stored.error());
+    if (!FitsType(ValueType, value))
+        return Mismatch();
+    const std::optional<RegistryEntry> stored = Stored(ValueType, value);
     const auto way = Way();
     bool done = false;
     const auto changed = store.Change([&](RegistryKey& root) {
         const bool isNew = way && !root.Find(*way);
         RegistryKey* const key = way ? root.Make(*way) : nullptr;
         const RegistryEntry* const old = key ? key->Value(ValueKey) : nullptr;
-        const bool same = old && *stored && *old == **stored;
-        done = key && (!*stored || same || key->Set(ValueKey, **stored));
-        return done && (isNew || (*stored && !same));
+        const bool same = old && stored && *old == *stored;
+        done = key && (!stored || same || key->Set(ValueKey, *stored));
+        return done && (isNew || (stored && !same));
     });
     if (changed && done)
         return {};

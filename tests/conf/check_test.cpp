@@ -46,7 +46,7 @@ TEST(CheckLine, LooksForImagesInGraphicsOnly)
     EXPECT_TRUE(Said("a: h.pcx", letters).startsWith(QStringLiteral("The PCX image")));
 }
 
-// Catches: a line number that is off, findings behind the first bad line, an empty document that fails.
+// Catches: a line number that is off, findings after the first bad line, an empty document that fails.
 TEST(FirstBadLine, StopsAtTheFirst)
 {
     EXPECT_FALSE(FirstBadLine("", Graphics));

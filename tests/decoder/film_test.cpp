@@ -88,8 +88,7 @@ TEST(ReadFilm, CompressedFilmsLookLikeTheirFrames)
     };
     constexpr Row Rows[] = {{"cinepak", "avi", 12},   {"mjpeg", "avi", 12},   {"msvideo1", "avi", 12},
                             {"libx264", "avi", 12},   {"libx264", "mp4", 12}, {"mpeg4", "mov", 12},
-                            {"ffv1", "matroska", 12}, {"gif", "gif", 60},
-                            {"rawvideo", "avi", 0}};
+                            {"ffv1", "matroska", 12}, {"gif", "gif", 60},     {"rawvideo", "avi", 0}};
     const QList<QImage> frames = FilmFrames(20);
     for (const Row& row : Rows) {
         SCOPED_TRACE(testing::Message() << row.Encoder << " in " << row.Container);

@@ -4,6 +4,7 @@
 #include "test_support.h"
 
 #include <QFile>
+#include <QtEndian>
 #include <gtest/gtest.h>
 
 namespace {
@@ -125,6 +126,25 @@ TEST_F(ResourceArchive, OtherEntriesStayAsTheyAre)
     }
     EXPECT_TRUE(folder.Read(QStringLiteral("Macro.gfb")).contains("a note"));
     EXPECT_FALSE(ListResource(macro)->contains(QStringLiteral("folder/")));
+}
+
+// An archive behind a program, as those that unpack themselves are: the program would be lost.
+TEST_F(ResourceArchive, WhatStandsBeforeAnArchiveStays)
+{
+    MakeArchive(macro, {{"basic.txt", "end"}});
+    const QByteArray program = "#!/bin/sh\n";
+    QByteArray both = program + folder.Read(QStringLiteral("Macro.gfb"));
+    const auto moveBehind = [&](const char* record,
+                                qsizetype offset) { // where things are is told from the file's start
+        char* const field = both.data() + both.lastIndexOf(record) + offset;
+        qToLittleEndian(quint32(qFromLittleEndian<quint32>(field) + quint32(program.size())), field);
+    };
+    moveBehind("PK\1\2", 42);
+    moveBehind("PK\5\6", 16);
+    folder.Write(QStringLiteral("Macro.gfb"), both);
+    EXPECT_EQ(Resource("basic.txt"), "end");
+    EXPECT_EQ(FaultOf(AddBytesToResource(QStringLiteral("x"), "", macro)), ResourceFault::Other);
+    EXPECT_EQ(folder.Read(QStringLiteral("Macro.gfb")), both);
 }
 
 // A secret entry can neither be read nor taken over.

@@ -99,6 +99,14 @@ TEST_F(UnpackStrangers, Limits)
     EXPECT_TRUE(unpacks({.AnyRatio = 1 << 21, .Ratio = 100}));
     EXPECT_TRUE(unpacks({.AnyRatio = 1 << 20, .Ratio = 1000}));
 
+    // An archive that tells less than it holds.
+    MakeArchive(archive, {{"zeros", QByteArray(1 << 20, '\0')}});
+    QByteArray lying = folder.Read(QStringLiteral("a.zip"));
+    const QByteArray size = QByteArray::fromHex("00001000");
+    ASSERT_EQ(lying.count(size), 2);
+    folder.Write(QStringLiteral("a.zip"), lying.replace(size, QByteArray::fromHex("0a000000")));
+    EXPECT_FALSE(unpacks({}));
+
     folder.Write(QStringLiteral("Set/a"), "aaa");
     EXPECT_FALSE(ZipFiles(folder.Path(QStringLiteral("Set")), archive, {}, {.Bytes = 2}));
     EXPECT_FALSE(ZipFiles(folder.Path(QStringLiteral("Set")), archive, {}, {.Entries = 1}));

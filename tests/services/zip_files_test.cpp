@@ -190,21 +190,17 @@ TEST_F(ZipFolder, NamesOfBothCodings)
 
 TEST_F(ZipFolder, TenThousandEntries)
 {
-    FileSteps steps = FileSteps::OfSystem();
-    steps.Sync = steps.SyncAll = [](int) { return 0; }; // removing ten thousand synced files takes its time
-    const FileStepsScope scope(steps);
     std::vector<MadeEntry> entries;
     for (int i = 0; i < 10000; ++i)
         entries.push_back({"Set/" + QByteArray::number(i % 100) + '/' + QByteArray::number(i), QByteArray::number(i)});
     MakeArchive(archive, entries);
-    ASSERT_TRUE(UnzipFiles(QStringLiteral("set/"), archive, Target()));
+    ASSERT_TRUE(ZipFiles(folder.Write(QStringLiteral("one"), "more"), archive));
+    EXPECT_EQ(ListZip(archive)->size(), 10001);
+    ASSERT_TRUE(UnzipFiles(QStringLiteral("set/7?/"), archive, Target()));
     const auto tree = Tree(In("target"));
-    EXPECT_EQ(tree.size(), 10000 + 100 + 1);
-    for (int i = 0; i < 10000; i += 97)
-        EXPECT_EQ(tree.value(QStringLiteral("Set/%1/%2").arg(i % 100).arg(i)), QByteArray::number(i));
-    const QString again = In("again.zip");
-    ASSERT_TRUE(ZipFiles(In("target/Set"), again));
-    EXPECT_EQ(ListZip(again)->size(), 10000 + 100 + 1);
+    EXPECT_EQ(tree.size(), 10 * 100 + 10 + 1);
+    for (int i = 70; i < 10000; i += 100)
+        EXPECT_EQ(tree.value(QStringLiteral("Set/70/%1").arg(i)), QByteArray::number(i));
 }
 
 // A stop wherever it comes leaves archive and target as they were.

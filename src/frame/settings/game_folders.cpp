@@ -38,6 +38,12 @@ QString Below(const QString& folder, const QString& name)
 
 } // namespace
 
+void ReadDumpCommands()
+{
+    for (int i = 1; i <= 6; ++i)
+        Frame.Settings.ComType.at(i) = Compat(QStringLiteral("ComType%1").arg(i));
+}
+
 void DeriveGameFolders()
 {
     SettingsRecord& settings = Frame.Settings;
@@ -63,17 +69,6 @@ bool IsRndPathSet()
     const QString& path = Frame.Settings.RNDPath;
     if (!path.isEmpty() && paths::FileExists(path))
         return true;
-    ShowMessage(10);
-    return false;
-}
-
-bool HasSheetName(QStringView line)
-{
-    for (qsizetype dot = line.indexOf(u'.'); dot >= 0; dot = line.indexOf(u'.', dot + 1)) {
-        const QStringView behind = line.mid(dot + 1);
-        for (const QString& kind : Frame.Settings.SheetKinds)
-            if (behind.startsWith(kind, Qt::CaseInsensitive))
-                return true;
-    }
+    ShowMessage(message::GameNotSet);
     return false;
 }

@@ -6,80 +6,21 @@
 #include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
 #include "frame/settings/history.h"
+#include "frame/settings/settings_table.h"
 #include "frame/settings/shipped_settings.h"
 #include "platform/paths.h"
 
 namespace {
 
 constexpr int ThumbnailsId = 7;
-const QString Misc = QStringLiteral("Misc");
+constexpr QLatin1StringView MiscKeys("Misc"), ColourKeys("Syntax Colours");
 
-struct NumberRow
+/// Takes every value of a section that the record holds.
+void ReadRows(SettingsReader& reader, QLatin1StringView section)
 {
-    const char* Key;
-    int Low, High;
-    int SettingsRecord::*Value;
-};
-
-/// Keys of section Misc that are numbers, with the bounds that the options window keeps.
-constexpr NumberRow MiscNumbers[] = {
-    {"SpacerWidth", 10, 200, &SettingsRecord::SpacerWidth},
-    {"SortGotoList", 0, 1, &SettingsRecord::SortGotoList},
-    {"UndoLimit", -1, 9999, &SettingsRecord::UndoLimit},
-    {"OpenSaveInLevelDir", 0, 1, &SettingsRecord::OpenSaveInLevelDir},
-    {"BackupOnSave", 0, 1, &SettingsRecord::BackupOnSave},
-    {"DisableSoundLaunch", 0, 1, &SettingsRecord::DisableSoundLaunch},
-    {"QuickClose", 0, 1, &SettingsRecord::QuickClose},
-    {"SafeSystemBASIC", 0, 1, &SettingsRecord::SafeSystemBASIC},
-    {"MenuIcons", 0, 1, &SettingsRecord::MenuIcons},
-    {"Gradients", 0, 1, &SettingsRecord::Gradients},
-    {"ShowLineNumbers", 0, 1, &SettingsRecord::ShowLineNumbers},
-    {"ShowSpaces", 0, 1, &SettingsRecord::ShowSpaces},
-    {"LineHints", 0, 1, &SettingsRecord::LineHints},
-    {"Thumbnails", 0, 1, &SettingsRecord::Thumbnails},
-    {"UseColour", 0, 1, &SettingsRecord::UseColour},
-    {"SuperTab", 0, 1, &SettingsRecord::SuperTab},
-    {"RecentLimit", 10, 200, &SettingsRecord::RecentLimit},
-    {"ProjectLimit", 3, 50, &SettingsRecord::ProjectLimit},
-    {"FindHistoryLimit", 3, 50, &SettingsRecord::FindHistoryLimit},
-    {"ReplaceHistoryLimit", 3, 50, &SettingsRecord::ReplaceHistoryLimit},
-    {"ScreenReader", 0, 2, &SettingsRecord::ScreenReader},
-};
-
-template <std::size_t Size>
-void ReadFlags(SettingsReader& reader, const QString& section, std::array<int, Size>& flags)
-{
-    for (std::size_t i = 0; i < Size; ++i)
-        flags[i] = reader.Flag(section, QString::number(i));
-}
-
-void ReadMisc(SettingsReader& reader, SettingsRecord& settings)
-{
-    for (const NumberRow& row : MiscNumbers)
-        settings.*row.Value = reader.Number(Misc, QString::fromLatin1(row.Key), row.Low, row.High);
-    settings.LineCommentLineChar = reader.Text(Misc, QStringLiteral("LineCommentLineChar"));
-    settings.LineCommentSearchChar = reader.Text(Misc, QStringLiteral("LineCommentSearchChar"));
-    settings.RNDPath = paths::Inside(ReadIni(Misc, QStringLiteral("RNDPath")));
-    Frame.ShowWelcome = reader.Flag(Misc, QStringLiteral("1stTime"));
-}
-
-/// The window reads them itself, before there are settings.
-void CorrectWindowPosition(SettingsReader& reader)
-{
-    constexpr int Most = 100'000; // pixels
-    for (const char* key : {"Left", "Top", "Width", "Height", "Max"})
-        reader.Number(QStringLiteral("Window Positions"), QString::fromLatin1(key), -Most, Most);
-}
-
-void ReadMediaStyle(SettingsReader& reader, SettingsRecord& settings)
-{
-    const QString section = QStringLiteral("Syntax Colours");
-    settings.MediaListBackColour = reader.Number(section, QStringLiteral("MediaListBackColour"), 0, 0xFFFFFF);
-    settings.MediaListColour = reader.Number(section, QStringLiteral("MediaListColour"), 0, 0xFFFFFF);
-    settings.MediaListFontName = reader.Text(section, QStringLiteral("MediaListFontName"));
-    settings.MediaListFontSize = reader.Real(section, QStringLiteral("MediaListFontSize"));
-    settings.MediaListFontBold = reader.Truth(section, QStringLiteral("MediaListFontBold"));
-    settings.MediaListFontItalic = reader.Truth(section, QStringLiteral("MediaListFontItalic"));
+    for (const SettingRow& row : SettingRows())
+        if (row.Place && section == QLatin1StringView(row.Section))
+            reader.Read(row);
 }
 
 void ReadAnimModes(SettingsRecord& settings)
@@ -142,21 +83,19 @@ void LoadSettings()
 {
     SettingsReader reader;
     SettingsRecord& settings = Frame.Settings;
-    LoadSyntaxColours(Panes().Pane(0), QStringLiteral("Syntax Colours"), true, reader);
+    LoadSyntaxColours(Panes().Pane(0), ColourKeys, true, reader);
     settings.Bands = ReadBands(reader);
     emit Events().ToolBarsLoaded();
-    ReadMediaStyle(reader, settings);
+    ReadRows(reader, ColourKeys);
     emit Events().MediaLooksChanged();
-    ReadFlags(reader, QStringLiteral("QuickElementTemplate"), settings.QuickElementTemplate);
-    ReadFlags(reader, QStringLiteral("AutoCompleteTemplate"), settings.AutoCompleteTemplate);
-    ReadFlags(reader, QStringLiteral("Nags"), settings.Nags);
-    ReadMisc(reader, settings);
-    CorrectWindowPosition(reader);
+    for (const char* section : {"QuickElementTemplate", "AutoCompleteTemplate", "Nags", "Misc"})
+        ReadRows(reader, QLatin1StringView(section));
+    Frame.ShowWelcome = reader.Number(SettingOf(MiscKeys, QLatin1StringView("1stTime")));
+    for (const char* key : {"Left", "Top", "Width", "Height", "Max"}) // the window has read them before
+        reader.Number(SettingOf(QLatin1StringView("Window Positions"), QLatin1StringView(key)));
     emit Events().MenuStripsChanged(settings.Gradients == 1);
     emit Events().ViewSettingChanged();
-    for (int i = 1; i <= 6; ++i)
-        settings.ComType.at(i) =
-            ReadIni(QStringLiteral("RND Compatibility"), QStringLiteral("ComType%1").arg(i), QStringLiteral("compat"));
+    ReadDumpCommands();
     DeriveGameFolders();
     ShowInitialFolders();
     LoadHistories();
@@ -165,7 +104,7 @@ void LoadSettings()
         ApplyViewSetting(id, ViewSetting(id));
     reader.WriteBack();
     if (!reader.Corrected().isEmpty())
-        ShowMessage(MessageSettingsBroken, FirstOf(reader.Corrected()));
+        ShowMessage(message::SettingsBroken, FirstOf(reader.Corrected()));
 }
 
 int ViewSetting(int id)
@@ -211,13 +150,7 @@ void ApplyViewSetting(int id, int value)
 
 void ToggleView(int id)
 {
-    for (const ViewToggle& row : ViewToggles()) {
-        if (row.Id != id)
-            continue;
-        int& value = Frame.Settings.*row.Value;
-        value = value == 1 ? 0 : 1;
-        emit Events().ViewSettingChanged();
-        WriteIni(value, Misc, QString::fromLatin1(row.Key));
-        ApplyViewSetting(id, value);
-    }
+    for (const ViewToggle& row : ViewToggles())
+        if (row.Id == id)
+            ChangeSetting(SettingOf(MiscKeys, QLatin1StringView(row.Key)), Frame.Settings.*row.Value == 1 ? 0 : 1);
 }

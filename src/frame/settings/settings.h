@@ -1,5 +1,6 @@
 #pragma once
 
+#include "frame/media/sheet_endings.h"
 #include "frame/settings/cool_bar_bands.h"
 #include "platform/result.h"
 
@@ -30,6 +31,7 @@ struct SettingsRecord
     int SafeSystemBASIC = 1, RecentLimit = 50, ProjectLimit = 20, FindHistoryLimit = 30, ReplaceHistoryLimit = 30;
     int ScreenReader = 0; ///< 0 automatic, 1 always, 2 never: whether panes tell their text to assistive technology
     QString RNDPath;
+    QString ImageEditor; ///< program that opens a sheet's image; empty: the desktop's own
     std::array<int, 10> QuickElementTemplate{};
     std::array<int, 4> AutoCompleteTemplate{};
     std::array<int, 5> Nags{1, 1, 1, 1, 1};
@@ -41,8 +43,7 @@ struct SettingsRecord
     bool MediaListFontBold = false, MediaListFontItalic = false;
 
     std::array<QString, 7> ComType; ///< 1 to 6
-    /// Endings of tile sheets, lower case, without dot.
-    QStringList SheetKinds{QStringLiteral("pcx"), QStringLiteral("png")};
+    SheetEndings SheetKinds{QStringLiteral("pcx"), QStringLiteral("png")};
     QStringList AnimModes;
     QString RndFolder, RndDocsFolder, RndGfxFolderName, RndSfxFolderName, LevelsFolder;
 };
@@ -86,6 +87,9 @@ struct ViewToggle
 const std::array<ViewToggle, 6>& ViewToggles();
 void ToggleView(int id);
 
+/// ComType1 to ComType6 from compat.ini.
+void ReadDumpCommands();
+
 /// RndFolder and its like from RNDPath and compat.ini; the first data folder that holds `FileNameCheck5` counts.
 void DeriveGameFolders();
 
@@ -94,6 +98,3 @@ void SaveHistories();
 
 /// False, with message 10, if RNDPath is empty or names no file.
 bool IsRndPathSet();
-
-/// Does a conf line name a tile sheet ("." + one of SheetKinds, case ignored)?
-bool HasSheetName(QStringView line);

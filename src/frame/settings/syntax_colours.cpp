@@ -1,7 +1,7 @@
 #include "frame/editor_pane.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
-#include "frame/settings/settings.h"
+#include "frame/settings/settings_table.h"
 #include "frame/settings/shipped_settings.h"
 
 #include <QFontDatabase>
@@ -9,7 +9,6 @@
 namespace {
 
 constexpr int WindowSlot = 0, HighlightSlot = 30, StringSlot = 16, StringBackSlot = 17;
-constexpr int LargestColour = 0xFFFFFF;
 
 struct PaneFont
 {
@@ -38,17 +37,18 @@ struct Look
 Look ReadLook(SettingsReader& reader, const QString& section)
 {
     Look look;
-    const auto number = [&](const char* key, int high) {
-        return reader.Number(section, QString::fromLatin1(key), 0, high);
+    const auto number = [&](const char* key) {
+        const SettingRow& row = SettingOf(QLatin1StringView("Syntax Colours"), QLatin1StringView(key));
+        return reader.Number(section, QString::fromLatin1(key), row.Low, row.High);
     };
     for (std::size_t kind = 0; kind < SyntaxKeys().size(); ++kind) {
         const SyntaxRow& row = SyntaxKeys()[kind];
-        look.Colour[kind] = number(row.ColourKey, LargestColour);
-        look.Back[kind] = number(row.BackKey, LargestColour);
-        look.Style[kind] = number(row.StyleKey, 3);
+        look.Colour[kind] = number(row.ColourKey);
+        look.Back[kind] = number(row.BackKey);
+        look.Style[kind] = number(row.StyleKey);
     }
-    look.Window = number("WindowColour", LargestColour);
-    look.Highlight = number("HighlightedLineColour", LargestColour);
+    look.Window = number("WindowColour");
+    look.Highlight = number("HighlightedLineColour");
     look.Font = MainFont(reader, section);
     return look;
 }

@@ -1,9 +1,11 @@
 #include "frame/start/start_up.h"
 
 #include "frame/files/file_commands.h"
+#include "frame/files/put_back.h"
 #include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
+#include "frame/settings/settings_table.h"
 #include "platform/in_place.h"
 #include "platform/paths.h"
 
@@ -79,6 +81,7 @@ bool PrepareStart(const StartFolders& folders, const QStringList& arguments)
     Frame.StartingUp = true;
     // Before any file is read: what an earlier run began to write in place and could not end.
     Frame.FinishedWrites = in_place::FinishInterrupted();
+    Frame.PutBack = name_swap::FinishAll();
     Frame.MacrosFolder = Frame.ProgramFolder + QStringLiteral("Macros/");
     if (!paths::FolderExists(Frame.MacrosFolder))
         QDir().mkpath(Frame.MacrosFolder);
@@ -88,11 +91,11 @@ bool PrepareStart(const StartFolders& folders, const QStringList& arguments)
 
     const QString missing = MissingTable();
     if (!missing.isEmpty()) {
-        ShowMessage(2, paths::Native(missing));
+        ShowMessage(message::FileMissing, paths::Native(missing));
         return false;
     }
     if (!paths::FileExists(Frame.HelpExe) || !paths::FileExists(Frame.HelpZip)) {
-        ShowMessage(4);
+        ShowMessage(message::HelpMissing);
         return false;
     }
     Frame.CurrentFolder = Frame.CommandLine.isEmpty() ? Frame.ProgramFolder : QString();
@@ -119,16 +122,17 @@ void FinishStart()
     if (!Frame.FinishedWrites.isEmpty())
         ShowNotice(QStringLiteral("The interrupted save of these files was finished: ") +
                    Frame.FinishedWrites.join(QStringLiteral(", ")));
+    TellPutBack(Frame.PutBack);
     Panes().FocusPane();
 }
 
-QString ShowWelcomeMessage()
+int ShowWelcomeMessage()
 {
     Frame.ShowWelcome = 0;
-    QString answer = ShowMessage(999);
-    if (answer == QLatin1StringView("OK"))
+    const int answer = ShowMessage(message::Welcome);
+    if (answer == message::WelcomeOk)
         Panes().FocusPane();
-    else if (answer == QLatin1StringView("Don't Show This Again"))
-        WriteIni(0, QStringLiteral("Misc"), QStringLiteral("1stTime"));
+    else if (answer == message::DoNotShowAgain)
+        ChangeSetting(SettingOf(QLatin1StringView("Misc"), QLatin1StringView("1stTime")), 0);
     return answer;
 }

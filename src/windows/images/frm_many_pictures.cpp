@@ -209,16 +209,16 @@ void frmManyPictures::Add(const QStringList& files)
 
 void frmManyPictures::AddFiles()
 {
-    Add(Ask().OpenFiles({.Title = QStringLiteral("Add Pictures"),
-                         .Filter = LabOpenFilter(),
-                         .Folder = Lists().Base.Folder(),
-                         .Preset = {},
-                         .Selected = -1}));
+    Add(AskFiles({.Title = QStringLiteral("Add Pictures"),
+                  .Filter = LabOpenFilter(),
+                  .Folder = Lists().Base.Folder(),
+                  .Preset = {},
+                  .Selected = -1}));
 }
 
 void frmManyPictures::AddFolder()
 {
-    if (const auto folder = Ask().Folder(QStringLiteral("Add the Pictures of a Folder")))
+    if (const auto folder = AskText(FolderQuestion{QStringLiteral("Add the Pictures of a Folder"), {}}))
         Add({*folder});
 }
 
@@ -230,7 +230,7 @@ void frmManyPictures::Remove()
 
 void frmManyPictures::ChooseFolder()
 {
-    if (const auto folder = Ask().Folder(QStringLiteral("Write the Pictures into a Folder")))
+    if (const auto folder = AskText(FolderQuestion{QStringLiteral("Write the Pictures into a Folder"), {}}))
         txtFolder->setText(paths::Native(*folder));
 }
 

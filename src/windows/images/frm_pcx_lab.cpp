@@ -28,9 +28,6 @@
 
 namespace {
 
-constexpr int LabBadImage = 100, FileExistsQuestion = 9;
-const QString LabCancel = QStringLiteral("Cancel");
-
 } // namespace
 
 void frmPCXLab::Run(QWidget* owner)
@@ -52,7 +49,7 @@ void frmPCXLab::AskForPicture()
                                 .Folder = lastFolder,
                                 .Preset = {},
                                 .Selected = -1};
-    if (const auto path = Ask().OpenFile(question)) {
+    if (const auto path = AskText(question)) {
         lastFolder = paths::FolderOfPath(*path);
         Load(*path);
     }
@@ -65,9 +62,9 @@ void frmPCXLab::Load(const QString& path)
     Busy().BusyPointer(false);
     if (!done) {
         if (done.error().Path == path)
-            ShowMessage(LabBadImage);
+            ShowMessage(message::BadImage);
         else
-            ShowMessage(MessagePathError, done.error().Text()); // the decoder is not there
+            ShowFailure(done.error()); // the decoder is not there
         return;
     }
     lastName = paths::FileNameOfPath(path);
@@ -90,7 +87,7 @@ void frmPCXLab::ShowSaveButton()
     cmdSave->setText(SaveCaption(Lab.SaveTag));
 }
 
-/// Behind what the box holds, and into view.
+/// After what the box holds, and into view.
 void frmPCXLab::Tell(const QString& lines)
 {
     txtInfo->moveCursor(QTextCursor::End);
@@ -114,7 +111,7 @@ void frmPCXLab::Convert()
     Busy().BusyPointer(false);
     if (!done) {
         if (whole)
-            ShowMessage(MessagePathError, done.error().Text());
+            ShowFailure(done.error());
         return;
     }
     viewers[1]->ReplacePicture(Lab.After);
@@ -123,19 +120,20 @@ void frmPCXLab::Convert()
 
 void frmPCXLab::Save()
 {
-    const FileQuestion question{.Title = QStringLiteral("Save to PCX"),
+    const FileQuestion question{.For = FileQuestion::Save,
+                                .Title = QStringLiteral("Save to PCX"),
                                 .Filter = LabSaveFilter(),
                                 .Folder = Lists().Base.Folder(),
                                 .Preset = QFileInfo(lastName).completeBaseName() + EndingOf(PictureForm::Pcx),
                                 .Completes = true};
-    const auto path = Ask().SaveFile(question);
-    if (!path || (paths::FileExists(*path) && ShowMessage(FileExistsQuestion) == LabCancel))
+    const auto path = AskText(question);
+    if (!path || (paths::FileExists(*path) && !Confirmed(message::OverwriteFile)))
         return;
     Busy().BusyPointer(true);
     const Result<> done = WritePicture(*path, Lab.After, Lab.SaveTag);
     Busy().BusyPointer(false);
     if (!done) {
-        ShowMessage(MessagePathError, done.error().Text());
+        ShowFailure(done.error());
         return;
     }
     Tell(QStringLiteral("Saved as %1 (%2 Bit)\n").arg(paths::FileNameOfPath(*path)).arg(int(Lab.SaveTag)));

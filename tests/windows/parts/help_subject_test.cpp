@@ -2,6 +2,7 @@
 #include "frame/frame_events.h"
 #include "frame/host_ports.h"
 #include "windows/blocks/frm_comment.h"
+#include "windows/blocks/frm_inject.h"
 #include "windows/main/dialog_keys.h"
 #include "windows/main/main_window_test.h"
 #include "windows/messages/window_asker.h"
@@ -62,17 +63,18 @@ TEST_F(HelpSubjectTest, F1InAWindowAboveShowsItsPage)
         QCoreApplication::sendEvent(in->focusWidget() ? in->focusWidget() : in, &key);
     };
     WindowAsker asker(Window.get());
-    MessageRecord record;
     const std::function<void()> windows[] = {
-        [&] { asker.Message(record); },
-        [&] { asker.Input({}, {}, {}); },
-        [&] { asker.OpenFile({}); },
-        [&] { asker.SaveFile({}); },
-        [&] { asker.Folder({}); },
+        [&] { asker.Ask(MessageQuestion{}); },
+        [&] { asker.Ask(InputQuestion{}); },
+        [&] { asker.Ask(FileQuestion{}); },
+        [&] {
+            asker.Ask(FileQuestion{FileQuestion::Save, {}, {}, {}, {}});
+        },
+        [&] { asker.Ask(FolderQuestion{}); },
         [&] { Tools().OpenTool(ToolWindow::Project); },
         [&] { Tools().OpenTool(ToolWindow::About); },
         [&] { frmComment::Ask(Window.get()); },
-        [&] { Tools().OpenTool(ToolWindow::Inject); },
+        [&] { RunInjectWindow(CurrentPane(), {}, Window.get()); },
     };
     for (const auto& open : windows) {
         OnModal([&](QWidget& window) { press(&window); });
