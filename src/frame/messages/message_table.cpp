@@ -2,7 +2,7 @@
 
 namespace {
 
-// In number order. The welcome offers "Options" as soon as there is an options window.
+// In number order.
 constexpr MessageRow Rows[] = {
     {1, 3, "No Selection Error", 6, "blu", "OK", nullptr,
      "You need to highlight an element (or element & action) first.^^For example, select:  yamyam.moving.right"},
@@ -122,7 +122,7 @@ constexpr MessageRow Rows[] = {
     {307, -1, "File Was Changed", 2, "whi", "Cancel_Overwrite", nullptr,
      "Another program has changed this file since it was loaded or saved here:-^^%1^^Do you want to overwrite it with "
      "the text you have here?"},
-    {999, -1, "Welcome", 8, "bro", "OK_Read Help_Don't Show This Again", "OK",
+    {999, -1, "Welcome", 8, "bro", "OK_Read Help_Options_Don't Show This Again", "OK",
      "Welcome To Gemforge.^^No Help at the moment! Just set your RND path (in options) and it should be "
      "ok!^^Cheers!^^Ross...."},
 };

@@ -71,15 +71,12 @@ void CorrectWindowPosition(SettingsReader& reader)
         reader.Number(QStringLiteral("Window Positions"), QString::fromLatin1(key), -Most, Most);
 }
 
-void ReadMediaStyle(SettingsReader& reader, SettingsRecord& settings)
+/// Which form it is stands first: nothing is coloured twice.
+void ReadLooks(SettingsReader& reader, SettingsRecord& settings)
 {
-    const QString section = QStringLiteral("Syntax Colours");
-    settings.MediaListBackColour = reader.Number(section, QStringLiteral("MediaListBackColour"), 0, 0xFFFFFF);
-    settings.MediaListColour = reader.Number(section, QStringLiteral("MediaListColour"), 0, 0xFFFFFF);
-    settings.MediaListFontName = reader.Text(section, QStringLiteral("MediaListFontName"));
-    settings.MediaListFontSize = reader.Real(section, QStringLiteral("MediaListFontSize"));
-    settings.MediaListFontBold = reader.Truth(section, QStringLiteral("MediaListFontBold"));
-    settings.MediaListFontItalic = reader.Truth(section, QStringLiteral("MediaListFontItalic"));
+    settings.ColourForm = reader.Number(Misc, QStringLiteral("ColourForm"), FollowDesktop, AlwaysDark);
+    settings.Fonts = ReadFonts(reader);
+    GiveLookToAll(ReadLook(reader, SectionOf(FormInUse())), settings.Fonts);
 }
 
 void ReadAnimModes(SettingsRecord& settings)
@@ -142,11 +139,9 @@ void LoadSettings()
 {
     SettingsReader reader;
     SettingsRecord& settings = Frame.Settings;
-    LoadSyntaxColours(Panes().Pane(0), QStringLiteral("Syntax Colours"), true, reader);
+    ReadLooks(reader, settings);
     settings.Bands = ReadBands(reader);
     emit Events().ToolBarsLoaded();
-    ReadMediaStyle(reader, settings);
-    emit Events().MediaLooksChanged();
     ReadFlags(reader, QStringLiteral("QuickElementTemplate"), settings.QuickElementTemplate);
     ReadFlags(reader, QStringLiteral("AutoCompleteTemplate"), settings.AutoCompleteTemplate);
     ReadFlags(reader, QStringLiteral("Nags"), settings.Nags);

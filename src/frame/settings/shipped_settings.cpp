@@ -52,7 +52,9 @@ QString SettingsReader::Shipped(const QString& section, const QString& key)
 
 QString SettingsReader::Correct(const QString& section, const QString& key)
 {
-    corrected << u'[' + section + QStringLiteral("] ") + key;
+    // A section that is not there at all is newer than the file.
+    if (!ReadSection(section).isEmpty())
+        corrected << u'[' + section + QStringLiteral("] ") + key;
     return Take(section, key);
 }
 

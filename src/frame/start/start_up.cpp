@@ -128,6 +128,8 @@ QString ShowWelcomeMessage()
     QString answer = ShowMessage(999);
     if (answer == QLatin1StringView("OK"))
         Panes().FocusPane();
+    else if (answer == QLatin1StringView("Options"))
+        Tools().OpenTool(ToolWindow::Options);
     else if (answer == QLatin1StringView("Don't Show This Again"))
         WriteIni(0, QStringLiteral("Misc"), QStringLiteral("1stTime"));
     return answer;

@@ -13,6 +13,8 @@
 #include "windows/lists/recent_popup.h"
 #include "windows/main/status_panels.h"
 #include "windows/main/tab_strip.h"
+#include "windows/options/frm_options.h"
+#include "windows/parts/window_position.h"
 
 #include <QApplication>
 #include <QMenuBar>
@@ -103,6 +105,10 @@ void frmmain::OpenTool(ToolWindow tool)
         frmAbout::Run({[this](const QByteArray& tune) { PlayModule(tune); }, [this] { StopPlayers(); }}, this);
     if (tool == ToolWindow::Inject)
         RunInjectWindow(this);
+    if (tool == ToolWindow::Options) {
+        RunOptionsWindow({[this] { bars.SaveCoolbar(); }, [this] { StorePosition(*this); }, {}}, this);
+        FocusPane();
+    }
 }
 
 void frmmain::ShowList(ListKind list)
