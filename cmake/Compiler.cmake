@@ -23,6 +23,9 @@ if(GEMFORGE_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${GEMFORGE_CCACHE})
 endif()
 
+# A program loads only what it uses; the rooms' own link lists say more than that.
+add_link_options(-Wl,--as-needed)
+
 # Units of several files (CMAKE_UNITY_BUILD in the presets) take a third of the time; types of unnamed namespaces then
 # seem to come from a header.
 if(CMAKE_UNITY_BUILD)

@@ -7,7 +7,7 @@
 function(gemforge_room name)
   string(REPLACE "/" "_" target ${name})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
-  list(FILTER sources EXCLUDE REGEX "/main\\.cpp$|/program/|/player/")
+  list(FILTER sources EXCLUDE REGEX "/main\\.cpp$|/program/|/film/|/player/")
   file(GLOB_RECURSE inner CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*/CMakeLists.txt)
   foreach(file ${inner})
     get_filename_component(folder ${file} DIRECTORY)

@@ -13,9 +13,9 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     QTextStream out(stdout), err(stderr);
     BatchHost host;
-    AnswerList answers;
+    AnswerList answers(WhenAnswersEnd::FirstButton);
     InstallHost(host, answers);
-    VerbStreams streams{out, err};
+    VerbStreams streams{out, err, answers};
     const Result<> ready = PrepareTools(OrdinaryFolders(QCoreApplication::applicationDirPath()));
     const VerbResult result =
         ready ? RunVerb(QCoreApplication::arguments().mid(1), streams) : Failed(ready.error(), streams);

@@ -1,6 +1,7 @@
 #include "batch/prepare_tools.h"
 
 #include "frame/frame_state.h"
+#include "frame/settings/settings_table.h"
 #include "frame/settings/shipped_settings.h"
 #include "platform/paths.h"
 
@@ -8,12 +9,9 @@ namespace {
 
 void ReadToolSettings()
 {
-    const QString misc = QStringLiteral("Misc");
     SettingsReader reader;
-    SettingsRecord& settings = Frame.Settings;
-    settings.SpacerWidth = reader.Number(misc, QStringLiteral("SpacerWidth"), 10, 200);
-    settings.SuperTab = reader.Flag(misc, QStringLiteral("SuperTab"));
-    settings.RNDPath = paths::Inside(ReadIni(misc, QStringLiteral("RNDPath")));
+    for (const char* key : {"SpacerWidth", "SuperTab", "RNDPath"})
+        reader.Read(SettingOf(QLatin1StringView("Misc"), QLatin1StringView(key)));
     DeriveGameFolders();
 }
 

@@ -1,7 +1,9 @@
 #include "batch/verbs.h"
 
+#include "batch/answer_list.h"
 #include "batch/block_verbs.h"
 #include "batch/conf_verbs.h"
+#include "batch/image_verbs.h"
 #include "batch/level_verbs.h"
 
 #include <algorithm>
@@ -42,6 +44,25 @@ constexpr Verb AllVerbs[] = {
      "\"A files: B the same, C different, D no level\".\n"
      "Ends with 2 if any file is no level or can not be read, else with 1 if any differs, else with 0.\n",
      LevelVerifyVerb},
+    {"pcx", "IN OUT [--colours N] [--neuquant]",
+     "Turns a picture of any kind into a PCX, or a PNG if OUT ends in .png: of 24 bits, or with an option of 8 bits "
+     "with\n"
+     "a palette of N colours, 2 to 256 (256 without a number), reduced by Wu's method or the other one. See-through\n"
+     "pixels become black. What cannot be read or written ends with 2, and an older OUT stays as it was.\n",
+     PcxVerb},
+    {"film", "IN OUT [--tiles N] [--keep-repeats] [--fit HOW]",
+     "Lays the frames of a film out as a sheet of tiles of 32 by 32 pixels, N a row (1 to 25, else 16); OUT ends in\n"
+     ".bmp, .pcx or .png. A frame that repeats the one before takes no tile, unless asked for. Frames must be of that\n"
+     "size, or HOW tells what becomes of them: \"whole\", \"middle\" (the square in the middle) or the part\n"
+     "X,Y,WIDTH,HEIGHT, each scaled. Prints how many tiles there are. Ends with 1 if the film breaks off or the sheet "
+     "is\n"
+     "full, with 2 if it cannot be read or written.\n",
+     FilmVerb},
+    {"sheet", "OUT IN... [--tiles N] [--drop-repeats] [--fit HOW]",
+     "Lays pictures, or those of folders, out as a sheet in the same way. One of several tiles gives them all. Ends "
+     "with\n"
+     "2, and writes nothing, if any of them cannot be read or is of another size without --fit.\n",
+     SheetVerb},
 };
 
 const Verb* FindVerb(const QString& name)
@@ -135,5 +156,7 @@ VerbResult RunVerb(const QStringList& arguments, VerbStreams streams)
         Explain(*verb, streams.Out);
         return VerbDone;
     }
-    return verb->Run(rest, streams);
+    const VerbResult result = verb->Run(rest, streams);
+    const Result<> answered = streams.Answers.Outcome();
+    return answered ? result : Failed(answered.error(), streams);
 }

@@ -6,11 +6,14 @@
 #include <QTextStream>
 #include <span>
 
-/// Where a verb speaks: results on Out, usage and reading errors on Err.
+class AnswerList;
+
+/// Where a verb speaks and is answered: results on Out, usage and reading errors on Err.
 struct VerbStreams
 {
     QTextStream& Out;
     QTextStream& Err;
+    AnswerList& Answers; ///< of the asker that is installed
 };
 
 /// What a verb ends with, as the process's exit code.
@@ -20,13 +23,14 @@ enum VerbResult : int { VerbDone = 0, VerbFound = 1, VerbFailed = 2 };
 struct Verb
 {
     const char* Name;  ///< one word or two
-    const char* Usage; ///< arguments behind the name
+    const char* Usage; ///< arguments after the name
     const char* Help;  ///< what it does, its output and exit codes
     VerbResult (*Run)(const QStringList& arguments, VerbStreams& streams);
 };
 std::span<const Verb> Verbs();
 
-/// Runs `arguments` (verb first). "--help" alone lists the verbs, behind a verb it explains that one.
+/// Runs `arguments` (verb first). "--help" alone lists the verbs, after a verb it explains that one. An answer that
+/// did not fit its question ends with VerbFailed.
 VerbResult RunVerb(const QStringList& arguments, VerbStreams streams);
 
 /// Tells path and reason of a failure.

@@ -33,9 +33,9 @@ void CheckForErrors()
     }
     if (found) {
         pane.ExecuteCmd(CmdGotoLine, found->Line);
-        ShowMessage(121, found->Messages.join(QLatin1Char('^')) + QLatin1Char('^'));
+        ShowMessage(message::ConfErrors, found->Messages.join(QLatin1Char('^')) + QLatin1Char('^'));
     } else {
-        ShowMessage(120);
+        ShowMessage(message::NoConfErrors);
     }
     Panes().FocusPane();
 }

@@ -44,12 +44,12 @@ void EditElement()
         return;
     const QString main = CleanValue(pane.GetLine(*mainLine));
     if (!main.contains(QLatin1Char(':'))) {
-        ShowMessage(34);
+        ShowMessage(message::ColonMissing);
         return;
     }
     const QString key = KeyOfLine(main);
     if (EndsIn(key, ".editor") || EndsIn(key, ".preview")) {
-        ShowMessage(29);
+        ShowMessage(message::SubCommandRefused);
         return;
     }
     Conf.CrumbledBlock = EndsIn(key, ".crumbled");

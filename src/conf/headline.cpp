@@ -30,9 +30,10 @@ QStringList HeadlineLines(const QString& text)
 
 void MakeHeadline()
 {
-    const auto text = Ask().Input(
+    const auto text = AskText(InputQuestion{
         QStringLiteral("Make A Headline"),
-        QStringLiteral("Enter headline. Remember, the editor palette in RnD is only 4 characters in width."), {});
+        QStringLiteral("Enter headline. Remember, the editor palette in RnD is only 4 characters in width."),
+        {}});
     if (!text || text->isEmpty() || text->size() > LongestHeadline)
         return;
     DocumentText& pane = CurrentPane();

@@ -38,5 +38,5 @@ void RunHelp(const QString& helpId)
     const QStringList arguments = helpId.isEmpty() ? QStringList() : QStringList(helpId);
     const Result<> started = processes::StartDetached(processes::ShortPath(Frame.HelpExe), arguments);
     if (!started)
-        ShowMessage(MessagePathError, started.error().Text());
+        ShowFailure(started.error());
 }

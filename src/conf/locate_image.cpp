@@ -55,13 +55,13 @@ void Locate(bool quick)
     Conf.QuickPreview = quick;
     switch (LocateElementImage()) {
     case NoMainLine:
-        ShowMessage(40);
+        ShowMessage(message::NoImageNamed);
         break;
     case NoImageName:
-        ShowMessage(34);
+        ShowMessage(message::ColonMissing);
         break;
     case ImageNotInLists:
-        ShowMessage(42);
+        ShowMessage(message::NamedImageMissing);
         break;
     case ImageOpened:
     case NothingToLocate:

@@ -55,7 +55,7 @@ void WriteElementBlock(bool full, int undoMark)
     const QString key = KeyFromSelection(selected);
     const bool broken = std::any_of(selected.begin(), selected.end(), [](QChar c) { return c < LowestOfKey; });
     if (key.isEmpty() || broken) {
-        ShowMessage(1);
+        ShowMessage(message::NoElementHighlighted);
         return;
     }
     if (undoMark != CallersUndoGroup)

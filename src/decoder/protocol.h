@@ -19,14 +19,31 @@ constexpr std::uint32_t Kinds = 27;               ///< kinds have the image libr
 
 enum class Task : std::uint32_t {
     Header, ///< the size only, without decoding pixels where the kind allows it
-    Pixels
+    Pixels,
+    Reduced, ///< to a palette
+    Gif      ///< as the bytes of a GIF; what has no palette gets one of 256 colours
 };
+
+enum class Quantizer : std::uint32_t { Wu, NeuQuant };
+
+/// How colours are made fewer. An image that has no more than that keeps its own.
+struct Reduction
+{
+    std::uint32_t Colours = 256;
+    Quantizer Method = Quantizer::Wu;
+    bool KeepBlack = false; ///< what is black stays black, and nothing else becomes it
+
+    bool operator==(const Reduction&) const = default;
+};
+
+constexpr std::uint32_t LeastColours = 2, MostColours = 256;
 
 struct Request
 {
     std::uint32_t Serial = 0; ///< comes back in the answer
     std::uint32_t Kind = 0;
     Task What = Task::Pixels;
+    Reduction How = {}; ///< of Reduced
 
     bool operator==(const Request&) const = default;
 };
@@ -35,6 +52,14 @@ enum class Outcome : std::uint32_t {
     Done,
     NotRead, ///< not of its kind, or broken
     TooLarge
+};
+
+/// What follows an answer. Rows go from the top.
+enum class Payload : std::uint32_t {
+    None,
+    Words,   ///< a word 0xAARRGGBB a pixel, not premultiplied
+    Numbers, ///< 256 words 0xffRRGGBB, then a byte a pixel, rows filled up to a multiple of four bytes
+    File     ///< FileBytes bytes
 };
 
 struct Answer
@@ -46,13 +71,14 @@ struct Answer
     std::uint32_t ColoursUsed = 0;       ///< length of the palette, 0 without one
     bool EndsEarly = false;              ///< a PCX whose data ends before its last line
     bool Alpha = false;                  ///< some pixels are see-through
-    bool Pixels = false; ///< PixelBytes follow: rows from the top, a word 0xAARRGGBB a pixel, not premultiplied
+    Payload Behind = Payload::None;
+    std::uint32_t FileBytes = 0;
 
     bool operator==(const Answer&) const = default;
 };
 
-using RequestBytes = std::array<std::byte, 16>;
-using AnswerBytes = std::array<std::byte, 36>;
+using RequestBytes = std::array<std::byte, 28>;
+using AnswerBytes = std::array<std::byte, 40>;
 
 RequestBytes Pack(const Request& request);
 AnswerBytes Pack(const Answer& answer);
@@ -64,7 +90,10 @@ std::optional<Answer> UnpackAnswer(Bytes bytes);
 /// Whether an image of this size is decoded at all.
 bool WithinLimits(std::uint64_t width, std::uint64_t height);
 
-/// What follows an answer.
-std::size_t PixelBytes(const Answer& answer);
+/// The row of an image whose pixels are numbers of colours.
+std::size_t NumberRow(std::uint32_t width);
+
+/// How many bytes follow an answer.
+std::size_t PayloadBytes(const Answer& answer);
 
 } // namespace decoder

@@ -55,9 +55,3 @@ ToolPort& Tools()
     Q_ASSERT(Frame.Host);
     return *Frame.Host;
 }
-
-Asker& Ask()
-{
-    Q_ASSERT(Frame.Ask);
-    return *Frame.Ask;
-}

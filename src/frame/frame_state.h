@@ -66,4 +66,3 @@ extern FrameState Frame;
 void ResetFrame();
 
 void InstallHost(HostWindow& host, Asker& asker);
-Asker& Ask();

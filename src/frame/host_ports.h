@@ -37,7 +37,7 @@ public:
     virtual void BusyPointer(bool busy) = 0;
 };
 
-enum class ToolWindow { Project, About, Inject, Options };
+enum class ToolWindow { Project, About, Inject, Options, PCXLab, AVI2BMP };
 enum class ListKind { Recent, Comments, Blocks };
 
 /// Windows and players that a routine opens by name.

@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QtEndian>
+#include <algorithm>
 #include <optional>
 
 namespace {
@@ -39,33 +40,72 @@ QByteArray Header(QSize size, int planes)
     return header.append(128 - header.size(), '\0');
 }
 
-void AppendRuns(QByteArray& to, const QByteArray& plane)
+/// Room for a file in which every byte is a run of its own; what is left over is cut off.
+class RunFile
 {
-    for (qsizetype at = 0; at < plane.size();) {
-        const char value = plane[at];
-        int count = 1;
-        while (count < LongestRun && at + count < plane.size() && plane[at + count] == value)
-            ++count;
-        if (count > 1 || quint8(value) >= RunMark)
-            to.append(char(RunMark | count));
-        to.append(value);
-        at += count;
+public:
+    RunFile(QSize size, int planes)
+        : plane(BytesPerLine(size.width()), '\0'), bytes(Header(size, planes)), end(bytes.size())
+    {
+        bytes.resize(end + 2 * plane.size() * planes * size.height());
     }
-}
+
+    char* Plane() { return plane.data(); } ///< of a line, to be filled; padded to an even width
+
+    void AppendPlane()
+    {
+        char* to = bytes.data() + end;
+        const char* at = plane.constData();
+        for (const char* const last = at + plane.size(); at < last;) {
+            const char* run = at + 1;
+            for (const char* const most = std::min(last, at + LongestRun); run < most && *run == *at;)
+                ++run;
+            if (run - at > 1 || quint8(*at) >= RunMark)
+                *to++ = char(RunMark | int(run - at));
+            *to++ = *at;
+            at = run;
+        }
+        end = to - bytes.constData();
+    }
+
+    QByteArray Taken() { return bytes.first(end); }
+
+private:
+    QByteArray plane, bytes;
+    qsizetype end;
+};
 
 QByteArray Full(const QImage& picture)
 {
-    QByteArray file = Header(picture.size(), 3);
-    QByteArray plane(BytesPerLine(picture.width()), '\0');
+    RunFile file(picture.size(), 3);
     for (int y = 0; y < picture.height(); ++y) {
         const auto* const row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
         for (const int shift : {16, 8, 0}) {
-            for (int x = 0; x < picture.width(); ++x)
-                plane[x] = char(row[x] >> shift);
-            AppendRuns(file, plane);
+            std::transform(row, row + picture.width(), file.Plane(), [=](QRgb pixel) { return char(pixel >> shift); });
+            file.AppendPlane();
         }
     }
-    return file;
+    return file.Taken();
+}
+
+QByteArray PaletteBytes(const QList<QRgb>& colours)
+{
+    QByteArray bytes(1, PaletteMark);
+    for (const QRgb colour : colours)
+        for (const int part : {qRed(colour), qGreen(colour), qBlue(colour)})
+            bytes.append(char(part));
+    return bytes.leftJustified(1 + qsizetype(Colours) * 3, '\0');
+}
+
+/// Numbers and colours as they are.
+QByteArray Numbered(const QImage& picture)
+{
+    RunFile file(picture.size(), 1);
+    for (int y = 0; y < picture.height(); ++y) {
+        std::copy_n(picture.constScanLine(y), picture.width(), file.Plane());
+        file.AppendPlane();
+    }
+    return file.Taken() + PaletteBytes(picture.colorTable());
 }
 
 /// Numbers for colours, in the order in which they first come up.
@@ -82,22 +122,20 @@ public:
         if (number == Colours)
             return {};
         numbers.insert(colour, number);
-        for (const int part : {qRed(colour), qGreen(colour), qBlue(colour)})
-            bytes.append(char(part));
+        colours << colour;
         return number;
     }
-    QByteArray Bytes() const { return PaletteMark + bytes.leftJustified(qsizetype(Colours) * 3, '\0'); }
+    const QList<QRgb>& ColourList() const { return colours; }
 
 private:
     QHash<QRgb, int> numbers;
-    QByteArray bytes;
+    QList<QRgb> colours;
 };
 
 /// Empty for more colours than a palette holds.
 QByteArray WithPalette(const QImage& picture)
 {
-    QByteArray file = Header(picture.size(), 1);
-    QByteArray plane(BytesPerLine(picture.width()), '\0');
+    RunFile file(picture.size(), 1);
     Palette palette;
     for (int y = 0; y < picture.height(); ++y) {
         const auto* const row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
@@ -105,11 +143,11 @@ QByteArray WithPalette(const QImage& picture)
             const std::optional<int> number = palette.NumberOf(row[x] | 0xff000000);
             if (!number)
                 return {};
-            plane[x] = char(*number);
+            file.Plane()[x] = char(*number);
         }
-        AppendRuns(file, plane);
+        file.AppendPlane();
     }
-    return file + palette.Bytes();
+    return file.Taken() + PaletteBytes(palette.ColourList());
 }
 
 } // namespace
@@ -120,6 +158,8 @@ Result<QByteArray> PcxBytes(const QImage& picture, PcxDepth depth)
         return Fail({}, QStringLiteral("There is no picture."));
     if (picture.width() > LongestSide || picture.height() > LongestSide)
         return Fail({}, QStringLiteral("The picture is too large for a PCX file."));
+    if (depth == PcxDepth::Palette && picture.format() == QImage::Format_Indexed8)
+        return Numbered(picture);
     const QImage pixels =
         picture.convertToFormat(picture.hasAlphaChannel() ? QImage::Format_ARGB32 : QImage::Format_RGB32);
     QByteArray file = depth == PcxDepth::Full ? Full(pixels) : WithPalette(pixels);

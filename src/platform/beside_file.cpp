@@ -65,19 +65,6 @@ int CopyAttributes(const QByteArray& from, int to)
 constexpr const char* Prefix = ".gemforge-";
 constexpr time_t LongestSave = 3600; // seconds; another machine's process may be at work in a shared folder
 
-bool IsLeftover(int folder, QByteArrayView name)
-{
-    if (!name.startsWith(Prefix))
-        return false;
-    const QByteArray rest = name.sliced(qsizetype(strlen(Prefix))).toByteArray();
-    bool isNumber = false;
-    const int process = rest.left(rest.indexOf('-')).toInt(&isNumber);
-    FileFacts facts{};
-    return isNumber && process > 0 && kill(process, 0) != 0 && errno == ESRCH &&
-           fstatat(folder, name.toByteArray(), &facts, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(facts.st_mode) &&
-           facts.st_mtime < time(nullptr) - LongestSave;
-}
-
 /// Takes away what saves that were killed have left beside their file.
 void SweepFolder(const QByteArray& path)
 {
@@ -85,12 +72,31 @@ void SweepFolder(const QByteArray& path)
     if (!folder)
         return;
     while (const dirent* entry = readdir(folder))
-        if (IsLeftover(dirfd(folder), entry->d_name))
+        if (IsLeftover(dirfd(folder), entry->d_name, S_IFREG))
             unlinkat(dirfd(folder), entry->d_name, 0);
     closedir(folder);
 }
 
 } // namespace
+
+QByteArray NameBeside(const QByteArray& path)
+{
+    return FolderOf(path) + Prefix + QByteArray::number(getpid()) + '-' +
+           QByteArray::number(QRandomGenerator::system()->generate64(), 16);
+}
+
+bool IsLeftover(int folder, QByteArrayView name, mode_t kind)
+{
+    if (!name.startsWith(Prefix))
+        return false;
+    const QByteArray rest = name.sliced(qsizetype(strlen(Prefix))).toByteArray();
+    bool isNumber = false;
+    const int process = rest.left(rest.indexOf('-')).toInt(&isNumber);
+    FileFacts facts{};
+    return isNumber && process > 0 && ::kill(process, 0) != 0 && errno == ESRCH &&
+           fstatat(folder, name.toByteArray(), &facts, AT_SYMLINK_NOFOLLOW) == 0 && (facts.st_mode & S_IFMT) == kind &&
+           facts.st_mtime < time(nullptr) - LongestSave;
+}
 
 int WriteAll(int file, QByteArrayView bytes, off_t at)
 {
@@ -132,8 +138,7 @@ int BesideFile::Open(const QByteArray& path, mode_t mode)
     target = path;
     SweepFolder(FolderOf(path));
     for (int attempt = 0; attempt < 100; ++attempt) {
-        const QByteArray candidate = FolderOf(path) + Prefix + QByteArray::number(getpid()) + '-' +
-                                     QByteArray::number(QRandomGenerator::system()->generate64(), 16);
+        const QByteArray candidate = NameBeside(path);
         file = Persist([&] { return Steps().Open(candidate, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, mode); });
         if (file >= 0) {
             name = candidate;
@@ -145,9 +150,14 @@ int BesideFile::Open(const QByteArray& path, mode_t mode)
     return EEXIST;
 }
 
+int BesideFile::Put(QByteArrayView bytes, off_t at)
+{
+    return WriteAll(file, bytes, at);
+}
+
 int BesideFile::Append(QByteArrayView bytes)
 {
-    const int error = WriteAll(file, bytes, size);
+    const int error = Put(bytes, size);
     size += bytes.size();
     return error;
 }

@@ -2,11 +2,11 @@
 
 #include "decoder/channel.h"
 #include "platform/file_steps.h"
+#include "platform/helper_socket.h"
 #include "platform/helper_start.h"
 
 #include <QElapsedTimer>
 #include <csignal>
-#include <poll.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -25,11 +25,22 @@ private:
 
 namespace {
 
-constexpr int Glance = 50; ///< ms between looks at whether the wait was given up
+constexpr int Glance = 50; ///< ms between looks at whether the wait was given up or is over
+
+decoder::Payload PayloadOf(const decoder::Request& request, const decoder::Answer& answer)
+{
+    using decoder::Payload;
+    constexpr Payload OfTasks[] = {Payload::None, Payload::Words, Payload::Numbers, Payload::File};
+    return answer.How == decoder::Outcome::Done ? OfTasks[int(request.What)] : Payload::None;
+}
 
 QImage ImageFor(const decoder::Answer& answer)
 {
-    return {int(answer.Width), int(answer.Height), answer.Alpha ? QImage::Format_ARGB32 : QImage::Format_RGB32};
+    const bool numbers = answer.Behind == decoder::Payload::Numbers;
+    return {int(answer.Width), int(answer.Height),
+            numbers        ? QImage::Format_Indexed8
+            : answer.Alpha ? QImage::Format_ARGB32
+                           : QImage::Format_RGB32};
 }
 
 } // namespace
@@ -75,7 +86,7 @@ DecoderProcess::Reply DecoderProcess::Ask(const decoder::Request& request, int f
     decoder::AnswerBytes bytes;
     const Fate fate = Receive(bytes, deadline);
     if (fate != Fate::Answered)
-        return {.How = fate, .Answer = {}, .Pixels = {}};
+        return {.How = fate, .Answer = {}, .Pixels = {}, .File = {}};
     Reply reply = Unpacked(bytes, request, deadline);
     fresh = fresh && reply.How != Fate::Answered;
     return reply;
@@ -87,34 +98,36 @@ DecoderProcess::Reply DecoderProcess::Unpacked(const decoder::AnswerBytes& bytes
     const auto answer = decoder::UnpackAnswer(bytes);
     if (!answer || answer->Serial != request.Serial)
         return {};
-    const bool wanted = request.What == decoder::Task::Pixels && answer->How == decoder::Outcome::Done;
-    if (answer->Pixels != wanted)
+    if (answer->Behind != PayloadOf(request, *answer))
         return {};
-    Reply reply{.How = Fate::Answered, .Answer = *answer, .Pixels = {}};
-    if (!wanted)
-        return reply;
-    reply.Pixels = ImageFor(*answer);
-    if (reply.Pixels.isNull() || size_t(reply.Pixels.sizeInBytes()) != decoder::PixelBytes(*answer))
-        return {};
-    reply.How = Receive(std::as_writable_bytes(std::span(reply.Pixels.bits(), decoder::PixelBytes(*answer))), deadline);
+    Reply reply{.How = Fate::Answered, .Answer = *answer, .Pixels = {}, .File = {}};
+    reply.How = ReceivePayload(reply, deadline);
     return reply;
+}
+
+DecoderProcess::Fate DecoderProcess::ReceivePayload(Reply& reply, const Deadline& deadline) const
+{
+    if (reply.Answer.Behind == decoder::Payload::None)
+        return Fate::Answered;
+    if (reply.Answer.Behind == decoder::Payload::File) {
+        reply.File.resize(qsizetype(reply.Answer.FileBytes));
+        return Receive(std::as_writable_bytes(std::span(reply.File.data(), size_t(reply.File.size()))), deadline);
+    }
+    reply.Pixels = ImageFor(reply.Answer);
+    if (reply.Pixels.isNull())
+        return Fate::Fault;
+    if (reply.Answer.Behind == decoder::Payload::Numbers) {
+        QList<QRgb> colours(decoder::MostColours);
+        if (const Fate fate = Receive(std::as_writable_bytes(std::span(colours)), deadline); fate != Fate::Answered)
+            return fate;
+        reply.Pixels.setColorTable(colours);
+    }
+    return Receive(std::as_writable_bytes(std::span(reply.Pixels.bits(), size_t(reply.Pixels.sizeInBytes()))),
+                   deadline);
 }
 
 DecoderProcess::Fate DecoderProcess::Receive(std::span<std::byte> bytes, const Deadline& deadline) const
 {
-    while (!bytes.empty()) {
-        pollfd wait{socket, POLLIN, 0};
-        const int left = deadline.Left();
-        if (left == 0 || givenUp)
-            return Fate::TimedOut;
-        if (Persist([&] { return poll(&wait, 1, std::min(left, Glance)); }) == 0)
-            continue;
-        const ssize_t got = Persist([&] { return recv(socket, bytes.data(), bytes.size(), MSG_DONTWAIT); });
-        if (got < 0 && errno == EAGAIN)
-            continue;
-        if (got <= 0)
-            return Fate::Fault;
-        bytes = bytes.subspan(size_t(got));
-    }
-    return Fate::Answered;
+    constexpr Fate Fates[] = {Fate::Answered, Fate::Fault, Fate::TimedOut};
+    return Fates[int(ReceiveFrom(socket, bytes, Glance, [&] { return deadline.Left() > 0 && !givenUp; }))];
 }

@@ -21,7 +21,8 @@ public:
     {
         Fate How = Fate::Fault;
         decoder::Answer Answer;
-        QImage Pixels; ///< null unless asked for and there
+        QImage Pixels;   ///< null unless asked for and there; of a reduced image numbers with their colours
+        QByteArray File; ///< of a picture that was made a file
     };
 
     /// `givenUp` may be set by another thread; a running Ask then ends soon.
@@ -49,6 +50,7 @@ private:
     class Deadline;
     Fate Receive(std::span<std::byte> bytes, const Deadline& deadline) const;
     Reply Unpacked(const decoder::AnswerBytes& bytes, const decoder::Request& request, const Deadline& deadline) const;
+    Fate ReceivePayload(Reply& reply, const Deadline& deadline) const;
 
     QString program;
     const std::atomic<bool>& givenUp;

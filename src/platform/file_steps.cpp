@@ -36,9 +36,11 @@ FileSteps FileSteps::OfSystem()
     FileSteps steps;
     steps.Open = [](const char* path, int flags, mode_t mode) { return ::open(path, flags | O_CLOEXEC, mode); };
     steps.Read = ::read;
+    steps.ReadAt = ::pread;
     steps.Write = ::pwrite;
     steps.Truncate = ::ftruncate;
     steps.Sync = ::fsync;
+    steps.SyncAll = ::syncfs;
     steps.Close = ::close;
     steps.Rename = ::rename;
     steps.RenameNew = RenameToNew;

@@ -14,9 +14,11 @@ struct FileSteps
 {
     std::function<int(const char* path, int flags, mode_t mode)> Open;
     std::function<ssize_t(int file, void* to, size_t size)> Read;
+    std::function<ssize_t(int file, void* to, size_t size, off_t at)> ReadAt;
     std::function<ssize_t(int file, const void* from, size_t size, off_t at)> Write;
     std::function<int(int file, off_t size)> Truncate;
-    std::function<int(int file)> Sync; ///< files and folders
+    std::function<int(int file)> Sync;    ///< files and folders
+    std::function<int(int file)> SyncAll; ///< the whole file system that holds it
     std::function<int(int file)> Close;
     std::function<int(const char* from, const char* to)> Rename;
     std::function<int(const char* from, const char* to)> RenameNew; ///< EEXIST if there is such a name
@@ -36,8 +38,9 @@ struct FileSteps
     template <class Visit>
     void ForEach(Visit visit)
     {
-        visit(Open), visit(Read), visit(Write), visit(Truncate), visit(Sync), visit(Close), visit(Rename);
-        visit(RenameNew), visit(Unlink), visit(Stat), visit(ReadLink), visit(MayWrite), visit(ChangeMode);
+        visit(Open), visit(Read), visit(ReadAt), visit(Write), visit(Truncate), visit(Sync), visit(SyncAll);
+        visit(Close), visit(Rename), visit(RenameNew), visit(Unlink), visit(Stat), visit(ReadLink), visit(MayWrite),
+            visit(ChangeMode);
         visit(ChangeOwner), visit(ListAttributes), visit(GetAttribute), visit(SetAttribute);
     }
 };

@@ -1,5 +1,10 @@
 #include "platform/image_kinds.h"
 
+#include "decoder/kind_of_bytes.h"
+#include "platform/paths.h"
+
+#include <QFile>
+#include <QFileInfo>
 #include <algorithm>
 #include <array>
 
@@ -49,4 +54,21 @@ int ImageKindOfName(const QString& fileName)
         return ending.compare(QLatin1String(kind.Extension), Qt::CaseInsensitive) == 0;
     });
     return row == Table.end() ? -1 : int(row - Table.begin());
+}
+
+int ImageKindOfFile(const QString& path)
+{
+    if (const int kind = ImageKindOfName(path); kind >= 0)
+        return kind;
+    QFile file(paths::Existing(path));
+    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly)) // a fifo would not end
+        return -1;
+    const QByteArray front = file.read(qint64(decoder::FrontBytes));
+    const qint64 endAt = qMax<qint64>(0, file.size() - qint64(decoder::EndBytes));
+    const QByteArray end = file.seek(endAt) ? file.readAll() : QByteArray();
+    const auto bytes = [](const QByteArray& part) {
+        return std::as_bytes(std::span(part.constData(), size_t(part.size())));
+    };
+    const auto kind = decoder::KindOfBytes(bytes(front), bytes(end));
+    return kind ? int(*kind) : -1;
 }

@@ -19,3 +19,6 @@ std::span<const ImageKindRow> ImageKinds();
 
 /// The kind by the ending of a file's name, in any letter case; -1 if it is none of the table's.
 int ImageKindOfName(const QString& fileName);
+
+/// The kind by the ending or, of a file whose ending no kind has, by its bytes; -1 if neither tells.
+int ImageKindOfFile(const QString& path);

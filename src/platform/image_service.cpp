@@ -1,6 +1,7 @@
 #include "platform/image_service.h"
 
 #include "platform/paths.h"
+#include "platform/regular_file.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -8,10 +9,8 @@
 #include <QPointer>
 #include <QThread>
 #include <chrono>
-#include <fcntl.h>
 #include <future>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace images {
 
@@ -47,33 +46,6 @@ Result<FileState> StateOf(const QString& told, int kind)
         return Fail(path, QStringLiteral("This is no image of a known kind."));
     return FileState{path, wanted, ChangedAt(facts), qint64(facts.st_size), quint64(facts.st_ino)};
 }
-
-/// An open regular file; a fifo is not waited for.
-class OpenImage
-{
-public:
-    explicit OpenImage(const QString& path)
-        : Handle(open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC))
-    {
-        struct stat facts = {};
-        if (Handle < 0 || fstat(Handle, &facts) != 0)
-            Error = errno;
-        else if (!S_ISREG(facts.st_mode))
-            Error = S_ISDIR(facts.st_mode) ? EISDIR : ENODEV;
-        else if (quint64(facts.st_size) > decoder::MostFileBytes)
-            Error = EFBIG;
-    }
-    ~OpenImage()
-    {
-        if (Handle >= 0)
-            close(Handle);
-    }
-    OpenImage(const OpenImage&) = delete;
-    OpenImage& operator=(const OpenImage&) = delete;
-
-    int Handle = -1;
-    int Error = 0;
-};
 
 bool IsOld(const FileState& file)
 {
@@ -246,7 +218,7 @@ Result<Service::Decoded> Service::Carry(const Job& job)
 {
     if (const auto picture = Look(job.File)) // the same image may have stood twice in the queue
         return Decoded{*picture, picture->Size()};
-    const OpenImage file(job.File.Path);
+    const RegularFile file(job.File.Path, decoder::MostFileBytes);
     if (file.Error != 0)
         return Fail(job.File.Path, qt_error_string(file.Error));
     const Result<DecoderProcess::Reply> reply = AskHelper(job, file.Handle);

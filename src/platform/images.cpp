@@ -1,6 +1,7 @@
 #include "platform/images.h"
 
 #include "platform/image_service.h"
+#include "platform/picture_maker.h"
 #include "platform/platform_state.h"
 
 #include <QCoreApplication>
@@ -27,6 +28,11 @@ Result<Picture> Load(const QString& path, int kind)
     return TheService().Load(path, kind);
 }
 
+Result<Picture> LoadAny(const QString& path)
+{
+    return Load(path, ImageKindOfFile(path));
+}
+
 void LoadLater(const QString& path, QObject* context, PictureReady ready, int kind)
 {
     TheService().LoadLater(path, kind, context, std::move(ready));
@@ -50,6 +56,7 @@ void Warm()
 void Stop()
 {
     Platform.Images.reset();
+    Platform.Maker.reset();
 }
 
 } // namespace images

@@ -40,7 +40,10 @@ using PictureReady = std::function<void(const Result<Picture>& picture)>;
 /// path, and the system's reason or why it cannot be read.
 [[nodiscard]] Result<Picture> Load(const QString& path, int kind = -1);
 
-/// The same without waiting: calls `ready` from the event loop, always later, unless `context` is gone by then.
+/// The same; a file whose ending no kind has is told by its bytes.
+[[nodiscard]] Result<Picture> LoadAny(const QString& path);
+
+/// Load without waiting: calls `ready` from the event loop, always later, unless `context` is gone by then.
 void LoadLater(const QString& path, QObject* context, PictureReady ready, int kind = -1);
 
 /// The image if it is kept and its file has not changed; touches the file's facts only.

@@ -1,6 +1,7 @@
 #include "platform/in_place.h"
 
 #include "platform/beside_file.h"
+#include "platform/byte_file.h"
 #include "platform/paths.h"
 #include "platform/standard_folders.h"
 
@@ -15,18 +16,23 @@
 
 namespace {
 
-QString KeptFolder()
-{
-    return folders::State() + QLatin1String("overwritten/");
-}
+constexpr qint64 Whole = -1; ///< in the place of an offset: the bytes are all of the file
 
-int Overwrite(int file, QByteArrayView bytes)
+int Overwrite(int file, QByteArrayView bytes, qint64 at)
 {
-    if (const int error = WriteAll(file, bytes, 0))
+    if (const int error = WriteAll(file, bytes, std::max<qint64>(at, 0)))
         return error;
-    if (Persist([&] { return Steps().Truncate(file, bytes.size()); }) != 0)
+    if (at == Whole && Persist([&] { return Steps().Truncate(file, bytes.size()); }) != 0)
         return errno;
     return Persist([&] { return Steps().Sync(file); }) == 0 ? 0 : errno;
+}
+
+/// As before a write that failed, without what it added at the file's end.
+int PutBack(int file, const QByteArray& old, qint64 at, qsizetype written)
+{
+    if (at != Whole && old.size() < written && Persist([&] { return Steps().Truncate(file, at + old.size()); }) != 0)
+        return errno;
+    return Overwrite(file, old, at);
 }
 
 void Remove(const QString& copy)
@@ -34,18 +40,21 @@ void Remove(const QString& copy)
     Steps().Unlink(QFile::encodeName(copy));
 }
 
-/// Both states of a file whose bytes are being changed, as they lie in the state folder: path, size of the old bytes
-/// (a character 0 behind each), old bytes, new bytes. The name begins with the process.
+/// Both states of bytes that are being changed, as they lie in the state folder: path, where in the file (or Whole),
+/// size of the old bytes (a character 0 behind each), old bytes, new bytes. The name begins with the process.
 struct Kept
 {
-    QByteArray Path, Old, New;
+    QByteArray Path;
+    qint64 At;
+    QByteArray Old, New;
 };
 
 Result<QString> Keep(const Kept& kept)
 {
-    const QString copy = KeptFolder() + QString::number(getpid()) + QLatin1Char('-') +
+    const QString copy = in_place::Folder() + QString::number(getpid()) + QLatin1Char('-') +
                          QString::number(QRandomGenerator::system()->generate64(), 16);
-    const QByteArray head = kept.Path + '\0' + QByteArray::number(kept.Old.size()) + '\0';
+    const QByteArray head =
+        kept.Path + '\0' + QByteArray::number(kept.At) + '\0' + QByteArray::number(kept.Old.size()) + '\0';
     const auto written = paths::WriteWholePrivate(copy, QByteArray(head + kept.Old + kept.New));
     if (written)
         return copy;
@@ -56,13 +65,15 @@ Result<QString> Keep(const Kept& kept)
 std::optional<Kept> Parsed(const QByteArray& bytes)
 {
     const qsizetype pathEnd = bytes.indexOf('\0');
-    const qsizetype sizeEnd = pathEnd < 0 ? -1 : bytes.indexOf('\0', pathEnd + 1);
+    const qsizetype atEnd = pathEnd < 0 ? -1 : bytes.indexOf('\0', pathEnd + 1);
+    const qsizetype sizeEnd = atEnd < 0 ? -1 : bytes.indexOf('\0', atEnd + 1);
     if (pathEnd <= 0 || sizeEnd < 0)
         return {};
-    const qsizetype size = bytes.mid(pathEnd + 1, sizeEnd - pathEnd - 1).toLongLong();
-    if (size < 0 || size > bytes.size() - sizeEnd - 1)
+    const qint64 at = bytes.mid(pathEnd + 1, atEnd - pathEnd - 1).toLongLong();
+    const qsizetype size = bytes.mid(atEnd + 1, sizeEnd - atEnd - 1).toLongLong();
+    if (at < Whole || size < 0 || size > bytes.size() - sizeEnd - 1)
         return {};
-    return Kept{bytes.left(pathEnd), bytes.mid(sizeEnd + 1, size), bytes.mid(sizeEnd + 1 + size)};
+    return Kept{bytes.left(pathEnd), at, bytes.mid(sizeEnd + 1, size), bytes.mid(sizeEnd + 1 + size)};
 }
 
 /// Could a write that was cut off have left these bytes? Each place then holds its old byte, its new one or nothing
@@ -83,11 +94,17 @@ bool StillRuns(const QString& copyName)
     return process > 0 && process != getpid() && (kill(process, 0) == 0 || errno == EPERM);
 }
 
+/// The bytes of the file, or those of that place.
+Result<QByteArray> Stands(const QString& path, qint64 at, qsizetype size)
+{
+    return at == Whole ? paths::ReadWhole(path, paths::LargestDocument) : ByteFile(path).Read(at, size);
+}
+
 enum class Outcome { NothingToDo, Finished, Later };
 
 Outcome Finish(const Kept& kept)
 {
-    const auto found = paths::ReadWhole(QFile::decodeName(kept.Path), paths::LargestDocument);
+    const auto found = Stands(QFile::decodeName(kept.Path), kept.At, std::max(kept.Old.size(), kept.New.size()));
     if (!found)
         return Outcome::Later;
     if (*found == kept.New || *found == kept.Old || !IsBetween(*found, kept))
@@ -95,21 +112,17 @@ Outcome Finish(const Kept& kept)
     const int file = Persist([&] { return Steps().Open(kept.Path, O_WRONLY | O_NOFOLLOW, 0); });
     if (file < 0)
         return Outcome::Later;
-    const bool whole = !Overwrite(file, kept.New) || !Overwrite(file, kept.Old);
+    const bool whole = !Overwrite(file, kept.New, kept.At) || !PutBack(file, kept.Old, kept.At, kept.New.size());
     Steps().Close(file);
     return whole ? Outcome::Finished : Outcome::Later;
 }
 
-} // namespace
-
-namespace in_place {
-
-Result<> Write(const QString& path, QByteArrayView bytes)
+Result<> WriteOver(const QString& path, qint64 at, QByteArrayView bytes)
 {
-    const auto old = paths::ReadWhole(path, paths::LargestDocument);
+    const auto old = Stands(path, at, bytes.size());
     if (!old)
         return tl::unexpected(old.error());
-    const auto copy = Keep({QFile::encodeName(path), *old, bytes.toByteArray()});
+    const auto copy = Keep({QFile::encodeName(path), at, *old, bytes.toByteArray()});
     if (!copy)
         return Fail(path, QStringLiteral("The file can only be written in place, and no safety copy could be made: ") +
                               copy.error().Path);
@@ -119,8 +132,8 @@ Result<> Write(const QString& path, QByteArrayView bytes)
         Remove(*copy);
         return Fail(path, qt_error_string(error));
     }
-    const int error = Overwrite(file, bytes);
-    const bool whole = !error || !Overwrite(file, *old);
+    const int error = Overwrite(file, bytes, at);
+    const bool whole = !error || !PutBack(file, *old, at, bytes.size());
     Steps().Close(file); // synced, or given up
     if (whole)
         Remove(*copy);
@@ -130,10 +143,29 @@ Result<> Write(const QString& path, QByteArrayView bytes)
     return Fail(path, qt_error_string(error) + kept);
 }
 
+} // namespace
+
+namespace in_place {
+
+QString Folder()
+{
+    return folders::State() + QLatin1String("overwritten/");
+}
+
+Result<> Write(const QString& path, QByteArrayView bytes)
+{
+    return WriteOver(path, Whole, bytes);
+}
+
+Result<> WriteAt(const QString& path, qint64 at, QByteArrayView bytes)
+{
+    return WriteOver(path, at, bytes);
+}
+
 QStringList FinishInterrupted()
 {
     QStringList finished;
-    const QDir folder(KeptFolder());
+    const QDir folder(Folder());
     for (const QString& name : folder.entryList(QDir::Files | QDir::Hidden)) {
         // A copy that never got its name was cut off itself; its file was not touched yet.
         const bool unnamed = name.startsWith(QLatin1Char('.'));

@@ -10,8 +10,14 @@
 /// fails; if the process ends in between, the next start finishes what was begun.
 namespace in_place {
 
-/// `path`: the file itself, no link to it.
+/// The file consists of `bytes` afterwards. `path`: the file itself, no link to it.
 [[nodiscard]] Result<> Write(const QString& path, QByteArrayView bytes);
+
+/// `bytes` stand from `at` on, what is around them stays; `at` may be the file's end.
+[[nodiscard]] Result<> WriteAt(const QString& path, qint64 at, QByteArrayView bytes);
+
+/// Where the copies lie, ending with "/".
+QString Folder();
 
 /// Finishes the writes that ended processes left behind, and gives back the paths of their files. A file that somebody
 /// has written since stays as it is.

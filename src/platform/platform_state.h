@@ -7,10 +7,12 @@
 #include <vector>
 
 namespace images {
+class PictureMaker;
 class Service;
-}
+} // namespace images
 
 class PlayerProcess;
+class X11Connection;
 
 namespace processes {
 class Wait;
@@ -23,10 +25,14 @@ struct PlatformState
     ~PlatformState();
 
     FileSteps Steps = FileSteps::OfSystem();
-    std::vector<processes::Wait*> Waits;     ///< in progress; they nest, the innermost is the last
-    std::atomic<int> SignalPipe{-1};         ///< where the signal handler writes
-    std::unique_ptr<images::Service> Images; ///< none before the first image
-    std::unique_ptr<PlayerProcess> Player;   ///< none before the first sound
+    std::vector<processes::Wait*> Waits;         ///< in progress; they nest, the innermost is the last
+    std::atomic<int> SignalPipe{-1};             ///< where the signal handler writes
+    std::unique_ptr<images::Service> Images;     ///< none before the first image
+    std::unique_ptr<images::PictureMaker> Maker; ///< none before the first picture that is reduced
+    std::unique_ptr<PlayerProcess> Player;       ///< none before the first sound
+    /// None before the first window of another program. Shared, so that this file, which every program has, brings
+    /// no X11 with it.
+    std::shared_ptr<X11Connection> Windows;
 };
 
 extern PlatformState Platform;

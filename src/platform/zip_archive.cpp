@@ -10,6 +10,8 @@
 
 namespace {
 
+constexpr qsizetype Chunk = qsizetype(1) << 16; ///< bytes of an entry read at a time
+
 QString Words(zip_error_t* error)
 {
     return QString::fromUtf8(zip_error_strerror(error));
@@ -28,12 +30,17 @@ ZipEntry Described(zip* archive, zip_uint64_t index)
     entry.Crc = facts.crc;
     entry.Changed = QDateTime::fromSecsSinceEpoch(facts.mtime);
     entry.Encrypted = facts.encryption_method != ZIP_EM_NONE;
+    zip_uint8_t system = ZIP_OPSYS_DOS;
+    zip_uint32_t attributes = 0;
+    if (zip_file_get_external_attributes(archive, index, 0, &system, &attributes) == 0 && system == ZIP_OPSYS_UNIX)
+        entry.Mode = attributes >> 16;
     return entry;
 }
 
 } // namespace
 
-ZipArchive::ZipArchive(QString from, zip* opened) : path(std::move(from)), archive(opened, zip_discard)
+ZipArchive::ZipArchive(QString from, qint64 size, zip* opened)
+    : path(std::move(from)), fileSize(size), archive(opened, zip_discard)
 {
     const zip_int64_t count = zip_get_num_entries(opened, 0);
     for (zip_int64_t index = 0; index < count; ++index)
@@ -62,7 +69,7 @@ Result<ZipArchive> ZipArchive::Open(const QString& told)
         zip_error_fini(&error);
         return Fail(path, reason);
     }
-    return ZipArchive(path, opened);
+    return ZipArchive(path, facts.st_size, opened);
 }
 
 int ZipArchive::Find(const QString& name) const
@@ -76,7 +83,7 @@ int ZipArchive::Find(const QString& name) const
     return -1;
 }
 
-Result<QByteArray> ZipArchive::Read(int entry, qint64 limit) const
+Result<> ZipArchive::ReadPieces(int entry, qint64 limit, const Taker& take) const
 {
     if (entry < 0 || size_t(entry) >= entries.size())
         return Fail(path, QStringLiteral("No such entry"));
@@ -84,19 +91,29 @@ Result<QByteArray> ZipArchive::Read(int entry, qint64 limit) const
                                                                  zip_fclose);
     if (!file)
         return Fail(path, Words(zip_get_error(archive.get())));
-    // The size in the directory may lie, so the buffer grows only as bytes come.
-    constexpr qsizetype Chunk = qsizetype(1) << 16;
-    QByteArray bytes;
-    for (;;) {
-        const qsizetype before = bytes.size();
-        bytes.resize(before + Chunk);
-        const zip_int64_t got = zip_fread(file.get(), bytes.data() + before, zip_uint64_t(Chunk));
+    QByteArray buffer(Chunk, Qt::Uninitialized);
+    for (qint64 all = 0;;) {
+        const zip_int64_t got = zip_fread(file.get(), buffer.data(), zip_uint64_t(Chunk));
         if (got < 0)
             return Fail(path, Words(zip_file_get_error(file.get())));
-        bytes.resize(before + qsizetype(got));
-        if (bytes.size() > limit)
+        all += got;
+        if (all > limit)
             return Fail(path, qt_error_string(EFBIG));
         if (got == 0)
-            return bytes;
+            return {};
+        if (Result<> taken = take(QByteArrayView(buffer).first(got)); !taken)
+            return taken;
     }
+}
+
+Result<QByteArray> ZipArchive::Read(int entry, qint64 limit) const
+{
+    // The size in the directory may lie, so the bytes grow only as they come.
+    QByteArray bytes;
+    return ReadPieces(entry, limit,
+                      [&](QByteArrayView piece) {
+                          bytes.append(piece);
+                          return Result<>();
+                      })
+        .map([&] { return bytes; });
 }

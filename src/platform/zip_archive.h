@@ -5,7 +5,9 @@
 #include <QByteArray>
 #include <QDateTime>
 #include <QtGlobal>
+#include <functional>
 #include <memory>
+#include <sys/types.h>
 #include <vector>
 
 struct zip;
@@ -18,6 +20,9 @@ struct ZipEntry
     quint32 Crc = 0;
     QDateTime Changed;
     bool Encrypted = false;
+    mode_t Mode = 0; ///< kind and permissions, if a system with such wrote the entry; else 0
+
+    bool IsFolder() const { return Name.endsWith(QLatin1Char('/')); }
 };
 
 /// A zip archive to read from. Nothing an archive says is believed before its bytes are there.
@@ -36,10 +41,21 @@ public:
     /// damaged one.
     [[nodiscard]] Result<QByteArray> Read(int entry, qint64 limit) const;
 
+    /// Takes some of an entry's bytes; what it fails with ends the reading.
+    using Taker = std::function<Result<>(QByteArrayView piece)>;
+
+    /// The same piece by piece. All bytes but the last piece's are taken before the sum is known.
+    [[nodiscard]] Result<> ReadPieces(int entry, qint64 limit, const Taker& take) const;
+
+    QString Path() const { return path; }
+    qint64 FileSize() const { return fileSize; }
+    zip* Handle() const { return archive.get(); } ///< for what takes entries over as they are, see zip_writer.h
+
 private:
-    ZipArchive(QString path, zip* archive);
+    ZipArchive(QString path, qint64 size, zip* archive);
 
     QString path;
+    qint64 fileSize;
     std::unique_ptr<zip, void (*)(zip*)> archive;
     std::vector<ZipEntry> entries;
 };

@@ -12,11 +12,11 @@ struct Spoken
     QString Out, Err;
 };
 
-Spoken Called(const QStringList& arguments)
+Spoken Called(const QStringList& arguments, AnswerList answers = AnswerList())
 {
     Spoken spoken;
     QTextStream out(&spoken.Out), err(&spoken.Err);
-    spoken.Code = RunVerb(arguments, {out, err});
+    spoken.Code = RunVerb(arguments, {out, err, answers});
     return spoken;
 }
 

@@ -34,8 +34,12 @@ protected:
 
     EditorPane& Pane() { return CurrentPane(); }
     QByteArray Bytes() { return Pane().Bytes().toByteArray(); }
-    int Shown() const { return int(Scope.Answers.Shown.size()); }
-    QString Title() const { return Scope.Answers.Shown.empty() ? QString() : Scope.Answers.Shown.back().MessageTitle; }
+    int Shown() const { return int(Scope.Answers.AskedFor<MessageQuestion>().size()); }
+    QString Title() const
+    {
+        const auto messages = Scope.Answers.AskedFor<MessageQuestion>();
+        return messages.empty() ? QString() : messages.back().Record.MessageTitle;
+    }
 
     HostScope Scope;
 };

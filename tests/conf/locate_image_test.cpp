@@ -89,7 +89,7 @@ TEST_F(LocateImage, TellsWhatItLacks)
                  {": zip.pcx\n", ""}};
     for (const auto& one : cases) {
         SCOPED_TRACE(one.Text);
-        Scope.Answers.Shown.clear();
+        Scope.Answers.Asked.clear();
         Load(one.Text);
         EditAnimation();
         EXPECT_EQ(Title(), QLatin1String(one.Title));

@@ -48,7 +48,7 @@ TEST_F(WriteBlock, RefusesASelectionWithoutAKey)
 {
     Load("a\tb : .\nzip\n");
     for (const Range& selection : {Range{}, Range{0, 0, 0, 3}, Range{0, 4, 0, 7}, Range{0, 0, 1, 3}}) {
-        Scope.Answers.Shown.clear();
+        Scope.Answers.Asked.clear();
         Pane().SetSel(selection, false);
         QuickElement();
         EXPECT_EQ(Title(), QStringLiteral("No Selection Error"));
@@ -63,7 +63,7 @@ TEST_F(WriteBlock, RefusesASelectionWithoutAKey)
 TEST_F(WriteBlock, HeadlineGivesALineACharacter)
 {
     Load("top\nend\n", 0);
-    Scope.Answers.Texts << QStringLiteral("A-7 z!\xE4") << QString(51, u'a') << QString();
+    Scope.Answers.Next = {QStringLiteral("A-7 z!\xE4"), QString(51, u'a'), Cancelled{}};
     MakeHeadline();
     EXPECT_EQ(Bytes(), "top\nchar_a\nchar_minus\nchar_7\nchar_space\nchar_z\nend\n");
     MakeHeadline();

@@ -19,7 +19,7 @@ inline decoder::Decoded DecodeHere(int kind, const QByteArray& file, decoder::Ta
 inline QImage PixelsOf(const decoder::Decoded& decoded)
 {
     const decoder::Answer& what = decoded.What;
-    if (!what.Pixels)
+    if (what.Behind != decoder::Payload::Words)
         return {};
     QImage image(int(what.Width), int(what.Height), what.Alpha ? QImage::Format_ARGB32 : QImage::Format_RGB32);
     for (int y = 0; y < image.height(); ++y)

@@ -30,7 +30,9 @@ QList<QByteArray> GoodMessages()
                                 .Bits = 8,
                                 .ColoursUsed = 256,
                                 .EndsEarly = true,
-                                .Pixels = true})),
+                                .Behind = Payload::Words})),
+            BytesOf(Pack(Request{.Serial = 1, .Kind = 0, .What = Task::Reduced, .How = {.Colours = 9}})),
+            BytesOf(Pack(Answer{.How = Outcome::Done, .Width = 9, .Height = 9, .Bits = 8, .Behind = Payload::File})),
             BytesOf(Pack(Answer{.Serial = 3, .How = Outcome::TooLarge}))};
 }
 

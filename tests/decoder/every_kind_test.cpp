@@ -39,3 +39,19 @@ TEST(EveryKind, IsDecodedHereAndByTheHelper)
     }
     images::Stop();
 }
+
+// Catches: a mark that is not the one of its kind, two kinds with one mark, a file without an ending that is refused.
+TEST(EveryKind, IsToldByItsBytesWhereItHasAMark)
+{
+    constexpr int WithoutMark[] = {4, 19, 21};
+    const TestFolder folder;
+    for (const SampleImage& sample : SampleOfEveryKind()) {
+        const bool bare = std::ranges::find(WithoutMark, sample.Kind) != std::end(WithoutMark);
+        const QString path = folder.Write(QStringLiteral("picture.jpeg2"), sample.File);
+        EXPECT_EQ(ImageKindOfFile(path), bare ? -1 : sample.Kind) << ImageKinds()[size_t(sample.Kind)].Name;
+        folder.Write(QStringLiteral("picture.jpeg2"), sample.File.first(3));
+        EXPECT_LT(ImageKindOfFile(path), 27);
+    }
+    EXPECT_EQ(ImageKindOfFile(folder.Write(QStringLiteral("a.Pcx"), "GIF89a")), PaintbrushKind);
+    EXPECT_EQ(ImageKindOfFile(folder.Path(QStringLiteral("none"))), -1);
+}

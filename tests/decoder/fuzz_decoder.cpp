@@ -2,6 +2,7 @@
 
 #include "decoder/bmp_header.h"
 #include "decoder/header_peek.h"
+#include "decoder/kind_of_bytes.h"
 #include "decoder/pcx_walk.h"
 
 #include <algorithm>
@@ -24,7 +25,7 @@ QString FuzzMessages(Bytes bytes)
     if (!std::ranges::equal(Pack(*answer), bytes))
         return QStringLiteral("an answer was taken for another");
     const bool sized = WithinLimits(answer->Width, answer->Height);
-    if (answer->How == Outcome::Done ? !sized : PixelBytes(*answer) != 0 || answer->Width != 0)
+    if (answer->How == Outcome::Done ? !sized : PayloadBytes(*answer) != 0 || answer->Width != 0)
         return QStringLiteral("an answer promises too much");
     return {};
 }
@@ -67,6 +68,8 @@ QString FuzzDecoder(const QByteArray& bytes)
     // A copy of the exact size, so that a read behind its end is seen.
     const std::vector<std::byte> exact(reinterpret_cast<const std::byte*>(bytes.begin()),
                                        reinterpret_cast<const std::byte*>(bytes.end()));
+    if (const auto kind = KindOfBytes(exact, exact); kind && *kind >= Kinds)
+        return QStringLiteral("a kind that there is not");
     for (quint32 kind = 0; kind < Kinds; ++kind)
         if (const auto extent = PeekExtent(kind, exact); extent && !PeeksAt(kind))
             return QStringLiteral("a size of a kind that is not looked at");

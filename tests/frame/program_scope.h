@@ -59,9 +59,9 @@ public:
     QStringList TakeMessages()
     {
         QStringList texts;
-        for (const MessageRecord& record : Scope.Answers.Shown)
-            texts << record.MessageText;
-        Scope.Answers.Shown.clear();
+        for (const MessageQuestion& question : Scope.Answers.AskedFor<MessageQuestion>())
+            texts << question.Record.MessageText;
+        Scope.Answers.Asked.clear();
         return texts;
     }
 

@@ -80,3 +80,30 @@ TEST(PcxWriter, WhatCannotBeWrittenLeavesTheOldFile)
     for (const PcxDepth depth : {PcxDepth::Full, PcxDepth::Palette})
         EXPECT_EQ(ReadPcx(PcxBytes(through, depth).value()).pixel(1, 1), qRgb(200, 100, 50));
 }
+
+// Catches: what both readers forgive: padding of odd widths, runs longer than 63, a lone byte from 192 on without its
+// mark, the place of the palette and the marker in front of it.
+TEST(PcxWriter, ToTheByte)
+{
+    QImage numbers(65, 2, QImage::Format_Indexed8);
+    numbers.setColorTable({qRgb(1, 2, 3), qRgb(4, 5, 6)});
+    numbers.setColorCount(256);
+    numbers.fill(1);
+    numbers.setPixel(0, 1, 191);
+    numbers.setPixel(1, 1, 192);
+    const QByteArray file = PcxBytes(numbers, PcxDepth::Palette).value();
+    EXPECT_EQ(file.first(16).toHex(), "0a05010800000000"
+                                      "40000100"
+                                      "48004800");
+    EXPECT_EQ(file.mid(64, 6).toHex(), "000142000100");
+    // 65 of 1 and the padding; then 191, a marked 192, 63 of 1, padding
+    EXPECT_EQ(file.mid(128, file.size() - 128 - 769).toHex(), "ff01c20100"
+                                                              "bfc1c0ff0100");
+    EXPECT_EQ(file.last(769).first(10).toHex(), "0c010203040506000000");
+
+    QImage full(3, 1, QImage::Format_RGB32);
+    full.fill(qRgb(0xc0, 7, 0));
+    EXPECT_EQ(PcxBytes(full, PcxDepth::Full).value().sliced(128).toHex(), "c3c000"
+                                                                          "c30700"
+                                                                          "c400");
+}

@@ -1,3 +1,4 @@
+#include "batch/answer_list.h"
 #include "batch/verbs.h"
 #include "frame/frame_state.h"
 #include "level_builder.h"
@@ -18,8 +19,9 @@ Ran Batch(const char* verb, const QStringList& files = {})
 {
     Frame.DataFolder = ProjectFile(QStringLiteral("data/"));
     Ran ran;
+    AnswerList answers;
     QTextStream out(&ran.Out), err(&ran.Err);
-    ran.End = RunVerb(QString::fromLatin1(verb).split(u' ') + files, {out, err});
+    ran.End = RunVerb(QString::fromLatin1(verb).split(u' ') + files, {out, err, answers});
     ResetFrame();
     return ran;
 }

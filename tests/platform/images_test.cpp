@@ -127,8 +127,12 @@ TEST(Images, SeeThroughPixels)
 TEST(Images, FaultsOfTheHelperCostOneImage)
 {
     const QByteArray answer = [] {
-        const auto packed = decoder::Pack(decoder::Answer{
-            .Serial = 1, .How = decoder::Outcome::Done, .Width = 60, .Height = 60, .Bits = 24, .Pixels = true});
+        const auto packed = decoder::Pack(decoder::Answer{.Serial = 1,
+                                                          .How = decoder::Outcome::Done,
+                                                          .Width = 60,
+                                                          .Height = 60,
+                                                          .Bits = 24,
+                                                          .Behind = decoder::Payload::Words});
         return QByteArray(reinterpret_cast<const char*>(packed.data()), qsizetype(packed.size()));
     }();
     struct Oddity

@@ -251,6 +251,17 @@ TEST_F(WriteWhole, KeepsPermissionsAttributesAndLinks)
     EXPECT_FALSE(paths::WriteWhole(folder.Path(QStringLiteral("loop")), New));
 }
 
+// A rename would leave the file's other names with the old bytes.
+TEST_F(WriteWhole, FurtherNamesOfAFile)
+{
+    const QString path = Prepare(Ways[0]);
+    ASSERT_EQ(link(QFile::encodeName(path), QFile::encodeName(folder.Path(QStringLiteral("link")))), 0);
+    ASSERT_TRUE(paths::WriteWhole(path, New));
+    EXPECT_EQ(folder.Read(QStringLiteral("link")), New);
+    EXPECT_EQ(Found(), New);
+    EXPECT_TRUE(Strays().isEmpty());
+}
+
 // New files follow the umask; recovery copies are nobody else's business. Folders, devices and nothing are no targets.
 TEST_F(WriteWhole, NewFilesAndOddTargets)
 {

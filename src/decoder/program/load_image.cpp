@@ -198,7 +198,7 @@ Decoded Decode(const Request& request, Bytes told, const SizeKnown& known)
     if (!image)
         return Refused(request, Outcome::NotRead);
     answer.Alpha = SomeSeeThrough(image.get(), answer);
-    answer.Pixels = true;
+    answer.Behind = Payload::Words;
     return {.What = answer, .Image = std::move(image)};
 }
 

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 struct FIBITMAP;
 
@@ -15,12 +16,13 @@ struct Release
 };
 using Bitmap = std::unique_ptr<FIBITMAP, Release>;
 
-/// What a request comes to. With an answer that says Pixels there is an image, a standard one of 1, 4, 8, 24 or 32
-/// bits.
+/// What a request comes to. With an answer that says Words there is an image, a standard one of 1, 4, 8, 24 or 32
+/// bits; with Numbers and File the bytes that follow the answer.
 struct Decoded
 {
     Answer What;
     Bitmap Image;
+    std::vector<std::byte> Made = {};
 };
 
 using SizeKnown = std::function<void(std::uint64_t pixels)>;

@@ -3,6 +3,7 @@
 #include "decoder/channel.h"
 #include "decoder/program/limits.h"
 #include "decoder/program/load_image.h"
+#include "decoder/program/reduce_image.h"
 
 #include <cstdio>
 #include <malloc.h>
@@ -65,7 +66,8 @@ bool SendPixels(const decoder::Decoded& decoded)
 
 decoder::Decoded DecodeFile(const decoder::Request& request, int file)
 try {
-    return decoder::Decode(request, Handed(file).Read(), limits::StartClock);
+    return decoder::Finished(request, decoder::Decode(request, Handed(file).Read(), limits::StartClock),
+                             limits::StartClock);
 } catch (const std::bad_alloc&) {
     return {.What = {.Serial = request.Serial, .How = decoder::Outcome::TooLarge}, .Image = {}};
 }
@@ -84,7 +86,8 @@ bool Serve()
     const decoder::Decoded decoded = DecodeFile(*request, file);
     if (!decoder::SendAll(Socket, decoder::Pack(decoded.What)))
         return false;
-    return !decoded.What.Pixels || SendPixels(decoded);
+    return decoded.What.Behind == decoder::Payload::Words ? SendPixels(decoded)
+                                                          : decoder::SendAll(Socket, decoded.Made);
 }
 
 } // namespace

@@ -12,7 +12,6 @@ namespace {
 
 constexpr int FlashPhases = 8;
 constexpr int FlashIdle = -1;
-const QString CancelCaption = QStringLiteral("Cancel");
 
 void SetTabEnabled(int tab, bool enabled)
 {
@@ -82,7 +81,7 @@ int ModifiedTabs()
 
 bool MayGiveUp(DocumentText& pane)
 {
-    return !pane.Modified() || ShowMessage(8) != CancelCaption;
+    return !pane.Modified() || Confirmed(message::CloseChanged);
 }
 
 void OpenNewTab()
@@ -116,7 +115,7 @@ void CloseTab()
 
 void CloseAllTabs()
 {
-    if (ModifiedTabs() > 0 && ShowMessage(17) == CancelCaption)
+    if (ModifiedTabs() > 0 && !Confirmed(message::CloseAllChanged))
         return;
     for (int tab = 1; tab < 8; ++tab)
         EmptySlot(tab);

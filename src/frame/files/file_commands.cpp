@@ -56,11 +56,10 @@ QString DialogFolder()
 }
 
 /// The name chosen in a file dialog; empty for a cancel. Waiting events run, so that the dialog is gone.
-QString AskFile(std::optional<QString> (Asker::*ask)(const FileQuestion&), const QString& title,
-                const QString& preset = {})
+QString AskFile(FileQuestion::Use use, const QString& title, const QString& preset = {})
 {
-    const WorkScope modal;
-    const QString name = (Ask().*ask)({title, DocumentFilter(), DialogFolder(), preset}).value_or(QString());
+    const QString name =
+        AskText(FileQuestion{use, title, DocumentFilter(), DialogFolder(), preset}).value_or(QString());
     if (!name.isEmpty())
         QCoreApplication::processEvents();
     return paths::Inside(name);
@@ -115,7 +114,7 @@ void OpenCommand()
 {
     if (!MayGiveUp(CurrentPane()))
         return;
-    const QString name = AskFile(&Asker::OpenFile, QStringLiteral("Open a file"));
+    const QString name = AskFile(FileQuestion::Open, QStringLiteral("Open a file"));
     if (!name.isEmpty())
         OpenDocument(name, false);
 }
@@ -131,7 +130,7 @@ void RevertDocument()
 
 void InsertFileAtCaret()
 {
-    const QString name = AskFile(&Asker::OpenFile, QStringLiteral("Insert a file"));
+    const QString name = AskFile(FileQuestion::Open, QStringLiteral("Insert a file"));
     if (name.isEmpty())
         return;
     EditorPane& pane = CurrentPane();
@@ -139,14 +138,14 @@ void InsertFileAtCaret()
     const QString path = paths::Existing(name);
     const Result<> done = pane.InsertFile(path.isEmpty() ? name : path, {at.StartLine, at.StartCol, 0, 0});
     if (!done)
-        ShowMessage(MessagePathError, done.error().Text());
+        ShowFailure(done.error());
     UpdateCaretStatus(pane);
 }
 
 void SaveDocumentAs()
 {
     const QString name =
-        AskFile(&Asker::SaveFile, QStringLiteral("Save file as"), Frame.ConfNames.at(Frame.CurrentMode));
+        AskFile(FileQuestion::Save, QStringLiteral("Save file as"), Frame.ConfNames.at(Frame.CurrentMode));
     if (!name.isEmpty())
         SaveDocument(name);
 }

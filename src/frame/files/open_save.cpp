@@ -10,8 +10,6 @@
 
 namespace {
 
-const QString CancelButton = QStringLiteral("Cancel");
-
 class BusyScope
 {
 public:
@@ -68,7 +66,7 @@ bool KeepText(int tab)
         return true;
     const Result<> kept = Frame.Keeper->KeepApart(tab);
     if (!kept)
-        ShowMessage(MessagePathError, kept.error().Text());
+        ShowFailure(kept.error());
     return kept.has_value();
 }
 
@@ -77,16 +75,16 @@ bool MayWrite(const QString& path, bool ownPath, bool asNamed)
 {
     const Document& document = Frame.Documents.at(Frame.CurrentTab);
     if (ownPath && !document.ForeignText && ChangedOnDisk(Frame.CurrentTab)) {
-        if (ShowMessage(MessageOverChanged, paths::Native(path)) == CancelButton)
+        if (!Confirmed(message::OverwriteChanged, paths::Native(path)))
             return false;
     } else if ((!ownPath || !asNamed || document.ForeignText) && paths::FileExists(path) &&
-               ShowMessage(9) == CancelButton) {
+               !Confirmed(message::OverwriteFile)) {
         return false;
     }
     EditorPane& pane = CurrentPane();
     if (pane.FitsEncoding())
         return true;
-    if (ShowMessage(MessageChangeToUtf8, paths::Native(path)) == CancelButton)
+    if (!Confirmed(message::ChangeToUtf8, paths::Native(path)))
         return false;
     pane.SetEncoding(FileEncoding::Utf8);
     return true;
@@ -107,7 +105,7 @@ bool Save(const QString& told, bool backup)
     // Written before anything gives way, so that a failure leaves every tab as it was.
     const Result<> written = CurrentPane().SaveFile(path, false);
     if (!written) {
-        ShowMessage(MessagePathError, written.error().Text());
+        ShowFailure(written.error());
         return false;
     }
     if (!ownPath) {
@@ -141,7 +139,7 @@ bool OpenDocument(const QString& told, bool force)
     }
     const Result<> loaded = CurrentPane().OpenFile(path);
     if (!loaded) {
-        ShowMessage(MessagePathError, loaded.error().Text());
+        ShowFailure(loaded.error());
         return false;
     }
     TakePath(path);
@@ -177,6 +175,6 @@ bool BackupCurrentFile()
         if (QFileInfo::exists(backup))
             continue;
         const Result<> copied = paths::CopyFileTo(path, backup);
-        return copied || ShowMessage(MessageNoBackup, copied.error().Text()) != CancelButton;
+        return copied || Confirmed(message::NoBackup, copied.error().Text());
     }
 }

@@ -51,12 +51,12 @@ void LoadAgain(int tab)
     EditorPane& pane = Panes().Pane(tab);
     const Result<QByteArray> bytes = paths::ReadWhole(Frame.Documents.at(tab).Path, paths::LargestDocument);
     if (!bytes) {
-        ShowMessage(MessagePathError, bytes.error().Text());
+        ShowFailure(bytes.error());
         return MarkUnsaved(tab);
     }
     if (pane.Modified() && Frame.Keeper) {
         if (const Result<> kept = Frame.Keeper->KeepApart(tab); !kept) {
-            ShowMessage(MessagePathError, kept.error().Text());
+            ShowFailure(kept.error());
             return MarkUnsaved(tab);
         }
     }
@@ -114,11 +114,11 @@ void CheckChangedOutside()
     if (!gone.empty()) {
         for (const int tab : gone)
             MarkUnsaved(tab);
-        ShowMessage(MessageFileVanished, PathList(gone));
+        ShowMessage(message::FilesVanished, PathList(gone));
     }
     if (changed.empty())
         return;
-    const bool again = ShowMessage(MessageChangedOutside, PathList(changed)) == QLatin1StringView("Load Again");
+    const bool again = Confirmed(message::ChangedOutside, PathList(changed));
     for (const int tab : changed)
         again ? LoadAgain(tab) : MarkUnsaved(tab);
 }

@@ -65,7 +65,7 @@ void ShowTabAt(int tab)
 
 void ShowMissing(int tab, const QString& path)
 {
-    ShowMessage(16, paths::Native(path));
+    ShowMessage(message::ProjectFileGone, paths::Native(path));
     ShowTabAt(tab);
     EmptySlot(tab);
     Document& document = Frame.Documents.at(tab);
@@ -104,22 +104,19 @@ std::vector<ProjectEntry> LoadPrjList()
 bool CreateProject()
 {
     if (!Frame.Documents[1].Face.Visible) {
-        ShowMessage(7);
+        ShowMessage(message::ProjectNeedsTwoFiles);
         return false;
     }
     const QStringList files = OpenPaths();
     if (files.size() < 2)
         return false;
-    const WorkScope modal;
-    const QString name = Ask()
-                             .Input(QStringLiteral("New Project"), QStringLiteral("Name of the project"), {})
-                             .value_or(QString())
-                             .trimmed();
+    const InputQuestion question{QStringLiteral("New Project"), QStringLiteral("Name of the project"), {}};
+    const QString name = AskText(question).value_or(QString()).trimmed();
     if (name.isEmpty())
         return false;
     const QString fault = FaultOfName(name);
     if (!fault.isEmpty()) {
-        ShowMessage(MessagePathError, fault);
+        ShowFailure({{}, fault});
         return false;
     }
     int key = 1;
@@ -142,10 +139,10 @@ void LoadProject(const QString& name)
 {
     const QStringList files = PathsOf(name);
     if (files.isEmpty()) {
-        ShowMessage(18, name);
+        ShowMessage(message::ProjectGone, name);
         return;
     }
-    if (ModifiedTabs() > 0 && ShowMessage(15) == QLatin1StringView("Cancel"))
+    if (ModifiedTabs() > 0 && !Confirmed(message::CloseAllForProject))
         return;
     for (int tab = 0; tab < 8; ++tab)
         EmptySlot(tab);

@@ -103,7 +103,7 @@ void RecentOpenSelected(int index)
         rest.removeAt(index);
         WriteSection(RecentSection, NumberedItems(rest));
         RecentLoad();
-        ShowMessage(6, paths::Native(path));
+        ShowMessage(message::RecentFileGone, paths::Native(path));
     }
     Panes().FocusPane();
 }

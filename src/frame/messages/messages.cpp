@@ -13,13 +13,13 @@ namespace {
 QString Filled(const char* form, const QString& text, const QString& text2)
 {
     QString filled;
-    const QString told = QString::fromUtf8(form);
-    for (qsizetype i = 0; i < told.size(); ++i) {
-        const bool place = told[i] == u'%' && i + 1 < told.size();
-        if (place && (told[i + 1] == u'1' || told[i + 1] == u'2'))
-            filled += told[++i] == u'1' ? text : text2;
+    const QString whole = QString::fromUtf8(form);
+    for (qsizetype i = 0; i < whole.size(); ++i) {
+        const bool place = whole[i] == u'%' && i + 1 < whole.size();
+        if (place && (whole[i + 1] == u'1' || whole[i + 1] == u'2'))
+            filled += whole[++i] == u'1' ? text : text2;
         else
-            filled += told[i];
+            filled += whole[i];
     }
     return filled;
 }
@@ -29,54 +29,71 @@ bool IsSuppressed(const MessageRow& row)
     return row.Nag >= 0 && Frame.Settings.Nags.at(row.Nag) == 0;
 }
 
-MessageRecord RecordOf(const MessageRow& row, const QString& text, const QString& text2)
+const MessageRow& RowOf(message::Number number)
 {
-    constexpr int ConsentForFiles = 58;
-    const bool unknown = row.Code == ConsentForFiles && text.isEmpty();
+    const auto rows = Messages();
+    const auto row =
+        std::find_if(rows.begin(), rows.end(), [number](const MessageRow& r) { return r.Number == number; });
+    Q_ASSERT_X(row != rows.end(), "RowOf", qPrintable(QString::number(number)));
+    return *row;
+}
+
+} // namespace
+
+MessageRecord RecordOf(message::Number number, const QString& text, const QString& text2)
+{
+    const MessageRow& row = RowOf(number);
+    const bool unknown = number == message::FileConsent && text.isEmpty();
     MessageRecord record;
+    record.Number = number;
     record.MessageTitle = Filled(row.Title, text, text2);
     record.MessageText = Filled(row.Text, unknown ? QStringLiteral("UNKNOWN!") : text, text2);
     record.MessageIcon = row.Icon;
     record.MessageButtons = QString::fromUtf8(row.Buttons);
     record.MessageColour = QString::fromUtf8(row.Colour);
-    record.WayOut = QString::fromUtf8(row.WayOut);
+    record.WayOut = row.WayOut;
     return record;
 }
 
-} // namespace
-
-QString ShowMessage(int code, const QString& text, const QString& text2)
+int ShowMessage(message::Number number, const QString& text, const QString& text2)
 {
-    const auto rows = Messages();
-    const auto row = std::find_if(rows.begin(), rows.end(), [code](const MessageRow& r) { return r.Code == code; });
-    Q_ASSERT_X(row != rows.end(), "ShowMessage", qPrintable(QString::number(code)));
-    if (row == rows.end() || IsSuppressed(*row)) {
+    if (IsSuppressed(RowOf(number))) {
         Frame.Message.MessageResult.clear();
-        return {};
+        return 0;
     }
-    Frame.Message = RecordOf(*row, text, text2);
+    Frame.Message = RecordOf(number, text, text2);
     return ShowRecord();
 }
 
-QString ShowRecord()
+bool Confirmed(message::Number number, const QString& text, const QString& text2)
+{
+    const int place = ShowMessage(number, text, text2);
+    return place == 0 || place != WayOutOf(Frame.Message);
+}
+
+void ShowFailure(const Failure& failure)
+{
+    ShowMessage(message::PathError, failure.Text());
+}
+
+int ShowRecord()
 {
     const QStringList captions = ButtonCaptions(Frame.Message.MessageButtons);
     if (Frame.HoldMessages && captions.size() == 1) {
         Frame.HeldMessages.push_back(Frame.Message);
         Frame.Message.MessageResult = captions.first();
         Frame.Message.MessageButtonIndex = 1;
-        return captions.first();
+        return 1;
     }
-    const WorkScope modal;
     Frame.Message.MessageResult.clear();
     Frame.Message.MessageButtonIndex = 0;
     // A copy: while the message is open a timer may show another one.
     MessageRecord shown = Frame.Message;
-    const MessageAnswer answer = Ask().Message(shown);
-    shown.MessageResult = answer.Caption;
-    shown.MessageButtonIndex = answer.Index;
+    const Answer answer = Ask(MessageQuestion{shown});
+    shown.MessageButtonIndex = std::get<Pressed>(answer).Place;
+    shown.MessageResult = captions.at(shown.MessageButtonIndex - 1);
     Frame.Message = shown;
-    return answer.Caption;
+    return shown.MessageButtonIndex;
 }
 
 void ShowHeldMessages()
@@ -97,13 +114,13 @@ QStringList ButtonCaptions(const QString& buttons)
     return captions.isEmpty() ? QStringList{QStringLiteral("OK")} : captions;
 }
 
-QString WayOutOf(const MessageRecord& record)
+int WayOutOf(const MessageRecord& record)
 {
-    if (!record.WayOut.isEmpty())
+    if (record.WayOut > 0)
         return record.WayOut;
     const QStringList captions = ButtonCaptions(record.MessageButtons);
-    for (const QString& caption : {QStringLiteral("Cancel"), QStringLiteral("Break")})
-        if (captions.contains(caption))
-            return caption;
-    return captions.first();
+    for (const QLatin1StringView caption : {QLatin1StringView("Cancel"), QLatin1StringView("Break")})
+        if (const qsizetype at = captions.indexOf(caption); at >= 0)
+            return int(at) + 1;
+    return 1;
 }

@@ -65,7 +65,7 @@ bool TakeRecovered(const RecoveredText& text)
         return false;
     if (Panes().Pane(tab).Modified() && Frame.Keeper) {
         if (const Result<> kept = Frame.Keeper->KeepApart(tab); !kept) {
-            ShowMessage(MessagePathError, kept.error().Text());
+            ShowFailure(kept.error());
             return false;
         }
     }

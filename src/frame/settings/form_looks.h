@@ -3,7 +3,6 @@
 #include "frame/settings/colour_styles.h"
 
 class EditorPane;
-class SettingsReader;
 
 /// The colours that the user sees: those for a light or those for a dark desktop. Each form has a section of user.ini.
 enum class LookForm { Light, Dark };
@@ -21,21 +20,15 @@ struct LookFonts
     bool operator==(const LookFonts&) const = default;
 };
 
-QString SectionOf(LookForm form);
+QLatin1StringView SectionOf(LookForm form);
 LookForm FormInUse();
+/// The look that is set for a form, of the settings in force.
+FormLook& LookOf(LookForm form);
 /// What the desktop shows; panes and lists change with it unless the user has fixed the form.
 void SetDesktopForm(LookForm form);
-/// Takes the setting `ColourForm`, and gives panes and lists the form that is in use then.
-void SetFormChoice(int choice);
-
-/// The look of a section; keys that are missing or broken take their shipped value.
-FormLook ReadLook(SettingsReader& reader, const QString& section);
-LookFonts ReadFonts(SettingsReader& reader);
-void WriteLook(const FormLook& look, LookForm form);
-void WriteFonts(const LookFonts& fonts);
 
 /// What a pane shows; the colours of the media lists are not in it.
 FormLook LookOf(const EditorPane& pane);
 void GiveLook(EditorPane& pane, const FormLook& look);
-/// All panes and the media lists.
-void GiveLookToAll(const FormLook& look, const LookFonts& fonts);
+/// The look of the form in use and the fonts to all panes and the media lists.
+void GiveLookToAll();

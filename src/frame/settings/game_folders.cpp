@@ -74,7 +74,7 @@ bool IsRndPathSet()
     const QString& path = Frame.Settings.RNDPath;
     if (!path.isEmpty() && paths::FileExists(path))
         return true;
-    ShowMessage(10);
+    ShowMessage(message::GameNotSet);
     return false;
 }
 

@@ -17,7 +17,7 @@ void Tell(const Result<>& written)
 {
     const Result<> outcome = Store().Outcome(written);
     if (!outcome && !std::exchange(Store().FailureTold, true))
-        ShowMessage(MessageFolderReadOnly, outcome.error().Text());
+        ShowMessage(message::SettingsNotSaved, outcome.error().Text());
 }
 
 } // namespace

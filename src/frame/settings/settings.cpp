@@ -6,77 +6,30 @@
 #include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
 #include "frame/settings/history.h"
+#include "frame/settings/settings_table.h"
 #include "frame/settings/shipped_settings.h"
 #include "platform/paths.h"
 
 namespace {
 
 constexpr int ThumbnailsId = 7;
-const QString Misc = QStringLiteral("Misc");
+constexpr QLatin1StringView InMisc("Misc");
 
-struct NumberRow
+/// Takes every value of a section that the record holds.
+void ReadRows(SettingsReader& reader, QLatin1StringView section)
 {
-    const char* Key;
-    int Low, High;
-    int SettingsRecord::*Value;
-};
-
-/// Keys of section Misc that are numbers, with the bounds that the options window keeps.
-constexpr NumberRow MiscNumbers[] = {
-    {"SpacerWidth", 10, 200, &SettingsRecord::SpacerWidth},
-    {"SortGotoList", 0, 1, &SettingsRecord::SortGotoList},
-    {"UndoLimit", -1, 9999, &SettingsRecord::UndoLimit},
-    {"OpenSaveInLevelDir", 0, 1, &SettingsRecord::OpenSaveInLevelDir},
-    {"BackupOnSave", 0, 1, &SettingsRecord::BackupOnSave},
-    {"DisableSoundLaunch", 0, 1, &SettingsRecord::DisableSoundLaunch},
-    {"QuickClose", 0, 1, &SettingsRecord::QuickClose},
-    {"SafeSystemBASIC", 0, 1, &SettingsRecord::SafeSystemBASIC},
-    {"MenuIcons", 0, 1, &SettingsRecord::MenuIcons},
-    {"Gradients", 0, 1, &SettingsRecord::Gradients},
-    {"ShowLineNumbers", 0, 1, &SettingsRecord::ShowLineNumbers},
-    {"ShowSpaces", 0, 1, &SettingsRecord::ShowSpaces},
-    {"LineHints", 0, 1, &SettingsRecord::LineHints},
-    {"Thumbnails", 0, 1, &SettingsRecord::Thumbnails},
-    {"UseColour", 0, 1, &SettingsRecord::UseColour},
-    {"SuperTab", 0, 1, &SettingsRecord::SuperTab},
-    {"RecentLimit", 10, 200, &SettingsRecord::RecentLimit},
-    {"ProjectLimit", 3, 50, &SettingsRecord::ProjectLimit},
-    {"FindHistoryLimit", 3, 50, &SettingsRecord::FindHistoryLimit},
-    {"ReplaceHistoryLimit", 3, 50, &SettingsRecord::ReplaceHistoryLimit},
-    {"ScreenReader", 0, 2, &SettingsRecord::ScreenReader},
-};
-
-template <std::size_t Size>
-void ReadFlags(SettingsReader& reader, const QString& section, std::array<int, Size>& flags)
-{
-    for (std::size_t i = 0; i < Size; ++i)
-        flags[i] = reader.Flag(section, QString::number(i));
-}
-
-void ReadMisc(SettingsReader& reader, SettingsRecord& settings)
-{
-    for (const NumberRow& row : MiscNumbers)
-        settings.*row.Value = reader.Number(Misc, QString::fromLatin1(row.Key), row.Low, row.High);
-    settings.LineCommentLineChar = reader.Text(Misc, QStringLiteral("LineCommentLineChar"));
-    settings.LineCommentSearchChar = reader.Text(Misc, QStringLiteral("LineCommentSearchChar"));
-    settings.RNDPath = paths::Inside(ReadIni(Misc, QStringLiteral("RNDPath")));
-    Frame.ShowWelcome = reader.Flag(Misc, QStringLiteral("1stTime"));
-}
-
-/// The window reads them itself, before there are settings.
-void CorrectWindowPosition(SettingsReader& reader)
-{
-    constexpr int Most = 100'000; // pixels
-    for (const char* key : {"Left", "Top", "Width", "Height", "Max"})
-        reader.Number(QStringLiteral("Window Positions"), QString::fromLatin1(key), -Most, Most);
+    for (const SettingRow& row : SettingRows())
+        if (row.Place && section == QLatin1StringView(row.Section))
+            reader.Read(row, Frame.Settings);
 }
 
 /// Which form it is stands first: nothing is coloured twice.
-void ReadLooks(SettingsReader& reader, SettingsRecord& settings)
+void ReadLooks(SettingsReader& reader)
 {
-    settings.ColourForm = reader.Number(Misc, QStringLiteral("ColourForm"), FollowDesktop, AlwaysDark);
-    settings.Fonts = ReadFonts(reader);
-    GiveLookToAll(ReadLook(reader, SectionOf(FormInUse())), settings.Fonts);
+    reader.Read(SettingOf(InMisc, QLatin1StringView("ColourForm")), Frame.Settings);
+    for (const LookForm form : {LookForm::Light, LookForm::Dark})
+        ReadRows(reader, SectionOf(form));
+    GiveLookToAll();
 }
 
 void ReadAnimModes(SettingsRecord& settings)
@@ -139,14 +92,14 @@ void LoadSettings()
 {
     SettingsReader reader;
     SettingsRecord& settings = Frame.Settings;
-    ReadLooks(reader, settings);
+    ReadLooks(reader);
     settings.Bands = ReadBands(reader);
     emit Events().ToolBarsLoaded();
-    ReadFlags(reader, QStringLiteral("QuickElementTemplate"), settings.QuickElementTemplate);
-    ReadFlags(reader, QStringLiteral("AutoCompleteTemplate"), settings.AutoCompleteTemplate);
-    ReadFlags(reader, QStringLiteral("Nags"), settings.Nags);
-    ReadMisc(reader, settings);
-    CorrectWindowPosition(reader);
+    for (const char* section : {"QuickElementTemplate", "AutoCompleteTemplate", "Nags", "Misc"})
+        ReadRows(reader, QLatin1StringView(section));
+    Frame.ShowWelcome = reader.Number(SettingOf(InMisc, QLatin1StringView("1stTime")));
+    for (const char* key : {"Left", "Top", "Width", "Height", "Max"}) // the window has read them before
+        reader.Number(SettingOf(QLatin1StringView("Window Positions"), QLatin1StringView(key)));
     emit Events().MenuStripsChanged(settings.Gradients == 1);
     emit Events().ViewSettingChanged();
     for (int i = 1; i <= 6; ++i)
@@ -160,7 +113,7 @@ void LoadSettings()
         ApplyViewSetting(id, ViewSetting(id));
     reader.WriteBack();
     if (!reader.Corrected().isEmpty())
-        ShowMessage(MessageSettingsBroken, FirstOf(reader.Corrected()));
+        ShowMessage(message::SettingsBroken, FirstOf(reader.Corrected()));
 }
 
 int ViewSetting(int id)
@@ -206,13 +159,7 @@ void ApplyViewSetting(int id, int value)
 
 void ToggleView(int id)
 {
-    for (const ViewToggle& row : ViewToggles()) {
-        if (row.Id != id)
-            continue;
-        int& value = Frame.Settings.*row.Value;
-        value = value == 1 ? 0 : 1;
-        emit Events().ViewSettingChanged();
-        WriteIni(value, Misc, QString::fromLatin1(row.Key));
-        ApplyViewSetting(id, value);
-    }
+    for (const ViewToggle& row : ViewToggles())
+        if (row.Id == id)
+            ChangeSetting(SettingOf(InMisc, QLatin1StringView(row.Key)), Frame.Settings.*row.Value == 1 ? 0 : 1);
 }

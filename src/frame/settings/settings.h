@@ -28,13 +28,14 @@ struct SettingsRecord
     int SafeSystemBASIC = 1, RecentLimit = 50, ProjectLimit = 20, FindHistoryLimit = 30, ReplaceHistoryLimit = 30;
     int ScreenReader = 0; ///< 0 automatic, 1 always, 2 never: whether panes tell their text to assistive technology
     QString RNDPath;
+    QString ImageEditor; ///< program that opens a sheet's image; empty: the desktop's own
     std::array<int, 10> QuickElementTemplate{};
     std::array<int, 4> AutoCompleteTemplate{};
     std::array<int, 5> Nags{1, 1, 1, 1, 1};
     std::vector<CoolBarBand> Bands; ///< of the tool bars, as LoadSettings read them
 
     int ColourForm = FollowDesktop;
-    int MediaListBackColour = 0, MediaListColour = 0; ///< 0x00BBGGRR, of the form in use
+    FormLook Light{}, Dark{};
     LookFonts Fonts;
 
     std::array<QString, 7> ComType; ///< 1 to 6

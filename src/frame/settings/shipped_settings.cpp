@@ -1,7 +1,9 @@
 #include "frame/settings/shipped_settings.h"
 
-#include "frame/settings/settings.h"
+#include "frame/frame_state.h"
+#include "frame/settings/settings_table.h"
 #include "platform/ini_file.h"
+#include "platform/paths.h"
 
 #include <QFile>
 #include <QLocale>
@@ -42,6 +44,26 @@ QHash<QString, QString> ReadShipped()
 }
 
 } // namespace
+
+void SettingsReader::Read(const SettingRow& row, SettingsRecord& record)
+{
+    const QString section = QString::fromLatin1(row.Section), key = QString::fromLatin1(row.Key);
+    const SettingPlace place = row.Place(record);
+    if (int* const* number = std::get_if<int*>(&place))
+        **number = Number(section, key, row.Low, row.High);
+    else if (double* const* real = std::get_if<double*>(&place))
+        **real = Real(section, key);
+    else if (bool* const* truth = std::get_if<bool*>(&place))
+        **truth = Truth(section, key);
+    else
+        *std::get<QString*>(place) =
+            row.Kind == SettingKind::Path ? paths::Inside(Text(section, key)) : Text(section, key);
+}
+
+int SettingsReader::Number(const SettingRow& row)
+{
+    return Number(QString::fromLatin1(row.Section), QString::fromLatin1(row.Key), row.Low, row.High);
+}
 
 QString SettingsReader::Shipped(const QString& section, const QString& key)
 {

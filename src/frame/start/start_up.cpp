@@ -4,6 +4,7 @@
 #include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
+#include "frame/settings/settings_table.h"
 #include "platform/in_place.h"
 #include "platform/paths.h"
 
@@ -88,11 +89,11 @@ bool PrepareStart(const StartFolders& folders, const QStringList& arguments)
 
     const QString missing = MissingTable();
     if (!missing.isEmpty()) {
-        ShowMessage(2, paths::Native(missing));
+        ShowMessage(message::FileMissing, paths::Native(missing));
         return false;
     }
     if (!paths::FileExists(Frame.HelpExe) || !paths::FileExists(Frame.HelpZip)) {
-        ShowMessage(4);
+        ShowMessage(message::HelpMissing);
         return false;
     }
     Frame.CurrentFolder = Frame.CommandLine.isEmpty() ? Frame.ProgramFolder : QString();
@@ -122,15 +123,15 @@ void FinishStart()
     Panes().FocusPane();
 }
 
-QString ShowWelcomeMessage()
+int ShowWelcomeMessage()
 {
     Frame.ShowWelcome = 0;
-    QString answer = ShowMessage(999);
-    if (answer == QLatin1StringView("OK"))
+    const int answer = ShowMessage(message::Welcome);
+    if (answer == message::WelcomeOk)
         Panes().FocusPane();
-    else if (answer == QLatin1StringView("Options"))
+    else if (answer == message::WelcomeOptions)
         Tools().OpenTool(ToolWindow::Options);
-    else if (answer == QLatin1StringView("Don't Show This Again"))
-        WriteIni(0, QStringLiteral("Misc"), QStringLiteral("1stTime"));
+    else if (answer == message::DoNotShowAgain)
+        ChangeSetting(SettingOf(QLatin1StringView("Misc"), QLatin1StringView("1stTime")), 0);
     return answer;
 }

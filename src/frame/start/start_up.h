@@ -30,5 +30,5 @@ void FillConfNames();
 void FinishStart();
 
 /// The welcome, once a run, while Frame.ShowWelcome is 1. "OK" and "Don't Show This Again" are done here; the caller
-/// acts on the other answers.
-QString ShowWelcomeMessage();
+/// acts on the other answers (message::WelcomeButton).
+int ShowWelcomeMessage();

@@ -164,9 +164,8 @@ void frmRecover::TakeSelected()
 {
     for (QTreeWidgetItem* item : Selected()) {
         if (!TakeRecovered(TextOf(*item))) {
-            ShowMessage(
-                MessagePathError,
-                QStringLiteral("All tabs are in use. Keep the text for later: the next start offers it again."));
+            ShowFailure(
+                {{}, QStringLiteral("All tabs are in use. Keep the text for later: the next start offers it again.")});
             return;
         }
         Drop(item);
@@ -186,7 +185,7 @@ void frmRecover::ThrowSelectedAway()
     question.MessageIcon = 2;
     question.MessageButtons = QStringLiteral("Cancel_Throw Away");
     Frame.Message = question;
-    if (ShowRecord() == QStringLiteral("Cancel"))
+    if (ShowRecord() == WayOutOf(Frame.Message))
         return;
     for (QTreeWidgetItem* item : items) {
         keeper.Forget(TextOf(*item));

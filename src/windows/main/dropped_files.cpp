@@ -7,10 +7,7 @@
 #include "frame/media/media_lists.h"
 #include "platform/paths.h"
 
-#include <QDropEvent>
 #include <QFileInfo>
-#include <QMimeData>
-#include <QUrl>
 #include <algorithm>
 
 namespace {
@@ -38,21 +35,6 @@ bool MakeRoom()
 }
 
 } // namespace
-
-QStringList LocalFiles(const QMimeData& data)
-{
-    QStringList files;
-    for (const QUrl& url : data.urls())
-        if (url.isLocalFile())
-            files << url.toLocalFile();
-    return files;
-}
-
-void AcceptAsCopy(QDropEvent& event)
-{
-    event.setDropAction(Qt::CopyAction);
-    event.accept();
-}
 
 void OpenDroppedFiles(const QStringList& files)
 {

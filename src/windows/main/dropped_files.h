@@ -1,16 +1,8 @@
 #pragma once
 
-#include <QStringList>
+#include "windows/parts/dropped_paths.h"
 
-class QDropEvent;
-class QMimeData;
 struct Range;
-
-/// Paths of the local files that are dragged; empty if there are none.
-QStringList LocalFiles(const QMimeData& data);
-
-/// Whatever the source proposes: a source that is told "moved" may remove its file.
-void AcceptAsCopy(QDropEvent& event);
 
 /// Opens files as a user would: a file that a tab holds is shown there; the current tab is used if it is empty and
 /// unchanged, else a new one; without a free tab the current one, after message 8.

@@ -1,7 +1,20 @@
 #include "conf/headline.h"
+#include "frame/host_ports.h"
 #include "windows/main/command_table.h"
+#include "windows/parts/pane_commands.h"
 
 #include <array>
+
+namespace {
+
+template <ToolWindow Tool>
+void OpenToolAndFocus()
+{
+    Tools().OpenTool(Tool);
+    Panes().FocusPane();
+}
+
+} // namespace
 
 std::span<const CommandRow> ExtraCommands()
 {
@@ -13,7 +26,8 @@ std::span<const CommandRow> ExtraCommands()
                    NotThere, InMode(ModeGfx), InMode(ModeGfx)},
         CommandRow{"mnuExtraHeadline", "Make Editor Headline", "", tbExtra, "make_headline", nullptr, SeparatorBehind,
                    MakeHeadline, InMode(ModeEdi), InMode(ModeEdi)},
-        CommandRow{"mnuExtraPCXLab", "PCX Lab", "", tbExtra, "pcx_lab", nullptr, NoFlags, NotThere},
+        CommandRow{"mnuExtraPCXLab", "PCX Lab", "", tbExtra, "pcx_lab", nullptr, NoFlags,
+                   OpenToolAndFocus<ToolWindow::PCXLab>},
         CommandRow{"mnuExtraAVI", "AVI To Bitmap", "", tbExtra, "avi_to_bitmap", nullptr, SeparatorBehind, NotThere},
         CommandRow{"mnubasic", "Gemforge BASIC", "", tbExtra, "basic", nullptr, NoFlags, NotThere},
     };

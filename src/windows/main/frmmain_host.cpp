@@ -8,6 +8,7 @@
 #include "windows/blocks/frm_inject.h"
 #include "windows/files/frm_project.h"
 #include "windows/find/find_dialogs.h"
+#include "windows/images/frm_pcx_lab.h"
 #include "windows/lists/block_list.h"
 #include "windows/lists/comment_tree.h"
 #include "windows/lists/recent_popup.h"
@@ -109,6 +110,8 @@ void frmmain::OpenTool(ToolWindow tool)
         RunOptionsWindow({[this] { bars.SaveCoolbar(); }, [this] { StorePosition(*this); }, {}}, this);
         FocusPane();
     }
+    if (tool == ToolWindow::PCXLab)
+        frmPCXLab::Run(this);
 }
 
 void frmmain::ShowList(ListKind list)

@@ -23,7 +23,7 @@ namespace {
 
 void Welcome()
 {
-    if (Frame.ShowWelcome == 1 && ShowWelcomeMessage() == QLatin1StringView("Read Help"))
+    if (Frame.ShowWelcome == 1 && ShowWelcomeMessage() == message::ReadHelp)
         RunHelp({});
 }
 
@@ -87,7 +87,7 @@ int StartProgram(int argc, char** argv)
         instance.Claim(folders.StateFolder);
     }
     if (instance.AnotherRuns()) {
-        ShowMessage(106);
+        ShowMessage(message::AnotherRuns);
         return 1;
     }
     if (!PrepareStart(folders, QCoreApplication::arguments().mid(1)))

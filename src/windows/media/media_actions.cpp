@@ -23,8 +23,6 @@
 
 namespace {
 
-constexpr int MapglassMissing = 35;
-
 void OpenOutside(const QString& path)
 {
     if (!QDesktopServices::openUrl(QUrl::fromLocalFile(path)))
@@ -108,14 +106,14 @@ void ShowLevel(const QString& path)
         return;
     const QString viewer = Frame.ProgramFolder + QStringLiteral("Mapglass");
     if (!paths::FileExists(viewer)) {
-        ShowMessage(MapglassMissing);
+        ShowMessage(message::MapglassMissing);
         return;
     }
     Busy().SetEnabled(false);
     const auto ended = processes::RunAndWait(viewer, {path});
     Busy().SetEnabled(true);
     if (!ended)
-        ShowMessage(MessagePathError, ended.error().Text());
+        ShowFailure(ended.error());
 }
 
 void ShowInFolder(const QString& path)

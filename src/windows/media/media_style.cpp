@@ -21,8 +21,8 @@ QFont MediaListFont(const LookFonts& fonts)
 
 void GiveMediaStyle(QWidget& list)
 {
-    const SettingsRecord& settings = Frame.Settings;
-    GiveMediaStyle(list, FromBgr(settings.MediaListBackColour), FromBgr(settings.MediaListColour), settings.Fonts);
+    const FormLook& look = LookOf(FormInUse());
+    GiveMediaStyle(list, FromBgr(look.MediaListBack), FromBgr(look.MediaList), Frame.Settings.Fonts);
 }
 
 void GiveMediaStyle(QWidget& list, const QColor& back, const QColor& text, const LookFonts& fonts)

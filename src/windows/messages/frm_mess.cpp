@@ -85,8 +85,8 @@ void frmMess::MakeButtons()
         auto* button = new QPushButton(WithoutMnemonic(captions.at(i)), this);
         button->setObjectName(QStringLiteral("cmdButton%1").arg(i + 2));
         button->setAccessibleName(captions.at(i));
-        connect(button, &QPushButton::clicked, this, [this, caption = captions.at(i), i] {
-            answer = {caption, i + 1};
+        connect(button, &QPushButton::clicked, this, [this, i] {
+            answer.Place = i + 1;
             accept();
         });
         cmdButton.push_back(button);
@@ -170,20 +170,16 @@ QSize frmMess::MeasureText(int widest) const
     return {std::min(int(std::ceil(width)) + caret, widest), int(std::ceil(height))};
 }
 
-MessageAnswer frmMess::Ask()
+Pressed frmMess::Ask()
 {
     const ModalScope scope;
-    if (Frame.Ending || Frame.Closing)
-        reject();
-    else
-        exec();
+    exec();
     return answer;
 }
 
 void frmMess::reject()
 {
-    answer.Caption = WayOutOf(record);
-    answer.Index = std::max(1, int(ButtonCaptions(record.MessageButtons).indexOf(answer.Caption)) + 1);
+    answer.Place = WayOutOf(record);
     QDialog::reject();
 }
 

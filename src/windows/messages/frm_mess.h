@@ -17,8 +17,8 @@ class frmMess : public QDialog
 public:
     frmMess(const MessageRecord& record, QWidget* owner);
 
-    /// Shows the window and waits. The caption of the answer is never empty.
-    MessageAnswer Ask();
+    /// Shows the window and waits.
+    Pressed Ask();
 
     void reject() override;
 
@@ -34,7 +34,7 @@ private:
 
     MessageRecord record;
     MessageColours colours;
-    MessageAnswer answer;
+    Pressed answer;
     QLabel *lblTitle, *imgIcon;
     QPlainTextEdit* lblTEXT;
     std::vector<QPushButton*> cmdButton;

@@ -10,76 +10,95 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRegularExpression>
 
 namespace {
 
-std::optional<QString> Chosen(QFileDialog& dialog)
+QStringList Chosen(QFileDialog& dialog)
 {
     const ModalScope scope;
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return std::nullopt;
-    return QDir::cleanPath(dialog.selectedFiles().constFirst());
+    QStringList chosen;
+    if (dialog.exec() == QDialog::Accepted)
+        for (const QString& path : dialog.selectedFiles())
+            chosen << QDir::cleanPath(path);
+    return chosen;
 }
 
-std::optional<QString> AskFile(QWidget* parent, const FileQuestion& question, QFileDialog::AcceptMode mode)
+Answer FirstOf(const QStringList& chosen)
 {
+    return chosen.isEmpty() ? Answer(Cancelled{}) : Answer(chosen.constFirst());
+}
+
+void CompleteBy(QFileDialog& dialog, const QString& filter)
+{
+    static const QRegularExpression firstEnding(QStringLiteral("\\*\\.(\\w+)"));
+    dialog.setDefaultSuffix(firstEnding.match(filter).captured(1));
+}
+
+Answer AskFile(const FileQuestion& question, QWidget* parent)
+{
+    const bool several = question.For == FileQuestion::OpenMany, opens = question.For != FileQuestion::Save;
     QFileDialog dialog(parent, question.Title, question.Folder);
-    dialog.setAcceptMode(mode);
-    SetHelpSubject(&dialog,
-                   mode == QFileDialog::AcceptOpen ? QStringLiteral("H_main_open") : QStringLiteral("H_main_save_as"));
-    dialog.setFileMode(QFileDialog::AnyFile); // a typed name may be one that the filter hides, such as a backup's
+    dialog.setAcceptMode(opens ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
+    SetHelpSubject(&dialog, opens ? QStringLiteral("H_main_open") : QStringLiteral("H_main_save_as"));
+    // Of any kind: a typed name may be one that the filter hides, such as a backup's.
+    dialog.setFileMode(several ? QFileDialog::ExistingFiles : QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite); // the command asks that itself, with message 9
-    dialog.setNameFilters(DialogFilters(question.Filter));
+    const QStringList filters = DialogFilters(question.Filter);
+    dialog.setNameFilters(filters);
+    if (!filters.isEmpty())
+        dialog.selectNameFilter(question.Selected < 0 ? filters.constLast() : filters.value(question.Selected));
+    if (question.Completes) {
+        CompleteBy(dialog, dialog.selectedNameFilter());
+        QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
+                         [&dialog](const QString& filter) { CompleteBy(dialog, filter); });
+    }
     if (!question.Preset.isEmpty())
         dialog.selectFile(question.Preset);
-    return Chosen(dialog);
+    const QStringList chosen = Chosen(dialog);
+    return several && !chosen.isEmpty() ? Answer(chosen) : FirstOf(chosen);
 }
 
-} // namespace
-
-WindowAsker::WindowAsker(QWidget* window) : owner(window) {}
-
-QWidget* WindowAsker::Parent() const
+Answer AskFolder(const FolderQuestion& question, QWidget* parent)
 {
-    return DialogParent(owner);
+    QFileDialog dialog(parent, question.Title, question.Folder);
+    SetHelpSubject(&dialog, QStringLiteral("H_main_open"));
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    return FirstOf(Chosen(dialog));
 }
 
-MessageAnswer WindowAsker::Message(const MessageRecord& record)
+Answer AskInput(const InputQuestion& question, QWidget* parent)
 {
-    return frmMess(record, owner).Ask();
-}
-
-std::optional<QString> WindowAsker::Input(const QString& title, const QString& prompt, const QString& preset)
-{
-    QInputDialog dialog(Parent());
+    QInputDialog dialog(parent);
     SetHelpSubject(&dialog, QStringLiteral("messages"));
-    dialog.setWindowTitle(title);
-    dialog.setLabelText(WithoutMnemonic(prompt));
-    dialog.setTextValue(preset);
+    dialog.setWindowTitle(question.Title);
+    dialog.setLabelText(WithoutMnemonic(question.Prompt));
+    dialog.setTextValue(question.Preset);
     for (QLabel* label : dialog.findChildren<QLabel*>()) {
         label->setTextFormat(Qt::PlainText); // a prompt is a macro's text
         label->setWordWrap(true);
     }
     dialog.findChild<QLineEdit*>()->setMinimumWidth(Pixels(dialog, 360));
     const ModalScope scope;
-    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.textValue()) : std::nullopt;
+    return dialog.exec() == QDialog::Accepted ? Answer(dialog.textValue()) : Cancelled{};
 }
 
-std::optional<QString> WindowAsker::OpenFile(const FileQuestion& question)
+} // namespace
+
+WindowAsker::WindowAsker(QWidget* window) : owner(window)
 {
-    return AskFile(Parent(), question, QFileDialog::AcceptOpen);
+    Bring<MessageQuestion>(
+        [](const auto& question, QWidget* parent) { return frmMess(question.Record, parent).Ask(); });
+    Bring<SafetyQuestion>(
+        [](const auto& question, QWidget* parent) { return frmMess(RecordOf(question), parent).Ask(); });
+    Bring<InputQuestion>(AskInput);
+    Bring<FileQuestion>(AskFile);
+    Bring<FolderQuestion>(AskFolder);
 }
 
-std::optional<QString> WindowAsker::SaveFile(const FileQuestion& question)
+Answer WindowAsker::Ask(const Question& question)
 {
-    return AskFile(Parent(), question, QFileDialog::AcceptSave);
-}
-
-std::optional<QString> WindowAsker::Folder(const QString& title)
-{
-    QFileDialog dialog(Parent(), title);
-    SetHelpSubject(&dialog, QStringLiteral("H_main_open"));
-    dialog.setFileMode(QFileDialog::Directory);
-    dialog.setOption(QFileDialog::ShowDirsOnly);
-    return Chosen(dialog);
+    const auto& ask = windows.at(question.index());
+    return ask ? ask(question, DialogParent(owner)) : Cancelled{};
 }

@@ -2,6 +2,7 @@
 
 #include "frame/editor_pane.h"
 #include "frame/frame_state.h"
+#include "frame/settings/settings_table.h"
 #include "platform/contrast.h"
 #include "windows/options/colour_square.h"
 #include "windows/options/font_choice.h"
@@ -374,11 +375,11 @@ void ColoursPage::CopyMainStyle()
 
 void ColoursPage::Apply()
 {
-    const LookFonts fonts = light->Fonts();
-    WriteLook(light->Look(), LookForm::Light);
-    WriteLook(dark->Look(), LookForm::Dark);
-    WriteFonts(fonts);
-    Frame.Settings.ColourForm = cmbColourForm->currentIndex();
-    WriteIni(Frame.Settings.ColourForm, QStringLiteral("Misc"), QStringLiteral("ColourForm"));
-    GiveLookToAll(Example(FormInUse()).Look(), fonts);
+    Frame.Settings.Light = light->Look();
+    Frame.Settings.Dark = dark->Look();
+    Frame.Settings.Fonts = light->Fonts();
+    for (const LookForm form : {LookForm::Light, LookForm::Dark})
+        WriteSettings(SectionOf(form));
+    ChangeSetting(SettingOf(QLatin1StringView("Misc"), QLatin1StringView("ColourForm")),
+                  cmbColourForm->currentIndex()); // gives all panes and lists their look
 }

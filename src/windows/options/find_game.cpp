@@ -19,7 +19,7 @@ bool IsTheGame(const QString& program, const std::function<Result<>(const QStrin
 {
     if (prove && prove(program))
         return true;
-    ShowMessage(21);
+    ShowMessage(message::NotTheGame);
     return false;
 }
 
@@ -30,7 +30,7 @@ void ShowGameFolders(const QString& program)
     Frame.Media.RndFolder = graphics ? folders.Graphics : QString();
     ShowMedia();
     if (!graphics)
-        ShowMessage(28, Frame.Settings.RndGfxFolderName);
+        ShowMessage(message::GameFolderMissing, Frame.Settings.RndGfxFolderName);
     if (!paths::FolderExists(folders.Levels))
-        ShowMessage(23);
+        ShowMessage(message::LevelsFolderMissing);
 }

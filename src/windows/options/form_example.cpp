@@ -1,8 +1,7 @@
 #include "windows/options/form_example.h"
 
 #include "editor/make_pane.h"
-#include "frame/settings/settings.h"
-#include "frame/settings/shipped_settings.h"
+#include "frame/frame_state.h"
 #include "platform/contrast.h"
 #include "windows/media/media_style.h"
 
@@ -52,11 +51,10 @@ FormExample::FormExample(LookForm shown, const QString& name, QWidget* parent)
     media->setFocusPolicy(Qt::NoFocus);
     FillPane(*pane);
     LoadSyntaxColours(*pane, SectionOf(form));
-    SettingsReader reader;
-    const FormLook look = ReadLook(reader, SectionOf(form));
+    const FormLook& look = LookOf(form);
     mediaBack = look.MediaListBack;
     mediaText = look.MediaList;
-    fonts = ReadFonts(reader);
+    fonts = Frame.Settings.Fonts;
     ShowMediaStyle();
 }
 

@@ -1,10 +1,11 @@
 #include "windows/options/general_page.h"
 
-#include "frame/frame_events.h"
 #include "frame/frame_state.h"
+#include "frame/messages/messages.h"
 #include "frame/settings/option_limits.h"
-#include "frame/settings/settings.h"
 #include "platform/paths.h"
+#include "services/file_associations.h"
+#include "services/registry_store.h"
 #include "windows/options/find_game.h"
 #include "windows/options/general_rows.h"
 #include "windows/parts/frame_columns.h"
@@ -18,7 +19,6 @@
 
 namespace {
 
-const QString MiscSection = QStringLiteral("Misc");
 constexpr int CharacterColumns = 4, LimitColumns = 6; // widths of boxes in characters
 
 QString Latin(const char* text)
@@ -65,7 +65,7 @@ GeneralPage::GeneralPage(int index, OptionsPorts given, QWidget* parent)
         QGroupBox* frame = MakeFrame(row.Title, content);
         for (size_t i = 0; i < row.Captions.size(); ++i) {
             QCheckBox* box = MakeTick(row.Captions[i], Latin(row.Control) + QString::number(i), frame);
-            box->setChecked(row.Flags(Frame.Settings)[i] == 1);
+            box->setChecked(SettingNow(FlagOf(row, i)).toInt() == 1);
             flags[Latin(row.Section)].push_back(box);
         }
         columns->addWidget(frame);
@@ -85,10 +85,8 @@ QGroupBox* GeneralPage::MakeMisc(QWidget* parent)
     for (const TickRow& row : MiscTicks()) {
         QCheckBox* box = MakeTick(row.Caption, QStringLiteral("chkOther%1").arg(row.Index), frame);
         box->setToolTip(Latin(row.Tip));
-        if (row.Value)
-            box->setChecked(Frame.Settings.*row.Value == 1);
-        else if (row.Key)
-            box->setChecked(ReadIni(MiscSection, Latin(row.Key)) == QLatin1StringView("1"));
+        if (row.Key)
+            box->setChecked(SettingNow(MiscSetting(row.Key)).toInt() == 1);
         chkOther[row.Index] = box;
     }
     return frame;
@@ -100,11 +98,13 @@ QGroupBox* GeneralPage::MakeLimits(QWidget* parent)
     auto* form = new QFormLayout(frame);
     for (const LimitRow& row : LimitRows()) {
         QLineEdit* box = MakeBox(row.Control, LimitColumns, frame);
-        box->setToolTip(row.Lowest < 0 ? QStringLiteral("0 to %1; -1: without a limit").arg(row.Highest)
-                                       : QStringLiteral("%1 to %2").arg(row.Lowest).arg(row.Highest));
-        box->setText(QString::number(Frame.Settings.*row.Value));
-        connect(box, &QLineEdit::editingFinished, this,
-                [box, row] { box->setText(CheckLimit(box->text(), row.MaxLength, row.Lowest, row.Highest)); });
+        const SettingRow& setting = MiscSetting(row.Key);
+        box->setToolTip(setting.Low < 0 ? QStringLiteral("0 to %1; -1: without a limit").arg(setting.High)
+                                        : QStringLiteral("%1 to %2").arg(setting.Low).arg(setting.High));
+        box->setText(SettingNow(setting).toString());
+        connect(box, &QLineEdit::editingFinished, this, [box, row, &setting] {
+            box->setText(CheckLimit(box->text(), row.MaxLength, setting.Low, setting.High));
+        });
         form->addRow(Latin(row.Caption), box);
         limits[Latin(row.Control)] = box;
     }
@@ -182,63 +182,49 @@ void GeneralPage::Apply()
         ports.SaveCoolbar();
         ports.SaveWindowPosition();
     }
-    ApplyMisc(ConfFilesBox, 9);
-    emit Events().MenuStripsChanged(Frame.Settings.Gradients == 1);
+    ApplyMisc();
     ApplyCharacters();
-    ApplyLimits();
-    Frame.Settings.RNDPath = paths::Inside(txtRndPath->text().trimmed());
-    WriteIni(Frame.Settings.RNDPath, MiscSection, QStringLiteral("RNDPath"));
-    DeriveGameFolders();
+    for (const LimitRow& row : LimitRows())
+        ChangeSetting(MiscSetting(row.Key), limits.at(Latin(row.Control))->text());
+    ChangeSetting(MiscSetting("RNDPath"), txtRndPath->text().trimmed());
     lookedElsewhere = false;
-    ApplyFlags();
+    for (const FlagFrame& row : FlagFrames())
+        for (size_t i = 0; i < row.Captions.size(); ++i)
+            ChangeSetting(FlagOf(row, i), flags.at(Latin(row.Section))[i]->isChecked() ? 1 : 0);
 }
 
-void GeneralPage::ApplyMisc(int first, int last)
+void GeneralPage::ApplyMisc()
 {
     for (const TickRow& row : MiscTicks()) {
-        if (row.Index < first || row.Index > last || !row.Key)
-            continue;
-        const int value = Ticked(row.Index) ? 1 : 0;
-        if (row.Value)
-            Frame.Settings.*row.Value = value;
-        WriteIni(value, MiscSection, Latin(row.Key));
+        if (row.Key)
+            ChangeSetting(MiscSetting(row.Key), Ticked(row.Index) ? 1 : 0);
+        else if (row.Index == ConfFilesBox && Ticked(row.Index))
+            AssociateTicked(file_types::Group::Confs);
+        else if (row.Index == LevelFilesBox && Ticked(row.Index))
+            AssociateTicked(file_types::Group::Levels);
     }
+}
+
+void GeneralPage::AssociateTicked(file_types::Group group)
+{
+    RegistryStore store;
+    const file_types::Places places = file_types::OfUser();
+    const bool missing = !paths::FileExists(file_types::ProgramOf(group, places));
+    if (missing && group == file_types::Group::Levels) {
+        ShowMessage(message::MapglassMissing);
+        return;
+    }
+    if (const Result<> made = AssociateFiles(group, places, store); !made)
+        ShowFailure(made.error());
 }
 
 void GeneralPage::ApplyCharacters()
 {
-    SettingsRecord& settings = Frame.Settings;
-    const auto take = [](const QLineEdit& box, QString& value, const char* key) {
-        if (box.text().isEmpty())
-            return;
-        value = box.text();
-        WriteIni(value, MiscSection, Latin(key));
+    const auto take = [](const QLineEdit& box, const char* key) {
+        if (!box.text().isEmpty())
+            ChangeSetting(MiscSetting(key), box.text());
     };
-    take(*txtSearch, settings.LineCommentSearchChar, "LineCommentSearchChar");
-    take(*txtline, settings.LineCommentLineChar, "LineCommentLineChar");
-    settings.SortGotoList = chkSortComList->isChecked() ? 1 : 0;
-    WriteIni(settings.SortGotoList, MiscSection, QStringLiteral("SortGotoList"));
-}
-
-void GeneralPage::ApplyLimits()
-{
-    SettingsRecord& settings = Frame.Settings;
-    for (const LimitRow& row : LimitRows()) {
-        settings.*row.Value = limits.at(Latin(row.Control))->text().toInt();
-        WriteIni(settings.*row.Value, MiscSection, Latin(row.Key));
-    }
-    ApplyViewSetting(4, settings.UndoLimit);
-    ApplyViewSetting(5, settings.SpacerWidth);
-}
-
-void GeneralPage::ApplyFlags()
-{
-    for (const FlagFrame& row : FlagFrames()) {
-        const std::vector<QCheckBox*>& boxes = flags.at(Latin(row.Section));
-        for (size_t i = 0; i < boxes.size(); ++i) {
-            const int value = boxes[i]->isChecked() ? 1 : 0;
-            row.Flags(Frame.Settings)[i] = value;
-            WriteIni(value, Latin(row.Section), QString::number(i));
-        }
-    }
+    take(*txtSearch, "LineCommentSearchChar");
+    take(*txtline, "LineCommentLineChar");
+    ChangeSetting(MiscSetting("SortGotoList"), chkSortComList->isChecked() ? 1 : 0);
 }

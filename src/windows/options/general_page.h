@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/file_types.h"
 #include "windows/options/option_page.h"
 #include "windows/options/options_ports.h"
 
@@ -28,10 +29,9 @@ private:
     void CheckLimits();
     void FindTheGame();
     bool Ticked(int index) const;
-    void ApplyMisc(int first, int last);
+    void ApplyMisc();
+    void AssociateTicked(file_types::Group group);
     void ApplyCharacters();
-    void ApplyLimits();
-    void ApplyFlags();
 
     OptionsPorts ports;
     std::map<int, QCheckBox*> chkOther;

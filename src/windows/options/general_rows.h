@@ -1,8 +1,6 @@
 #pragma once
 
-#include "frame/settings/settings.h"
-
-#include <span>
+#include "frame/settings/settings_table.h"
 
 /// A frame of tick boxes that stand for the flags of a section with the keys "0", "1", ...
 struct FlagFrame
@@ -11,7 +9,6 @@ struct FlagFrame
     const char* Control; ///< the boxes are named so, with their number
     const char* Section;
     std::span<const char* const> Captions;
-    int* (*Flags)(SettingsRecord&);
 };
 std::span<const FlagFrame> FlagFrames();
 
@@ -23,19 +20,22 @@ struct TickRow
 {
     int Index;
     const char* Caption;
-    const char* Key;                      ///< of section Misc; null: an act
-    int SettingsRecord::*Value = nullptr; ///< null: of an act, or not to change before the next look at the file
-    const char* Tip = nullptr;
+    const char* Key; ///< of section Misc; null: an act
+    const char* Tip;
 };
 std::span<const TickRow> MiscTicks();
 
-/// A number box with its bounds.
+/// A number box. Its bounds are the setting's.
 struct LimitRow
 {
     const char* Control;
     const char* Caption;
     const char* Key;
-    int SettingsRecord::*Value;
-    int MaxLength, Lowest, Highest;
+    int MaxLength;
 };
 std::span<const LimitRow> LimitRows();
+
+/// The setting of section Misc with this key.
+const SettingRow& MiscSetting(const char* key);
+/// The flag of a frame's box.
+const SettingRow& FlagOf(const FlagFrame& frame, size_t box);

@@ -19,7 +19,7 @@ Result<> KeepEverything()
 bool MayClose()
 {
     const Result<> kept = KeepEverything();
-    return kept || ShowMessage(MessageTextNotKept, kept.error().Text()) != QLatin1StringView("Cancel");
+    return kept || Confirmed(message::TextNotKept, kept.error().Text());
 }
 
 void EndWork()

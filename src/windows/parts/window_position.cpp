@@ -1,6 +1,6 @@
 #include "windows/parts/window_position.h"
 
-#include "frame/settings/settings.h"
+#include "frame/settings/settings_table.h"
 
 #include <QApplication>
 #include <QScreen>
@@ -37,7 +37,7 @@ void StorePosition(const QWidget& window)
     const QPoint corner = maximised ? inner.topLeft() : inner.topLeft() - frame;
     const SettingsBatch batch;
     const auto write = [](const char* key, int value) {
-        WriteIni(value, QStringLiteral("Window Positions"), QString::fromLatin1(key));
+        ChangeSetting(SettingOf(QLatin1StringView("Window Positions"), QLatin1StringView(key)), value);
     };
     write("Width", inner.width());
     write("Height", inner.height());

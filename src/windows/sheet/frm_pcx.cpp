@@ -33,7 +33,6 @@
 namespace {
 
 constexpr int FromMacro = 4; // Conf.MediaSource: MediaFile is the whole path
-constexpr int BadImage = 107, ImageErrors = 108;
 constexpr int ImageErrorNag = 2;
 constexpr int MarkPhases = 10;
 constexpr int RedrawDelay = 100; // a preview with a longer delay is drawn again by the marks' timer
@@ -62,9 +61,9 @@ void frmPCX::Run(QWidget* owner)
     Busy().BusyPointer(false);
     if (!picture) {
         if (picture.error().Path == path)
-            ShowMessage(BadImage);
+            ShowMessage(message::BadPcx);
         else
-            ShowMessage(MessagePathError, picture.error().Text()); // the decoder is not there
+            ShowFailure(picture.error()); // the decoder is not there
         return;
     }
     ShowSheet(picture->Pixels);
@@ -162,7 +161,7 @@ void frmPCX::showEvent(QShowEvent* event)
 void frmPCX::ShowWarnings()
 {
     if (Frame.Settings.Nags[ImageErrorNag] == 1 && !Sheet.ImageWarnings.isEmpty())
-        ShowMessage(ImageErrors, Sheet.ImageWarnings.chopped(1));
+        ShowMessage(message::ImageErrors, Sheet.ImageWarnings.chopped(1));
 }
 
 void frmPCX::leaveEvent(QEvent* event)
@@ -321,10 +320,9 @@ void frmPCX::ReadAgain()
 
 void frmPCX::OpenInEditor()
 {
-    const QString editor = ReadIni(QStringLiteral("Misc"), QStringLiteral("ImageEditor"));
-    const bool named = !editor.isEmpty() && editor != QLatin1StringView("[NOT FOUND]");
-    const bool started = named ? processes::StartDetached(editor, {path}).has_value()
-                               : QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+    const QString& editor = Frame.Settings.ImageEditor;
+    const bool started = !editor.isEmpty() ? processes::StartDetached(editor, {path}).has_value()
+                                           : QDesktopServices::openUrl(QUrl::fromLocalFile(path));
     if (!started)
         place->setText(QStringLiteral("No image editor answers; name one as ImageEditor in user.ini"));
 }

@@ -15,7 +15,6 @@
 namespace {
 
 constexpr int Directions = 4; // the first words of the action list
-constexpr int NoSelection = 19;
 
 QString ChosenIn(const QListWidget& list)
 {
@@ -91,7 +90,7 @@ void NewElementPanel::Make()
 {
     const QString element = ChosenIn(*lstElement);
     if (element.isEmpty()) {
-        ShowMessage(NoSelection);
+        ShowMessage(message::NoElementPicked);
         return;
     }
     QString key = element;

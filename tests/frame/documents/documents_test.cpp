@@ -40,7 +40,7 @@ TEST_F(Documents, TheCaretStatusCountsFromZero)
     pane.SetSel({0, 4, 1, 1}, false);
     UpdateCaretStatus(pane);
     EXPECT_EQ(Window.CaretPlace, QStringLiteral("X:4    Y:0    Lines:1    Sel X:0    Sel Y:1    Sel:5     "));
-    Answers.Buttons = {QStringLiteral("OK")};
+    Answers.Next = {QStringLiteral("OK")};
     NewDocument(ModeTxt);
     EXPECT_EQ(Window.CaretPlace, QStringLiteral("X:0    Y:0    Lines:-1    Sel X:0    Sel Y:0    Sel:0     "));
 }
@@ -76,7 +76,7 @@ TEST_F(Documents, TabsOpenAndCloseOneByOne)
     Run.Type(QStringLiteral("edit"));
     CloseTab();
     EXPECT_TRUE(Frame.Documents[7].Face.Visible) << "closed against the answer";
-    Answers.Buttons = {QStringLiteral("OK")};
+    Answers.Next = {QStringLiteral("OK")};
     CloseTab();
     EXPECT_FALSE(Frame.Documents[7].Face.Visible);
     EXPECT_EQ(Frame.Documents[7].Path, QString());
@@ -102,7 +102,7 @@ TEST_F(Documents, AllTabsCloseAfterOneQuestion)
     Window.Pane(0).AddText(QStringLiteral("edit"));
     CloseAllTabs();
     EXPECT_EQ(ModifiedTabs(), 3);
-    Answers.Buttons = {QStringLiteral("Close All")};
+    Answers.Next = {QStringLiteral("Close All")};
     CloseAllTabs();
     EXPECT_EQ(Run.TakeMessages().size(), 2);
     EXPECT_EQ(ModifiedTabs(), 0);

@@ -132,7 +132,7 @@ TEST_F(FileCommands, AFailedSaveChangesNothing)
     CurrentPane().SetText(QStringLiteral("a much longer text\r\n"));
     {
         const FileSizeLimit full(8);
-        Answers.Buttons = {QStringLiteral("OK"), QStringLiteral("Overwrite"), QStringLiteral("OK")};
+        Answers.Next = {QStringLiteral("OK"), QStringLiteral("Overwrite"), QStringLiteral("OK")};
         SaveCommand();
         EXPECT_FALSE(SaveDocument(other));
         EXPECT_FALSE(SaveDocument(Run.Work.Path(QStringLiteral("no/such/folder.conf"))) && true);
@@ -156,7 +156,7 @@ TEST_F(FileCommands, WithoutABackupTheUserDecides)
     SaveCommand();
     EXPECT_TRUE(CurrentPane().Modified());
     EXPECT_EQ(Run.Work.Read(QStringLiteral("a.conf")).size(), 5'000);
-    Answers.Buttons = {QStringLiteral("Save Without Backup")};
+    Answers.Next = {QStringLiteral("Save Without Backup")};
     SaveCommand();
     EXPECT_EQ(Run.Work.Read(QStringLiteral("a.conf")), "short");
 }
@@ -169,7 +169,7 @@ TEST_F(FileCommands, TheTabOfAReplacedFileGivesWay)
     OpenNewTab();
     ActivateTab();
     CurrentPane().SetText(QStringLiteral("new"));
-    Answers.Buttons = {QStringLiteral("Overwrite")};
+    Answers.Next = {QStringLiteral("Overwrite")};
     EXPECT_TRUE(SaveDocument(path));
     EXPECT_EQ(Run.Work.Read(QStringLiteral("soundsinfo.conf")), "new");
     EXPECT_EQ(Frame.Documents[0].Path, QString());
@@ -189,7 +189,7 @@ TEST_F(FileCommands, QuestionsBeforeASave)
     const QString path = Open(QStringLiteral("a.conf"), "latin \xE9\n");
     Frame.Documents[0].ForeignText = true;
     EXPECT_FALSE(SaveDocument(path));
-    Answers.Buttons = {QStringLiteral("Overwrite")};
+    Answers.Next = {QStringLiteral("Overwrite")};
     EXPECT_TRUE(SaveDocument(path));
     EXPECT_TRUE(SaveDocument(path)) << "asked again";
     EXPECT_FALSE(SaveDocument(Run.Work.Path(QStringLiteral("A.conf"))))
@@ -198,7 +198,7 @@ TEST_F(FileCommands, QuestionsBeforeASave)
     Run.Type(QString(QChar(0x4E2D)));
     EXPECT_FALSE(SaveDocument(path));
     EXPECT_EQ(Run.Work.Read(QStringLiteral("a.conf")), "latin \xE9\n");
-    Answers.Buttons = {QStringLiteral("Save As UTF-8")};
+    Answers.Next = {QStringLiteral("Save As UTF-8")};
     EXPECT_TRUE(SaveDocument(path));
     EXPECT_EQ(Run.Work.Read(QStringLiteral("a.conf")), "\xE4\xB8\xADlatin \xC3\xA9\n");
 }
@@ -209,18 +209,20 @@ TEST_F(FileCommands, FileDialogsAskAsTold)
     OpenCommand();
     SaveCommand(); // a text without a file
     InsertFileAtCaret();
-    ASSERT_EQ(Answers.FileQuestions.size(), 3U);
-    EXPECT_EQ(Answers.FileQuestions[0].Title, QStringLiteral("Open a file"));
-    EXPECT_EQ(Answers.FileQuestions[1].Preset, QStringLiteral("graphicsinfo.conf"));
-    EXPECT_EQ(Answers.FileQuestions[2].Folder, Frame.ProgramFolder);
-    EXPECT_EQ(Answers.FileQuestions[2].Filter, DocumentFilter());
+    const auto asked = Answers.AskedFor<FileQuestion>();
+    ASSERT_EQ(asked.size(), 3U);
+    EXPECT_EQ(asked[0].Title, QStringLiteral("Open a file"));
+    EXPECT_EQ(asked[1].Preset, QStringLiteral("graphicsinfo.conf"));
+    EXPECT_TRUE(asked[0].For == FileQuestion::Open && asked[1].For == FileQuestion::Save);
+    EXPECT_EQ(asked[2].Folder, Frame.ProgramFolder);
+    EXPECT_EQ(asked[2].Filter, DocumentFilter());
     Frame.Settings.OpenSaveInLevelDir = 1;
     Frame.Settings.LevelsFolder = QStringLiteral("/levels/");
     const QString part = Run.Work.Write(QStringLiteral("part.conf"), "a\nb");
-    Answers.Texts = {part};
+    Answers.Next = {part};
     CurrentPane().SetSel({1, 3, 1, 3}, false);
     InsertFileAtCaret();
-    EXPECT_EQ(Answers.FileQuestions[3].Folder, QStringLiteral("/levels/"));
+    EXPECT_EQ(Answers.AskedFor<FileQuestion>().back().Folder, QStringLiteral("/levels/"));
     EXPECT_EQ(CurrentPane().GetLine(1), QStringLiteral("#  a"));
     EXPECT_TRUE(CurrentPane().Modified());
     EXPECT_EQ(Frame.CurrentFile, QString());
@@ -233,7 +235,7 @@ TEST_F(FileCommands, RevertLoadsTheFileAgain)
     Run.Type(QStringLiteral("edit "));
     RevertDocument();
     EXPECT_EQ(CurrentPane().GetLine(0), QStringLiteral("edit one"));
-    Answers.Buttons = {QStringLiteral("OK")};
+    Answers.Next = {QStringLiteral("OK")};
     RevertDocument();
     EXPECT_EQ(CurrentPane().GetLine(0), QStringLiteral("one"));
     EXPECT_FALSE(CurrentPane().Modified());

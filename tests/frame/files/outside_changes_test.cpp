@@ -34,7 +34,7 @@ TEST_F(OutsideChanges, OneQuestionForAllFilesAndNoneTwice)
     EXPECT_EQ(Run.TakeMessages(), QStringList());
     Change(QStringLiteral("a.conf"), "new a\n");
     Change(QStringLiteral("b.conf"), "new b\n");
-    Answers.Buttons = {QStringLiteral("Load Again")};
+    Answers.Next = {QStringLiteral("Load Again")};
     CheckChangedOutside();
     CheckChangedOutside();
     const QStringList told = Run.TakeMessages();
@@ -72,7 +72,7 @@ TEST_F(OutsideChanges, ASaveAsksBeforeItReplacesAChangedFile)
     EXPECT_EQ(Run.Work.Read(QStringLiteral("b.conf")), "theirs\n");
     EXPECT_TRUE(CurrentPane().Modified());
     EXPECT_TRUE(Run.TakeMessages().join(u' ').contains(QLatin1String("Another program has changed"))) << "no reason";
-    Answers.Buttons = {QStringLiteral("Overwrite")};
+    Answers.Next = {QStringLiteral("Overwrite")};
     SaveCommand();
     EXPECT_EQ(Run.Work.Read(QStringLiteral("b.conf")), "mine old\n");
     EXPECT_EQ(Run.Work.Read(QStringLiteral("b.conf_000.GemforgeBackup")), "theirs\n");

@@ -100,7 +100,8 @@ TEST_F(RecentAndProjects, AProjectIsMadeOfTheOpenFiles)
     OpenNewTab();
     EXPECT_FALSE(CreateProject()) << "one file";
     Run.OpenInNewTab(Write("c.conf"));
-    Answers.Texts = {QStringLiteral("  "), QStringLiteral("x]\ny"), QStringLiteral(" Mine "), QStringLiteral("MINE")};
+    Answers.Next = {QStringLiteral("  "), QStringLiteral("x]\ny"), Pressed{}, QStringLiteral(" Mine "),
+                    QStringLiteral("MINE")};
     EXPECT_FALSE(CreateProject());
     EXPECT_FALSE(CreateProject());
     EXPECT_TRUE(CreateProject());
@@ -137,7 +138,7 @@ TEST_F(RecentAndProjects, AProjectLoadsWhatItCan)
     Window.Pane(0).AddText(QStringLiteral("unsaved"));
     LoadProject(QStringLiteral("Big"));
     EXPECT_TRUE(Window.Pane(0).Modified()) << "the answer was no";
-    Answers.Buttons = {QStringLiteral("Close All")};
+    Answers.Next = {QStringLiteral("Close All")};
     LoadProject(QStringLiteral("Big"));
     EXPECT_EQ(FirstLines().join(u' '), QStringLiteral("0.conf 1.conf 2.conf 3.conf 4.conf 5.conf 6.conf 7.conf"));
     EXPECT_EQ(ModifiedTabs(), 0);

@@ -110,7 +110,7 @@ TEST_F(RecoveryTest, SettledTextIsNotKept)
     EXPECT_EQ(CopyFiles(QStringLiteral("copy.json")).size(), 0);
     Edit(QStringLiteral("d"));
     EXPECT_TRUE(keeper->KeepAllNow());
-    Answers.Buttons = {QStringLiteral("OK")};
+    Answers.Next = {QStringLiteral("OK")};
     CloseTab();
     NewRun();
     EXPECT_TRUE(keeper->FindRecovered().empty());
@@ -139,7 +139,7 @@ TEST_F(RecoveryTest, TextThatGivesWayIsKept)
     Edit(QStringLiteral("precious "));
     OpenNewTab();
     ActivateTab();
-    Answers.Buttons = {QStringLiteral("Overwrite")};
+    Answers.Next = {QStringLiteral("Overwrite")};
     ASSERT_TRUE(SaveDocument(path));
     EXPECT_EQ(Window.Notices.size(), 1);
     NewRun();
@@ -329,7 +329,7 @@ TEST_F(RecoveryTest, TextIsKeptElsewhereOrNotGivenUp)
     EXPECT_TRUE(kept.error().Path.startsWith(blocked));
     OpenNewTab();
     ActivateTab();
-    Answers.Buttons = {QStringLiteral("Overwrite"), QStringLiteral("OK")};
+    Answers.Next = {QStringLiteral("Overwrite"), QStringLiteral("OK")};
     EXPECT_FALSE(SaveDocument(one));
     EXPECT_EQ(Panes().Pane(0).FileBytes(), "new 1\n");
     EXPECT_EQ(Run.Work.Read(QStringLiteral("one.conf")), "1\n");

@@ -2,8 +2,7 @@
 
 #include "editor/looks.h"
 #include "frame/program_scope.h"
-#include "frame/settings/form_looks.h"
-#include "frame/settings/shipped_settings.h"
+#include "frame/settings/settings_table.h"
 #include "platform/contrast.h"
 
 namespace {
@@ -74,39 +73,40 @@ TEST_F(FormLooks, PanesAndListsFollowTheDesktopUnlessFixed)
             }
         return LookOf(Window.Pane(7)).Window == look.Window &&
                LookOf(Window.Pane(7)).HighlightedLine == look.HighlightedLine &&
-               Frame.Settings.MediaListBackColour == look.MediaListBack &&
-               Frame.Settings.MediaListColour == look.MediaList;
+               LookOf(FormInUse()).MediaListBack == look.MediaListBack;
     };
     EXPECT_TRUE(shows(standard.Light));
     SetDesktopForm(LookForm::Dark);
     EXPECT_TRUE(shows(standard.Dark));
     EXPECT_EQ(Window.Pane(3).FontName(), QString::fromLatin1(standard.MainFont));
-    SetFormChoice(AlwaysLight);
+    ChangeSetting(SettingOf(QLatin1StringView("Misc"), QLatin1StringView("ColourForm")), AlwaysLight);
     EXPECT_TRUE(shows(standard.Light));
     SetDesktopForm(LookForm::Light);
-    SetFormChoice(AlwaysDark);
+    ChangeSetting(SettingOf(QLatin1StringView("Misc"), QLatin1StringView("ColourForm")), AlwaysDark);
     EXPECT_TRUE(shows(standard.Dark));
     LoadSettings();
-    EXPECT_TRUE(shows(standard.Light)) << "the choice was not written";
+    EXPECT_TRUE(shows(standard.Dark)) << "the choice was not written";
     EXPECT_EQ(Frame.Settings.Fonts.MainFontSize, standard.MainFontSize);
     EXPECT_EQ(Frame.Settings.Fonts.MediaListFontName, QString::fromLatin1(standard.MediaListFont));
 }
 
-// Catches: a dark form that is stored over the light one, or fonts that are not read back as written.
+// Catches: a dark form that is stored over the light one, a key of a form that is not read back as written.
 TEST_F(FormLooks, EachFormHasItsSection)
 {
     Run.Start();
     const ColourStyle& princess = ColourStyles()[2];
-    WriteLook(princess.Dark, LookForm::Dark);
+    Frame.Settings.Dark = princess.Dark;
+    Frame.Settings.Fonts.MediaListFontBold = true;
+    WriteSettings(SectionOf(LookForm::Dark));
     EXPECT_TRUE(Run.UserIni().contains("ElementColour=11534336\n"));
-    SettingsReader reader;
-    EXPECT_EQ(ReadLook(reader, SectionOf(LookForm::Dark)).Kinds[6].Back, princess.Dark.Kinds[6].Back);
-    EXPECT_EQ(ReadLook(reader, SectionOf(LookForm::Light)).Window, ColourStyles()[0].Light.Window);
-    const LookFonts fonts{QStringLiteral("Some Font"), QStringLiteral("Other"), 10.5, 7.25, true, false};
-    WriteFonts(fonts);
-    EXPECT_EQ(ReadFonts(reader), fonts);
+    LoadSyntaxColours(Window.txtBuffer(), SectionOf(LookForm::Dark));
+    EXPECT_EQ(LookOf(Window.txtBuffer()).Kinds[6].Back, princess.Dark.Kinds[6].Back);
+    EXPECT_EQ(LookOf(Window.txtBuffer()).HighlightedLine, princess.Dark.HighlightedLine);
+    LoadSyntaxColours(Window.txtBuffer(), SectionOf(LookForm::Light));
+    EXPECT_EQ(LookOf(Window.txtBuffer()).Window, ColourStyles()[0].Light.Window);
+    WriteSettings(SectionOf(LookForm::Light));
     EXPECT_TRUE(Run.UserIni().contains("MediaListFontBold=True\nMediaListFontItalic=False"));
-    EXPECT_EQ(reader.Corrected(), QStringList());
+    EXPECT_TRUE(Run.UserIni().contains("MainFontSize=9.75\n"));
 }
 
 // Catches: settings of an older version, without the dark form, that are told as broken.

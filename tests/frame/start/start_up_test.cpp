@@ -73,10 +73,10 @@ TEST_F(StartUp, OnlyTheLastButtonEndsTheWelcome)
 {
     Run.Start();
     EXPECT_EQ(Frame.ShowWelcome, 1);
-    EXPECT_EQ(ShowWelcomeMessage(), QStringLiteral("OK"));
+    EXPECT_EQ(ShowWelcomeMessage(), message::WelcomeOk);
     EXPECT_EQ(Frame.ShowWelcome, 0);
     EXPECT_TRUE(Run.UserIni().contains("1stTime=1"));
-    Answers.Buttons = {QStringLiteral("Don't Show This Again")};
+    Answers.Next = {QStringLiteral("Don't Show This Again")};
     ShowWelcomeMessage();
     EXPECT_TRUE(Run.UserIni().contains("1stTime=0"));
 }

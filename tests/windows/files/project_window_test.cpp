@@ -30,7 +30,7 @@ protected:
 // deletion of the wrong one.
 TEST_F(ProjectWindow, MakesAndDeletes)
 {
-    Run.Scope.Answers.Texts = {QStringLiteral(" First "), QStringLiteral("Second")};
+    Run.Scope.Answers.Next = {QStringLiteral(" First "), QStringLiteral("Second")};
     Frame.Settings.ProjectLimit = 2;
     Open([](QWidget& window, QTreeWidget& tree) {
         auto& make = Part<QPushButton>(window, "cmdNew");
@@ -57,7 +57,7 @@ TEST_F(ProjectWindow, MakesAndDeletes)
 // Esc that loads.
 TEST_F(ProjectWindow, EnterOrDoubleClickLoads)
 {
-    Run.Scope.Answers.Texts = {QStringLiteral("Set")};
+    Run.Scope.Answers.Next = {QStringLiteral("Set")};
     ASSERT_TRUE(CreateProject());
     const auto empty = [] {
         for (int tab = 0; tab < 8; ++tab)

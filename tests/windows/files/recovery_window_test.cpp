@@ -79,7 +79,7 @@ TEST_F(RecoveryWindow, TakesKeepsAndThrowsAway)
     });
     ASSERT_EQ(keeper->FindRecovered().size(), 2U);
 
-    Run.Scope.Answers.Buttons = {QStringLiteral("Cancel"), QStringLiteral("Throw Away")};
+    Run.Scope.Answers.Next = {QStringLiteral("Cancel"), QStringLiteral("Throw Away")};
     Offer([&](QWidget& window, QTreeWidget& tree) {
         Choose(tree, QStringLiteral("never saved"));
         auto& away = Part<QPushButton>(window, "cmdThrow");

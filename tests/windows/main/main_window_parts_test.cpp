@@ -42,7 +42,7 @@ TEST_F(MainWindowParts, MessagesOfTheStartWaitForTheWindow)
     const QStringList told = Run.TakeMessages();
     ASSERT_EQ(told.size(), 1);
     EXPECT_TRUE(told[0].contains(QLatin1String("none.conf")));
-    ShowMessage(MessagePathError);
+    ShowMessage(message::PathError);
     EXPECT_EQ(Run.TakeMessages().size(), 1);
 }
 

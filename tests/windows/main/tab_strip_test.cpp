@@ -42,7 +42,7 @@ TEST_F(TabStripTest, MiddleReleaseAndCloseButtonCloseTheirTab)
     ClickTab(0, Qt::RightButton);
     ProgramScope::Type(QStringLiteral("x"));
     ClickTab(0, Qt::LeftButton);
-    Run.Scope.Answers.Buttons = {QStringLiteral("Cancel"), QStringLiteral("OK")};
+    Run.Scope.Answers.Next = {QStringLiteral("Cancel"), QStringLiteral("OK")};
     ClickTab(1, Qt::MiddleButton);
     EXPECT_EQ(Run.TakeMessages().size(), 1);
     EXPECT_TRUE(Tabs()->isTabVisible(1));

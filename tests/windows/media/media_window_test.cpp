@@ -178,7 +178,7 @@ TEST_F(MediaWindow, DoubleClickOpensByMode)
     SetMode(ModeLvl);
     Click(0); // the refresh of the window's return is still to come
     DoubleClick(0);
-    EXPECT_TRUE(WaitUntil([&] { return !Run.Scope.Answers.Shown.empty(); }));
+    EXPECT_TRUE(WaitUntil([&] { return !Run.Scope.Answers.Asked.empty(); }));
     EXPECT_TRUE(Run.TakeMessages().value(0).contains(QLatin1String("Mapglass")));
     SetMode(ModeTxt);
     EXPECT_EQ(Shown(), QStringList());
@@ -306,7 +306,7 @@ TEST_F(MediaWindow, ExtraFollowsTreeDriveAndText)
     EXPECT_EQ(Frame.Media.ExtraFolder, deep);
     EXPECT_EQ(Shown(2), QStringList{QStringLiteral("deep.png")});
     DoubleClick(0, 2);
-    EXPECT_TRUE(WaitUntil([&] { return !Run.Scope.Answers.Shown.empty(); }));
+    EXPECT_TRUE(WaitUntil([&] { return !Run.Scope.Answers.Asked.empty(); }));
     EXPECT_EQ(Conf.MediaFile, QStringLiteral("deep.png"));
     EXPECT_TRUE(Run.TakeMessages().value(0).startsWith(QLatin1String("Not a valid")));
     QTest::mouseClick(&Part<QPushButton>(*Window, "cmdInjectPath"), Qt::LeftButton);

@@ -23,7 +23,7 @@ MessageRecord Record(const char* buttons, const char* text = "Text")
     return record;
 }
 
-MessageAnswer Answer(const MessageRecord& record, std::function<void(QWidget&)> act)
+Pressed AnswerTo(const MessageRecord& record, std::function<void(QWidget&)> act)
 {
     OnModal(std::move(act));
     return frmMess(record, nullptr).Ask();
@@ -122,25 +122,18 @@ TEST(MessageColour, CodesNumbersAndBands)
 TEST(MessageWindow, AnswersByMouseAndKeys)
 {
     const MessageRecord record = Record("Yes_No & Never_Cancel__Lost");
-    const auto expect = [](const MessageAnswer& answer, const char* caption, int index) {
-        EXPECT_EQ(answer.Caption, QString::fromLatin1(caption));
-        EXPECT_EQ(answer.Index, index);
-    };
-    expect(Answer(record,
-                  [](QWidget& window) {
-                      EXPECT_EQ(window.findChildren<QPushButton*>().size(), 3) << "an empty caption ends the list";
-                      QTest::mouseClick(&Part<QPushButton>(window, "cmdButton3"), Qt::LeftButton);
-                  }),
-           "No & Never", 2);
-    expect(Answer(record, [](QWidget& window) { Press(window, {Qt::Key_Return}); }), "Yes", 1);
-    expect(Answer(record, [](QWidget& window) { Press(window, {Qt::Key_Right, Qt::Key_Return}); }), "No & Never", 2);
-    expect(Answer(record, [](QWidget& window) { Press(window, {Qt::Key_Left, Qt::Key_Space}); }), "Cancel", 3);
-    expect(Answer(record,
-                  [](QWidget& window) {
-                      Press(window, {Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Space});
-                  }),
-           "Cancel", 3);
-    expect(Answer(Record(""), [](QWidget& window) { Press(window, {Qt::Key_Return}); }), "OK", 1);
+    const auto expect = [](Pressed answer, int place) { EXPECT_EQ(answer.Place, place); };
+    expect(AnswerTo(record,
+                    [](QWidget& window) {
+                        EXPECT_EQ(window.findChildren<QPushButton*>().size(), 3) << "an empty caption ends the list";
+                        QTest::mouseClick(&Part<QPushButton>(window, "cmdButton3"), Qt::LeftButton);
+                    }),
+           2);
+    expect(AnswerTo(record, [](QWidget& window) { Press(window, {Qt::Key_Return}); }), 1);
+    expect(AnswerTo(record, [](QWidget& window) { Press(window, {Qt::Key_Right, Qt::Key_Return}); }), 2);
+    expect(AnswerTo(record, [](QWidget& window) { Press(window, {Qt::Key_Left, Qt::Key_Space}); }), 3);
+    expect(AnswerTo(record, [](QWidget& window) { Press(window, {Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Space}); }), 3);
+    expect(AnswerTo(Record(""), [](QWidget& window) { Press(window, {Qt::Key_Return}); }), 1);
 }
 
 // Catches: Esc, the close box or the program's end answering with "", with the first button although that would lose
@@ -149,12 +142,12 @@ TEST(MessageWindow, ClosingIsTheWayOut)
 {
     const auto escape = [](QWidget& window) { Press(window, {Qt::Key_Escape}); };
     const auto close = [](QWidget& window) { window.close(); };
-    EXPECT_EQ(Answer(Record("Overwrite_Cancel"), escape).Index, 2);
-    EXPECT_EQ(Answer(Record("Next Step_Continue_Break"), close).Caption, QStringLiteral("Break"));
-    EXPECT_EQ(Answer(Record("Yippie!"), escape).Caption, QStringLiteral("Yippie!"));
+    EXPECT_EQ(AnswerTo(Record("Overwrite_Cancel"), escape).Place, 2);
+    EXPECT_EQ(AnswerTo(Record("Next Step_Continue_Break"), close).Place, 3);
+    EXPECT_EQ(AnswerTo(Record("Yippie!"), escape).Place, 1);
     MessageRecord welcome = Record("OK_Options");
-    welcome.WayOut = QStringLiteral("OK");
-    EXPECT_EQ(Answer(welcome, [](QWidget&) { CloseModalWindows(); }).Caption, QStringLiteral("OK"));
+    welcome.WayOut = 2;
+    EXPECT_EQ(AnswerTo(welcome, [](QWidget&) { CloseModalWindows(); }).Place, 2);
 }
 
 // Catches: text of a macro or a file name taken as rich text, "&" eaten or made a shortcut letter, and "^" not broken.
@@ -162,7 +155,7 @@ TEST(MessageWindow, ShowsTextsAsTheyAre)
 {
     MessageRecord record = Record("No_C&ut", "<b>x</b>^^a & b");
     record.MessageTitle = QStringLiteral("<i>t</i> && u");
-    const MessageAnswer answer = Answer(record, [](QWidget& window) {
+    const Pressed answer = AnswerTo(record, [](QWidget& window) {
         EXPECT_EQ(Part<QPlainTextEdit>(window, "lblTEXT").toPlainText(), QStringLiteral("<b>x</b>\n\na & b"));
         const auto& title = Part<QLabel>(window, "lblTitle");
         EXPECT_EQ(title.textFormat(), Qt::PlainText);
@@ -171,7 +164,7 @@ TEST(MessageWindow, ShowsTextsAsTheyAre)
         QTest::keyClick(&window, Qt::Key_U, Qt::AltModifier);
         EXPECT_TRUE(window.isVisible());
     });
-    EXPECT_EQ(answer.Caption, QStringLiteral("No"));
+    EXPECT_EQ(answer.Place, 1);
 }
 
 // Catches: any message of the table whose text, title or captions do not fit, or an icon that is not there.
@@ -183,17 +176,17 @@ TEST(MessageWindow, EveryMessageFits)
         record.MessageText.replace(QStringLiteral("%1"), path).replace(QStringLiteral("%2"), path);
         record.MessageTitle = QString::fromUtf8(row.Title);
         record.MessageIcon = row.Icon;
-        Answer(record, [&](QWidget& window) {
+        AnswerTo(record, [&](QWidget& window) {
             const auto& text = Part<QPlainTextEdit>(window, "lblTEXT");
-            EXPECT_EQ(text.verticalScrollBar()->maximum(), 0) << row.Code;
-            EXPECT_FALSE(text.verticalScrollBar()->isVisible()) << row.Code;
+            EXPECT_EQ(text.verticalScrollBar()->maximum(), 0) << row.Number;
+            EXPECT_FALSE(text.verticalScrollBar()->isVisible()) << row.Number;
             const auto& title = Part<QLabel>(window, "lblTitle");
-            EXPECT_TRUE(title.text().endsWith(record.MessageTitle)) << row.Code;
-            EXPECT_LE(title.sizeHint().width(), window.width()) << row.Code;
+            EXPECT_TRUE(title.text().endsWith(record.MessageTitle)) << row.Number;
+            EXPECT_LE(title.sizeHint().width(), window.width()) << row.Number;
             for (const QPushButton* button : window.findChildren<QPushButton*>())
                 EXPECT_LT(button->fontMetrics().horizontalAdvance(button->accessibleName()), button->width() - 8)
-                    << row.Code;
-            EXPECT_FALSE(Part<QLabel>(window, "imgIcon").pixmap().isNull()) << row.Code;
+                    << row.Number;
+            EXPECT_FALSE(Part<QLabel>(window, "imgIcon").pixmap().isNull()) << row.Number;
         });
     }
 }
@@ -205,7 +198,7 @@ TEST(MessageWindow, AHugeTextScrolls)
     for (int i = 0; i < 500; ++i)
         record.MessageText += QStringLiteral("line %1^").arg(i);
     record.MessageText += QString(3000, QLatin1Char('x'));
-    Answer(record, [](QWidget& window) {
+    AnswerTo(record, [](QWidget& window) {
         EXPECT_TRUE(window.screen()->geometry().contains(window.frameGeometry()));
         auto& text = Part<QPlainTextEdit>(window, "lblTEXT");
         EXPECT_TRUE(text.verticalScrollBar()->isVisible());
@@ -232,7 +225,7 @@ TEST(MessageWindow, WorksAboveADisabledWindow)
         EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::ArrowCursor);
         QTest::mouseClick(&Part<QPushButton>(window, "cmdButton3"), Qt::LeftButton);
     });
-    EXPECT_EQ(frmMess(Record("A_B_Cancel"), &owner).Ask().Caption, QStringLiteral("B"));
+    EXPECT_EQ(frmMess(Record("A_B_Cancel"), &owner).Ask().Place, 2);
     EXPECT_EQ(RunningWork(), work);
     EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
     QGuiApplication::restoreOverrideCursor();
@@ -241,7 +234,7 @@ TEST(MessageWindow, WorksAboveADisabledWindow)
 // Catches: a window without a title bar that can not be moved out of the way.
 TEST(MessageWindow, MovesByItsTitle)
 {
-    Answer(Record("OK"), [](QWidget& window) {
+    AnswerTo(Record("OK"), [](QWidget& window) {
         auto& title = Part<QLabel>(window, "lblTitle");
         const QPoint before = window.pos();
         QTest::mousePress(&title, Qt::LeftButton, {}, {20, 5});

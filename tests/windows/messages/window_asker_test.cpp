@@ -40,10 +40,11 @@ TEST(WindowAsker, InputGivesTheTextOrNothing)
             QTest::keyClicks(line, QStringLiteral(" new "));
             QTest::keyClick(line, key);
         });
-        return asker.Input(QStringLiteral("New Project"), QStringLiteral("<u>Name</u> & more"), QStringLiteral("old"));
+        return asker.Ask(
+            InputQuestion{QStringLiteral("New Project"), QStringLiteral("<u>Name</u> & more"), QStringLiteral("old")});
     };
-    EXPECT_EQ(ask(Qt::Key_Return), QStringLiteral(" new "));
-    EXPECT_EQ(ask(Qt::Key_Escape), std::nullopt);
+    EXPECT_EQ(ask(Qt::Key_Return), Answer(QStringLiteral(" new ")));
+    EXPECT_EQ(ask(Qt::Key_Escape), Answer(Cancelled{}));
 }
 
 // Catches: a dialog that starts in another folder or without the preset name, a second question about a file that is
@@ -53,7 +54,7 @@ TEST(WindowAsker, SaveFileLeavesOverwritingToTheCommand)
     const TestFolder folder;
     const QString path = folder.Write(QStringLiteral("soundsinfo.conf"), "x");
     WindowAsker asker(nullptr);
-    const FileQuestion question{QStringLiteral("Save file as"), DocumentFilter(), folder.Path(),
+    const FileQuestion question{FileQuestion::Save, QStringLiteral("Save file as"), DocumentFilter(), folder.Path(),
                                 QStringLiteral("soundsinfo.conf")};
     const auto ask = [&](bool accept) {
         OnModal([accept](QWidget& window) {
@@ -63,10 +64,10 @@ TEST(WindowAsker, SaveFileLeavesOverwritingToTheCommand)
                 QTest::keyClick(dialog.findChild<QLineEdit*>(), Qt::Key_Return);
             EXPECT_EQ(dialog.isVisible(), !accept);
         });
-        return asker.SaveFile(question);
+        return asker.Ask(question);
     };
-    EXPECT_EQ(ask(true), path);
-    EXPECT_EQ(ask(false), std::nullopt);
+    EXPECT_EQ(ask(true), Answer(path));
+    EXPECT_EQ(ask(false), Answer(Cancelled{}));
 }
 
 // Catches: pictures that are not in a program which only links the library, and numbers that miss the file names.

@@ -80,7 +80,7 @@ TEST_F(CloseGuard, CloseDuringWorkStillAsksForTextsThatAreKeptNowhere)
     keeper = std::make_unique<Recovery>(state.Write(QStringLiteral("a file"), "x") + QStringLiteral("/below"));
     Frame.Keeper = keeper.get();
     for (const char* button : {"Cancel", "Close Anyway"}) {
-        Run.Scope.Answers.Buttons = {QString::fromLatin1(button)};
+        Run.Scope.Answers.Next = {QString::fromLatin1(button)};
         QTimer::singleShot(0, Window.get(), [&] {
             RunScope run(RunKind::Macro, QStringLiteral("test"));
             QTimer::singleShot(0, Window.get(), [&] { Window->close(); });

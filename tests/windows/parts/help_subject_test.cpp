@@ -62,13 +62,14 @@ TEST_F(HelpSubjectTest, F1InAWindowAboveShowsItsPage)
         QCoreApplication::sendEvent(in->focusWidget() ? in->focusWidget() : in, &key);
     };
     WindowAsker asker(Window.get());
-    MessageRecord record;
     const std::function<void()> windows[] = {
-        [&] { asker.Message(record); },
-        [&] { asker.Input({}, {}, {}); },
-        [&] { asker.OpenFile({}); },
-        [&] { asker.SaveFile({}); },
-        [&] { asker.Folder({}); },
+        [&] { asker.Ask(MessageQuestion{}); },
+        [&] { asker.Ask(InputQuestion{}); },
+        [&] { asker.Ask(FileQuestion{}); },
+        [&] {
+            asker.Ask(FileQuestion{FileQuestion::Save, {}, {}, {}, {}});
+        },
+        [&] { asker.Ask(FolderQuestion{}); },
         [&] { Tools().OpenTool(ToolWindow::Project); },
         [&] { Tools().OpenTool(ToolWindow::About); },
         [&] { frmComment::Ask(Window.get()); },
