@@ -29,22 +29,33 @@ QString MidiFile()
     return file.fileName();
 }
 
-/// The process that plays, by its name among our children.
-pid_t PlayerOf(pid_t parent)
+QList<QByteArray> ChildrenOf(pid_t parent)
 {
     QFile children(QStringLiteral("/proc/%1/task/%1/children").arg(parent));
-    return children.open(QIODevice::ReadOnly) ? children.readAll().split(' ').value(0).toInt() : 0;
+    return children.open(QIODevice::ReadOnly) ? children.readAll().trimmed().split(' ') : QList<QByteArray>();
 }
 
-/// Of the process that plays, in seconds since its start.
-double ProcessorTime()
+/// Of a process and its descendants, in seconds since their start.
+double ProcessorTimeOf(pid_t process)
 {
-    QFile file(QStringLiteral("/proc/%1/stat").arg(PlayerOf(getpid())));
+    QFile file(QStringLiteral("/proc/%1/stat").arg(process));
     if (!file.open(QIODevice::ReadOnly))
         return 0;
     const QByteArray stat = file.readAll();
     const auto fields = stat.mid(stat.lastIndexOf(')') + 2).split(' ');
-    return (fields.value(11).toDouble() + fields.value(12).toDouble()) / double(sysconf(_SC_CLK_TCK));
+    double used = (fields.value(11).toDouble() + fields.value(12).toDouble()) / double(sysconf(_SC_CLK_TCK));
+    for (const QByteArray& child : ChildrenOf(process))
+        used += ProcessorTimeOf(child.toInt());
+    return used;
+}
+
+/// Of the process that plays, and of those that decode for it.
+double ProcessorTime()
+{
+    double used = 0;
+    for (const QByteArray& child : ChildrenOf(getpid()))
+        used += ProcessorTimeOf(child.toInt());
+    return used;
 }
 
 void WaitForEnd()

@@ -82,11 +82,8 @@ void ReadAllBlocks(benchmark::State& state)
     for (auto _ : state) {
         QStringList lines;
         ForEachLine(text, {}, [&](const ByteLine& line) { lines << QString::fromUtf8(line.Text); });
-        const LineReader reader = [&](int number) {
-            return number < lines.size() ? std::optional(lines.at(number)) : std::nullopt;
-        };
-        for (const OutlineBlock& block : FindBlocks(text))
-            benchmark::DoNotOptimize(ReadBlock(reader, block.Line, {}, block.Image));
+        for (const OutlineBlock& block : FindBlocks(text, Frame.Settings.SheetKinds))
+            benchmark::DoNotOptimize(ReadBlock({LinesOf(lines), block.Line, Frame.Settings.SheetKinds}, block.Image));
     }
 }
 BENCHMARK(ReadAllBlocks)->Arg(2'737)->Unit(benchmark::kMillisecond);
@@ -95,7 +92,7 @@ void Outline(benchmark::State& state)
 {
     const QByteArray text = RaggedConf(int(state.range(0)));
     for (auto _ : state)
-        benchmark::DoNotOptimize(FindBlocks(text));
+        benchmark::DoNotOptimize(FindBlocks(text, Frame.Settings.SheetKinds));
     state.SetBytesProcessed(int64_t(state.iterations()) * text.size());
 }
 BENCHMARK(Outline)->Arg(15'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);

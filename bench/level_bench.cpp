@@ -60,8 +60,8 @@ void LoadThousand(benchmark::State& state)
     const QStringList files = WriteThousand(folder);
     for (auto _ : state)
         for (const QString& path : files)
-            if (const QString error = LoadLevel(path, false); !error.isEmpty())
-                state.SkipWithError(qPrintable(error));
+            if (const Result<> loaded = LoadLevel(path, false); !loaded)
+                state.SkipWithError(qPrintable(loaded.error().Text()));
     ResetLevel();
     state.SetItemsProcessed(state.iterations() * Count);
 }
@@ -74,7 +74,7 @@ void LoadAndSaveHundred(benchmark::State& state)
     const QStringList files = WriteThousand(folder).first(Count / 10);
     for (auto _ : state)
         for (const QString& path : files)
-            if (!LoadLevel(path, false).isEmpty() || !SaveLevel(path, false))
+            if (!LoadLevel(path, false) || !SaveLevel(path, false))
                 state.SkipWithError("a level was not loaded or saved");
     state.SetItemsProcessed(state.iterations() * files.size());
 }

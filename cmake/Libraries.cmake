@@ -3,9 +3,11 @@ find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Svg Network DBus)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(LibZip REQUIRED IMPORTED_TARGET libzip)
 pkg_check_modules(LibAv REQUIRED IMPORTED_TARGET libavformat libavcodec libswscale libavutil)
+pkg_check_modules(Seccomp REQUIRED IMPORTED_TARGET libseccomp)
 pkg_check_modules(OpenMpt REQUIRED IMPORTED_TARGET libopenmpt)
+pkg_check_modules(Mpg123 REQUIRED IMPORTED_TARGET libmpg123)
+pkg_check_modules(FluidSynth REQUIRED IMPORTED_TARGET fluidsynth)
 find_package(SDL2 REQUIRED)
-find_package(SDL2_mixer REQUIRED)
 
 # gemforge_found(NAME HEADER [LIBRARY]) makes the target outside::NAME.
 function(gemforge_found name header)

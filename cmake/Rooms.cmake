@@ -30,10 +30,11 @@ function(gemforge_program target file_name)
   target_link_libraries(${target} PRIVATE ${ARGN})
 endfunction()
 
-# gemforge_tests(ROOM LIBRARIES...): the folder's files as the program tests_ROOM
+# gemforge_tests(ROOM LIBRARIES...): the folder's files as the program tests_ROOM, without those of a program of its own
 function(gemforge_tests room)
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/${room}/*.cpp
                                               ${CMAKE_SOURCE_DIR}/tests/${room}/*.h)
+  list(FILTER sources EXCLUDE REGEX "/program/")
   add_executable(tests_${room} ${sources})
   target_include_directories(tests_${room} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   target_link_libraries(tests_${room} PRIVATE ${ARGN} tests_main)

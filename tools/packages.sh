@@ -3,7 +3,8 @@
 
 build_packages="g++ cmake ninja-build pkg-config git mold ccache
   qt6-base-dev qt6-svg-dev libqscintilla2-qt6-dev libfreeimage-dev libzip-dev libexpected-dev libx11-dev libxdo-dev
-  libavformat-dev libavcodec-dev libswscale-dev libopenmpt-dev libsdl2-dev libsdl2-mixer-dev fonts-liberation"
+  libavformat-dev libavcodec-dev libswscale-dev libseccomp-dev libopenmpt-dev libsdl2-dev libmpg123-dev
+  libfluidsynth-dev fonts-liberation"
 run_packages="libqt6svg6 timgm6mb-soundfont xvfb openbox xdotool imagemagick x11-utils"
 test_packages="libgtest-dev timgm6mb-soundfont clang-format xvfb openbox xdotool xterm
   shared-mime-info desktop-file-utils xdg-utils libglib2.0-bin"

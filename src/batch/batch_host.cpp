@@ -49,8 +49,8 @@ void BatchHost::OpenTool(ToolWindow tool)
         OnOpenTool(tool);
 }
 
-void BatchHost::PreviewMedia()
+void BatchHost::PreviewMedia(const MediaRequest& request)
 {
     if (OnPreview)
-        OnPreview();
+        OnPreview(request);
 }

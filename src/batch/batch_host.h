@@ -4,6 +4,7 @@
 #include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
+#include "frame/media/media_request.h"
 #include "frame/messages/asker.h"
 
 #include <array>
@@ -30,9 +31,9 @@ public:
     void OpenTool(ToolWindow tool) override;
     void ShowList(ListKind list) override { ShownList = list; }
     void CloseLists() override { ShownList.reset(); }
-    void ShowMediaEntry(int source, int row) override { ShownEntry = {source, row}; }
+    void ShowMediaEntry(const MediaHit& entry) override { ShownEntry = entry; }
     bool CanPreview(int) const override { return false; }
-    void PreviewMedia() override;
+    void PreviewMedia(const MediaRequest& request) override;
     void StopPlayers() override {}
     void Listen(FrameEvents& events) override;
 
@@ -41,9 +42,9 @@ public:
     QString CaretPlace, Path;
     QStringList Notices;
     std::optional<ListKind> ShownList;
-    std::pair<int, int> ShownEntry{0, -1};      ///< source and row in the media lists
-    std::function<void()> OnPreview;            ///< stands for the tool that opens a media file
-    std::function<void(ToolWindow)> OnOpenTool; ///< stands for the tool windows
+    MediaHit ShownEntry{MediaSource::None, -1, {}};     ///< of the media lists
+    std::function<void(const MediaRequest&)> OnPreview; ///< stands for the tool that opens a media file
+    std::function<void(ToolWindow)> OnOpenTool;         ///< stands for the tool windows
     int ProgressMaximum = 0, ProgressValue = 0, ProgressCalls = 0;
     bool ProgressShown = false, Enabled = true;
 

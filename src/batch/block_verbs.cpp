@@ -1,8 +1,10 @@
 #include "batch/block_verbs.h"
 
+#include "conf/block_commands.h"
 #include "conf/block_outline.h"
 #include "conf/conf_lines.h"
 #include "conf/line_pass.h"
+#include "frame/frame_state.h"
 #include "platform/paths.h"
 #include "text/encoding.h"
 
@@ -17,9 +19,9 @@ struct BlockFile
     QStringList Lines;
     std::vector<OutlineBlock> Blocks;
 
-    LineReader Reader() const
+    BlockSource Source(const OutlineBlock& block) const
     {
-        return [this](int number) { return number < Lines.size() ? std::optional(Lines.at(number)) : std::nullopt; };
+        return {LinesOf(Lines), block.Line, Frame.Settings.SheetKinds};
     }
 };
 
@@ -31,7 +33,7 @@ Result<BlockFile> ReadBlocks(const QString& path)
     const QByteArray text = FromFile(*bytes, EncodingOf(*bytes));
     BlockFile file;
     ForEachLine(text, {}, [&](const ByteLine& line) { file.Lines << QString::fromUtf8(line.Text); });
-    file.Blocks = FindBlocks(text);
+    file.Blocks = FindBlocks(text, Frame.Settings.SheetKinds);
     return file;
 }
 
@@ -39,11 +41,11 @@ ElementRecord ElementOf(const BlockFile& file, const OutlineBlock& block)
 {
     ElementRecord fresh;
     fresh.ImageFile = block.Image;
-    return ReadBlock(file.Reader(), block.Line, fresh, block.Image).Element;
+    return ReadBlock(file.Source(block), block.Image, fresh).Element;
 }
 
 /// A JSON object whose members keep their order.
-QByteArray JsonLine(std::initializer_list<std::pair<const char*, QJsonValue>> members)
+QByteArray JsonLine(const std::vector<std::pair<const char*, QJsonValue>>& members)
 {
     QByteArray line;
     for (const auto& [name, value] : members) {
@@ -53,21 +55,26 @@ QByteArray JsonLine(std::initializer_list<std::pair<const char*, QJsonValue>> me
     return line + '}';
 }
 
+QJsonValue JsonValue(const BlockCommand& field, const ElementRecord& element)
+{
+    switch (field.Kind) {
+    case ValueKind::Number:
+        return element.*field.Number;
+    case ValueKind::Flag:
+        return element.*field.Number == 1;
+    default:
+        return element.*field.Text;
+    }
+}
+
 QByteArray JsonOf(const OutlineBlock& block, const ElementRecord& element)
 {
-    return JsonLine({{"key", block.Key},
-                     {"line", block.Line + 1},
-                     {"image", block.Image},
-                     {"xpos", element.XPos},
-                     {"ypos", element.YPos},
-                     {"frames", element.Frames},
-                     {"delay", element.Delay},
-                     {"anim_mode", element.AnimMode},
-                     {"start_frame", element.StartFrame},
-                     {"global_sync", element.GlobalSync == 1},
-                     {"offset", element.Offset},
-                     {"name", element.ElementName},
-                     {"reverse", element.Reverse}});
+    std::vector<std::pair<const char*, QJsonValue>> members{
+        {"key", block.Key}, {"line", block.Line + 1}, {"image", block.Image}};
+    for (size_t field = 0; field < RecordFields; ++field)
+        members.emplace_back(BlockCommands.at(field).Word, JsonValue(BlockCommands.at(field), element));
+    members.emplace_back("reverse", element.Reverse);
+    return JsonLine(members);
 }
 
 VerbResult PrintBlocks(const QString& path, VerbStreams& streams)
@@ -102,7 +109,7 @@ Result<Verified> VerifyFile(const QString& path, VerbStreams& streams)
     for (const OutlineBlock& block : file->Blocks) {
         ElementRecord element = ElementOf(*file, block);
         bool same = true;
-        for (const LineChange& change : UpdatedLines(file->Reader(), block.Line, element, CurrentValueColumn())) {
+        for (const LineChange& change : UpdatedLines(file->Source(block), element, CurrentValueColumn())) {
             const QString before = Unaligned(file->Lines.at(change.Line)), after = Unaligned(change.Text);
             if (before == after)
                 continue;

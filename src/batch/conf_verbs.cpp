@@ -49,8 +49,8 @@ QString InjectFolder(const QByteArray& bytes)
     if (!bytes.startsWith("#!*"))
         return {};
     qsizetype from = 0;
-    QString told = QString::fromUtf8(TakeLine(bytes, from).Text.sliced(3));
-    return paths::Inside(told.replace(QLatin1Char('*'), QLatin1Char('/')));
+    QString named = QString::fromUtf8(TakeLine(bytes, from).Text.sliced(3));
+    return paths::Inside(named.replace(QLatin1Char('*'), QLatin1Char('/')));
 }
 
 CheckContext ContextFor(const QString& path, const QByteArray& bytes)
@@ -84,7 +84,7 @@ std::optional<int> LineNumber(const QString& word)
     return fine && number > 0 ? std::optional(number) : std::nullopt;
 }
 
-/// Where lines first to last (from 1) stand, without the break behind the last one; nothing if the file is shorter.
+/// Where lines first to last (from 1) stand, without the break after the last one; nothing if the file is shorter.
 std::optional<std::pair<qsizetype, qsizetype>> FindLines(QByteArrayView bytes, int first, int last)
 {
     qsizetype from = 0;

@@ -20,7 +20,7 @@ int main(int argc, char** argv)
     const VerbResult result =
         ready ? RunVerb(QCoreApplication::arguments().mid(1), streams) : Failed(ready.error(), streams);
     out.flush();
-    // What nobody could read is not done: a full disk behind ">" for one.
+    // What nobody could read is not done: a full disk after ">" for one.
     if (out.status() == QTextStream::Ok && std::fflush(stdout) == 0)
         return result;
     return Failed({QStringLiteral("standard output"), QString::fromLocal8Bit(std::strerror(errno))}, streams);

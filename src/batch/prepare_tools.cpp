@@ -12,6 +12,7 @@ void ReadToolSettings()
     SettingsReader reader;
     for (const char* key : {"SpacerWidth", "SuperTab", "RNDPath"})
         reader.Read(SettingOf(QLatin1StringView("Misc"), QLatin1StringView(key)));
+    ReadDumpCommands();
     DeriveGameFolders();
 }
 

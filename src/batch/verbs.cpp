@@ -3,8 +3,10 @@
 #include "batch/answer_list.h"
 #include "batch/block_verbs.h"
 #include "batch/conf_verbs.h"
+#include "batch/game_verbs.h"
 #include "batch/image_verbs.h"
 #include "batch/level_verbs.h"
+#include "batch/run_verb.h"
 
 #include <algorithm>
 
@@ -44,6 +46,20 @@ constexpr Verb AllVerbs[] = {
      "\"A files: B the same, C different, D no level\".\n"
      "Ends with 2 if any file is no level or can not be read, else with 1 if any differs, else with 0.\n",
      LevelVerifyVerb},
+    {"run",
+     "MACRO [--on FILE] [--save FILE] [--answer TEXT]... [--allow-files] [--log] [--seed N] [--max-seconds N]",
+     "Runs a macro of Gemforge BASIC: an archive (.gfb) or plain source. It works on FILE's text, or on an empty one,\n"
+     "and prints the text that it leaves. --save writes that text to a file, in FILE's encoding and with its line\n"
+     "ends, if the macro ends with 0.\n"
+     "--answer answers a dialog, in order: a button's caption, an entry's text, a path; an empty one cancels ask. With\n"
+     "none left a message takes its first button and everything else is cancelled. Commands that work with files or\n"
+     "programs are refused, unless --allow-files is given or the next answer is Continue. Standard error gets a line\n"
+     "MESSAGE TITLE|TEXT|BUTTONS for each message and, with --log, PRINT TEXT for each print. --seed begins the\n"
+     "macro's random numbers.\n"
+     "Ends with 0, or with 1 after an error, which is told as \"BASIC Error In Line N: TEXT\", with 2 for a wrong call,\n"
+     "a file that can not be read or written or an answer that fits nothing, with 3 if --max-seconds or a refused\n"
+     "command stopped it.\n",
+     RunMacroVerb},
     {"pcx", "IN OUT [--colours N] [--neuquant]",
      "Turns a picture of any kind into a PCX, or a PNG if OUT ends in .png: of 24 bits, or with an option of 8 bits "
      "with\n"
@@ -63,6 +79,21 @@ constexpr Verb AllVerbs[] = {
      "with\n"
      "2, and writes nothing, if any of them cannot be read or is of another size without --fit.\n",
      SheetVerb},
+    {"game info", "[--game PATH] [--max-seconds N]",
+     "Proves that PATH (else the RNDPath of the settings) is the game, and prints its version and the folder of its\n"
+     "data, a line each as KEY: VALUE; NA if no data is found.\n"
+     "Ends with 2 and the reason if it is not the game, with 3 if it has not answered after N seconds (60).\n",
+     GameInfoVerb},
+    {"game extract", "KIND [--game PATH] [--max-seconds N]",
+     "Lets the game print a default conf and prints it with its entries live. KIND is graphics, sounds, music,\n"
+     "helptext, helpanim or editor. Ends as game info does.\n",
+     GameExtractVerb},
+    {"game check", "SET-FOLDER [--game PATH] [--max-seconds N]",
+     "Lets the game read a level set unseen, in a home folder of its own, and prints what it complains about, a line\n"
+     "each as FILE:LINE: KEY: TEXT. FILE is told from SET-FOLDER; LINE is 0 where the key is not found; a complaint\n"
+     "without file and key is -:0: : TEXT. Nothing of the set is changed.\n"
+     "Ends with 1 if there is any, else as game info does.\n",
+     GameCheckVerb},
 };
 
 const Verb* FindVerb(const QString& name)

@@ -17,7 +17,7 @@ struct VerbStreams
 };
 
 /// What a verb ends with, as the process's exit code.
-enum VerbResult : int { VerbDone = 0, VerbFound = 1, VerbFailed = 2 };
+enum VerbResult : int { VerbDone = 0, VerbFound = 1, VerbFailed = 2, VerbStopped = 3 };
 
 /// One verb of gemforge-batch. To add one: a row in verbs.cpp and its handler in a file of its subject.
 struct Verb

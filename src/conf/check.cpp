@@ -12,15 +12,6 @@ bool IsBlankText(QByteArrayView bytes)
     return std::none_of(bytes.begin(), bytes.end(), [](char c) { return c > 32 && c < 126; });
 }
 
-/// The told ending test on a cleaned value: the sheet kind it ends in, -1 for none.
-int SheetKindOf(const QString& value, const QStringList& kinds)
-{
-    for (int kind = 0; kind < kinds.size(); ++kind)
-        if (value.endsWith(QLatin1Char('.') + kinds.at(kind), Qt::CaseInsensitive))
-            return kind;
-    return -1;
-}
-
 QStringList CheckKeyLine(QByteArrayView key, QByteArrayView rest, const CheckContext& context)
 {
     QStringList messages;
@@ -32,7 +23,7 @@ QStringList CheckKeyLine(QByteArrayView key, QByteArrayView rest, const CheckCon
         messages << QStringLiteral("Spaces where found on the left side of the colon.");
     if (context.LookForImages && rest.contains('.')) {
         const QString value = CleanText(QString::fromUtf8(rest));
-        if (SheetKindOf(value, context.SheetKinds) >= 0 && !ImageIsThere(value, context))
+        if (context.SheetKinds.Of(value) >= 0 && !ImageIsThere(value, context))
             messages << QStringLiteral(
                 "The PCX image for this element doesn't exist. If it's from another game then make "
                 "sure the Extra file list has the right path. (Use Inject Path)");
@@ -45,14 +36,8 @@ QStringList CheckKeyLine(QByteArrayView key, QByteArrayView rest, const CheckCon
 bool ImageIsThere(const QString& value, const CheckContext& context)
 {
     const QString name = value.toLower();
-    if (context.Images.contains(name))
-        return true;
-    const int own = SheetKindOf(name, context.SheetKinds);
-    if (own < 0)
-        return false;
-    const QString base = name.chopped(context.SheetKinds.at(own).size());
-    return std::any_of(context.SheetKinds.begin(), context.SheetKinds.end(),
-                       [&](const QString& kind) { return context.Images.contains(base + kind); });
+    const QStringList names = QStringList(name) + context.SheetKinds.Twins(name);
+    return std::any_of(names.begin(), names.end(), [&](const QString& one) { return context.Images.contains(one); });
 }
 
 QStringList CheckLine(QByteArrayView line, const CheckContext& context)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "conf/line_pass.h"
+#include "frame/media/sheet_endings.h"
 
 #include <QSet>
 #include <QStringList>
@@ -10,8 +11,8 @@
 struct CheckContext
 {
     bool LookForImages = false; ///< graphics mode
-    QStringList SheetKinds;     ///< endings of tile sheets, lower case, without dot
-    QSet<QString> Images;       ///< lower-cased names of all files in the lists
+    SheetEndings SheetKinds;
+    QSet<QString> Images; ///< lower-cased names of all files in the lists
 };
 
 struct CheckFinding
@@ -27,5 +28,5 @@ std::optional<CheckFinding> FirstBadLine(QByteArrayView lines, const CheckContex
 /// What is wrong with one line (without its break); empty if it passes.
 QStringList CheckLine(QByteArrayView line, const CheckContext& context);
 
-/// Is the value's image in the lists, itself or as its twin of another sheet kind, as the game looks for it?
+/// Is the value's image in the lists, itself or as its twin with another ending, as the game looks for it?
 bool ImageIsThere(const QString& value, const CheckContext& context);

@@ -3,7 +3,7 @@
 #include <QByteArray>
 #include <QString>
 
-/// How values line up behind their key.
+/// How values line up after their key.
 struct ValueColumn
 {
     int SpacerWidth = 43;
@@ -21,7 +21,7 @@ QString CleanText(const QString& text);
 /// ASCII survive.
 QString CleanValue(const QString& text);
 
-/// The filler behind a key that ends in its colon: one tab with SuperTab, else up to the value column.
+/// The filler after a key that ends in its colon: one tab with SuperTab, else up to the value column.
 QString PadAfterKey(const QString& key, const ValueColumn& column);
 QString PadAfterKey(const QString& key);
 

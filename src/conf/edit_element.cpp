@@ -1,63 +1,59 @@
 #include "conf/edit_element.h"
 
-#include "conf/block_fields.h"
 #include "conf/conf_lines.h"
 #include "conf/element_blocks.h"
-#include "conf/inject.h"
+#include "conf/sub_groups.h"
 #include "frame/frame_state.h"
-#include "frame/host_ports.h"
 
 namespace {
 
 constexpr int EditReach = 100, EditedLinesBelowMain = 101;
 
-bool EndsIn(const QString& key, const char* tail)
+struct CommandLines
 {
-    return key.endsWith(QLatin1String(tail), Qt::CaseInsensitive);
-}
+    QList<bool> Present; ///< by entry of the commands
+    int End = 0; ///< first line after the block: the first of two in a row that belong to no command, or of the walk
+};
 
-/// First line behind the block: the first of two in a row that belong to no command, or the line behind the walk.
-int EndOfCommands(const LineReader& lines, int mainLine, const QString& key)
+CommandLines FindCommands(const LineReader& lines, int mainLine, const QString& key, const QStringList& commands)
 {
-    const QStringList& commands = Frame.WordLists.at(ModeGfx).at(KindGraphicComs);
-    Conf.CommandPresent = QList<bool>(commands.size(), false);
+    CommandLines found{QList<bool>(commands.size(), false)};
     int missed = 0;
     int line = mainLine + 1;
     for (; line <= mainLine + EditedLinesBelowMain && missed < 2; ++line) {
         const int command = CommandOfLine(lines(line).value_or(QString()), key, commands);
         if (command >= 0)
-            Conf.CommandPresent[command] = true;
+            found.Present[command] = true;
         missed = command >= 0 ? 0 : missed + 1;
     }
-    return line - missed;
+    found.End = line - missed;
+    return found;
 }
 
 } // namespace
 
-void EditElement()
+std::optional<InjectRequest> SelectBlockToEdit(DocumentText& pane)
 {
-    DocumentText& pane = CurrentPane();
-    const UndoGroup visit(pane); // from here on: undo brings the caret back too
+    const LineReader lines = LinesOf(pane);
     pane.ExecuteCmd(CmdLineStart);
-    const auto mainLine = FindMainLine(pane, pane.GetSel(true).StartLine, EditReach);
+    const auto mainLine = FindMainLine(lines, pane.GetSel(true).StartLine, {Frame.Settings.SheetKinds, EditReach});
     if (!mainLine)
-        return;
+        return std::nullopt;
     const QString main = CleanValue(pane.GetLine(*mainLine));
     if (!main.contains(QLatin1Char(':'))) {
         ShowMessage(message::ColonMissing);
-        return;
+        return std::nullopt;
     }
     const QString key = KeyOfLine(main);
-    if (EndsIn(key, ".editor") || EndsIn(key, ".preview")) {
+    const std::optional<SubGroup> group = GroupAtEnd(key);
+    if (group && group != SubGroup::Crumbled) {
         ShowMessage(message::SubCommandRefused);
-        return;
+        return std::nullopt;
     }
-    Conf.CrumbledBlock = EndsIn(key, ".crumbled");
-    const int end = EndOfCommands(LinesOf(pane), *mainLine, key);
-    if (end >= pane.LineCount())
+    const CommandLines commands = FindCommands(lines, *mainLine, key, Frame.WordLists.at(ModeGfx).at(KindGraphicComs));
+    if (commands.End >= pane.LineCount())
         pane.InsertLine(pane.LineCount(), {});
-    pane.SetSel({.StartLine = *mainLine, .EndLine = end}, true);
-    Panes().txtBuffer().SetText(pane.SelText().trimmed());
-    Tools().OpenTool(ToolWindow::Inject);
-    Panes().FocusPane();
+    pane.SetSel({.StartLine = *mainLine, .EndLine = commands.End}, true);
+    return InjectRequest{ParseBlock(pane.SelText().trimmed(), GraphicsKeyWords().Directions), commands.Present,
+                         group.has_value()};
 }

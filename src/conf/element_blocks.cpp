@@ -1,30 +1,32 @@
 #include "conf/element_blocks.h"
 
 #include "conf/conf_lines.h"
+#include "conf/sub_groups.h"
 #include "frame/frame_state.h"
 
 namespace {
 constexpr int SelectReach = 50;
 }
 
-std::optional<int> FindMainLine(const DocumentText& pane, int caretLine, int reach)
+std::optional<int> FindMainLine(const LineReader& lines, int from, const MainLineSearch& search)
 {
-    const int top = qMax(0, caretLine - reach);
-    for (int line = caretLine; line >= top; --line)
-        if (HasSheetName(pane.GetLine(line)))
+    const bool groupsCount = search.Groups == GroupRule::Count || NamesGroup(lines(from).value_or(QString()));
+    for (int line = from; line >= qMax(0, from - search.Reach); --line) {
+        const QString text = lines(line).value_or(QString());
+        if (HasSheetName(text, search.Endings) && (groupsCount || !NamesGroup(text)))
             return line;
+    }
     return std::nullopt;
 }
 
-int EndOfBlock(const DocumentText& pane, int mainLine)
+int EndOfBlock(const LineReader& lines, int mainLine)
 {
-    const QString main = pane.GetLine(mainLine);
+    const QString main = lines(mainLine).value_or(QString());
     const QString key = KeyOfLine(main);
     int line = mainLine + 1;
     if (key.isEmpty() || key.size() == main.size())
         return line;
-    const int count = pane.LineCount();
-    while (line < count && pane.GetLine(line).startsWith(key))
+    while (lines(line).value_or(QString()).startsWith(key))
         ++line;
     return line;
 }
@@ -32,11 +34,13 @@ int EndOfBlock(const DocumentText& pane, int mainLine)
 void SelectElementBlock()
 {
     DocumentText& pane = CurrentPane();
+    const LineReader lines = LinesOf(pane);
     pane.ExecuteCmd(CmdLineStart);
-    const std::optional<int> main = FindMainLine(pane, pane.GetSel(true).StartLine, SelectReach);
+    const std::optional<int> main =
+        FindMainLine(lines, pane.GetSel(true).StartLine, {Frame.Settings.SheetKinds, SelectReach});
     if (!main)
         return;
-    const int end = EndOfBlock(pane, *main);
+    const int end = EndOfBlock(lines, *main);
     if (end >= pane.LineCount())
         pane.InsertLine(end, {});
     pane.SetSel({.StartLine = *main, .EndLine = end}, true);

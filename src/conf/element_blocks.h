@@ -1,15 +1,28 @@
 #pragma once
 
-#include <optional>
+#include "conf/line_reader.h"
+#include "frame/media/sheet_endings.h"
 
-class DocumentText;
+/// Do the main lines of sub groups count in a search?
+enum class GroupRule {
+    Count,
+    FromWithin ///< only if the search begins in a sub group
+};
 
-/// The nearest line from `caretLine` up that names a tile sheet, at most `reach` lines above; comment lines count.
-std::optional<int> FindMainLine(const DocumentText& pane, int caretLine, int reach);
+/// What counts as a main line, and how far up one is searched for.
+struct MainLineSearch
+{
+    SheetEndings Endings;
+    int Reach = 0; ///< lines above the first that are looked at
+    GroupRule Groups = GroupRule::Count;
+};
 
-/// First line behind the block that begins at `mainLine`: the first that does not start with its key. May be the
+/// The nearest line from `from` up that names a tile sheet; comment lines count.
+std::optional<int> FindMainLine(const LineReader& lines, int from, const MainLineSearch& search);
+
+/// First line after the block that begins at `mainLine`: the first that does not start with its key. May be the
 /// line count. A main line without a key is a block of its own.
-int EndOfBlock(const DocumentText& pane, int mainLine);
+int EndOfBlock(const LineReader& lines, int mainLine);
 
 /// "Select Element Block": the block around the caret of the current pane; nothing if there is none.
 void SelectElementBlock();

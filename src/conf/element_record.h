@@ -1,11 +1,10 @@
 #pragma once
 
-#include <QList>
 #include <QString>
 #include <array>
 #include <optional>
 
-/// The element block in work.
+/// An element block.
 struct ElementRecord
 {
     QString ImageFile = QStringLiteral("Your.PCX");
@@ -21,21 +20,27 @@ struct ElementRecord
     bool operator==(const ElementRecord&) const = default;
 };
 
-/// The fields of a block in the order of ElementState::FieldFound.
-constexpr std::array<const char*, 9> FieldTokens = {
-    ".xpos:", ".ypos:", ".frames:", ".delay:", ".anim_mode:", ".start_frame:", ".global_sync:", ".offset:", ".name:"};
+/// The fields of a block that the record holds: the first rows of BlockCommands (block_commands.h).
+enum BlockField : size_t {
+    XPosField,
+    YPosField,
+    FramesField,
+    DelayField,
+    AnimModeField,
+    StartFrameField,
+    GlobalSyncField,
+    OffsetField,
+    NameField,
+    RecordFields ///< how many
+};
+using FieldFlags = std::array<int, RecordFields>; ///< 1: there
 
-/// State of the text commands around a block: one instance, read and changed by the tools too.
+/// The element block in work: one instance. It stays as the last tool left it until the next one takes another.
 struct ElementState
 {
     ElementRecord Element;
-    std::array<int, FieldTokens.size()> FieldFound{};
-    int MainLine = 0, CaretLine = 0;
-    int MediaSource = 1; ///< list that holds MediaFile: 1 Base, 2 Extra, 3 RnD
-    QString MediaFile;
+    FieldFlags FieldFound{};
     std::optional<QString> UnknownMode; ///< the block's anim_mode that "loop" stands in for until the user picks one
-    bool QuickPreview = false, CrumbledBlock = false;
-    QList<bool> CommandPresent; ///< one flag an entry of GraphicComs
 };
 extern ElementState Conf;
 void ResetConf();

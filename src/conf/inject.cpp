@@ -1,9 +1,9 @@
 #include "conf/inject.h"
 
+#include "conf/block_commands.h"
 #include "conf/conf_lines.h"
 
 #include <algorithm>
-#include <array>
 #include <span>
 #include <vector>
 
@@ -11,49 +11,10 @@ namespace {
 
 constexpr size_t Slots = 201, FirstFree = 100, SubGroupStep = 50;
 const QString Break = QStringLiteral("\r\n");
-const QString Crumbled = QStringLiteral("CRUMBLED");
-
-struct SubLine
-{
-    const char *Word, *Value;
-};
-constexpr SubLine Place[] = {{"xpos", "0"}, {"ypos", "0"}};
-constexpr SubLine CrumbledLines[] = {
-    {"xpos", "0"}, {"ypos", "0"}, {"frames", "1"}, {"delay", "1"}, {"anim_mode", "loop"}};
-
-/// What a command is added with: its value, null for the block's own image, and the lines behind it.
-struct DefaultRow
-{
-    const char* Value;
-    std::span<const SubLine> Behind = {};
-
-    bool IsSubGroup() const { return !Behind.empty(); }
-};
-constexpr std::array<DefaultRow, InjectBoxes> Defaults = {{
-    {"0"},    // xpos
-    {"0"},    // ypos
-    {"1"},    // frames
-    {"1"},    // delay
-    {"loop"}, // anim_mode
-    {"0"},    // start_frame
-    {"true"}, // global_sync
-    {"0"},    // offset
-    {"Element's Full Name"},
-    {"sand"},         // crumbled_like
-    {"sand"},         // diggable_like
-    {"0"},            // anim_delay_fixed
-    {"0"},            // anim_delay_random
-    {"0"},            // post_delay_fixed
-    {"0"},            // post_delay_random
-    {nullptr, Place}, // EDITOR
-    {nullptr, Place}, // PREVIEW
-    {nullptr, CrumbledLines},
-    {"4"}, // border_size
-}};
-
 QString OrNone(const QString& part)
 {
-    return part.isEmpty() || part.compare(Crumbled, Qt::CaseInsensitive) == 0 ? NoPart : part;
+    const QLatin1String crumbled(SubGroupWords.at(size_t(SubGroup::Crumbled)));
+    return part.isEmpty() || part.compare(crumbled, Qt::CaseInsensitive) == 0 ? NoPart : part;
 }
 
 /// One rebuild: the places that give the block its order.
@@ -70,13 +31,13 @@ public:
         Put(size_t(number) + (ofSubGroup ? SubGroupStep : 0), RenameKey(block.Lines.at(number), block, parts));
     }
 
-    void Add(const QString& command, const DefaultRow& row)
+    void Add(const QString& command, const BlockCommand& row)
     {
         const size_t slot = nextFree++;
         const QString start = block.Key + QLatin1Char('.') + command;
-        Put(slot, Line(start, row.Value ? QLatin1String(row.Value) : block.MainValue));
-        for (const SubLine& line : row.Behind)
-            Put(slot, Line(start + QLatin1Char('.') + QLatin1String(line.Word), QLatin1String(line.Value)));
+        Put(slot, Line(start, row.Default ? QLatin1String(row.Default) : block.MainValue));
+        for (const BlockCommand& field : std::span(BlockCommands).first(row.GroupFields))
+            Put(slot, Line(start + QLatin1Char('.') + QLatin1String(field.Word), QLatin1String(field.Default)));
     }
 
     QString Text() const
@@ -170,19 +131,18 @@ QString RebuildBlock(const InjectBlock& block, const KeyParts& parts, const QLis
         ofLine << CommandOfLine(line, block.Key, commands);
     Rebuild rebuild(block, parts, column);
     for (int command = 0; command < commands.size(); ++command) {
-        const bool hasBox = command < InjectBoxes;
-        if (hasBox && !wanted.value(command))
+        const BlockCommand* row = size_t(command) < KnownCommands ? &BlockCommands.at(size_t(command)) : nullptr;
+        if (row && !wanted.value(command))
             continue;
-        const DefaultRow row = hasBox ? Defaults.at(size_t(command)) : DefaultRow{nullptr};
         bool found = false;
         for (qsizetype number = 1; number < ofLine.size(); ++number) {
             if (ofLine.at(number) != command)
                 continue;
-            rebuild.Keep(number, row.IsSubGroup());
+            rebuild.Keep(number, row && row->IsSubGroup());
             found = true;
         }
-        if (hasBox && !found)
-            rebuild.Add(commands.at(command), row);
+        if (row && !found)
+            rebuild.Add(commands.at(command), *row);
     }
     return rebuild.Text();
 }

@@ -12,7 +12,7 @@ namespace {
 /// Passes repaint the progress bar at most this often.
 constexpr qint64 ProgressEvery = 50;
 
-/// Lines first to last, without the break behind the last one.
+/// Lines first to last, without the break after the last one.
 QByteArrayView WholeLines(const DocumentText& pane, int first, int last)
 {
     const QByteArrayView all = pane.Bytes();

@@ -13,14 +13,14 @@ using PassProgress = std::function<bool(int linesDone)>;
 /// A pass over lines: from the bytes of whole lines (UTF-8, each with its break but the last) to the new bytes.
 using LinePass = std::function<QByteArray(QByteArrayView lines, const PassProgress& progress)>;
 
-/// One line of a pass and the break behind it.
+/// One line of a pass and the break after it.
 struct ByteLine
 {
     QByteArrayView Text;  ///< without its break
     QByteArrayView Break; ///< "\r\n", "\n", "\r" or nothing
 };
 
-/// The line at `from`; moves `from` behind its break.
+/// The line at `from`; moves `from` past its break.
 ByteLine TakeLine(QByteArrayView bytes, qsizetype& from);
 
 /// Calls visit(line) for every line, the one after the last break included, and tells the progress, which may stop it.
@@ -44,5 +44,5 @@ PassProgress ThrottledProgress(int maximum, RunScope& run);
 
 /// Runs a pass, `name` in the run panel, over the whole lines that the selection of a text touches: one undo step, with
 /// the progress bar, the caret at the start of the first line afterwards. A selection that ends in column 0 of a line
-/// includes that line. A pass that is stopped leaves the text as it was, which is told in the status bar.
+/// includes that line. A pass that is stopped leaves the text as it was, as the status bar says.
 void RunPassOnSelection(DocumentText& text, const QString& name, const LinePass& pass);

@@ -1,100 +1,73 @@
 #include "conf/locate_image.h"
 
-#include "conf/block_fields.h"
 #include "conf/conf_lines.h"
+#include "conf/element_blocks.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
-
-#include <algorithm>
 
 namespace {
 
 constexpr int LocateReach = 20;
 
-bool HasSubGroup(const QString& line)
+struct LocateMessage
 {
-    constexpr std::array<const char*, 3> Words = {".CRUMBLED", ".PREVIEW", ".EDITOR"};
-    return std::any_of(Words.begin(), Words.end(),
-                       [&](const char* word) { return line.contains(QLatin1String(word)); });
-}
+    NotLocated Why;
+    message::Number Message;
+};
+constexpr LocateMessage LocateMessages[] = {{NoMainLine, message::NoImageNamed}, {NoImageName, message::ColonMissing}, {ImageNotInLists, message::NamedImageMissing}};
 
-/// The line at or above the caret that names the block's image. Those of sub groups count only from within one.
 std::optional<int> MainLineAbove(const DocumentText& pane, int caretLine)
 {
-    const bool inSubGroup = HasSubGroup(pane.GetLine(caretLine));
-    for (int line = caretLine; line >= qMax(0, caretLine - LocateReach); --line) {
-        const QString text = pane.GetLine(line);
-        if (HasSheetName(text) && (inSubGroup || !HasSubGroup(text)))
-            return line;
-    }
-    return std::nullopt;
+    if (Frame.CurrentMode != ModeGfx)
+        return caretLine;
+    return FindMainLine(LinesOf(pane), caretLine, {Frame.Settings.SheetKinds, LocateReach, GroupRule::FromWithin});
 }
 
-void GotoLineStart(DocumentText& pane)
+/// Opens the file in the tool of the mode.
+void OpenLocated(const MediaRequest& request)
 {
-    pane.ExecuteCmd(CmdLineStart);
-}
-
-/// Opens `hit` in the tool of the mode, with the block that names it.
-void OpenImage(DocumentText& pane, const MediaHit& hit)
-{
-    Tools().ShowMediaEntry(hit.Source, hit.Row);
-    Conf.MediaSource = hit.Source;
-    Conf.MediaFile = hit.Name;
-    if (Frame.CurrentMode == ModeGfx)
-        ReadElementBlock();
-    Conf.Element.ElementOpen = true;
-    Tools().PreviewMedia();
+    Tools().ShowMediaEntry(request.Entry);
+    Tools().PreviewMedia(request);
     Panes().FocusPane();
-    GotoLineStart(pane);
+    CurrentPane().ExecuteCmd(CmdLineStart);
 }
 
 void Locate(bool quick)
 {
-    Conf.QuickPreview = quick;
-    switch (LocateElementImage()) {
-    case NoMainLine:
-        ShowMessage(message::NoImageNamed);
-        break;
-    case NoImageName:
-        ShowMessage(message::ColonMissing);
-        break;
-    case ImageNotInLists:
-        ShowMessage(message::NamedImageMissing);
-        break;
-    case ImageOpened:
-    case NothingToLocate:
-        break;
+    auto located = LocateElementImage(CurrentPane());
+    if (located) {
+        located->Quick = quick;
+        OpenLocated(*located);
+        return;
     }
+    for (const LocateMessage& row : LocateMessages)
+        if (row.Why == located.error())
+            ShowMessage(row.Message);
 }
 
 } // namespace
 
-LocateResult LocateElementImage()
+tl::expected<MediaRequest, NotLocated> LocateElementImage(DocumentText& pane)
 {
-    DocumentText& pane = CurrentPane();
     if (pane.SelLength() > 0)
-        return NothingToLocate;
-    GotoLineStart(pane);
+        return tl::unexpected(NothingToLocate);
+    pane.ExecuteCmd(CmdLineStart);
     const int caretLine = pane.GetSel(true).StartLine;
-    Conf.CaretLine = caretLine;
     if (pane.GetLine(caretLine).indexOf(QLatin1Char(':')) <= 0)
-        return NothingToLocate;
-    const auto mainLine = Frame.CurrentMode == ModeGfx ? MainLineAbove(pane, caretLine) : std::optional(caretLine);
+        return tl::unexpected(NothingToLocate);
+    const std::optional<int> mainLine = MainLineAbove(pane, caretLine);
     if (!mainLine)
-        return NoMainLine;
-    Conf.MainLine = *mainLine;
+        return tl::unexpected(NoMainLine);
     const QString line = pane.GetLine(*mainLine);
     const qsizetype colon = line.lastIndexOf(QLatin1Char(':'));
     const QString name = colon < 0 ? QString() : CleanValue(line.mid(colon + 1));
     if (name.isEmpty())
-        return NoImageName;
+        return tl::unexpected(NoImageName);
     const std::optional<MediaHit> hit = FindImageInLists(name);
     if (!hit)
-        return ImageNotInLists;
-    OpenImage(pane, *hit);
-    return ImageOpened;
+        return tl::unexpected(ImageNotInLists);
+    return MediaRequest{*hit, BlockPlace{*mainLine, caretLine}};
 }
 
 void QuickPreview()

@@ -1,19 +1,24 @@
 #pragma once
 
+#include "frame/media/media_request.h"
+
+#include <tl/expected.hpp>
+
+class DocumentText;
+
 /// Why LocateElementImage found nothing.
-enum LocateResult : int {
-    ImageOpened = 1,
-    NothingToLocate = 0, ///< text is selected, or the caret's line has no key
-    NoMainLine = -1,
-    NoImageName = -2,
-    ImageNotInLists = -3,
+enum NotLocated : int {
+    NothingToLocate, ///< text is selected, or the caret's line has no key
+    NoMainLine,
+    NoImageName,
+    ImageNotInLists,
 };
 
-/// Finds the image or sound that the block (in other modes than graphics: the line) at the caret names, shows it in
-/// the media lists and opens it in the tool of the mode; returns when that has closed. In graphics mode the block is
-/// read into Conf.Element first.
-LocateResult LocateElementImage();
+/// Finds the image or sound that the block (in other modes than graphics: the line) at the caret names in the media
+/// lists. The caret goes to the start of its line.
+tl::expected<MediaRequest, NotLocated> LocateElementImage(DocumentText& pane);
 
-/// "Quick Preview" and "Edit Animation": LocateElementImage, what it lacked told as a message.
+/// "Quick Preview" and "Edit Animation": what LocateElementImage finds is shown in the media lists and opened in the
+/// tool of the mode; returns when that has closed. What it lacked comes as a message.
 void QuickPreview();
 void EditAnimation();

@@ -1,6 +1,5 @@
 #include "conf/write_block.h"
 
-#include "conf/block_fields.h"
 #include "conf/conf_lines.h"
 #include "frame/frame_state.h"
 
@@ -9,7 +8,6 @@
 namespace {
 
 constexpr char16_t LowestOfKey = 14;
-constexpr size_t StartFrameField = 5, EditorField = 9;
 
 } // namespace
 
@@ -24,33 +22,39 @@ QString KeyFromSelection(const QString& selected)
     return key;
 }
 
-QStringList NewBlockLines(const QString& key, const ElementRecord& record, const BlockFields& fields,
+QStringList NewBlockLines(const QString& key, const ElementRecord& record, const QuickFlags& fields,
                           const ValueColumn& column)
 {
     ElementRecord named = record;
     if (named.ElementName.isEmpty())
         named.ElementName = key;
     QStringList lines;
-    const auto add = [&](const QString& parts, const QString& value) {
-        const QString whole = key + parts + QLatin1Char(':');
-        lines << whole + PadAfterKey(whole, column) + value;
+    const auto add = [&](const QString& whole, const QString& value) {
+        lines << whole + u':' + PadAfterKey(whole + u':', column) + value;
     };
-    add({}, record.ImageFile);
-    for (size_t field = 0; field < EditorField; ++field)
-        if (fields.at(field) == 1 && (field != StartFrameField || record.StartFrame != -1))
-            add(QLatin1Char('.') + QLatin1String(QuickFieldNames.at(field)),
-                FieldText(named, QuickFieldNames.at(field)));
-    if (fields.at(EditorField) == 1) {
-        add(QStringLiteral(".EDITOR"), record.ImageFile);
-        add(QStringLiteral(".EDITOR.xpos"), QString::number(record.XPos));
-        add(QStringLiteral(".EDITOR.ypos"), QString::number(record.YPos));
+    const auto addField = [&](const QString& start, size_t field) {
+        add(start + u'.' + QLatin1String(BlockCommands.at(field).Word), FieldText(field, named));
+    };
+    add(key, record.ImageFile);
+    for (size_t place = 0; place < QuickFields.size(); ++place) {
+        const size_t command = QuickFields.at(place);
+        const BlockCommand& row = BlockCommands.at(command);
+        if (fields.at(place) != 1 || (command == StartFrameField && record.StartFrame == -1))
+            continue;
+        if (!row.IsSubGroup()) {
+            addField(key, command);
+            continue;
+        }
+        const QString group = key + u'.' + QLatin1String(row.Word);
+        add(group, record.ImageFile);
+        for (size_t field = 0; field < row.GroupFields; ++field)
+            addField(group, field);
     }
     return lines;
 }
 
-void WriteElementBlock(bool full, int undoMark)
+void WriteElementBlock(DocumentText& pane, const ElementRecord& record, bool full, int undoMark)
 {
-    DocumentText& pane = CurrentPane();
     const QString selected = pane.SelText();
     const QString key = KeyFromSelection(selected);
     const bool broken = std::any_of(selected.begin(), selected.end(), [](QChar c) { return c < LowestOfKey; });
@@ -60,17 +64,17 @@ void WriteElementBlock(bool full, int undoMark)
     }
     if (undoMark != CallersUndoGroup)
         pane.ExecuteCmd(CmdOpenUndoGroup);
-    BlockFields fields = Frame.Settings.QuickElementTemplate;
+    QuickFlags fields = Frame.Settings.QuickElementTemplate;
     if (full)
         fields.fill(1);
     const int line = pane.GetSel(true).StartLine;
     pane.SelectLine(line, true);
-    pane.ReplaceSel(NewBlockLines(key, Conf.Element, fields, CurrentValueColumn()).join(QStringLiteral("\r\n")));
+    pane.ReplaceSel(NewBlockLines(key, record, fields, CurrentValueColumn()).join(QStringLiteral("\r\n")));
     pane.SetSel({.StartLine = line, .EndLine = line}, true);
     pane.ExecuteCmd(CmdCloseUndoGroup);
 }
 
 void QuickElement()
 {
-    WriteElementBlock(false, 0);
+    WriteElementBlock(CurrentPane(), Conf.Element, false, 0);
 }

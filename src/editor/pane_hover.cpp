@@ -14,7 +14,7 @@ namespace {
 constexpr int HoverWindowSlot = 0, HoverTextSlot = 4;
 
 /// A quarter of the text's colour on the window's.
-int Faint(int text, int window)
+int FaintColour(int text, int window)
 {
     const auto channel = [&](int shift) {
         const int from = (window >> shift) & 0xFF, to = (text >> shift) & 0xFF;
@@ -62,7 +62,7 @@ bool ScintillaPane::ShowHover(const QHelpEvent& event)
 
 void ScintillaPane::MarkBlock(int first, int last)
 {
-    const int bgr = Faint(looks.GetColor(HoverTextSlot), looks.GetColor(HoverWindowSlot));
+    const int bgr = FaintColour(looks.GetColor(HoverTextSlot), looks.GetColor(HoverWindowSlot));
     marks->SetBlock(first, last, QColor(bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF));
 }
 

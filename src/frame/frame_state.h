@@ -6,6 +6,7 @@
 #include "frame/messages/messages.h"
 #include "frame/settings/settings.h"
 #include "frame/vocabulary.h"
+#include "platform/name_swap.h"
 
 #include <QElapsedTimer>
 #include <array>
@@ -28,6 +29,7 @@ struct FrameState
     QString ProgramFolder, DataFolder, MacrosFolder, HelpExe, HelpZip;
     bool StartingUp = false;
     QStringList FinishedWrites;    ///< files whose interrupted save this start has finished
+    name_swap::PutBack PutBack;    ///< of fast tests that had not ended properly, put back by this start
     bool SettingsReadOnly = false; ///< changes of settings hold in memory only
 
     std::array<Document, 8> Documents;

@@ -4,6 +4,8 @@
 
 class EditorPane;
 class FrameEvents;
+struct MediaHit;
+struct MediaRequest;
 
 /// What a tab of the strip shows.
 struct TabFace
@@ -37,20 +39,21 @@ public:
     virtual void BusyPointer(bool busy) = 0;
 };
 
-enum class ToolWindow { Project, About, Inject, Options, PCXLab, AVI2BMP };
-enum class ListKind { Recent, Comments, Blocks };
+enum class ToolWindow { Project, About, Options, PCXLab, AVI2BMP, Games };
+enum class ListKind { Recent, Comments, Blocks, GameWords };
 
 /// Windows and players that a routine opens by name.
 class ToolPort
 {
 public:
     virtual ~ToolPort() = default;
-    virtual void OpenTool(ToolWindow tool) = 0;           ///< modal; returns when closed
-    virtual void ShowList(ListKind list) = 0;             ///< a floating list, made anew from the current document
-    virtual void CloseLists() = 0;                        ///< hides the floating lists, focus to the pane
-    virtual void ShowMediaEntry(int source, int row) = 0; ///< its tab in front, the entry selected and in view
-    virtual bool CanPreview(int mode) const = 0;          ///< is there a tool that opens the media of a mode?
-    virtual void PreviewMedia() = 0; ///< opens the media file at hand by the mode; returns when done
+    virtual void OpenTool(ToolWindow tool) = 0; ///< modal; returns when closed
+    /// A floating list, made anew from the current document; of the game's words the list below the text.
+    virtual void ShowList(ListKind list) = 0;
+    virtual void CloseLists() = 0;                          ///< hides the floating lists, focus to the pane
+    virtual void ShowMediaEntry(const MediaHit& entry) = 0; ///< its tab in front, the entry selected and in view
+    virtual bool CanPreview(int mode) const = 0;            ///< is there a tool that opens the media of a mode?
+    virtual void PreviewMedia(const MediaRequest& request) = 0; ///< returns when done
     virtual void StopPlayers() = 0;
 };
 

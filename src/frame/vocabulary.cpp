@@ -80,6 +80,14 @@ LanguageObject LanguageOf(const LanguageRow& row)
 
 } // namespace
 
+KeyWords GraphicsKeyWords()
+{
+    constexpr int directions = 4; // the first words of the action list
+    const auto& words = Frame.WordLists.at(ModeGfx);
+    const QStringList& actions = words.at(KindActions);
+    return {words.at(KindElements), actions.mid(directions), actions.mid(0, directions)};
+}
+
 QStringList ReadWordList(const QString& section)
 {
     const QString table = TableOf(section);

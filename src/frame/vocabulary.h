@@ -12,13 +12,20 @@ using WordListTable = std::array<std::array<QStringList, WordKindCount>, 8>;
 
 inline const QString NoWords = QStringLiteral("*:none:*");
 
+/// What a key of graphics mode is made of: "element.action.direction".
+struct KeyWords
+{
+    QStringList Elements, Actions, Directions;
+};
+KeyWords GraphicsKeyWords();
+
 /// Reads all tables into Frame.WordLists and registers the eight languages with Frame.Globals.
 void MakeLanguages();
 
 /// One section of its table file: the words 1 to Count; a missing key gives "[NOT FOUND]".
 QStringList ReadWordList(const QString& section);
 
-/// The words of the lists ticked in AutoCompleteTemplate. Behind a dot those that can follow there stand first, else
+/// The words of the lists ticked in AutoCompleteTemplate. After a dot those that can follow there stand first, else
 /// the lists keep their order. Empty in mode 0. `before` is the line up to the word that is being completed.
 QStringList CodeListWords(int mode, const QString& before = {});
 

@@ -48,7 +48,7 @@ bool Linear(const Run& run)
     return true;
 }
 
-/// Turns when it has stepped onto the tile before `low` + 1 or behind `high` - 1. True: it turned.
+/// Turns when it has stepped onto the tile before `low` + 1 or past `high` - 1. True: it turned.
 bool StepAndTurn(int low, int high)
 {
     AnimationState& state = Animation;
@@ -80,7 +80,7 @@ struct Mode
 
 constexpr QLatin1StringView Random("random");
 
-// A mode of the game that is not in here plays as a loop. Words behind a comma ("linear,once") are left out.
+// A mode of the game that is not in here plays as a loop. Words after a comma ("linear,once") are left out.
 constexpr std::array Modes = {
     Mode{QLatin1StringView("none"), StandOnBase},    Mode{QLatin1StringView("loop"), Loop},
     Mode{QLatin1StringView("linear"), Linear},       Mode{QLatin1StringView("pingpong"), PingPong},
@@ -147,7 +147,7 @@ bool StepAnimation(const RandomBelow& random)
 void TickClock::Start(qint64 now, int newInterval)
 {
     begin = now;
-    told = 0;
+    counted = 0;
     interval = newInterval;
 }
 
@@ -156,7 +156,7 @@ int TickClock::TicksDue(qint64 now)
     if (interval <= 0)
         return 0;
     const qint64 all = (now - begin) / interval;
-    const int due = int(all - told);
-    told = all;
+    const int due = int(all - counted);
+    counted = all;
     return due;
 }

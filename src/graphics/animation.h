@@ -40,9 +40,9 @@ public:
     /// Times in milliseconds of one steady clock.
     void Start(qint64 now, int interval);
     int TicksDue(qint64 now); ///< since the last call
-    qint64 NextTick() const { return begin + (told + 1) * interval; }
+    qint64 NextTick() const { return begin + (counted + 1) * interval; }
 
 private:
-    qint64 begin = 0, told = 0;
+    qint64 begin = 0, counted = 0;
     int interval = 0;
 };

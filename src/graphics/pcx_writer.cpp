@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int LongestSide = 65534; ///< a line of an even number of bytes, told in 16 bits
+constexpr int LongestSide = 65534; ///< a line of an even number of bytes, given in 16 bits
 constexpr int Colours = 256;
 constexpr int LongestRun = 63;
 constexpr int RunMark = 0xc0;

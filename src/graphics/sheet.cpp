@@ -11,9 +11,7 @@ void ResetSheet()
 
 void ShowSheet(const QImage& picture)
 {
-    const QString prompt = Sheet.PickPrompt;
     Sheet = SheetState{};
-    Sheet.PickPrompt = prompt;
     ReplacePicture(picture);
 }
 

@@ -18,7 +18,6 @@ struct SheetState
     int EndIndex = -1;                         ///< tile of the end mark; -1: there is none
     std::optional<QPoint> Start, End, InStart; ///< tiles (column, row) of the marks on show
     QString ImageWarnings;                     ///< each ends with two line breaks
-    QString PickPrompt;                        ///< what a macro asks for; empty without a macro
 };
 extern SheetState Sheet;
 void ResetSheet();

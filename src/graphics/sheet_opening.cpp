@@ -1,16 +1,13 @@
 #include "graphics/sheet_opening.h"
 
-#include "conf/element_record.h"
+#include "conf/block_fields.h"
+#include "frame/frame_state.h"
 #include "graphics/sheet.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace {
-
-enum Field { XPosField, YPosField };
-
-constexpr int FromMacro = 4;
 
 void Warn(const char* text)
 {
@@ -28,9 +25,9 @@ void CheckSize(SheetOpening& opening)
         Warn("Image is not a multiple of 32. Any animation that wraps around the PCX may be wrong.");
 }
 
-void CheckPlaceFields(SheetOpening& opening)
+void CheckPlaceFields(const SheetRequest& request, SheetOpening& opening)
 {
-    if (Conf.MediaSource == FromMacro || (Conf.FieldFound[XPosField] && Conf.FieldFound[YPosField]))
+    if (request.IsPick() || (Conf.FieldFound[XPosField] && Conf.FieldFound[YPosField]))
         return;
     Conf.Element.Frames = 1;
     Conf.Element.XPos = Conf.Element.YPos = 0;
@@ -95,14 +92,32 @@ void StartFromDefaults()
 
 } // namespace
 
-SheetOpening FitElementToSheet(const QStringList& animModes)
+void TakeElement(const SheetRequest& request, const DocumentText& text)
+{
+    ElementRecord& element = Conf.Element;
+    if (request.Source != MediaSource::PCXBrowser && !request.Block)
+        element.ImageFile.clear(); // or a sheet of that name from another folder would be taken for this one
+    if (request.IsPick())
+        return;
+    if (!request.Block)
+        Conf.FieldFound.fill(1);
+    else if (Frame.CurrentMode == ModeGfx) {
+        const BlockSource source{LinesOf(text), request.Block->MainLine, Frame.Settings.SheetKinds};
+        const BlockReading read = ReadBlock(source, request.File, element);
+        element = read.Element;
+        Conf.FieldFound = read.FieldFound;
+    }
+    element.ElementOpen = request.Block.has_value();
+}
+
+SheetOpening FitElementToSheet(const SheetRequest& request, const QStringList& animModes)
 {
     SheetOpening opening;
     opening.MayUpdate = Conf.Element.ElementOpen;
     Conf.UnknownMode.reset();
     CheckSize(opening);
-    CheckPlaceFields(opening);
-    opening.FromBlock = Conf.MediaFile == Conf.Element.ImageFile;
+    CheckPlaceFields(request, opening);
+    opening.FromBlock = request.File == Conf.Element.ImageFile;
     if (opening.FromBlock) {
         BringInsideSheet();
         MarkElement();

@@ -1,27 +1,23 @@
 #include "graphics/tiles_in_use.h"
 
 #include "conf/block_outline.h"
-#include "frame/media/media_lists.h"
-#include "graphics/sheet.h"
-#include "text/document_text.h"
 
 #include <set>
 
-QList<QPoint> TilesInUse(const DocumentText& pane, const QString& image, int without)
+QList<QPoint> TilesInUse(QByteArrayView text, const LineReader& lines, const SheetUse& sheet)
 {
-    const int all = Sheet.SheetColumns * Sheet.SheetRows;
+    const int all = sheet.Columns * sheet.Rows;
     std::set<int> used;
-    const LineReader lines = LinesOf(pane);
-    for (const OutlineBlock& block : FindBlocks(pane.Bytes())) {
-        if (block.Line == without || !StandsFor(block.Image, image))
+    for (const OutlineBlock& block : FindBlocks(text, sheet.Endings)) {
+        if (block.Line == sheet.Without || !sheet.Endings.StandsFor(block.Image, sheet.Image))
             continue;
-        const BlockReading read = ReadBlock(lines, block.Line, ElementRecord{}, image);
-        const int first = read.Element.YPos * Sheet.SheetColumns + read.Element.XPos;
+        const BlockReading read = ReadBlock({lines, block.Line, sheet.Endings}, sheet.Image);
+        const int first = read.Element.YPos * sheet.Columns + read.Element.XPos;
         for (int tile = first; tile < qMin(all, first + read.Element.Frames); ++tile)
             used.insert(tile);
     }
     QList<QPoint> tiles;
     for (const int tile : used)
-        tiles << QPoint(tile % Sheet.SheetColumns, tile / Sheet.SheetColumns);
+        tiles << QPoint(tile % sheet.Columns, tile / sheet.Columns);
     return tiles;
 }

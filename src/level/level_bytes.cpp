@@ -111,7 +111,7 @@ Result<> WriteMap(const LevelRecord& level, QByteArray& bytes)
 {
     const LevelMap& map = level.Map;
     if (map.Width() != level.Info.Width.toInt() || map.Height() != level.Info.Height.toInt())
-        return Fail({}, QStringLiteral("the level's map does not have the size that its header tells"));
+        return Fail({}, QStringLiteral("the level's map does not have the size that its header gives"));
     if (!Fits(bytes.size(), level.Offsets.Mapdata, 0))
         return Fail({}, QStringLiteral("the level's working file has lost its map"));
     const int size = CellBytes(level.Info);

@@ -9,8 +9,8 @@
 [[nodiscard]] Result<LevelRecord> ParseLevel(QByteArrayView bytes, const OffsetTable& table);
 
 /// Writes the level's fields and map over `working`, the bytes it was read from up to the map's end or beyond. The
-/// result ends directly behind the map. A text that stands there already is not touched; a new one is cut at 32
-/// characters and, if it is shorter, ended by one byte 0, behind which the old bytes stay.
+/// result ends directly after the map. A text that stands there already is not touched; a new one is cut at 32
+/// characters and, if it is shorter, ended by one byte 0, after which the old bytes stay.
 /// Failure, nothing being clamped: a number or cell too wide for its bytes, a text that is no Latin-1 or holds control
 /// characters, a map whose size is not that of Info, working bytes that lack a field. The reason, no path.
 [[nodiscard]] Result<QByteArray> PatchLevel(const LevelRecord& level, QByteArrayView working);

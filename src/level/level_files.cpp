@@ -76,16 +76,15 @@ void CloseLevel()
     RemoveWorkingFiles();
 }
 
-/// The error, if there is one, leaves no level open.
-QString Opened(const Result<>& done)
+/// A failure leaves no level open.
+Result<> Opened(Result<> done)
 {
-    if (done)
-        return {};
-    CloseLevel();
-    return done.error().Text();
+    if (!done)
+        CloseLevel();
+    return done;
 }
 
-QString OpenBytes(const QByteArray& bytes, bool keepWorking)
+Result<> OpenBytes(const QByteArray& bytes, bool keepWorking)
 {
     Result<LevelRecord> level = ParseLevel(bytes, ReadLevelOffsets);
     if (!level)
@@ -123,7 +122,7 @@ void RemoveWorkingFiles()
     Level.Folder.reset();
 }
 
-QString LoadLevel(const QString& path, bool keepWorking)
+Result<> LoadLevel(const QString& path, bool keepWorking)
 {
     const Result<QByteArray> bytes = keepWorking ? ReadWorking(WorkingLevel) : paths::ReadWhole(path, LargestLevel);
     if (!keepWorking)
@@ -131,7 +130,7 @@ QString LoadLevel(const QString& path, bool keepWorking)
     return bytes ? OpenBytes(*bytes, keepWorking) : Opened(tl::unexpected(bytes.error()));
 }
 
-QString LoadNewLevel()
+Result<> LoadNewLevel()
 {
     const Result<> written = WriteWorking(WorkingLevel, LevelImage(QStringLiteral("BLANKLEVEL")));
     return written ? LoadLevel({}, true) : Opened(written);
@@ -156,18 +155,18 @@ Result<> SaveLevel(const QString& path, bool keepOpen)
     return written;
 }
 
-QString TestCustomFile(const QString& path)
+Result<> TestCustomFile(const QString& path)
 {
     const Result<QByteArray> bytes = paths::ReadWhole(path, LargestLevel);
     if (!bytes)
-        return bytes.error().Text();
+        return tl::unexpected(bytes.error());
     QStringList marks = CustomMarks(Level.Family);
     for (const QString& mark : marks)
         if (mark.size() >= 3 && bytes->startsWith(mark.toLatin1()))
             return {};
     const QString last = marks.takeLast();
-    return QStringLiteral("This file isn't a custom element file.^Its header doesn't start with %1 or %2")
-        .arg(marks.join(QStringLiteral(", ")), last);
+    return Fail({}, QStringLiteral("This file isn't a custom element file.^Its header doesn't start with %1 or %2")
+                        .arg(marks.join(QStringLiteral(", ")), last));
 }
 
 Result<LevelFile> ReadLevelFile(const QString& path)

@@ -4,7 +4,7 @@ namespace {
 
 constexpr qsizetype LongestLeadingText = 37;
 
-/// A chunk's data lie behind its name and its size.
+/// A chunk's data lie after its name and its size.
 constexpr qsizetype ChunkHead = 8;
 
 /// From a chunk's name to the low half of its size.

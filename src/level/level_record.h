@@ -33,7 +33,7 @@ struct LevelOffsets
     friend bool operator==(const LevelOffsets&, const LevelOffsets&) = default;
 };
 
-/// The two families of chunks behind a map. Those of file version 3 mean nothing to an older level, nor the reverse.
+/// The two families of chunks after a map. Those of file version 3 mean nothing to an older level, nor the reverse.
 enum class LevelFamily { Classic, Records };
 
 /// One level: what its bytes say, and where they say it.
@@ -42,7 +42,7 @@ struct LevelRecord
     LevelInfo Info;
     LevelOffsets Offsets;
     LevelMap Map;
-    QString Form; ///< "1.0", "1.2", "1.4", "rnd1-2" or "rnd1-3", the number behind RND1 being the file version
+    QString Form; ///< "1.0", "1.2", "1.4", "rnd1-2" or "rnd1-3", the number after RND1 being the file version
     LevelFamily Family = LevelFamily::Classic;
     qsizetype MapEnd = 0; ///< of the file it was read from
 };
@@ -62,6 +62,6 @@ void ResetLevel();
 /// 2 where Double is "1", else 1.
 int CellBytes(const LevelInfo& info);
 
-/// Gives the map the size that Info tells: cells in both sizes stay, new ones are 0, and Mapsize follows. With
+/// Gives the map the size that Info gives: cells in both sizes stay, new ones are 0, and Mapsize follows. With
 /// `clip2Bit` a cell above 255 becomes 190. A form without the flag Double keeps its two bytes a cell, unclipped.
 void ResizeLevelMap(bool clip2Bit);

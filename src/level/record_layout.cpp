@@ -5,7 +5,7 @@
 
 namespace {
 
-/// Where the chunks begin: behind "RND1", a size of 0 and "CAVE", which has no size.
+/// Where the chunks begin: after "RND1", a size of 0 and "CAVE", which has no size.
 constexpr qsizetype FirstChunk = 12;
 constexpr qsizetype CellSize = 2;
 
@@ -48,7 +48,7 @@ Result<Chunk> ChunkAt(QByteArrayView bytes, qsizetype at)
 }
 
 /// The two top bits of a kind tell the size of its value, 3 standing for a size of 16 bits in front of the value.
-/// Gives where the value ends; behind `bytes` if it is cut off.
+/// Gives where the value ends; past `bytes` if it is cut off.
 qsizetype ValueEnd(QByteArrayView bytes, qsizetype at, int sizeBits)
 {
     if (sizeBits < 3)

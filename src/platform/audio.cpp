@@ -15,11 +15,21 @@ namespace audio {
 
 namespace {
 
+void TellTrouble(player::Trouble why, const QString& path)
+{
+    if (!Platform.SoundTrouble)
+        return;
+    const QString name = path.isEmpty() ? QStringLiteral("The tune") : paths::FileNameOfPath(path);
+    Platform.SoundTrouble(why == player::Trouble::File
+                              ? name + QStringLiteral(" can not be played: it is no sound, or a broken one.")
+                              : name + QStringLiteral(" can not be played: there is no sound device."));
+}
+
 PlayerProcess& Process()
 {
     if (!Platform.Player) {
         const QString program = QCoreApplication::applicationDirPath() + QStringLiteral("/gemforge-player");
-        Platform.Player = std::make_unique<PlayerProcess>(program);
+        Platform.Player = std::make_unique<PlayerProcess>(program, TellTrouble);
     }
     return *Platform.Player;
 }
@@ -97,6 +107,11 @@ void Stop()
 {
     StopMedia();
     StopModule();
+}
+
+void OnTrouble(std::function<void(const QString& words)> told)
+{
+    Platform.SoundTrouble = std::move(told);
 }
 
 bool IsPlaying()

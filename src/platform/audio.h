@@ -1,13 +1,15 @@
 #pragma once
 
+#include <functional>
+
 class QByteArray;
 class QString;
 
 /// The two players. They know nothing of each other: each goes on while the other plays, and another file on one
 /// replaces what it played. Decoding, mixing and the device are the business of the program gemforge-player, which
-/// starts with the first play; what crashes or hangs it costs that one sound. No routine waits: true says that the
-/// sound was handed over, and what cannot be played, or has no device to be played on, is silent. Every routine may be
-/// called from the main thread only.
+/// starts with the first play; a file that crashes or hangs what decodes it costs that one sound. No routine waits:
+/// true says that the sound was handed over; that it cannot be played, or has no device to be played on, is told by
+/// OnTrouble. Every routine may be called from the main thread only.
 namespace audio {
 
 /// MediaPlayer1: plays a wave, MIDI or MP3 file from its start. False if there is no such file, or no player.
@@ -23,6 +25,9 @@ bool PlayModule(const QByteArray& bytes);
 void StopMedia();
 void StopModule();
 void Stop(); ///< both
+
+/// Who is told, from the event loop, that a sound could not be played or broke off: a line for the user.
+void OnTrouble(std::function<void(const QString& words)> told);
 
 /// Whether one of them plays, or is about to.
 bool IsPlaying();

@@ -44,6 +44,9 @@ FileSteps FileSteps::OfSystem()
     steps.Close = ::close;
     steps.Rename = ::rename;
     steps.RenameNew = RenameToNew;
+    steps.Exchange = [](const char* a, const char* b) {
+        return ::renameat2(AT_FDCWD, a, AT_FDCWD, b, RENAME_EXCHANGE);
+    };
     steps.Unlink = ::unlink;
     steps.Stat = [](const char* path, FileFacts* facts) { return ::stat(path, facts); };
     steps.ReadLink = ::readlink;

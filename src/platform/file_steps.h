@@ -22,6 +22,8 @@ struct FileSteps
     std::function<int(int file)> Close;
     std::function<int(const char* from, const char* to)> Rename;
     std::function<int(const char* from, const char* to)> RenameNew; ///< EEXIST if there is such a name
+    std::function<int(const char* a, const char* b)>
+        Exchange; ///< of two names at once; EINVAL where that cannot be done
     std::function<int(const char* path)> Unlink;
     std::function<int(const char* path, FileFacts* facts)> Stat; ///< follows links
     std::function<ssize_t(const char* path, char* to, size_t size)> ReadLink;
@@ -39,7 +41,8 @@ struct FileSteps
     void ForEach(Visit visit)
     {
         visit(Open), visit(Read), visit(ReadAt), visit(Write), visit(Truncate), visit(Sync), visit(SyncAll);
-        visit(Close), visit(Rename), visit(RenameNew), visit(Unlink), visit(Stat), visit(ReadLink), visit(MayWrite),
+        visit(Close), visit(Rename), visit(RenameNew), visit(Exchange), visit(Unlink), visit(Stat), visit(ReadLink);
+        visit(MayWrite),
             visit(ChangeMode);
         visit(ChangeOwner), visit(ListAttributes), visit(GetAttribute), visit(SetAttribute);
     }

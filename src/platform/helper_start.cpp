@@ -7,6 +7,7 @@
 #include <spawn.h>
 #include <sys/socket.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -36,10 +37,10 @@ public:
     SpawnPlan(const SpawnPlan&) = delete;
     SpawnPlan& operator=(const SpawnPlan&) = delete;
 
-    int Run(pid_t& child, const QString& program) const
+    int Run(pid_t& child, const QString& program, QByteArray argument) const
     {
         QByteArray path = QFile::encodeName(program);
-        char* const arguments[] = {path.data(), nullptr};
+        char* const arguments[] = {path.data(), argument.isEmpty() ? nullptr : argument.data(), nullptr};
         return posix_spawn(&child, path.constData(), &actions, &attributes, arguments, environ);
     }
 
@@ -50,13 +51,13 @@ private:
 
 } // namespace
 
-int StartHelper(const QString& program, StartedHelper& started)
+int StartHelper(const QString& program, StartedHelper& started, QByteArray argument)
 {
     int ends[2];
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0)
         return errno;
     pid_t child = 0;
-    const int error = SpawnPlan(ends[1]).Run(child, program);
+    const int error = SpawnPlan(ends[1]).Run(child, program, std::move(argument));
     close(ends[1]);
     if (error != 0) {
         close(ends[0]);

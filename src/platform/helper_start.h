@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <sys/types.h>
 
@@ -12,4 +13,5 @@ struct StartedHelper
 
 /// Starts a helper: its standard input is a socket to us; it prints nothing, whatever its libraries complain about; no
 /// signal is blocked or ignored, and no other open file gets through. 0 or the error number.
-[[nodiscard]] int StartHelper(const QString& program, StartedHelper& started);
+/// `argument`: what it is told on its command line, if anything.
+[[nodiscard]] int StartHelper(const QString& program, StartedHelper& started, QByteArray argument = {});

@@ -19,7 +19,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto Still = 200ms;            ///< the time that a wait stops everything
-constexpr auto Turn = 20ms;              ///< between events from then on
+constexpr auto EventsEvery = 20ms;       ///< between events from then on
 constexpr qint64 TooYoung = 100'000'000; ///< ns: a file changed so lately may change again within one tick of its clock
 constexpr qint64 SoonEnough = 1000;      ///< ms
 constexpr quint64 SecondNs = 1'000'000'000;
@@ -61,7 +61,7 @@ Value Await(std::future<Value> future)
     const auto* const application = QCoreApplication::instance();
     if (future.wait_for(Still) != std::future_status::ready && application &&
         QThread::currentThread() == application->thread()) {
-        while (future.wait_for(Turn) != std::future_status::ready)
+        while (future.wait_for(EventsEvery) != std::future_status::ready)
             QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
     }
     return future.get();

@@ -12,6 +12,7 @@ class Service;
 } // namespace images
 
 class PlayerProcess;
+class QString;
 class X11Connection;
 
 namespace processes {
@@ -33,6 +34,7 @@ struct PlatformState
     /// None before the first window of another program. Shared, so that this file, which every program has, brings
     /// no X11 with it.
     std::shared_ptr<X11Connection> Windows;
+    std::function<void(const QString& words)> SoundTrouble; ///< who is told that a sound could not be played
 };
 
 extern PlatformState Platform;

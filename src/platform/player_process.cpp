@@ -4,6 +4,8 @@
 #include "platform/file_steps.h"
 #include "platform/helper_start.h"
 
+#include <QCoreApplication>
+#include <QSocketNotifier>
 #include <QThread>
 #include <csignal>
 #include <fcntl.h>
@@ -16,17 +18,12 @@ namespace {
 
 constexpr int EndPatience = 400; ///< ms; it has a device to close
 
-std::array<char, 4> EndingOf(const QString& name)
-{
-    const QByteArray ending = name.mid(name.lastIndexOf(u'.') + 1).toLower().toLatin1().left(4);
-    std::array<char, 4> letters{};
-    std::copy(ending.begin(), ending.end(), letters.begin());
-    return letters;
-}
-
 } // namespace
 
-PlayerProcess::PlayerProcess(QString program_) : program(std::move(program_)) {}
+PlayerProcess::PlayerProcess(QString program_, Failed failed_)
+    : program(std::move(program_)), failed(std::move(failed_))
+{
+}
 
 PlayerProcess::~PlayerProcess()
 {
@@ -44,18 +41,23 @@ bool PlayerProcess::Start()
     fcntl(started.Socket, F_SETFL, O_NONBLOCK);
     child = started.Child;
     socket = started.Socket;
-    told = {.Serial = serial, .Playing = 0};
+    told = {.Serial = serial};
     asked = {};
+    if (QCoreApplication::instance()) {
+        ear = std::make_unique<QSocketNotifier>(socket, QSocketNotifier::Read);
+        QObject::connect(ear.get(), &QSocketNotifier::activated, ear.get(), [this] { Listen(); });
+    }
     return true;
 }
 
 bool PlayerProcess::Play(player::Voice voice, int file, const QString& name)
 {
-    const player::Request request{.Of = voice, .What = player::Task::Play, .Ending = EndingOf(name)};
+    const player::Request request{.Of = voice, .What = player::Task::Play};
     for (int attempt = 0; attempt < 2; ++attempt) {
         Listen();
         if (!Start())
             return false;
+        names[size_t(voice)] = name;
         if (Send(request, file))
             return true;
         Kill();
@@ -77,7 +79,7 @@ bool PlayerProcess::Send(player::Request request, int file)
     return decoder::SendAll(socket, std::as_bytes(std::span(&request, 1)), file);
 }
 
-/// Takes what the process has told since; one that is gone is forgotten.
+/// Takes what the process has told since; one that is gone is forgotten, and what it played was not played.
 void PlayerProcess::Listen()
 {
     while (child > 0) {
@@ -85,28 +87,57 @@ void PlayerProcess::Listen()
         const ssize_t got = Persist([&] { return recv(socket, &state, sizeof(state), MSG_DONTWAIT); });
         if (got < 0 && errno == EAGAIN)
             return;
-        if (got == sizeof(state))
-            told = state;
-        else
-            Kill();
+        if (got == sizeof(state)) {
+            Take(state);
+            continue;
+        }
+        std::array<bool, player::Voices> lost{};
+        for (std::uint32_t voice = 0; voice < player::Voices; ++voice)
+            lost[voice] = MayPlay(player::Voice(voice));
+        Kill();
+        for (std::uint32_t voice = 0; voice < player::Voices; ++voice)
+            if (lost[voice])
+                Report(player::Voice(voice), player::Trouble::NoDevice);
     }
+}
+
+void PlayerProcess::Take(const player::State& state)
+{
+    told = state;
+    for (std::uint32_t voice = 0; voice < player::Voices; ++voice) {
+        player::Request& last = asked[voice];
+        const bool failing = state.Troubles[voice] != player::Trouble::None && last.What == player::Task::Play;
+        if (!failing || last.Serial > state.Serial)
+            continue;
+        last.What = player::Task::Stop; // told once
+        Report(player::Voice(voice), state.Troubles[voice]);
+    }
+}
+
+void PlayerProcess::Report(player::Voice voice, player::Trouble why)
+{
+    if (failed)
+        failed(why, names[size_t(voice)]);
+}
+
+bool PlayerProcess::MayPlay(player::Voice voice) const
+{
+    const player::Request& last = asked[size_t(voice)];
+    const bool carriedOut = last.Serial <= told.Serial;
+    return carriedOut ? (told.Playing >> std::uint32_t(voice) & 1) != 0 : last.What == player::Task::Play;
 }
 
 bool PlayerProcess::IsPlaying()
 {
     Listen();
-    if (child <= 0)
-        return false;
-    return std::any_of(asked.begin(), asked.end(), [this](const player::Request& last) {
-        const bool carriedOut = last.Serial <= told.Serial;
-        return carriedOut ? (told.Playing >> std::uint32_t(last.Of) & 1) != 0 : last.What == player::Task::Play;
-    });
+    return child > 0 && (MayPlay(player::Voice::Media) || MayPlay(player::Voice::Module));
 }
 
 void PlayerProcess::End()
 {
     if (child <= 0)
         return;
+    ear.reset();
     close(std::exchange(socket, -1));
     for (int waited = 0; waited < EndPatience; waited += 2) {
         if (Persist([this] { return waitpid(child, nullptr, WNOHANG); }) != 0) {
@@ -120,6 +151,10 @@ void PlayerProcess::End()
 
 void PlayerProcess::Kill()
 {
+    if (ear) {
+        ear->setEnabled(false);
+        ear.release()->deleteLater(); // it may be the one that called
+    }
     if (socket >= 0)
         close(std::exchange(socket, -1));
     kill(child, SIGKILL);

@@ -72,6 +72,20 @@ Result<ZipArchive> ZipArchive::Open(const QString& told)
     return ZipArchive(path, facts.st_size, opened);
 }
 
+Result<ZipArchive> ZipArchive::Of(QByteArrayView bytes)
+{
+    zip_error_t error;
+    zip_error_init(&error);
+    zip_source_t* const source = zip_source_buffer_create(bytes.data(), zip_uint64_t(bytes.size()), 0, &error);
+    zip* const opened = source ? zip_open_from_source(source, 0, &error) : nullptr;
+    const QString reason = opened ? QString() : Words(&error);
+    zip_error_fini(&error);
+    if (opened)
+        return ZipArchive({}, bytes.size(), opened);
+    zip_source_free(source);
+    return Fail({}, reason);
+}
+
 int ZipArchive::Find(const QString& name) const
 {
     for (const Qt::CaseSensitivity letters : {Qt::CaseSensitive, Qt::CaseInsensitive}) {

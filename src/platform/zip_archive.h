@@ -3,6 +3,7 @@
 #include "platform/result.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QDateTime>
 #include <QtGlobal>
 #include <functional>
@@ -31,6 +32,9 @@ class ZipArchive
 public:
     /// Fails for what is no regular file and for what libzip cannot read; an archive of no entries is none.
     [[nodiscard]] static Result<ZipArchive> Open(const QString& path);
+
+    /// The same for an archive in memory; the bytes are the caller's and stay as long as the archive.
+    [[nodiscard]] static Result<ZipArchive> Of(QByteArrayView bytes);
 
     const std::vector<ZipEntry>& Entries() const { return entries; }
 

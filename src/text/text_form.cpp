@@ -54,6 +54,11 @@ QByteArrayView BytesOf(LineBreak lineEnd)
     return "\r\n";
 }
 
+qsizetype FindBreak(QByteArrayView bytes, qsizetype from)
+{
+    return NextBreak(bytes.begin() + from, bytes.end()) - bytes.begin();
+}
+
 LineBreak DominantBreak(QByteArrayView bytes, LineBreak otherwise)
 {
     qsizetype both = 0, lf = 0, cr = 0;

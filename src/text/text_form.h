@@ -10,6 +10,9 @@ enum class LineBreak { CrLf, Lf, Cr };
 
 QByteArrayView BytesOf(LineBreak lineEnd);
 
+/// Where the first line end at or behind `from` begins; the text's size if there is none.
+qsizetype FindBreak(QByteArrayView bytes, qsizetype from);
+
 /// The line end that most lines of a text have; `otherwise` for a text of one line.
 LineBreak DominantBreak(QByteArrayView bytes, LineBreak otherwise);
 

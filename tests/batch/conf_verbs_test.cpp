@@ -1,24 +1,9 @@
-#include "batch/verbs.h"
-
+#include "batch/call_verb.h"
 #include "host_scope.h"
 
 #include <gtest/gtest.h>
 
 namespace {
-
-struct Spoken
-{
-    int Code;
-    QString Out, Err;
-};
-
-Spoken Called(const QStringList& arguments, AnswerList answers = AnswerList())
-{
-    Spoken spoken;
-    QTextStream out(&spoken.Out), err(&spoken.Err);
-    spoken.Code = RunVerb(arguments, {out, err, answers});
-    return spoken;
-}
 
 struct ConfVerbs : testing::Test
 {

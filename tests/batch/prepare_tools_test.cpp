@@ -24,7 +24,7 @@ TEST(PrepareTools, ReadsWhatToolsNeedAndLeavesTheRestAlone)
     ASSERT_TRUE(PrepareTools(folders));
     EXPECT_EQ(Frame.Settings.SpacerWidth, 200);
     EXPECT_EQ(Frame.Settings.SuperTab, 1);
-    EXPECT_EQ(Frame.Settings.SheetKinds, QStringList({QStringLiteral("pcx"), QStringLiteral("xyz")}));
+    EXPECT_EQ(Frame.Settings.SheetKinds.Words(), QStringList({QStringLiteral("pcx"), QStringLiteral("xyz")}));
     EXPECT_EQ(QDir::currentPath(), here);
     WriteIni(1, QStringLiteral("Misc"), QStringLiteral("SuperTab"));
     EXPECT_EQ(folder.Read(QStringLiteral("data/user.ini")), user);

@@ -12,12 +12,12 @@ const QByteArray Text = "name: Set\n#zip: no.png\nzip:  a.PNG\nzip.xpos: 1\nzip.
 
 } // namespace
 
-// Catches: comments, lines without a key or sheets told by one ending that get into the outline, wrong line numbers,
+// Catches: comments, lines without a key or sheets known by one ending that get into the outline, wrong line numbers,
 // the whole line taken for the key or image.
 TEST_F(BlockOutline, FindsEachMainLine)
 {
     QStringList found;
-    for (const OutlineBlock& block : FindBlocks(QByteArray(Text).replace("\n", "\r\n")))
+    for (const OutlineBlock& block : FindBlocks(QByteArray(Text).replace("\n", "\r\n"), Frame.Settings.SheetKinds))
         found << QStringLiteral("%1 %2 %3").arg(block.Line).arg(block.Key, block.Image);
     EXPECT_EQ(found.join(u'|'), QStringLiteral("2 zip a.PNG|5 zip.EDITOR e.pcx|9 zip.moving b.pcx"));
 }
@@ -28,22 +28,24 @@ TEST_F(BlockOutline, KnowsTheBlockOfALine)
     Load(Text);
     const LineReader lines = LinesOf(Pane());
     for (int line = 2; line <= 8; ++line)
-        EXPECT_EQ(BlockAround(lines, line), (BlockLines{2, 8})) << line;
-    EXPECT_EQ(BlockAround(lines, 10), (BlockLines{9, 10}));
+        EXPECT_EQ(BlockAround(lines, line, Frame.Settings.SheetKinds), (BlockLines{2, 8})) << line;
+    EXPECT_EQ(BlockAround(lines, 10, Frame.Settings.SheetKinds), (BlockLines{9, 10}));
     for (const int line : {0, 1, 11, 12, 14, 99})
-        EXPECT_EQ(BlockAround(lines, line), std::nullopt) << line;
+        EXPECT_EQ(BlockAround(lines, line, Frame.Settings.SheetKinds), std::nullopt) << line;
 }
 
-// Catches: a summary of another block or of the sub group, fields told that the block does not have, a summary over
+// Catches: a summary of another block or of the sub group, fields named that the block does not have, a summary over
 // the value.
 TEST_F(BlockOutline, SaysWhatABlockSays)
 {
     Load(Text);
     const LineReader lines = LinesOf(Pane());
-    EXPECT_EQ(BlockSummary(lines, 8, 3), QStringLiteral("zip: a.PNG, tile 1,2, 4 frames, linear reversed"));
-    EXPECT_EQ(BlockSummary(lines, 6, 3), QStringLiteral("zip.EDITOR: e.pcx, tile 7,0"));
-    EXPECT_EQ(BlockSummary(lines, 10, 3), QStringLiteral("zip.moving: b.pcx, \"Zip & <b>Zap</b>\""));
-    EXPECT_EQ(BlockSummary(lines, 3, 9), QString());
-    EXPECT_EQ(BlockSummary(lines, 12, 2), QString());
+    EXPECT_EQ(BlockSummary(lines, 8, 3, Frame.Settings.SheetKinds),
+              QStringLiteral("zip: a.PNG, tile 1,2, 4 frames, linear reversed"));
+    EXPECT_EQ(BlockSummary(lines, 6, 3, Frame.Settings.SheetKinds), QStringLiteral("zip.EDITOR: e.pcx, tile 7,0"));
+    EXPECT_EQ(BlockSummary(lines, 10, 3, Frame.Settings.SheetKinds),
+              QStringLiteral("zip.moving: b.pcx, \"Zip & <b>Zap</b>\""));
+    EXPECT_EQ(BlockSummary(lines, 3, 9, Frame.Settings.SheetKinds), QString());
+    EXPECT_EQ(BlockSummary(lines, 12, 2, Frame.Settings.SheetKinds), QString());
     EXPECT_EQ(Conf.Element, ElementRecord()) << "a look changes nothing";
 }

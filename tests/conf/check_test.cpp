@@ -40,7 +40,7 @@ TEST(CheckLine, LooksForImagesInGraphicsOnly)
     EXPECT_EQ(Said("a: other.pcx", {false, Graphics.SheetKinds, {}}), QString());
 }
 
-// Catches: a line number that is off, findings behind the first bad line, an empty document that fails.
+// Catches: a line number that is off, findings after the first bad line, an empty document that fails.
 TEST(FirstBadLine, StopsAtTheFirst)
 {
     EXPECT_FALSE(FirstBadLine("", Graphics));

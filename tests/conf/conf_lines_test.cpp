@@ -35,7 +35,7 @@ TEST(ClampNumber, HoldsEveryTextWithinBounds)
         EXPECT_EQ(ClampNumber(QString::fromLatin1(row.text), 1, 50), row.expected) << row.text;
 }
 
-// Catches: the word reverse left in the mode, a bare reverse without a mode, Reverse told where the word is absent.
+// Catches: the word reverse left in the mode, a bare reverse without a mode, Reverse set where the word is absent.
 TEST(ParseAnimMode, TakesTheWordReverseOut)
 {
     const auto both = ParseAnimMode(QStringLiteral("PingPong,Reverse"));

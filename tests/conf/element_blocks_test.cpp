@@ -19,7 +19,7 @@ Range BlockAround(const QByteArray& text, int line)
 
 } // namespace
 
-// Catches: a wrong end of the block, sheets told by one ending only, the key compared without its case.
+// Catches: a wrong end of the block, sheets known by one ending only, the key compared without its case.
 TEST(SelectElementBlock, TakesTheLinesThatStartWithTheKey)
 {
     HostScope scope;
@@ -29,7 +29,7 @@ TEST(SelectElementBlock, TakesTheLinesThatStartWithTheKey)
     EXPECT_EQ(BlockAround("zip: a.pcx\nzip_2: b\n", 0).EndLine, 2) << "the key is a beginning, not a word";
 }
 
-// Catches: a walk that never ends, a selection that cannot end behind the last line.
+// Catches: a walk that never ends, a selection that cannot end after the last line.
 TEST(SelectElementBlock, EndsWhereThereIsNoKeyAndBehindTheLastLine)
 {
     HostScope scope;

@@ -1,9 +1,9 @@
 #include "conf/inject.h"
 
+#include "conf/block_commands.h"
 #include "conf/conf_lines.h"
 #include "conf/edit_element.h"
 #include "conf_fixture.h"
-#include "frame/host_ports.h"
 
 #include <QRandomGenerator>
 
@@ -18,7 +18,7 @@ protected:
 
     QList<bool> Wanted(const QStringList& names) const
     {
-        QList<bool> wanted(InjectBoxes, false);
+        QList<bool> wanted(qsizetype(KnownCommands), false);
         for (const QString& name : names)
             wanted[Commands().indexOf(name)] = true;
         return wanted;
@@ -34,21 +34,15 @@ protected:
         return Rebuilt(text, wanted, ParseBlock(text, Directions).Parts);
     }
 
-    /// Runs EditElement at a line and gives back what the window finds selected; "-" if it does not open.
+    /// What SelectBlockToEdit selects at a line; "-" if it refuses.
     QString Edited(const QByteArray& text, int line)
     {
-        QString found = QStringLiteral("-");
-        Scope.Host.OnOpenTool = [&](ToolWindow tool) {
-            EXPECT_EQ(tool, ToolWindow::Inject);
-            EXPECT_TRUE(Pane().UndoGroupOpen());
-            EXPECT_EQ(Scope.Host.txtBuffer().Text(), Pane().SelText().trimmed());
-            found = Pane().SelText();
-        };
         Load(text, line);
-        EditElement();
-        EXPECT_FALSE(Pane().UndoGroupOpen());
-        return found;
+        Request = SelectBlockToEdit(Pane());
+        return Request ? Pane().SelText() : QStringLiteral("-");
     }
+
+    std::optional<InjectRequest> Request;
 };
 
 const KeyParts Other{QStringLiteral("mole"), QStringLiteral("digging"), QStringLiteral("up")};
@@ -86,7 +80,7 @@ TEST_F(Inject, SplitsAndRenamesKeys)
 
 // Catches: lines out of order, a default or a sub group's lines missing, values or notes touched, a line of a command
 // without a box lost, a line in two places.
-TEST_F(Inject, RebuildKeepsOrderAndAddsBehind)
+TEST_F(Inject, RebuildKeepsOrderAndAddsAtTheEnd)
 {
     const QString text = QStringLiteral("zip:  a.png\nzip.EDITOR: e.png\nzip.ypos:\t2 # note\nZIP.frames: 4\nzip.x: 7\n"
                                         "zip.frames_per_line: 3\nzip.foo: 1\n\nzip.EDITOR.xpos: 5");
@@ -119,7 +113,7 @@ TEST_F(Inject, RebuildLosesNothingOfRandomBlocks)
             present << command;
             lines << QStringLiteral("zip.moving.%1: %2").arg(command).arg(line);
         }
-        present.removeIf([&](const QString& name) { return Commands().indexOf(name) >= InjectBoxes; });
+        present.removeIf([&](const QString& name) { return Commands().indexOf(name) >= qsizetype(KnownCommands); });
         QStringList rebuilt = Rebuilt(lines.join(u'\n'), present).split(QStringLiteral("\r\n"), Qt::SkipEmptyParts);
         ASSERT_EQ(rebuilt.size(), lines.size()) << "round " << round;
         rebuilt.sort();
@@ -137,11 +131,13 @@ TEST_F(Inject, EditElementTakesTheBlock)
         QStringLiteral("zip: a.png\r\nzip.xpos: 1\r\n# note\r\nZIP.ypos: 2\r\n"));
     QList<bool> present(Commands().size(), false);
     present[0] = present[1] = true;
-    EXPECT_EQ(Conf.CommandPresent, present);
-    EXPECT_FALSE(Conf.CrumbledBlock);
+    ASSERT_TRUE(Request);
+    EXPECT_EQ(Request->Present, present);
+    EXPECT_EQ(Request->Block.Lines.size(), 4);
+    EXPECT_FALSE(Request->Crumbled);
     EXPECT_EQ(Edited("zip.Crumbled: a.png\nzip.crumbled.border_size: 1", 0),
               QStringLiteral("zip.Crumbled: a.png\r\nzip.crumbled.border_size: 1\r\n"));
-    EXPECT_TRUE(Conf.CrumbledBlock);
+    EXPECT_TRUE(Request && Request->Crumbled);
     QByteArray whole = "zip: a.png\n";
     for (int line = 0; line < 150; ++line)
         whole += "zip.xpos: 1\n";

@@ -29,7 +29,7 @@ QStringList Said(const QByteArray& text, int line, const HintContext& context = 
 
 } // namespace
 
-// Catches: words of the game marked as unknown, slips not told, the far-fetched proposed.
+// Catches: words of the game marked as unknown, slips not named, the far-fetched proposed.
 TEST(HintsForLines, TellsUnknownWordsWithTheNearest)
 {
     EXPECT_EQ(Said("yamyam.moving.left.EDITOR.xpos: 1", 0), QStringList());
@@ -51,7 +51,7 @@ TEST(HintsForLines, TellsASecondEqualKey)
     EXPECT_EQ(Said(text + QByteArray(100'000, '#') + "\nyamyam: 3", 7, near), QStringList());
 }
 
-// Catches: told errors shown as faint, comment lines marked, a cut or a long line that goes unseen.
+// Catches: errors shown as faint, comment lines marked, a cut or a long line that goes unseen.
 TEST(HintsForLines, TellsErrorsCutsAndLongLines)
 {
     EXPECT_EQ(Said("yamyam: ", 0), QStringList{QStringLiteral("! Missing value after the colon.")});

@@ -17,40 +17,47 @@ protected:
         Frame.Media.RndFolder = Files.Path(QStringLiteral("rnd/"));
         Frame.CurrentFolder = Files.Path(QStringLiteral("base/"));
         ShowMedia();
-        Scope.Host.OnPreview = [this] { Opened << Conf.MediaFile; };
+    }
+
+    /// The line of the main line that is found at a line of a text; -1 for none.
+    int MainLineAt(const QByteArray& text, int line)
+    {
+        Load(text, line);
+        const auto found = LocateElementImage(Pane());
+        return found ? found->Block->MainLine : -1;
     }
 
     TestFolder Files;
-    QStringList Opened;
 };
 
 } // namespace
 
-// Catches: lists asked in another order, a name that must be whole, a twin of the other sheet kind not found, a block
-// that is not read before its window opens.
-TEST_F(LocateImage, OpensTheFirstListsEntryWithItsBlock)
+// Catches: lists asked in another order, a name that must be whole, a twin of the other sheet kind not found, a place
+// that is not the block's, a caret that stays within its line.
+TEST_F(LocateImage, FindsTheFirstListsEntryAndItsBlock)
 {
     const struct
     {
         const char *Value, *File;
-        int Source;
-    } cases[] = {{"zip.pcx", "zip.pcx", 1}, {"Rocks.png", nullptr, 0}, {"rocksdoor.PNG", "RocksDoor.pcx", 1},
-                 {"far.pcx", "far.PNG", 2}, {"game.pc", nullptr, 0},   {"C:game.pcx", "game.pcx", 3}};
+        MediaSource Source;
+    } cases[] = {{"zip.pcx", "zip.pcx", MediaSource::PCXBrowser},
+                 {"Rocks.png", nullptr, MediaSource::None},
+                 {"rocksdoor.PNG", "RocksDoor.pcx", MediaSource::PCXBrowser},
+                 {"far.pcx", "far.PNG", MediaSource::Extra},
+                 {"game.pc", nullptr, MediaSource::None},
+                 {"C:game.pcx", "game.pcx", MediaSource::Rnd}};
     for (const auto& one : cases) {
         SCOPED_TRACE(one.Value);
-        Opened.clear();
-        Conf.Element.ElementOpen = false;
         Load(QByteArray("zip: ") + one.Value + "\nzip.xpos: 4\n", 1);
-        if (!one.File) {
-            EXPECT_LT(LocateElementImage(), 0);
+        const auto found = LocateElementImage(Pane());
+        ASSERT_EQ(found.has_value(), one.File != nullptr);
+        if (!found)
             continue;
-        }
-        EXPECT_EQ(LocateElementImage(), ImageOpened);
-        EXPECT_EQ(Opened, QStringList(QLatin1String(one.File)));
-        EXPECT_EQ(Scope.Host.ShownEntry.first, one.Source);
-        EXPECT_EQ(Conf.MediaSource, one.Source);
-        EXPECT_EQ(Conf.Element.XPos, 4);
-        EXPECT_TRUE(Conf.Element.ElementOpen);
+        EXPECT_EQ(found->Entry.Name, QLatin1String(one.File));
+        EXPECT_EQ(found->Entry.Source, one.Source);
+        EXPECT_EQ(Lists().List(one.Source).Name(found->Entry.Row), found->Entry.Name);
+        ASSERT_TRUE(found->Block);
+        EXPECT_EQ(std::pair(found->Block->MainLine, found->Block->CaretLine), std::pair(0, 1));
         EXPECT_EQ(Pane().GetSel(true), (Range{.StartLine = 1, .EndLine = 1}));
     }
 }
@@ -59,21 +66,13 @@ TEST_F(LocateImage, OpensTheFirstListsEntryWithItsBlock)
 TEST_F(LocateImage, LooksForTheMainLineUpward)
 {
     const QByteArray text = "zip: zip.pcx\nzip.EDITOR: far.png\nzip.EDITOR.xpos: 3\nzip.xpos: 1\n";
-    Load(text, 3);
-    EXPECT_EQ(LocateElementImage(), ImageOpened);
-    EXPECT_EQ(Conf.MainLine, 0);
-    Load(text, 2);
-    EXPECT_EQ(LocateElementImage(), ImageOpened);
-    EXPECT_EQ(Conf.MainLine, 1);
-    EXPECT_EQ(Conf.Element.XPos, 3);
-    EXPECT_EQ(Opened, (QStringList{QStringLiteral("zip.pcx"), QStringLiteral("far.PNG")}));
+    EXPECT_EQ(MainLineAt(text, 3), 0);
+    EXPECT_EQ(MainLineAt(text, 2), 1);
     QByteArray lines = "zip: zip.pcx\n";
     for (int line = 1; line <= 21; ++line)
         lines += "zip.xpos: 1\n";
-    Load(lines, 20);
-    EXPECT_EQ(LocateElementImage(), ImageOpened);
-    Load(lines, 21);
-    EXPECT_EQ(LocateElementImage(), NoMainLine);
+    EXPECT_EQ(MainLineAt(lines, 20), 0);
+    EXPECT_EQ(MainLineAt(lines, 21), -1);
 }
 
 // Catches: a message missing or another one's, a message where nothing should happen, quick and full mixed up.
@@ -94,26 +93,29 @@ TEST_F(LocateImage, TellsWhatItLacks)
         EditAnimation();
         EXPECT_EQ(Title(), QLatin1String(one.Title));
     }
+    QStringList opened;
+    Scope.Host.OnPreview = [&](const MediaRequest& request) {
+        EXPECT_EQ(Scope.Host.ShownEntry.Name, request.Entry.Name);
+        opened << request.Entry.Name + (request.Quick ? u" quick" : u" full");
+    };
     Load("zip: zip.pcx\n");
     Select(0, 0, 2);
     QuickPreview();
-    EXPECT_TRUE(Opened.isEmpty());
+    EXPECT_TRUE(opened.isEmpty());
     Load("zip: zip.pcx\n");
     QuickPreview();
-    EXPECT_TRUE(Conf.QuickPreview);
     EditAnimation();
-    EXPECT_FALSE(Conf.QuickPreview);
-    EXPECT_EQ(Opened.size(), 2);
+    EXPECT_EQ(opened, (QStringList{QStringLiteral("zip.pcx quick"), QStringLiteral("zip.pcx full")}));
 }
 
-// Catches: a sound looked for in the lines above, or a block read from a sounds document.
+// Catches: a sound looked for in the lines above.
 TEST_F(LocateImage, OtherModesTakeTheCaretsLine)
 {
     Files.Write(QStringLiteral("base/bang.wav"), "x");
     Frame.CurrentMode = ModeSfx;
     ShowMedia();
     Load("zip: zip.pcx\nzip.xpos: bang.wav\n", 1);
-    EXPECT_EQ(LocateElementImage(), ImageOpened);
-    EXPECT_EQ(Opened, QStringList(QStringLiteral("bang.wav")));
-    EXPECT_EQ(Conf.FieldFound, (std::array<int, 9>{}));
+    const auto found = LocateElementImage(Pane());
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->Entry.Name, QStringLiteral("bang.wav"));
 }

@@ -13,7 +13,7 @@ TEST_F(WriteBlock, PutsAWholeBlockInPlaceOfTheLine)
     Load(before);
     Select(1, 4, 14);
     Conf.Element = {QStringLiteral("my.png"), 2, 3, 4, 5, -1, QStringLiteral("linear"), 1, 6, {}, {}, false, false};
-    WriteElementBlock(true, 0);
+    WriteElementBlock(Pane(), Conf.Element, true, 0);
     EXPECT_EQ(Bytes(), "first\ncustom_1:          my.png\ncustom_1.xpos:     2\ncustom_1.ypos:     3\n"
                        "custom_1.frames:   4\ncustom_1.delay:    5\ncustom_1.anim_mode:linear\n"
                        "custom_1.name:     custom_1\ncustom_1.global_sync:true\ncustom_1.offset:   6\n"
@@ -37,7 +37,7 @@ TEST_F(WriteBlock, QuickElementWritesTheTickedFieldsOnly)
     Pane().ExecuteCmd(CmdOpenUndoGroup);
     Pane().InsertLine(1, QStringLiteral("zip"));
     Select(1, 0, 3);
-    WriteElementBlock(false, CallersUndoGroup);
+    WriteElementBlock(Pane(), Conf.Element, false, CallersUndoGroup);
     EXPECT_FALSE(Pane().UndoGroupOpen());
     Pane().ExecuteCmd(CmdUndo);
     EXPECT_EQ(Bytes(), "x\n");

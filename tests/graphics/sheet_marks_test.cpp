@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-// Catches: an end mark that is lost though it lies behind the new first tile, or kept though it lies in front.
+// Catches: an end mark that is lost though it lies after the new first tile, or kept though it lies before it.
 TEST(SheetMarks, FirstTileKeepsAnEndBehindItOnly)
 {
     SheetScope scope(4, 3);
@@ -47,10 +47,10 @@ TEST(SheetMarks, PlayStartLiesInsideTheRun)
     MarkFirstTile({2, 0});
     MarkLastTile({1, 1});
     EXPECT_FALSE(MarkPlayStart({1, 0})) << "in front of the run";
-    EXPECT_FALSE(MarkPlayStart({3, 2})) << "far behind it";
+    EXPECT_FALSE(MarkPlayStart({3, 2})) << "far after it";
     EXPECT_EQ(Conf.Element.StartFrame, -1);
     EXPECT_TRUE(MarkPlayStart({0, 1}));
     EXPECT_EQ(Conf.Element.StartFrame, 2);
     EXPECT_EQ(Sheet.InStart, QPoint(0, 1));
-    EXPECT_TRUE(MarkPlayStart({2, 1})) << "one behind the last tile is still taken";
+    EXPECT_TRUE(MarkPlayStart({2, 1})) << "one after the last tile is still taken";
 }

@@ -1,17 +1,19 @@
 #include "graphics/sheet_opening.h"
 
+#include "host_scope.h"
 #include "sheet_scope.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-const QStringList Modes = {QStringLiteral("loop"), QStringLiteral("linear"), QStringLiteral("once")};
+const SheetRequest Request{.File = QStringLiteral("a.pcx"), .Block = {}, .Prompt = {}};
+const QStringList KnownModes = {QStringLiteral("loop"), QStringLiteral("linear"), QStringLiteral("once")};
 
 /// A block that describes the sheet on show.
 void HoldBlock(int x, int y, int frames)
 {
-    Conf.MediaFile = Conf.Element.ImageFile = QStringLiteral("a.pcx");
+    Conf.Element.ImageFile = QStringLiteral("a.pcx");
     Conf.Element.ElementOpen = true;
     Conf.FieldFound.fill(1);
     Conf.Element.XPos = x;
@@ -28,7 +30,7 @@ TEST(SheetOpening, MarksTheBlockThatDescribesTheSheet)
     HoldBlock(3, 0, 3);
     Conf.Element.StartFrame = 2;
     Conf.Element.AnimMode = QStringLiteral("linear,once");
-    const SheetOpening opening = FitElementToSheet(Modes);
+    const SheetOpening opening = FitElementToSheet(Request, KnownModes);
     EXPECT_TRUE(opening.FromBlock);
     EXPECT_TRUE(opening.MayUpdate);
     EXPECT_EQ(Sheet.Start, QPoint(3, 0));
@@ -45,7 +47,7 @@ TEST(SheetOpening, MendsWhatDoesNotFitFieldByField)
     SheetScope scope(4, 3);
     HoldBlock(4, 3, 13);
     Conf.Element.AnimMode = QStringLiteral("wobble");
-    FitElementToSheet(Modes);
+    FitElementToSheet(Request, KnownModes);
     EXPECT_EQ(Sheet.ImageWarnings, QStringLiteral("The XPOS exceeds the width of the image.\n\n"
                                                   "The YPOS exceeds the height of the image.\n\n"
                                                   "The frame total exceeds the size of the image.\n\n"
@@ -56,12 +58,12 @@ TEST(SheetOpening, MendsWhatDoesNotFitFieldByField)
     EXPECT_EQ(Conf.Element.AnimMode, QStringLiteral("loop"));
     EXPECT_EQ(Conf.UnknownMode, QStringLiteral("wobble")) << "an update leaves it unless the user picks another";
     Conf.Element.AnimMode.clear();
-    FitElementToSheet(Modes);
+    FitElementToSheet(Request, KnownModes);
     EXPECT_EQ(Conf.UnknownMode, QString()) << "a line without a mode stays one";
 
     SheetScope whole(4, 3);
     HoldBlock(0, 0, 12);
-    FitElementToSheet(Modes);
+    FitElementToSheet(Request, KnownModes);
     EXPECT_EQ(Conf.Element.Frames, 12) << "the whole sheet fits";
 }
 
@@ -70,10 +72,10 @@ TEST(SheetOpening, StartsFromDefaultsOnAnotherSheet)
 {
     SheetScope scope(4, 3);
     HoldBlock(2, 2, 2);
-    Conf.MediaFile = QStringLiteral("b.pcx");
+    const SheetRequest other{.File = QStringLiteral("b.pcx"), .Block = {}, .Prompt = {}};
     Conf.Element.Offset = 7;
     Conf.Element.BlockKey = QStringLiteral("zip");
-    EXPECT_FALSE(FitElementToSheet(Modes).FromBlock);
+    EXPECT_FALSE(FitElementToSheet(other, KnownModes).FromBlock);
     EXPECT_EQ(Conf.Element.Offset, 0);
     EXPECT_EQ(Conf.Element.BlockKey, QString());
     EXPECT_FALSE(Sheet.Start);
@@ -82,8 +84,8 @@ TEST(SheetOpening, StartsFromDefaultsOnAnotherSheet)
 
     SheetScope lacking(4, 3);
     HoldBlock(2, 2, 2);
-    Conf.FieldFound[1] = 0;
-    EXPECT_FALSE(FitElementToSheet(Modes).MayUpdate);
+    Conf.FieldFound[YPosField] = 0;
+    EXPECT_FALSE(FitElementToSheet(Request, KnownModes).MayUpdate);
     EXPECT_EQ(Conf.Element.XPos, 0);
     EXPECT_TRUE(Sheet.ImageWarnings.contains(QStringLiteral("missing xpos or ypos")));
 }
@@ -94,8 +96,34 @@ TEST(SheetOpening, TakesAnImageBelowOneTile)
     SheetScope scope(1, 1);
     ShowSheet(QImage(31, 40, QImage::Format_RGB32));
     HoldBlock(0, 0, 1);
-    const SheetOpening opening = FitElementToSheet(Modes);
+    const SheetOpening opening = FitElementToSheet(Request, KnownModes);
     EXPECT_TRUE(opening.TooSmall);
     EXPECT_FALSE(opening.MayUpdate);
     EXPECT_TRUE(Sheet.ImageWarnings.startsWith(QStringLiteral("Image is smaller than 32 pixels.\n\nImage is not a ")));
+}
+
+// Catches: a sheet that opens with the block of an earlier one, a block of the text that is not read, a sheet of
+// another folder taken for the one of that name.
+TEST(SheetOpening, TakesTheElementOfTheRequest)
+{
+    SheetScope scope(4, 3);
+    HostScope host;
+    DocumentText& text = CurrentPane();
+    text.LoadBytes("one\nzip: a.pcx\nzip.xpos: 2\nzip.ypos: 1\n");
+    SheetRequest request = Request;
+    request.Block = BlockPlace{1, 2};
+    Frame.CurrentMode = ModeGfx;
+    TakeElement(request, text);
+    EXPECT_EQ(std::pair(Conf.Element.XPos, Conf.Element.YPos), std::pair(2, 1));
+    EXPECT_EQ(Conf.FieldFound, (FieldFlags{1, 1}));
+    EXPECT_TRUE(Conf.Element.ElementOpen);
+
+    TakeElement(Request, text);
+    EXPECT_FALSE(Conf.Element.ElementOpen);
+    EXPECT_EQ(Conf.FieldFound.at(NameField), 1);
+    EXPECT_EQ(Conf.Element.ImageFile, QStringLiteral("a.pcx")) << "the sheet that was just looked at";
+    request = Request;
+    request.Source = MediaSource::Extra;
+    TakeElement(request, text);
+    EXPECT_EQ(Conf.Element.ImageFile, QString());
 }

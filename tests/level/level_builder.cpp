@@ -25,7 +25,7 @@ QByteArray Noise(qsizetype size)
     return bytes;
 }
 
-/// A text field with what an older, longer text left behind it.
+/// A text field with what an older, longer text left after it.
 QByteArray TextField(const QByteArray& text)
 {
     QByteArray field = text.left(32);

@@ -34,5 +34,5 @@ LevelOffsets KnownOffsets(const QString& section);
 /// A plan of every form.
 QList<LevelPlan> EveryForm();
 
-/// A chunk as it stands behind a map.
+/// A chunk as it stands after a map.
 QByteArray ChunkBytes(const QByteArray& name, qsizetype size);

@@ -84,7 +84,7 @@ TEST(ParseLevel, ReadsEveryFormAndGivesItBackUnchanged)
     }
 }
 
-// Catches: a writer that touches more than the field that was changed: padding behind a name, settings, the tail.
+// Catches: a writer that touches more than the field that was changed: padding after a name, settings, the tail.
 TEST(PatchLevel, ChangesOnlyTheBytesOfTheChangedField)
 {
     for (const LevelPlan& plan : EveryForm()) {
@@ -135,7 +135,7 @@ TEST(PatchLevel, BodySizeAndTailFollowAChangedMap)
     }
 }
 
-// Catches: cells cut to their low byte, a tail left behind the old end, a form without the flag that loses its cells.
+// Catches: cells cut to their low byte, a tail left after the old end, a form without the flag that loses its cells.
 TEST(ResizeLevelMap, ClipsToOneByteOnlyWhereTheFormHasTheFlag)
 {
     for (const char* form : {"rnd1-2", "rnd1-3", "1.4"}) {

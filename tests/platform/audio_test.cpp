@@ -5,9 +5,28 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QThread>
+#include <csignal>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using Audio = Recorder;
+
+namespace {
+
+/// The process that decodes for the player: the youngest of our descendants. 0: none.
+pid_t Decoding()
+{
+    pid_t last = 0;
+    for (pid_t process = getpid(); process > 0;) {
+        QFile children(QStringLiteral("/proc/%1/task/%1/children").arg(process));
+        const QByteArray all = children.open(QIODevice::ReadOnly) ? children.readAll().trimmed() : QByteArray();
+        process = all.split(' ').constLast().toInt();
+        last = process > 0 ? process : last;
+    }
+    return last;
+}
+
+} // namespace
 
 // Catches: a kind that is not decoded, the wrong rate between decoder and device, an end that comes early or is not
 // noticed, an MP3 file whose first bytes do not tell what it is.
@@ -127,6 +146,8 @@ TEST_F(Audio, BrokenFilesAreSilent)
             audio::PlayModule(path);
             QThread::msleep(4);
         }
+    audio::Stop();
+    ToSilence();
     audio::PlayModule(File("huge.mdz", sound_files::Zipped({QByteArray(80 << 20, '\0'), sound_files::Mod()})));
     EXPECT_GE(Hear(0.4).Seconds(), 0.4);
     ASSERT_TRUE(audio::PlayMedia(File("good.wav", sound_files::Wave(440, 30))));
@@ -141,6 +162,38 @@ TEST_F(Audio, BrokenFilesAreSilent)
     EXPECT_EQ(ToSilence().Tone(), 0);
 }
 
+// Catches: a sound that cannot be played, or whose decoding ends half-way, and nobody is told; a good one, one that was
+// stopped, or the other player's that is told too; a process that decodes without its walls.
+TEST_F(Audio, TroubleIsToldOnce)
+{
+    using Told = QList<std::pair<player::Trouble, QString>>;
+    ASSERT_TRUE(audio::PlayMedia(File("good.wav", sound_files::Wave(440, 0.3))));
+    ToSilence();
+    ASSERT_TRUE(audio::PlayModule(File("long.wav", sound_files::Wave(440, 30))));
+    Hear(0.3);
+    audio::StopModule();
+    EXPECT_TRUE(Troubles.isEmpty());
+
+    ASSERT_TRUE(audio::PlayMedia(File("bad.mp3", "no sound")));
+    ToSilence();
+    ASSERT_TRUE(audio::PlayModule(File("bad.mod", "no module")));
+    ToSilence();
+    EXPECT_EQ(Troubles, (Told{{player::Trouble::File, QStringLiteral("bad.mp3")},
+                              {player::Trouble::File, QStringLiteral("bad.mod")}}));
+    Troubles.clear();
+
+    ASSERT_TRUE(audio::PlayModule(Folder.Path(QStringLiteral("long.wav"))));
+    Hear(0.3);
+    const pid_t decoding = Decoding();
+    ASSERT_GT(decoding, 0);
+    QFile facts(QStringLiteral("/proc/%1/status").arg(decoding));
+    ASSERT_TRUE(facts.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(facts.readAll().contains("Seccomp:\t2"));
+    kill(decoding, SIGSEGV);
+    EXPECT_LT(ToSilence().Seconds(), 30);
+    EXPECT_EQ(Troubles, (Told{{player::Trouble::File, QStringLiteral("long.wav")}}));
+}
+
 // Catches: a machine without a device that shows, waits or fails for good; a device that stays open in silence; a
 // player that ended and is not replaced.
 TEST_F(Audio, DeviceComesAndGoes)
@@ -148,20 +201,21 @@ TEST_F(Audio, DeviceComesAndGoes)
     qputenv("SDL_AUDIODRIVER", "none such");
     ASSERT_TRUE(audio::PlayMedia(File("a.wav", sound_files::Wave(440, 0.3))));
     EXPECT_EQ(ToSilence().Seconds(), 0);
-    EXPECT_FALSE(QFile::exists(Folder.Path(QStringLiteral("sound"))));
+    EXPECT_FALSE(QFile::exists(DeviceFile()));
+    EXPECT_EQ(Troubles.value(0).first, player::Trouble::NoDevice);
     qputenv("SDL_AUDIODRIVER", "disk");
 
     InsteadAtFirst("exit 1");
     const QString path = File("a.wav", sound_files::Wave(440, 0.3));
     audio::PlayMedia(path);
     EXPECT_EQ(ToSilence().Seconds(), 0);
+    EXPECT_EQ(Troubles.size(), 2);
     ASSERT_TRUE(audio::PlayMedia(path));
     EXPECT_EQ(ToSilence().Tone(), 0);
-    const auto size = [this] { return Folder.Read(QStringLiteral("sound")).size(); };
     QThread::msleep(1500);
-    const auto closed = size();
+    const qint64 closed = Written();
     QThread::msleep(200);
-    EXPECT_EQ(size(), closed);
+    EXPECT_EQ(Written(), closed);
     ToSilence();
     ASSERT_TRUE(audio::PlayMedia(path));
     EXPECT_EQ(ToSilence().Tone(), 0);

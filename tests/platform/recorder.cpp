@@ -90,7 +90,9 @@ void Recorder::InsteadAtFirst(const QByteArray& commands)
         Folder.Write(QStringLiteral("player"), "#!/bin/sh\ncd " + folder + "\n" + first + "exec 3<&0\n(" + player +
                                                    " <&3 3<&- 2>>complaints; echo $? >>code) &\nwait\n");
     chmod(QFile::encodeName(script).constData(), 0700);
-    Platform.Player = std::make_unique<PlayerProcess>(script);
+    Platform.Player = std::make_unique<PlayerProcess>(script, [this](player::Trouble why, const QString& path) {
+        Troubles.append({why, QFileInfo(path).fileName()});
+    });
 }
 
 Recorder::~Recorder()
@@ -108,10 +110,18 @@ QString Recorder::File(const char* name, const QByteArray& bytes) const
     return Folder.Write(QLatin1String(name), bytes);
 }
 
+/// The file of the device that is open, or was last. One that opens later begins a file of its own, since what was
+/// heard has another name.
+QString Recorder::DeviceFile() const
+{
+    const QString fresh = Folder.Path(QStringLiteral("sound"));
+    return QFile::exists(fresh) ? fresh : Folder.Path(QStringLiteral("heard"));
+}
+
 Sound Recorder::Recorded() const
 {
-    QFile file(Folder.Path(QStringLiteral("sound")));
-    const bool good = file.open(QIODevice::ReadOnly) && file.seek(begin);
+    QFile file(DeviceFile());
+    const bool good = file.open(QIODevice::ReadOnly) && file.seek(file.fileName().endsWith(u"heard") ? begin : 0);
     const QByteArray bytes = good ? file.readAll() : QByteArray();
     const auto* const values = reinterpret_cast<const qint16*>(bytes.constData());
     std::vector<double> samples;
@@ -120,27 +130,28 @@ Sound Recorder::Recorded() const
     return Sound(std::move(samples));
 }
 
-qint64 Recorder::Size() const
+qint64 Recorder::Written() const
 {
-    return QFileInfo(Folder.Path(QStringLiteral("sound"))).size();
+    return QFileInfo(DeviceFile()).size();
 }
 
 Sound Recorder::ToSilence()
 {
     EXPECT_TRUE(WaitFor([] { return !audio::IsPlaying(); }));
-    // What the mixer had made before comes into the file a little later.
-    const qint64 size = Size();
-    qint64 last = -1;
-    while (Size() < size + 40'000 && last != Size()) {
-        last = Size();
+    // What was mixed before comes into the file a little later; on a busy machine it may stand still meanwhile.
+    constexpr int StillLooks = 6;
+    const qint64 size = Written();
+    int still = 0;
+    for (qint64 last = size; Written() < size + 40'000 && still < StillLooks; last = Written()) {
         QThread::msleep(80);
+        still = Written() == last ? still + 1 : 0;
     }
     Sound sound = Recorded();
-    begin = Size() & ~3;
-    // A device that was closed begins its file anew.
-    if (last == Size()) {
-        QFile::remove(Folder.Path(QStringLiteral("sound")));
-        begin = 0;
+    begin = Written() & ~3;
+    const QString heard = Folder.Path(QStringLiteral("heard"));
+    if (const QString file = DeviceFile(); file != heard && QFile::exists(file)) {
+        QFile::remove(heard);
+        QFile::rename(file, heard);
     }
     return sound;
 }

@@ -1,9 +1,12 @@
 #pragma once
 
 #include "platform/audio.h"
+#include "platform/player_protocol.h"
 #include "test_support.h"
 
+#include <QList>
 #include <gtest/gtest.h>
+#include <utility>
 #include <vector>
 
 /// What a device was given: the mean of both channels, -1 to 1, 44100 a second.
@@ -41,8 +44,11 @@ protected:
     Sound Hear(double seconds) const;
 
     TestFolder Folder;
+    QList<std::pair<player::Trouble, QString>> Troubles; ///< with the name of the file
+
+    qint64 Written() const; ///< bytes of the device's file
+    QString DeviceFile() const;
 
 private:
-    qint64 Size() const;
-    qint64 begin = 0; ///< in the device's file
+    qint64 begin = 0; ///< of what was not heard yet, in a file that was renamed
 };

@@ -92,7 +92,7 @@ QByteArray Midi()
 
 QByteArray Mp3(double seconds)
 {
-    // Comes with the mixer's own libraries, without a header.
+    // Comes with libraries of the player's own, without a header.
     QLibrary lame(QStringLiteral("mp3lame"), 0);
     const auto call = [&]<class Result, class... Arguments>(Result (*)(Arguments...), const char* name) {
         return reinterpret_cast<Result (*)(Arguments...)>(lame.resolve(name));

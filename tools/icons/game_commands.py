@@ -15,6 +15,23 @@ def run_fast():
     return gem("sapphire", 7, 7, 13) + bolt(11.6, 10.6, .92)
 
 
+def test_set():
+    return moved(folder(), 0, -1) + moved(gem("sapphire", 7, 7, 13), 6.6, 6, .62) + moved(badge("play"), .6, .6)
+
+
+def check_with_game():
+    return gem("sapphire", 7, 7, 13) + badge("check")
+
+
+def game_words():
+    bubble = "M2.5 2.5h11a1 1 0 0 1 1 1v6a1 1 0 0 1-1 1h-6l-3.5 3.5v-3.5h-1.5a1 1 0 0 1-1-1v-6a1 1 0 0 1 1-1z"
+    return solid(bubble, "amber") + text((4, 5, 8), (4, 7.5, 6))
+
+
+def games():
+    return moved(gem("ruby", 7, 7, 13), 4.6, -.6, .68) + moved(gem("sapphire", 7, 7, 13), -.4, 5, .68)
+
+
 def level_manager():
     return folder() + moved(level_map(), 6.2, 6.2, .62)
 

@@ -57,6 +57,8 @@ VIEW = (
 GAME = (
     ("run_rnd", game.run_game), ("run_rnd_fast", game.run_fast), ("rnd_levman", game.level_manager),
     ("check_for_errors", game.check_errors), ("view_error_log", game.error_log), ("extract_rnd", game.extract),
+    ("test_set_safely", game.test_set), ("check_with_game", game.check_with_game), ("game_words", game.game_words),
+    ("games", game.games),
 )
 EXTRA = (
     ("game_structure_wizard", game.wand), ("make_level_palette", game.level_palette), ("make_headline", game.headline),

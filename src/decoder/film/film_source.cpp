@@ -5,7 +5,6 @@ extern "C" {
 }
 #include <cstring>
 #include <string_view>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace film {
@@ -74,12 +73,12 @@ int Source::Read(void* opaque, std::uint8_t* to, int size)
 std::int64_t Source::Seek(void* opaque, std::int64_t offset, int whence)
 {
     auto& source = *static_cast<Source*>(opaque);
-    struct stat facts = {};
-    if (fstat(source.file, &facts) != 0)
+    const off_t end = lseek(source.file, 0, SEEK_END);
+    if (end < 0)
         return AVERROR(EIO);
     if (whence & AVSEEK_SIZE)
-        return facts.st_size;
-    const std::int64_t base = whence == SEEK_CUR ? source.place : whence == SEEK_END ? facts.st_size : 0;
+        return end;
+    const std::int64_t base = whence == SEEK_CUR ? source.place : whence == SEEK_END ? end : 0;
     if (offset < -base)
         return AVERROR(EINVAL);
     source.place = base + offset;

@@ -1,6 +1,7 @@
 // gemforge-film: reads one film of a stranger and hands its frames over as tiles. It is started by Gemforge alone.
 #include "decoder/channel.h"
 #include "decoder/film/read_film.h"
+#include "decoder/program/confinement.h"
 #include "decoder/program/limits.h"
 
 extern "C" {
@@ -15,6 +16,7 @@ extern "C" {
 namespace {
 
 constexpr int Socket = STDIN_FILENO;
+constexpr std::uint64_t MostMemory = std::uint64_t(1536) << 20;
 constexpr std::size_t FramesAtOnce = 16;
 
 /// Frames are sent some at a time: one at a time, half of the work would be the sending.
@@ -69,7 +71,8 @@ int main()
         return 2;
     }
     av_log_set_level(AV_LOG_QUIET);
-    limits::Set();
+    limits::Set(MostMemory);
+    confinement::Enter({});
     limits::StartClock(film::MostFramePixels);
     film::RequestBytes bytes;
     int file = -1;

@@ -1,6 +1,7 @@
 // gemforge-decoder: decodes images of strangers, one request after the other, until the other side of its standard
 // input is closed. It is started by Gemforge alone.
 #include "decoder/channel.h"
+#include "decoder/program/confinement.h"
 #include "decoder/program/limits.h"
 #include "decoder/program/load_image.h"
 #include "decoder/program/reduce_image.h"
@@ -16,7 +17,8 @@
 namespace {
 
 constexpr int Socket = STDIN_FILENO;
-constexpr std::size_t ChunkPixels = 1 << 16; ///< small enough to stay near the processor
+constexpr std::uint64_t MostMemory = std::uint64_t(1536) << 20; ///< the largest file, its largest image and a copy
+constexpr std::size_t ChunkPixels = 1 << 16;                    ///< small enough to stay near the processor
 
 /// The handed over file, closed with the scope.
 class Handed
@@ -30,10 +32,10 @@ public:
     /// Its bytes; empty if it cannot be read or is larger than is read at all.
     std::vector<std::byte> Read() const
     {
-        struct stat facts = {};
-        if (fstat(file, &facts) != 0 || facts.st_size < 0 || std::size_t(facts.st_size) > decoder::MostFileBytes)
+        const off_t size = lseek(file, 0, SEEK_END); // asking for its facts would need the right to ask for any file's
+        if (size < 0 || std::size_t(size) > decoder::MostFileBytes)
             return {};
-        std::vector<std::byte> bytes(std::size_t(facts.st_size));
+        std::vector<std::byte> bytes(static_cast<std::size_t>(size));
         std::size_t done = 0;
         while (done < bytes.size()) {
             const ssize_t got = pread(file, bytes.data() + done, bytes.size() - done, off_t(done));
@@ -99,7 +101,8 @@ int main()
         std::fputs("gemforge-decoder is started by Gemforge.\n", stderr);
         return 2;
     }
-    limits::Set();
+    limits::Set(MostMemory);
+    confinement::Enter({});
     while (Serve())
         malloc_trim(0);
     return 0;

@@ -1,4 +1,5 @@
 #include "frame/files/file_commands.h"
+#include "frame/files/put_back.h"
 #include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
@@ -137,6 +138,7 @@ bool OpenDocument(const QString& told, bool force)
         FlashTabCaption(holder);
         return true;
     }
+    PutBackIn(paths::FolderOfPath(path));
     const Result<> loaded = CurrentPane().OpenFile(path);
     if (!loaded) {
         ShowFailure(loaded.error());

@@ -102,24 +102,9 @@ QStringList ReadFolder(const QString& folder, const QString& patterns)
     return names;
 }
 
-/// The same sheet with each other ending.
-QStringList Twins(const QString& value)
-{
-    const QStringList& kinds = Frame.Settings.SheetKinds;
-    QStringList twins;
-    for (const QString& kind : kinds) {
-        if (!value.endsWith(u'.' + kind, Qt::CaseInsensitive))
-            continue;
-        for (const QString& other : kinds)
-            if (other != kind)
-                twins << value.chopped(kind.size()) + other;
-    }
-    return twins;
-}
-
 std::optional<MediaHit> FindExactly(const QString& value)
 {
-    for (int source = 1; source <= 3; ++source) {
+    for (const MediaSource source : ListSources) {
         const MediaListModel& list = Lists().List(source);
         const int row = list.Find(value);
         if (row >= 0)
@@ -255,9 +240,9 @@ int MediaListModel::Find(const QString& value) const
     return hit == all.end() ? -1 : int(hit - all.begin());
 }
 
-MediaListModel& MediaLists::List(int source)
+MediaListModel& MediaLists::List(MediaSource source)
 {
-    return source == 1 ? Base : source == 2 ? Extra : Rnd;
+    return source == MediaSource::PCXBrowser ? Base : source == MediaSource::Extra ? Extra : Rnd;
 }
 
 MediaLists& Lists()
@@ -267,15 +252,10 @@ MediaLists& Lists()
     return *Frame.Lists;
 }
 
-QString MediaPattern(const char* told)
+QString MediaPattern(const char* pattern)
 {
-    QString pattern = QString::fromLatin1(told);
-    if (pattern != QLatin1StringView("*.pcx"))
-        return pattern;
-    QStringList patterns;
-    for (const QString& kind : Frame.Settings.SheetKinds)
-        patterns << QStringLiteral("*.") + kind;
-    return patterns.join(u';');
+    const QLatin1StringView words(pattern);
+    return words == QLatin1StringView("*.pcx") ? Frame.Settings.SheetKinds.Patterns() : QString(words);
 }
 
 void ShowMedia()
@@ -295,7 +275,7 @@ void ShowMedia()
 void RefreshMedia()
 {
     bool changed = false;
-    for (int source = 1; source <= 3; ++source)
+    for (const MediaSource source : ListSources)
         changed |= Lists().List(source).Refresh();
     changed |= Lists().Macros.Refresh();
     if (changed)
@@ -308,18 +288,16 @@ void SetExtraFolder(const QString& folder)
     ShowMedia();
 }
 
-bool StandsFor(const QString& value, const QString& name)
+QString PathOf(MediaSource source, const QString& file)
 {
-    const QStringList values = QStringList(value) + Twins(value);
-    return !value.isEmpty() && std::any_of(values.begin(), values.end(), [&](const QString& start) {
-        return name.startsWith(start, Qt::CaseInsensitive);
-    });
+    const bool isList = std::ranges::find(ListSources, source) != ListSources.end();
+    return isList ? Lists().List(source).Folder() + file : paths::Inside(file);
 }
 
 std::optional<MediaHit> FindImageInLists(const QString& value)
 {
     std::optional<MediaHit> hit = FindExactly(value);
-    for (const QString& twin : Twins(value))
+    for (const QString& twin : Frame.Settings.SheetKinds.Twins(value))
         if (!hit)
             hit = FindExactly(twin);
     return hit;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "frame/media/media_request.h"
+
 #include <QAbstractListModel>
 #include <QStringList>
 #include <array>
@@ -41,14 +43,19 @@ private:
     mutable std::filesystem::file_time_type folderTime;
 };
 
+/// The sources that are lists, in the order they are searched.
+inline constexpr std::array<MediaSource, 3> ListSources = {MediaSource::PCXBrowser, MediaSource::Extra,
+                                                           MediaSource::Rnd};
+constexpr size_t MacrosIndex = 4; ///< in SavedListIndex
+
 /// The three file lists beside the text.
 struct MediaLists
 {
     MediaListModel Base, Extra, Rnd;
     MediaListModel Macros;               ///< macroFilelist: what the tree of macros shows
-    std::array<int, 5> SavedListIndex{}; ///< by source, 4 the macros: the selected rows at the loss of the focus
+    std::array<int, 5> SavedListIndex{}; ///< by MediaSource, then MacrosIndex: the selected rows at the loss of focus
 
-    MediaListModel& List(int source); ///< 1 Base, 2 Extra, 3 RnD
+    MediaListModel& List(MediaSource source); ///< PCXBrowser, Extra or Rnd
 };
 MediaLists& Lists();
 
@@ -57,27 +64,20 @@ void ShowMedia();
 void RefreshMedia(); ///< the folders may hold other files by now; tells the host if they do
 void SetExtraFolder(const QString& folder);
 
-struct MediaHit
-{
-    int Source = 1; ///< as in MediaLists::List
-    int Row = 0;
-    QString Name;
-};
-
 /// The first entry of Base, Extra and, if there is one, RnD that begins with `value`, case ignored. A sheet that no
 /// list has may be there with the other ending, as the game takes it.
 std::optional<MediaHit> FindImageInLists(const QString& value);
 
-/// Does `value` stand for the file `name`, by the rule of FindImageInLists?
-bool StandsFor(const QString& value, const QString& name);
+/// Path of a file in the list of its source; from any other source `file` is one already.
+QString PathOf(MediaSource source, const QString& file);
 
 /// Patterns of a mode row with the sheet endings of the game's table in place of "*.pcx".
-QString MediaPattern(const char* told);
+QString MediaPattern(const char* pattern);
 
 /// Does a name fit the list of any mode?
 bool IsMediaName(const QString& name);
 
-/// Writes a file name over the selection of the current pane or at its caret, which ends behind it. "" does nothing.
+/// Writes a file name over the selection of the current pane or at its caret, which ends after it. "" does nothing.
 void InsertFileName(const QString& name);
 
 /// Order of file names: case ignored, numbers by their value.

@@ -134,6 +134,7 @@ constexpr MessageRow Rows[] = {
     {message::OverwriteChanged, -1, "File Was Changed", 2, "whi", "Cancel_Overwrite", 0,
      "Another program has changed this file since it was loaded or saved here:-^^%1^^Do you want to overwrite it with "
      "the text you have here?"},
+    {message::PutBack, -1, "Put Back", 1, "whi", "OK", 0, "%1"},
     {message::Welcome, -1, "Welcome", 8, "bro", "OK_Read Help_Options_Don't Show This Again", 1,
      "Welcome To Gemforge.^^No Help at the moment! Just set your RND path (in options) and it should be "
      "ok!^^Cheers!^^Ross...."},

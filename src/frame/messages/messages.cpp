@@ -55,13 +55,21 @@ MessageRecord RecordOf(message::Number number, const QString& text, const QStrin
     return record;
 }
 
+std::optional<MessageRecord> NumberedMessage(message::Number number, const QString& text, const QString& text2)
+{
+    if (IsSuppressed(RowOf(number)))
+        return std::nullopt;
+    return RecordOf(number, text, text2);
+}
+
 int ShowMessage(message::Number number, const QString& text, const QString& text2)
 {
-    if (IsSuppressed(RowOf(number))) {
+    const std::optional<MessageRecord> record = NumberedMessage(number, text, text2);
+    if (!record) {
         Frame.Message.MessageResult.clear();
         return 0;
     }
-    Frame.Message = RecordOf(number, text, text2);
+    Frame.Message = *record;
     return ShowRecord();
 }
 

@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <optional>
 #include <span>
 
 /// One numbered message. To add one: its name in message_numbers.h, its row in message_table.cpp, in number order; a
@@ -37,6 +38,9 @@ struct MessageRecord
 
 /// The record of a numbered message.
 MessageRecord RecordOf(message::Number number, const QString& text = {}, const QString& text2 = {});
+/// The same; nothing if the message's nag flag is off.
+std::optional<MessageRecord> NumberedMessage(message::Number number, const QString& text = {},
+                                             const QString& text2 = {});
 
 /// Fills the call record (Frame.Message) from the table and asks. Gives back the place of the button pressed, from 1;
 /// 0 at once if the message's nag flag is off (a suppressed question counts as confirmed).

@@ -51,6 +51,12 @@ GameFolders GameFoldersOf(const QString& program)
     return folders;
 }
 
+void ReadDumpCommands()
+{
+    for (int i = 1; i <= 6; ++i)
+        Frame.Settings.ComType.at(i) = Compat(QStringLiteral("ComType%1").arg(i));
+}
+
 void DeriveGameFolders()
 {
     SettingsRecord& settings = Frame.Settings;
@@ -75,16 +81,5 @@ bool IsRndPathSet()
     if (!path.isEmpty() && paths::FileExists(path))
         return true;
     ShowMessage(message::GameNotSet);
-    return false;
-}
-
-bool HasSheetName(QStringView line)
-{
-    for (qsizetype dot = line.indexOf(u'.'); dot >= 0; dot = line.indexOf(u'.', dot + 1)) {
-        const QStringView behind = line.mid(dot + 1);
-        for (const QString& kind : Frame.Settings.SheetKinds)
-            if (behind.startsWith(kind, Qt::CaseInsensitive))
-                return true;
-    }
     return false;
 }

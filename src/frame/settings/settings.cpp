@@ -102,9 +102,7 @@ void LoadSettings()
         reader.Number(SettingOf(QLatin1StringView("Window Positions"), QLatin1StringView(key)));
     emit Events().MenuStripsChanged(settings.Gradients == 1);
     emit Events().ViewSettingChanged();
-    for (int i = 1; i <= 6; ++i)
-        settings.ComType.at(i) =
-            ReadIni(QStringLiteral("RND Compatibility"), QStringLiteral("ComType%1").arg(i), QStringLiteral("compat"));
+    ReadDumpCommands();
     DeriveGameFolders();
     ShowInitialFolders();
     LoadHistories();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "frame/media/sheet_endings.h"
 #include "frame/settings/cool_bar_bands.h"
 #include "frame/settings/form_looks.h"
 #include "platform/result.h"
@@ -39,8 +40,7 @@ struct SettingsRecord
     LookFonts Fonts;
 
     std::array<QString, 7> ComType; ///< 1 to 6
-    /// Endings of tile sheets, lower case, without dot.
-    QStringList SheetKinds{QStringLiteral("pcx"), QStringLiteral("png")};
+    SheetEndings SheetKinds{QStringLiteral("pcx"), QStringLiteral("png")};
     QStringList AnimModes;
     QString RndFolder, RndDocsFolder, RndGfxFolderName, RndSfxFolderName, LevelsFolder;
 };
@@ -83,6 +83,9 @@ struct ViewToggle
 const std::array<ViewToggle, 6>& ViewToggles();
 void ToggleView(int id);
 
+/// ComType1 to ComType6 from compat.ini.
+void ReadDumpCommands();
+
 /// Where a game has its data: the first folder of compat.ini that holds `FileNameCheck5`. Its parts need not exist.
 struct GameFolders
 {
@@ -98,6 +101,3 @@ void SaveHistories();
 
 /// False, with message 10, if RNDPath is empty or names no file.
 bool IsRndPathSet();
-
-/// Does a conf line name a tile sheet ("." + one of SheetKinds, case ignored)?
-bool HasSheetName(QStringView line);

@@ -181,7 +181,7 @@ QString Written(const SettingRow& row, const QVariant& value)
     }
 }
 
-struct Store
+struct PutWritten
 {
     const QString& Written;
 
@@ -220,7 +220,7 @@ void ChangeSetting(const SettingRow& row, const QVariant& value)
 {
     const QString written = Written(row, value);
     if (row.Place)
-        std::visit(Store{written}, row.Place(Frame.Settings));
+        std::visit(PutWritten{written}, row.Place(Frame.Settings));
     WriteIni(written, QString::fromLatin1(row.Section), QString::fromLatin1(row.Key));
     if (row.Apply)
         row.Apply();

@@ -1,6 +1,7 @@
 #include "frame/start/start_up.h"
 
 #include "frame/files/file_commands.h"
+#include "frame/files/put_back.h"
 #include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
@@ -80,6 +81,7 @@ bool PrepareStart(const StartFolders& folders, const QStringList& arguments)
     Frame.StartingUp = true;
     // Before any file is read: what an earlier run began to write in place and could not end.
     Frame.FinishedWrites = in_place::FinishInterrupted();
+    Frame.PutBack = name_swap::FinishAll();
     Frame.MacrosFolder = Frame.ProgramFolder + QStringLiteral("Macros/");
     if (!paths::FolderExists(Frame.MacrosFolder))
         QDir().mkpath(Frame.MacrosFolder);
@@ -120,6 +122,7 @@ void FinishStart()
     if (!Frame.FinishedWrites.isEmpty())
         ShowNotice(QStringLiteral("The interrupted save of these files was finished: ") +
                    Frame.FinishedWrites.join(QStringLiteral(", ")));
+    TellPutBack(Frame.PutBack);
     Panes().FocusPane();
 }
 

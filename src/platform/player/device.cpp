@@ -1,26 +1,12 @@
 #include "platform/player/device.h"
 
-#include <SDL.h>
-#include <SDL_mixer.h>
-#include <algorithm>
-#include <array>
-#include <unistd.h>
+#include "platform/player/pcm_source.h"
+
+#include <cstring>
 
 namespace {
 
-constexpr int ChunkFrames = 1024;
-
-/// The first sound font of the machine; the general ones come first.
-void ChooseSoundFont()
-{
-    constexpr std::array Fonts = {"/usr/share/sounds/sf2/default-GM.sf2", "/usr/share/sounds/sf3/default-GM.sf3",
-                                  "/usr/share/sounds/sf2/TimGM6mb.sf2", "/usr/share/sounds/sf2/FluidR3_GM.sf2",
-                                  "/usr/share/soundfonts/default.sf2"};
-    const auto font =
-        std::find_if(Fonts.begin(), Fonts.end(), [](const char* path) { return access(path, R_OK) == 0; });
-    if (font != Fonts.end() && !SDL_getenv("SDL_SOUNDFONTS"))
-        Mix_SetSoundFonts(*font);
-}
+constexpr Uint16 ChunkFrames = 1024;
 
 } // namespace
 
@@ -31,27 +17,39 @@ Device::~Device()
 
 bool Device::Open()
 {
-    if (open)
+    if (handle)
         return true;
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Gemforge");
     if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0)
         return false;
-    open = Mix_OpenAudioDevice(Rate, AUDIO_S16SYS, 2, ChunkFrames, nullptr, 0) == 0;
-    if (open)
-        ChooseSoundFont();
+    SDL_AudioSpec wanted{};
+    wanted.freq = DeviceRate;
+    wanted.format = AUDIO_S16SYS;
+    wanted.channels = 2;
+    wanted.samples = ChunkFrames;
+    wanted.callback = Fill;
+    wanted.userdata = this;
+    handle = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
+    if (handle)
+        SDL_PauseAudioDevice(handle, 0);
     else
         SDL_QuitSubSystem(SDL_INIT_AUDIO);
-    return open;
+    return handle != 0;
 }
 
 void Device::Close()
 {
-    if (!open)
+    if (!handle)
         return;
-    Mix_CloseAudio();
-    Mix_Quit();
-    SDL_QuitSubSystem(SDL_INIT_AUDIO);
+    SDL_CloseAudioDevice(handle);
     SDL_Quit();
-    open = false;
+    handle = 0;
+}
+
+void Device::Fill(void* device, Uint8* bytes, int size)
+{
+    std::memset(bytes, 0, std::size_t(size));
+    for (Voice& voice : static_cast<Device*>(device)->voices)
+        voice.Mix(std::span(bytes, std::size_t(size)));
 }

@@ -1,11 +1,15 @@
 #pragma once
 
-/// The sound device and its mixer: 44100 Hz, two channels of 16 bits, whatever the hardware is.
+#include "platform/player/voice.h"
+#include "platform/player_protocol.h"
+
+#include <SDL.h>
+#include <array>
+
+/// The sound device: 44100 Hz, two channels of 16 bits, whatever the hardware is. It hears all voices.
 class Device
 {
 public:
-    static constexpr int Rate = 44100;
-
     Device() = default;
     ~Device();
     Device(const Device&) = delete;
@@ -14,8 +18,13 @@ public:
     /// False if there is none; the next call tries again.
     [[nodiscard]] bool Open();
     void Close();
-    bool IsOpen() const { return open; }
+    bool IsOpen() const { return handle != 0; }
+
+    Voice& Of(player::Voice which) { return voices[std::size_t(which)]; }
 
 private:
-    bool open = false;
+    static void Fill(void* device, Uint8* bytes, int size);
+
+    std::array<Voice, player::Voices> voices;
+    SDL_AudioDeviceID handle = 0;
 };

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string>
 #include <unistd.h>
 #include <utility>
 
@@ -23,8 +22,6 @@ public:
     }
 
     int Handle() const { return file; }
-    /// For routines that open by path; has a place of its own in the file.
-    std::string Path() const { return "/proc/self/fd/" + std::to_string(file); }
 
 private:
     int file = -1;

@@ -1,23 +1,26 @@
 // gemforge-player: plays what is handed over to its standard input until the other side of it is closed. It is started
-// by Gemforge alone. Files of strangers break nothing but this process, and the libraries of sound burden nobody else.
+// by Gemforge alone. It reads no byte of what it plays: each sound is decoded by a process of its own, this program
+// again, which can do nothing else; a file of a stranger breaks nothing but that.
 #include "decoder/channel.h"
+#include "platform/player/decode.h"
 #include "platform/player/device.h"
-#include "platform/player/media_voice.h"
-#include "platform/player/module_voice.h"
+#include "platform/player/wishes.h"
 
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
+#include <string_view>
 #include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 
 namespace {
 
-constexpr int Socket = STDIN_FILENO;
+constexpr int Gemforge = STDIN_FILENO;            ///< its end of the socket
 constexpr int Glance = 40;                        ///< ms between looks at whether a sound has ended
-constexpr unsigned LoadPatience = 10;             ///< s for a file or a device; the alarm ends the process
-constexpr rlim_t MostMemory = 2u << 30;           ///< bytes, of addresses
+constexpr unsigned DevicePatience = 10;           ///< s for opening a device; the alarm ends the process
 constexpr std::chrono::milliseconds Linger(1000); ///< the device is closed after this silence
+constexpr player::Voice Both[] = {player::Voice::Media, player::Voice::Module};
 
 class Player
 {
@@ -25,89 +28,78 @@ public:
     /// Until nobody is left to play for.
     void Run()
     {
-        while (wishes.Receive(Patience())) {
-            CarryOut(player::Voice::Media, media);
-            CarryOut(player::Voice::Module, module);
+        while (wishes.Receive(device.IsOpen() ? Glance : -1)) {
+            for (const player::Voice voice : Both)
+                CarryOut(voice);
             Tell();
             CloseAfterSilence();
         }
-        media.Stop();
-        module.Stop();
     }
 
 private:
-    /// More may have come while a file was opened.
-    int Patience() const
+    void CarryOut(player::Voice of)
     {
-        if (wishes.HasAny())
-            return 0;
-        return device.IsOpen() ? Glance : -1;
+        Voice& voice = device.Of(of);
+        if (const auto ended = voice.Ended())
+            state.Troubles[std::size_t(of)] = *ended;
+        const auto wish = wishes.Take(of);
+        if (!wish)
+            return;
+        voice.Stop();
+        state.Troubles[std::size_t(of)] = player::Trouble::None;
+        if (wish->What == player::Task::Play)
+            state.Troubles[std::size_t(of)] = Begin(of, wish->File);
     }
 
-    template <class AVoice>
-    void CarryOut(player::Voice of, AVoice& voice)
+    player::Trouble Begin(player::Voice of, const HandedFile& file)
     {
-        while (const auto wish = wishes.Take(of)) {
-            alarm(LoadPatience);
-            voice.Stop();
-            const bool plays = wish->What == player::Task::Play && device.Open() && voice.Load(*wish);
-            // What is not wanted any more must not be heard.
-            if (plays && wishes.Receive(0) && !wishes.Has(of))
-                voice.Start();
-            alarm(0);
-        }
+        alarm(DevicePatience);
+        const bool opened = device.Open();
+        alarm(0);
+        if (!opened)
+            return player::Trouble::NoDevice;
+        return device.Of(of).Start(of, file) ? player::Trouble::None : player::Trouble::File;
     }
 
     void Tell()
     {
-        const player::State state{.Serial = wishes.LastSerial(),
-                                  .Playing = std::uint32_t(media.Playing()) | std::uint32_t(module.Playing()) << 1};
-        if (wishes.HasAny() || (state.Serial == told.Serial && state.Playing == told.Playing))
-            return;
-        if (send(Socket, &state, sizeof(state), MSG_DONTWAIT | MSG_NOSIGNAL) == sizeof(state))
+        state.Serial = wishes.LastSerial();
+        state.Playing = 0;
+        for (const player::Voice voice : Both)
+            state.Playing |= std::uint32_t(device.Of(voice).Playing()) << std::uint32_t(voice);
+        if (state != told && send(Gemforge, &state, sizeof(state), MSG_DONTWAIT | MSG_NOSIGNAL) == sizeof(state))
             told = state;
     }
 
     void CloseAfterSilence()
     {
         const auto now = std::chrono::steady_clock::now();
-        if (media.Playing() || module.Playing())
+        if (state.Playing != 0)
             heard = now;
-        if (!device.IsOpen() || wishes.HasAny() || now - heard < Linger)
-            return;
-        media.Stop();
-        module.Stop();
-        device.Close();
+        if (device.IsOpen() && now - heard >= Linger)
+            device.Close();
     }
 
-    Wishes wishes{Socket};
+    Wishes wishes{Gemforge};
     Device device;
-    MediaVoice media;
-    ModuleVoice module;
-    player::State told;
+    player::State state, told;
     std::chrono::steady_clock::time_point heard{};
 };
 
-void SetLimits()
-{
-    const rlimit none{0, 0};
-    setrlimit(RLIMIT_CORE, &none);
-#ifndef __SANITIZE_ADDRESS__
-    const rlimit memory{MostMemory, MostMemory};
-    setrlimit(RLIMIT_AS, &memory);
-#endif
-}
-
 } // namespace
 
-int main()
+int main(int argc, char** argv)
 {
     struct stat facts = {};
-    if (fstat(Socket, &facts) != 0 || !S_ISSOCK(facts.st_mode)) {
+    if (fstat(Gemforge, &facts) != 0 || !S_ISSOCK(facts.st_mode)) {
         std::fputs("gemforge-player is started by Gemforge.\n", stderr);
         return 2;
     }
-    SetLimits();
+    const rlimit none{0, 0};
+    setrlimit(RLIMIT_CORE, &none);
+    if (argc > 1 && argv[1] == std::string_view("decode"))
+        _exit(DecodeForPlayer());      // what a library has to say at an end would need more than it may do
+    setenv("OMP_NUM_THREADS", "1", 1); // what decodes may start no threads
     Player().Run();
     return 0;
 }

@@ -1,12 +1,11 @@
 #pragma once
 
-#include "platform/player/handed_file.h"
-
+#include <QByteArrayView>
 #include <cstdint>
 #include <memory>
 #include <span>
 
-/// Sound as pairs of 16 bits, left and right, at ModuleRate.
+/// Sound as pairs of 16 bits, left and right.
 class PcmSource
 {
 public:
@@ -16,13 +15,13 @@ public:
     virtual std::size_t Read(std::span<std::int16_t> stereo) = 0;
 };
 
-constexpr int ModuleRate = 22050;
+constexpr int DeviceRate = 44100;
+constexpr int ModuleRate = 22050; ///< frames a second of a module, and of a wave that is played as one
 
-/// Whether a wave of this many samples a second is played; conversion from others would swell without measure.
-constexpr bool IsPlayableRate(int rate)
-{
-    return rate >= 1000 && rate <= 384000;
-}
+// All give null for what is not of their kind, or broken. `bytes` live as long as the source.
 
-/// A module of any kind, one in a zip archive, or a wave; null if it is none of them, broken or too large.
-std::unique_ptr<PcmSource> OpenPcm(const HandedFile& file);
+std::unique_ptr<PcmSource> OpenModule(QByteArrayView bytes); ///< at ModuleRate
+std::unique_ptr<PcmSource> OpenWave(QByteArrayView bytes, int rate);
+std::unique_ptr<PcmSource> OpenMp3(QByteArrayView bytes, int rate);
+/// `font`: the open sound font; -1, and any other file that is none: nothing sounds.
+std::unique_ptr<PcmSource> OpenMidi(QByteArrayView bytes, int font, int rate);

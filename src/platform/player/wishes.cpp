@@ -30,6 +30,6 @@ bool Wishes::ReceiveOne()
     if (std::uint32_t(request.Of) >= player::Voices || plays != (file >= 0))
         return false;
     serial = request.Serial;
-    last[std::size_t(request.Of)] = Wish{request.What, request.Ending, std::move(handed)};
+    last[std::size_t(request.Of)] = Wish{request.What, std::move(handed)};
     return true;
 }

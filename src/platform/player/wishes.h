@@ -9,7 +9,6 @@
 struct Wish
 {
     player::Task What = player::Task::Stop;
-    std::array<char, 4> Ending{};
     HandedFile File;
 };
 

@@ -1,7 +1,7 @@
 #include "windows/blocks/frm_inject.h"
 
 #include "conf/conf_lines.h"
-#include "conf/element_record.h"
+#include "conf/edit_element.h"
 #include "conf/help_for_word.h"
 #include "frame/frame_events.h"
 #include "frame/frame_state.h"
@@ -11,27 +11,21 @@
 #include "windows/parts/place_at_mouse.h"
 #include "windows/parts/word_list.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QCursor>
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QGuiApplication>
 #include <QKeyEvent>
 
 namespace {
 
-constexpr int DirectionCount = 4, FirstCrumbledOff = 8, LastCrumbledOff = 17, BorderSize = 18;
 constexpr int MouseLeaveTick = 10;      ///< ms
 constexpr QPoint BesideMouse{140, -30}; ///< of the window's centre, so that the mouse is over the lists
 
-const QStringList& Words(WordKind kind)
+const QStringList& Commands()
 {
-    return Frame.WordLists.at(ModeGfx).at(kind);
-}
-
-QStringList Directions()
-{
-    return Words(KindActions).mid(0, DirectionCount);
+    return Frame.WordLists.at(ModeGfx).at(KindGraphicComs);
 }
 
 /// Of a command that the block has; a green that stands out from either window.
@@ -48,8 +42,8 @@ QStringList WithNone(QStringList words)
 
 } // namespace
 
-frmInject::frmInject(EditorPane& target, QWidget* parent)
-    : QDialog(parent), pane(target), visit(target), block(ParseBlock(Panes().txtBuffer().Text(), Directions()))
+frmInject::frmInject(DocumentText& target, const InjectRequest& wanted, QWidget* parent)
+    : QDialog(parent), pane(target), visit(target), request(wanted)
 {
     setObjectName(QStringLiteral("frmInject"));
     SetHelpSubject(this, HelpIdFor("edit_element"));
@@ -68,37 +62,38 @@ QWidget* frmInject::MakeLists()
 {
     auto* frame = new QGroupBox(this);
     frame->setObjectName(QStringLiteral("Frame1"));
-    element =
-        new WordList(QStringLiteral("lstElement"), QStringLiteral("Element"), WithNone(Words(KindElements)), frame);
-    action = new WordList(QStringLiteral("lstAction"), QStringLiteral("Action"),
-                          WithNone(Words(KindActions).mid(DirectionCount)), frame);
-    direction = new WordList(QStringLiteral("lstDirection"), QStringLiteral("Direction"), Directions(), frame);
+    const KeyWords words = GraphicsKeyWords();
+    element = new WordList(QStringLiteral("lstElement"), QStringLiteral("Element"), WithNone(words.Elements), frame);
+    action = new WordList(QStringLiteral("lstAction"), QStringLiteral("Action"), WithNone(words.Actions), frame);
+    direction = new WordList(QStringLiteral("lstDirection"), QStringLiteral("Direction"), words.Directions, frame);
     auto* row = new QHBoxLayout(frame);
     for (WordList* list : {element, action, direction}) {
         row->addWidget(list);
         connect(list, &WordList::Picked, this, [this] {
             RebuildBlock();
             // The mouse takes a word as from a palette: the keyboard does not stay in the list.
-            if (QGuiApplication::mouseButtons() != Qt::NoButton)
+            if (QApplication::mouseButtons() != Qt::NoButton)
                 setFocus();
         });
     }
     return frame;
 }
 
-QGroupBox* frmInject::MakeGroup(const QString& title, const QList<int>& commands, int columns)
+QGroupBox* frmInject::MakeGroup(InjectGroup group, const char* title, int columns)
 {
-    auto* group = new QGroupBox(title, this);
-    auto* grid = new QGridLayout(group);
-    for (qsizetype i = 0; i < commands.size(); ++i) {
-        const int command = commands.at(i);
-        auto* box = new QCheckBox(WithoutMnemonic(Words(KindGraphicComs).value(command)), group);
+    auto* frame = new QGroupBox(QString::fromLatin1(title), this);
+    auto* grid = new QGridLayout(frame);
+    for (size_t command = 0; command < KnownCommands; ++command) {
+        if (BlockCommands.at(command).Group != group)
+            continue;
+        auto* box = new QCheckBox(WithoutMnemonic(Commands().value(int(command))), frame);
         box->setObjectName(QStringLiteral("chkOption%1").arg(command));
         connect(box, &QCheckBox::toggled, this, &frmInject::RebuildBlock);
-        grid->addWidget(box, int(i) / columns, int(i) % columns);
-        boxes.at(size_t(command)) = box;
+        const int place = grid->count();
+        grid->addWidget(box, place / columns, place % columns);
+        boxes.at(command) = box;
     }
-    return group;
+    return frame;
 }
 
 QWidget* frmInject::MakeBoxes()
@@ -106,22 +101,21 @@ QWidget* frmInject::MakeBoxes()
     auto* all = new QWidget(this);
     auto* grid = new QGridLayout(all);
     grid->setContentsMargins({});
-    grid->addWidget(MakeGroup(QStringLiteral("Common"), {0, 1, 2, 3, 4, 5, 6, 7, 8}, 3), 0, 0);
-    grid->addWidget(MakeGroup(QStringLiteral("Sub Commands"), {15, 16, 17}, 1), 0, 1);
-    grid->addWidget(MakeGroup(QStringLiteral("Rare"), {9, 10, 11, 12, 13, 14, BorderSize}, 3), 1, 0, 1, 2);
+    grid->addWidget(MakeGroup(InjectGroup::Common, "Common", 3), 0, 0);
+    grid->addWidget(MakeGroup(InjectGroup::SubCommands, "Sub Commands", 1), 0, 1);
+    grid->addWidget(MakeGroup(InjectGroup::Rare, "Rare", 3), 1, 0, 1, 2);
     return all;
 }
 
 /// The block's parts in the lists, its commands in the boxes.
 void frmInject::ShowBlock()
 {
-    chkOption(BorderSize)->setEnabled(Conf.CrumbledBlock);
-    for (int command = FirstCrumbledOff; command <= LastCrumbledOff; ++command)
-        chkOption(command)->setEnabled(!Conf.CrumbledBlock);
-    for (int command = 0; command < InjectBoxes; ++command) {
-        if (!Conf.CommandPresent.value(command))
+    const InjectUse unfit = request.Crumbled ? InjectUse::NotCrumbled : InjectUse::OnlyCrumbled;
+    for (size_t command = 0; command < KnownCommands; ++command) {
+        QCheckBox* box = boxes.at(command);
+        box->setEnabled(BlockCommands.at(command).Use != unfit);
+        if (!request.Present.value(qsizetype(command)))
             continue;
-        QCheckBox* box = chkOption(command);
         box->setChecked(true);
         QPalette colours = box->palette();
         colours.setColor(QPalette::WindowText, PresentColour(colours));
@@ -130,28 +124,33 @@ void frmInject::ShowBlock()
         bold.setBold(true);
         box->setFont(bold);
     }
-    element->SetText(block.Parts.Element);
-    action->SetText(block.Parts.Action);
-    direction->SetText(block.Parts.Direction);
+    element->SetText(request.Block.Parts.Element);
+    action->SetText(request.Block.Parts.Action);
+    direction->SetText(request.Block.Parts.Direction);
 }
 
 void frmInject::TellForeignLines()
 {
-    const int foreign = ForeignLines(block, Words(KindGraphicComs));
+    const int foreign = ForeignLines(request.Block, Commands());
     if (foreign > 0)
         ShowNotice(QStringLiteral("%1 without a command taken out; Undo brings back all.")
                        .arg(foreign == 1 ? QStringLiteral("1 line") : QStringLiteral("%1 lines").arg(foreign)));
+}
+
+InjectAnswer frmInject::Answer() const
+{
+    InjectAnswer answer{{element->Text(), action->Text(), direction->Text()}, {}};
+    for (const QCheckBox* box : boxes)
+        answer.Wanted << box->isChecked();
+    return answer;
 }
 
 void frmInject::RebuildBlock()
 {
     if (loading)
         return;
-    QList<bool> wanted;
-    for (const QCheckBox* box : boxes)
-        wanted << box->isChecked();
-    const KeyParts parts{element->Text(), action->Text(), direction->Text()};
-    pane.SetSelText(::RebuildBlock(block, parts, wanted, Words(KindGraphicComs), CurrentValueColumn()));
+    const InjectAnswer now = Answer();
+    pane.SetSelText(::RebuildBlock(request.Block, now.Parts, now.Wanted, Commands(), CurrentValueColumn()));
 }
 
 void frmInject::showEvent(QShowEvent* event)
@@ -188,8 +187,21 @@ void frmInject::done(int result)
     visit.Close();
 }
 
-void RunInjectWindow(QWidget* parent)
+InjectAnswer RunInjectWindow(DocumentText& pane, const InjectRequest& request, QWidget* parent)
 {
     const ModalScope scope;
-    frmInject(CurrentPane(), parent).exec();
+    frmInject window(pane, request, parent);
+    window.exec();
+    return window.Answer();
+}
+
+void EditElement()
+{
+    DocumentText& pane = CurrentPane();
+    const UndoGroup visit(pane); // from here on: undo brings the caret back too
+    const std::optional<InjectRequest> request = SelectBlockToEdit(pane);
+    if (!request)
+        return;
+    RunInjectWindow(pane, *request, QApplication::activeWindow());
+    Panes().FocusPane();
 }

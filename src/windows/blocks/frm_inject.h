@@ -1,5 +1,6 @@
 #pragma once
 
+#include "conf/block_commands.h"
 #include "conf/inject.h"
 #include "frame/editor_pane.h"
 
@@ -17,8 +18,10 @@ class frmInject : public QDialog
     Q_OBJECT
 
 public:
-    /// `pane` has the block selected, txtBuffer holds its text, Conf.CommandPresent tells its commands.
-    frmInject(EditorPane& pane, QWidget* parent);
+    /// `pane` has the block of the request selected.
+    frmInject(DocumentText& pane, const InjectRequest& request, QWidget* parent);
+
+    InjectAnswer Answer() const;
 
     WordList* lstElement() const { return element; }
     WordList* lstAction() const { return action; }
@@ -35,18 +38,21 @@ protected:
 private:
     QWidget* MakeLists();
     QWidget* MakeBoxes();
-    QGroupBox* MakeGroup(const QString& title, const QList<int>& commands, int columns);
+    QGroupBox* MakeGroup(InjectGroup group, const char* title, int columns);
     void ShowBlock();
     void TellForeignLines();
     void RebuildBlock();
 
-    EditorPane& pane;
+    DocumentText& pane;
     UndoGroup visit;
-    InjectBlock block;
+    const InjectRequest request;
     WordList *element, *action, *direction;
-    std::array<QCheckBox*, InjectBoxes> boxes{};
+    std::array<QCheckBox*, KnownCommands> boxes{};
     bool loading = true, mouseWasHere = false;
 };
 
-/// Opens the window on the current pane; returns when it has closed.
-void RunInjectWindow(QWidget* parent);
+/// Opens the window on a block that is selected in `pane`; returns when it has closed.
+InjectAnswer RunInjectWindow(DocumentText& pane, const InjectRequest& request, QWidget* parent);
+
+/// "Edit Element": the block around the caret of the current pane.
+void EditElement();

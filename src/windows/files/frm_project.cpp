@@ -15,8 +15,6 @@
 
 namespace {
 
-constexpr int KeyRole = Qt::UserRole;
-
 /// An arrow selects even where there is no other row to go to.
 class ProjectTree : public QTreeWidget
 {
@@ -44,9 +42,11 @@ public:
 private:
     void ShowList();
     void UpdateButtons();
-    void Choose(const QTreeWidgetItem* item);
+    const ProjectEntry& EntryOf(QTreeWidgetItem* item) const;
+    void Choose(QTreeWidgetItem* item);
     void DeleteSelected();
 
+    std::vector<ProjectEntry> projects; ///< the rows of the list
     QTreeWidget* treeProject;
     QPushButton *cmdNew, *cmdDelete;
 };
@@ -92,10 +92,10 @@ frmProject::frmProject(QWidget* owner) : QDialog(DialogParent(owner))
 void frmProject::ShowList()
 {
     treeProject->clear();
-    for (const ProjectEntry& project : LoadPrjList()) {
+    projects = LoadPrjList();
+    for (const ProjectEntry& project : projects) {
         auto* item = new QTreeWidgetItem(treeProject, {project.Name});
         item->setIcon(0, CommandIcon(QStringLiteral("project")));
-        item->setData(0, KeyRole, project.Key);
     }
     UpdateButtons();
 }
@@ -106,18 +106,23 @@ void frmProject::UpdateButtons()
     cmdDelete->setEnabled(!treeProject->selectedItems().isEmpty());
 }
 
-void frmProject::Choose(const QTreeWidgetItem* item)
+const ProjectEntry& frmProject::EntryOf(QTreeWidgetItem* item) const
 {
-    Chosen = item->text(0);
+    return projects.at(size_t(treeProject->indexOfTopLevelItem(item)));
+}
+
+void frmProject::Choose(QTreeWidgetItem* item)
+{
+    Chosen = EntryOf(item).Name;
     accept();
 }
 
 void frmProject::DeleteSelected()
 {
-    const QTreeWidgetItem* item = treeProject->selectedItems().value(0);
+    QTreeWidgetItem* item = treeProject->selectedItems().value(0);
     if (!item)
         return;
-    DeleteProject({item->text(0), item->data(0, KeyRole).toInt()});
+    DeleteProject(EntryOf(item));
     ShowList();
 }
 

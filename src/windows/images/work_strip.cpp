@@ -61,8 +61,13 @@ bool WorkStrip::Run(const QString& what, int most, const std::function<void(cons
 void WorkStrip::Tell(int done, const QString& what)
 {
     bar->setValue(done);
-    if (!what.isEmpty())
-        label->setText(what);
+    label->setText(what);
+}
+
+void WorkStrip::Tell(int done, int most)
+{
+    bar->setMaximum(most);
+    bar->setValue(qMin(done, most));
 }
 
 bool WorkStrip::TakeTurn()

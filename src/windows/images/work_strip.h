@@ -22,7 +22,8 @@ public:
 
     /// Runs `work` with a turn to call. False if it was stopped. `most`: what Tell counts up to, 0 for no telling.
     bool Run(const QString& what, int most, const std::function<void(const Turn&)>& work);
-    void Tell(int done, const QString& what = {});
+    void Tell(int done, const QString& what);
+    void Tell(int done, int most); ///< where it turns out on the way how much there is; 0: unknown
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -51,7 +51,7 @@ BlockList::BlockList(QWidget* parent)
 
 void BlockList::OpenOver(const QRect& paneArea)
 {
-    model.Show(FindBlocks(CurrentPane().Bytes()));
+    model.Show(FindBlocks(CurrentPane().Bytes(), Frame.Settings.SheetKinds));
     if (model.IsEmpty()) {
         ShowNotice(QStringLiteral("There are no element blocks in this text."));
         return;

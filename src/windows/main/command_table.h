@@ -17,6 +17,7 @@ enum CommandFlag : quint8 {
     CheckEntry = 2,
     OpensMenu = 4,      ///< the entry opens the menu of the same control; its button has that menu as a drop-down
     OpensMedia = 8,     ///< out of sight in a mode whose media no tool opens
+    MenuOnly = 32,      ///< with OpensMenu: the button does nothing else than open the menu
     EverywhereKey = 16, ///< its shortcut is the window's in every part, a line of text included
 };
 

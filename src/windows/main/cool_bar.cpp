@@ -70,7 +70,7 @@ void CoolBar::FillBar(ToolStrip strip, const CommandSet& commands, const MenuTre
             SetHelpSubject(button, HelpIdOf(*row));
             if (row->Flags & OpensMenu) {
                 button->setMenu(menus.Find(QString::fromLatin1(row->Control)));
-                button->setPopupMode(QToolButton::MenuButtonPopup);
+                button->setPopupMode(row->Flags & MenuOnly ? QToolButton::InstantPopup : QToolButton::MenuButtonPopup);
             }
         }
     }

@@ -1,10 +1,10 @@
 #include "conf/comments.h"
-#include "conf/edit_element.h"
 #include "conf/element_blocks.h"
 #include "conf/locate_image.h"
 #include "conf/tidy_up.h"
 #include "conf/write_block.h"
 #include "windows/blocks/frm_comment.h"
+#include "windows/blocks/frm_inject.h"
 #include "windows/main/command_table.h"
 #include "windows/parts/pane_commands.h"
 

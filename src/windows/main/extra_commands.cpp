@@ -28,7 +28,8 @@ std::span<const CommandRow> ExtraCommands()
                    MakeHeadline, InMode(ModeEdi), InMode(ModeEdi)},
         CommandRow{"mnuExtraPCXLab", "PCX Lab", "", tbExtra, "pcx_lab", nullptr, NoFlags,
                    OpenToolAndFocus<ToolWindow::PCXLab>},
-        CommandRow{"mnuExtraAVI", "AVI To Bitmap", "", tbExtra, "avi_to_bitmap", nullptr, SeparatorBehind, NotThere},
+        CommandRow{"mnuExtraAVI", "AVI To Bitmap", "", tbExtra, "avi_to_bitmap", nullptr, SeparatorBehind,
+                   OpenToolAndFocus<ToolWindow::AVI2BMP>},
         CommandRow{"mnubasic", "Gemforge BASIC", "", tbExtra, "basic", nullptr, NoFlags, NotThere},
     };
     return Rows;

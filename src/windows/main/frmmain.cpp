@@ -16,6 +16,7 @@
 #include "platform/processes.h"
 #include "windows/find/find_box.h"
 #include "windows/find/find_dialogs.h"
+#include "windows/game/words_panel.h"
 #include "windows/lists/block_list.h"
 #include "windows/lists/comment_tree.h"
 #include "windows/lists/recent_popup.h"
@@ -43,6 +44,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QShortcut>
+#include <QSplitter>
 #include <QStackedWidget>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -62,8 +64,9 @@ QString TipOfTab(int tab)
 
 void MarkBlockAtCaret(EditorPane& pane)
 {
-    const auto block = Frame.CurrentMode == ModeGfx ? BlockAround(LinesOf(pane), pane.GetSel(true).StartLine)
-                                                    : std::optional<BlockLines>();
+    const auto block = Frame.CurrentMode == ModeGfx
+                           ? BlockAround(LinesOf(pane), pane.GetSel(true).StartLine, Frame.Settings.SheetKinds)
+                           : std::nullopt;
     if (block)
         pane.MarkBlock(block->First, block->Last);
     else
@@ -108,7 +111,14 @@ void frmmain::LayOut()
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(2);
     column->addWidget(strip);
-    column->addWidget(stack, 1);
+    words = new WordsPanel;
+    auto* rows = new QSplitter(Qt::Vertical);
+    rows->setChildrenCollapsible(false);
+    rows->addWidget(stack);
+    rows->addWidget(words);
+    rows->setStretchFactor(0, 3);
+    rows->setStretchFactor(1, 1);
+    column->addWidget(rows, 1);
     // Around the pane the strip has no subject of its own.
     SetHelpSubject(text, QStringLiteral(""));
     split = new PaneSplit(text);
@@ -135,6 +145,7 @@ void frmmain::ConnectParts()
         if (!Frame.StartingUp && ListShows())
             CloseLists();
     });
+    connect(words, &WordsPanel::Left, this, &frmmain::FocusPane);
     connect(split, &PaneSplit::Dragged, this, &frmmain::FocusPane);
     connect(subject, &HelpSubject::Moved, this, &frmmain::MouseOver);
     connect(keys, &WindowKeys::EscapePressed, this, &frmmain::EscapePressed);
@@ -210,7 +221,8 @@ void frmmain::ConnectPane(int tab, EditorPane& pane)
     pane.CodeList = OfferedWords;
     pane.CodeListPick = PickCodeListItem;
     pane.HoverText = [](EditorPane& hovered, int line, int column) {
-        return Frame.CurrentMode == ModeGfx ? BlockSummary(LinesOf(hovered), line, column) : QString();
+        return Frame.CurrentMode == ModeGfx ? BlockSummary(LinesOf(hovered), line, column, Frame.Settings.SheetKinds)
+                                            : QString();
     };
     pane.HoverPicture = [](EditorPane& hovered, int line, int column) {
         return Frame.CurrentMode == ModeGfx ? HoverTile(hovered, line, column) : QImage();
@@ -271,7 +283,8 @@ void frmmain::EscapePressed()
     else if (MediaView* list = ssML->Focused()) {
         list->EndFilter();
         FocusPane();
-    } else if (bars.cmbFind()->hasFocus() || strip->Bar()->hasFocus() || ssML->isAncestorOf(focusWidget()))
+    } else if (bars.cmbFind()->hasFocus() || strip->Bar()->hasFocus() || ssML->isAncestorOf(focusWidget()) ||
+               words->HasKeyboard())
         FocusPane();
     else
         StopRuns(StopReason::Esc);
@@ -289,9 +302,12 @@ void frmmain::MoveFocus()
 {
     if (bars.cmbFind()->hasFocus())
         strip->Bar()->setFocus(Qt::ShortcutFocusReason);
-    else if (strip->Bar()->hasFocus() || (!bars.cmbFind()->isVisible() && !ssML->isAncestorOf(focusWidget())))
+    else if (strip->Bar()->hasFocus() ||
+             (!bars.cmbFind()->isVisible() && !ssML->isAncestorOf(focusWidget()) && !words->HasKeyboard()))
         ssML->FocusList();
-    else if (ssML->isAncestorOf(focusWidget()))
+    else if (ssML->isAncestorOf(focusWidget()) && words->ListShows())
+        words->ShowList();
+    else if (ssML->isAncestorOf(focusWidget()) || words->HasKeyboard())
         FocusPane();
     else
         bars.cmbFind()->setFocus(Qt::ShortcutFocusReason);

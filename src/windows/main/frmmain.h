@@ -25,6 +25,7 @@ class RecentPopup;
 class RunWatch;
 class StatusPanels;
 class TabStrip;
+class WordsPanel;
 class WindowKeys;
 
 /// The main window: eight text panes behind a tab strip, menus and tool bars from the command table, the status bar
@@ -62,9 +63,9 @@ public:
     void OpenTool(ToolWindow tool) override;
     void ShowList(ListKind list) override;
     void CloseLists() override;
-    void ShowMediaEntry(int source, int row) override;
+    void ShowMediaEntry(const MediaHit& entry) override;
     bool CanPreview(int mode) const override;
-    void PreviewMedia() override;
+    void PreviewMedia(const MediaRequest& request) override;
     void StopPlayers() override { audio::Stop(); }
     void PlayModule(const QByteArray& bytes) { audio::PlayModule(bytes); }
     void Listen(FrameEvents& events) override;
@@ -79,6 +80,7 @@ public:
     RecentPopup& RecentBack() const { return *recent; }
     CommentTree& TreeOfComments() const { return *comments; }
     BlockList& ListOfBlocks() const { return *blocks; }
+    WordsPanel& WordsOfGame() const { return *words; }
     QString HelpId() const;
 
 protected:
@@ -129,6 +131,7 @@ private:
     RecentPopup* recent;
     CommentTree* comments;
     BlockList* blocks;
+    WordsPanel* words;
     HelpSubject* subject;
     LineHintsView* hints;
     WindowKeys* keys;

@@ -5,9 +5,11 @@
 #include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "windows/about/frm_about.h"
-#include "windows/blocks/frm_inject.h"
 #include "windows/files/frm_project.h"
 #include "windows/find/find_dialogs.h"
+#include "windows/game/frm_games.h"
+#include "windows/game/words_panel.h"
+#include "windows/images/frm_avi2bmp.h"
 #include "windows/images/frm_pcx_lab.h"
 #include "windows/lists/block_list.h"
 #include "windows/lists/comment_tree.h"
@@ -104,25 +106,30 @@ void frmmain::OpenTool(ToolWindow tool)
         RunProjectWindow(this);
     if (tool == ToolWindow::About)
         frmAbout::Run({[this](const QByteArray& tune) { PlayModule(tune); }, [this] { StopPlayers(); }}, this);
-    if (tool == ToolWindow::Inject)
-        RunInjectWindow(this);
     if (tool == ToolWindow::Options) {
-        RunOptionsWindow({[this] { bars.SaveCoolbar(); }, [this] { StorePosition(*this); }, {}}, this);
+        RunOptionsWindow({[this] { bars.SaveCoolbar(); }, [this] { StorePosition(*this); }}, this);
         FocusPane();
     }
     if (tool == ToolWindow::PCXLab)
         frmPCXLab::Run(this);
+    if (tool == ToolWindow::AVI2BMP)
+        frmAVI2BMP::Run(this);
+    if (tool == ToolWindow::Games)
+        RunGamesWindow(this);
 }
 
 void frmmain::ShowList(ListKind list)
 {
     HideLists();
+    const QRect area(stack->mapTo(recent->parentWidget(), QPoint()), stack->size());
     if (list == ListKind::Recent)
-        recent->OpenOver(stack->geometry());
+        recent->OpenOver(area);
     if (list == ListKind::Comments)
-        comments->OpenOver(stack->geometry());
+        comments->OpenOver(area);
     if (list == ListKind::Blocks)
-        blocks->OpenOver(stack->geometry());
+        blocks->OpenOver(area);
+    if (list == ListKind::GameWords)
+        words->ShowList();
 }
 
 void frmmain::CloseLists()

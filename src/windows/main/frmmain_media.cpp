@@ -1,10 +1,11 @@
 #include "windows/main/frmmain.h"
 
-#include "conf/element_record.h"
 #include "frame/documents/documents.h"
 #include "frame/files/file_commands.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/media/media_lists.h"
+#include "platform/audio.h"
 #include "platform/paths.h"
 #include "windows/main/dropped_files.h"
 #include "windows/main/line_hints_view.h"
@@ -26,19 +27,14 @@ void frmmain::AddMediaLists()
     ssML = new MediaTabs;
     watch = new MediaWatch(this);
     connect(ssML, &MediaTabs::Clicked, this, &frmmain::LeaveLists);
-    connect(ssML, &MediaTabs::Pressed, this, [this](int source, bool insert) {
-        if (insert)
-            InsertFileName(ssML->View(source).Selected());
+    connect(ssML, &MediaTabs::Inserted, this, [this](const QString& name) {
+        InsertFileName(name);
         LeaveLists();
     });
-    connect(ssML, &MediaTabs::Inserted, this, [this](int source) {
-        InsertFileName(ssML->View(source).Selected());
-        LeaveLists();
-    });
-    // Behind the click: a window opens.
+    // After the click: a window opens.
     connect(ssML, &MediaTabs::Opened, this, OpenMediaEntry, Qt::QueuedConnection);
     connect(ssML, &MediaTabs::MenuWanted, this,
-            [this](int source, const QPoint& at) { PopUpMediaMenu(ssML->View(source), at); });
+            [this](MediaSource source, const QPoint& at) { PopUpMediaMenu(ssML->View(source), at); });
     connect(&ssML->Extra(), &ExtraPage::DriveChosen, this, &frmmain::FocusPane);
     connect(&ssML->Extra(), &ExtraPage::InjectWanted, this, InsertInjectPath);
     connect(&ssML->Macros(), &MacroTree::Pressed, this, &frmmain::LeaveLists);
@@ -53,6 +49,7 @@ void frmmain::AddMediaLists()
             ssML->SaveSelection(); // its files stand elsewhere now
     });
     split->SetMedia(ssML);
+    audio::OnTrouble(ShowNotice);
 }
 
 /// The lists are a palette: the keyboard belongs to the text.
@@ -78,12 +75,12 @@ void frmmain::StyleMediaLists()
     ssML->SetStyle();
 }
 
-void frmmain::ShowMediaEntry(int source, int row)
+void frmmain::ShowMediaEntry(const MediaHit& entry)
 {
-    ssML->setCurrentIndex(source - 1);
-    MediaView& view = ssML->View(source);
+    ssML->ShowList(entry.Source);
+    MediaView& view = ssML->View(entry.Source);
     view.EndFilter();
-    view.SelectRow(row);
+    view.SelectRow(entry.Row);
 }
 
 bool frmmain::CanPreview(int mode) const
@@ -91,14 +88,10 @@ bool frmmain::CanPreview(int mode) const
     return mode != ModeLvl && HasMediaTool(mode);
 }
 
-void frmmain::PreviewMedia()
+void frmmain::PreviewMedia(const MediaRequest& request)
 {
-    const int source = Conf.MediaSource;
-    if (source >= 1 && source <= 3) {
-        Conf.MediaFile = ssML->View(source).Selected();
-        Lists().SavedListIndex.at(source) = ssML->View(source).SelectedRow();
-    }
-    OpenByMode(this, ssML->View(1).Path());
+    Lists().SavedListIndex.at(size_t(request.Entry.Source)) = request.Entry.Row;
+    OpenByMode(this, request);
     FocusPane();
 }
 

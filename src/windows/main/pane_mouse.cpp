@@ -1,10 +1,10 @@
 #include "windows/main/pane_mouse.h"
 
-#include "conf/edit_element.h"
 #include "conf/locate_image.h"
 #include "frame/documents/documents.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
+#include "windows/blocks/frm_inject.h"
 
 #include <QTimer>
 #include <algorithm>

@@ -5,6 +5,10 @@
 #include "frame/recovery/recovery.h"
 #include "frame/settings/settings.h"
 #include "frame/start/start_up.h"
+#include "game/game_program.h"
+#include "game/game_state.h"
+#include "game/scratch_home.h"
+#include "graphics/picks.h"
 #include "platform/close_requests.h"
 #include "platform/signals.h"
 #include "platform/single_instance.h"
@@ -13,6 +17,7 @@
 #include "windows/messages/window_asker.h"
 #include "windows/parts/close_guard.h"
 #include "windows/parts/screen_reader.h"
+#include "windows/sheet/frm_pcx.h"
 
 #include <QApplication>
 #include <QSessionManager>
@@ -40,6 +45,7 @@ int Run(QApplication& application, const StartFolders& folders)
     frmmain window;
     WindowAsker asker(&window);
     InstallHost(window, asker);
+    Picks.Sheet = [&window](const SheetRequest& request) { return frmPCX::Run(&window, request); };
     Frame.Keeper = &keeper;
     std::atexit(KeepAtExit);
 
@@ -61,10 +67,14 @@ int Run(QApplication& application, const StartFolders& folders)
         ShowHeldMessages();
         OfferRecovered(&window, keeper);
         Welcome();
+        SweepScratchHomes();
+        FindGameAtStart();
     });
     // A question of the start may have been answered by the end of the session.
     const int code = window.Ending() ? 0 : QApplication::exec();
+    ResetGame(); // a game that plays a copy ends with the program
     window.Finish();
+    ResetPicks();
     Frame.Keeper = nullptr;
     return code;
 }

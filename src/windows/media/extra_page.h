@@ -26,7 +26,7 @@ public:
     FolderTree* Folders() const { return extraDir; }
 
 signals:
-    void DriveChosen(); ///< behind the change
+    void DriveChosen(); ///< after the change
     void InjectWanted();
 
 protected:

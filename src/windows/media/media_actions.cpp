@@ -1,6 +1,5 @@
 #include "windows/media/media_actions.h"
 
-#include "conf/element_record.h"
 #include "frame/documents/documents.h"
 #include "frame/frame_events.h"
 #include "frame/frame_state.h"
@@ -29,26 +28,31 @@ void OpenOutside(const QString& path)
         ShowNotice(QStringLiteral("No program answers for ") + paths::Native(path));
 }
 
-/// Of whichever list; sounds and levels are those of Base, since the others hold none.
-void ShowSheet(QWidget* owner, const QString&)
+QString PathOf(const MediaHit& entry)
 {
-    if (!Conf.MediaFile.isEmpty())
-        frmPCX::Run(owner);
+    return PathOf(entry.Source, entry.Name);
+}
+
+void ShowSheet(QWidget* owner, const MediaRequest& request)
+{
+    OpenSheet(owner, {.Source = request.Entry.Source,
+                      .File = request.Entry.Name,
+                      .Block = request.Block,
+                      .Purpose = request.Quick ? SheetPurpose::Quick : SheetPurpose::Edit,
+                      .Prompt = {}});
 }
 
 /// The endings that the media player takes; all else is the module player's.
 constexpr QLatin1StringView MediaPlayerKinds[] = {QLatin1StringView("mid"), QLatin1StringView("mp3")};
 
-void PlayWave(QWidget*, const QString& path)
+void PlayWave(QWidget*, const MediaRequest& request)
 {
-    if (!path.isEmpty())
-        audio::PlayMedia(path); // what cannot be played is silent
+    audio::PlayMedia(PathOf(request.Entry)); // what cannot be played is silent
 }
 
-void PlayMusic(QWidget*, const QString& path)
+void PlayMusic(QWidget*, const MediaRequest& request)
 {
-    if (path.isEmpty())
-        return;
+    const QString path = PathOf(request.Entry);
     if (std::ranges::find(MediaPlayerKinds, path.right(3).toLower()) != std::end(MediaPlayerKinds)) {
         audio::StopModule();
         audio::PlayMedia(path);
@@ -61,11 +65,13 @@ void PlayMusic(QWidget*, const QString& path)
 struct ToolRow
 {
     int FirstMode, LastMode;
-    void (*Open)(QWidget* owner, const QString& path);
+    void (*Open)(QWidget* owner, const MediaRequest& request);
 };
 constexpr ToolRow MediaTools[] = {
-    {ModeGfx, ModeGfx, ShowSheet}, {ModeSfx, ModeSfx, PlayWave},
-    {ModeMus, ModeMus, PlayMusic}, {ModeLvl, ModeLvl, [](QWidget*, const QString& path) { ShowLevel(path); }},
+    {ModeGfx, ModeGfx, ShowSheet},
+    {ModeSfx, ModeSfx, PlayWave},
+    {ModeMus, ModeMus, PlayMusic},
+    {ModeLvl, ModeLvl, [](QWidget*, const MediaRequest& request) { ShowLevel(PathOf(request.Entry)); }},
     {ModeHlt, ModeEdi, ShowSheet},
 };
 
@@ -78,15 +84,9 @@ const ToolRow* ToolOf(int mode)
 
 } // namespace
 
-void OpenMediaEntry(int source)
+void OpenMediaEntry(const MediaHit& entry)
 {
-    Conf.Element.ElementOpen = false;
-    Conf.FieldFound.fill(1);
-    Conf.QuickPreview = false;
-    if (source != 1)
-        Conf.Element.ImageFile.clear();
-    Conf.MediaSource = source;
-    Tools().PreviewMedia();
+    Tools().PreviewMedia({entry, std::nullopt});
 }
 
 bool HasMediaTool(int mode)
@@ -94,10 +94,11 @@ bool HasMediaTool(int mode)
     return ToolOf(mode) != nullptr;
 }
 
-void OpenByMode(QWidget* owner, const QString& baseEntry)
+void OpenByMode(QWidget* owner, const MediaRequest& request)
 {
-    if (const ToolRow* tool = ToolOf(Frame.CurrentMode))
-        tool->Open(owner, baseEntry);
+    const ToolRow* tool = ToolOf(Frame.CurrentMode);
+    if (tool && !request.Entry.Name.isEmpty())
+        tool->Open(owner, request);
 }
 
 void ShowLevel(const QString& path)
@@ -148,7 +149,7 @@ void PopUpMediaMenu(MediaView& view, const QPoint& onScreen)
     const int mode = Frame.CurrentMode;
     if (HasMediaTool(mode))
         menu->setDefaultAction(add(mode == ModeSfx || mode == ModeMus ? "Play" : "Preview",
-                                   [source = view.Source()] { OpenMediaEntry(source); }));
+                                   [entry = view.Entry()] { OpenMediaEntry(entry); }));
     add("Insert Name", [name = view.Selected()] {
         InsertFileName(name);
         Panes().FocusPane();

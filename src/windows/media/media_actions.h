@@ -3,17 +3,19 @@
 #include <QString>
 
 class MediaView;
+struct MediaHit;
+struct MediaRequest;
 class QPoint;
 class QWidget;
 
 /// What is done with the files of the media lists.
 
-/// A double click on a list: no element block stands behind the file. Ends in the host's PreviewMedia.
-void OpenMediaEntry(int source);
+/// A double click on a list: no element block describes the file. Ends in the host's PreviewMedia.
+void OpenMediaEntry(const MediaHit& entry);
 
-/// Opens by the current mode: the sheet Conf.MediaFile of list Conf.MediaSource above the window `owner`, or the sound
-/// or level `baseEntry`, a path. Nothing if that is empty.
-void OpenByMode(QWidget* owner, const QString& baseEntry);
+/// Opens by the current mode: a sheet above the window `owner`, a sound or a level. Nothing for an entry without a
+/// name.
+void OpenByMode(QWidget* owner, const MediaRequest& request);
 
 /// Is there a tool for the media of a mode?
 bool HasMediaTool(int mode);

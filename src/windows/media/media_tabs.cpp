@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr int MacroSource = 4;
+constexpr int MacroPage = 3;
 constexpr int Edge = 5; // around the controls of a page, pixels at 96 dpi
 
 /// Tabs as narrow as their captions allow: all of them show in a narrow window too.
@@ -28,8 +28,8 @@ public:
 
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override
     {
-        const int told = QProxyStyle::pixelMetric(metric, option, widget);
-        return metric == PM_TabBarTabHSpace ? qMin(told, widget ? Pixels(*widget, 2 * Edge) : told) : told;
+        const int usual = QProxyStyle::pixelMetric(metric, option, widget);
+        return metric == PM_TabBarTabHSpace ? qMin(usual, widget ? Pixels(*widget, 2 * Edge) : usual) : usual;
     }
 };
 
@@ -44,11 +44,11 @@ QWidget* PageOf(QWidget* view)
     return page;
 }
 
-QString NoteFor(int source)
+QString NoteFor(MediaSource source)
 {
-    if (source == 3 && Frame.Media.RndFolder.isEmpty())
+    if (source == MediaSource::Rnd && Frame.Media.RndFolder.isEmpty())
         return QStringLiteral("The game's folder is not known");
-    const QString& pattern = source == 1 ? Frame.Media.BasePattern : Frame.Media.ListPattern;
+    const QString& pattern = source == MediaSource::PCXBrowser ? Frame.Media.BasePattern : Frame.Media.ListPattern;
     return IsMediaName(pattern.mid(1)) ? QStringLiteral("Nothing here") : QString();
 }
 
@@ -56,8 +56,9 @@ QString NoteFor(int source)
 
 MediaTabs::MediaTabs(QWidget* parent)
     : QTabWidget(parent),
-      views{new MediaView(1, "PCXBrowser", nullptr), new MediaView(2, "extraFileList", nullptr),
-            new MediaView(3, "rndFileList", nullptr)},
+      views{new MediaView(MediaSource::PCXBrowser, "PCXBrowser", nullptr),
+            new MediaView(MediaSource::Extra, "extraFileList", nullptr),
+            new MediaView(MediaSource::Rnd, "rndFileList", nullptr)},
       extra(new ExtraPage(*views[1])),
       macros(new MacroTree)
 {
@@ -90,23 +91,31 @@ void MediaTabs::AddPage(QWidget* page, const char* caption, const char* helpKey)
 
 void MediaTabs::ConnectView(MediaView& view)
 {
-    const int source = view.Source();
-    connect(&view, &MediaView::Pressed, this, [=, this](bool insert) {
-        awaited.at(source) = false;
-        emit Pressed(source, insert);
+    const MediaSource source = view.Source();
+    connect(&view, &MediaView::Pressed, this, [=, this, &view](bool insert) {
+        awaited.at(size_t(source)) = false;
+        if (insert)
+            emit Inserted(view.Selected());
+        else
+            emit Clicked();
     });
-    connect(&view, &MediaView::Opened, this, [=, this] { emit Opened(source); });
-    connect(&view, &MediaView::Inserted, this, [=, this] { emit Inserted(source); });
+    connect(&view, &MediaView::Opened, this, [this, &view] { emit Opened(view.Entry()); });
+    connect(&view, &MediaView::Inserted, this, [this, &view] { emit Inserted(view.Selected()); });
     connect(&view, &MediaView::MenuWanted, this, [=, this](QPoint at) { emit MenuWanted(source, at); });
 }
 
 void MediaTabs::ShowLists()
 {
     extra->ShowFolder(Frame.Media.ExtraFolder);
-    View(3).setEnabled(!Frame.Media.RndFolder.isEmpty());
+    View(MediaSource::Rnd).setEnabled(!Frame.Media.RndFolder.isEmpty());
     for (MediaView* view : views)
         view->Follow(NoteFor(view->Source()));
     macros->BuildMacroTree();
+}
+
+void MediaTabs::ShowList(MediaSource source)
+{
+    setCurrentIndex(int(source) - 1);
 }
 
 void MediaTabs::SetStyle()
@@ -126,20 +135,20 @@ void MediaTabs::LookAtPictures()
 void MediaTabs::SaveSelection()
 {
     for (const MediaView* view : views)
-        Lists().SavedListIndex.at(view->Source()) = view->SelectedRow();
-    Lists().SavedListIndex.at(MacroSource) = macros->SelectedRow();
+        Lists().SavedListIndex.at(size_t(view->Source())) = view->SelectedRow();
+    Lists().SavedListIndex.at(MacrosIndex) = macros->SelectedRow();
     awaited.fill(true);
 }
 
 void MediaTabs::RestoreSelection()
 {
     for (MediaView* view : views) {
-        const int row = Lists().SavedListIndex.at(view->Source());
-        if (std::exchange(awaited.at(view->Source()), false) && (row != view->SelectedRow() || row == 0))
+        const int row = Lists().SavedListIndex.at(size_t(view->Source()));
+        if (std::exchange(awaited.at(size_t(view->Source())), false) && (row != view->SelectedRow() || row == 0))
             view->SelectRow(row > 0 ? row : -1);
     }
     if (macros->SelectedRow() < 0)
-        macros->SelectRow(Lists().SavedListIndex.at(MacroSource));
+        macros->SelectRow(Lists().SavedListIndex.at(MacrosIndex));
 }
 
 MediaView* MediaTabs::Focused() const
@@ -150,7 +159,7 @@ MediaView* MediaTabs::Focused() const
 
 void MediaTabs::FocusList()
 {
-    QWidget* list = currentIndex() + 1 == MacroSource ? static_cast<QWidget*>(macros) : &View(currentIndex() + 1);
+    QWidget* list = currentIndex() == MacroPage ? static_cast<QWidget*>(macros) : views.at(size_t(currentIndex()));
     if (list->isEnabled())
         list->setFocus(Qt::ShortcutFocusReason);
     else

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "frame/media/media_request.h"
+
 #include <QTabWidget>
 #include <array>
 
@@ -16,7 +18,9 @@ class MediaTabs : public QTabWidget
 public:
     explicit MediaTabs(QWidget* parent = nullptr);
 
-    MediaView& View(int source) const { return *views[std::size_t(source - 1)]; } ///< as in MediaLists::List
+    /// Of PCXBrowser, Extra or Rnd.
+    MediaView& View(MediaSource source) const { return *views[size_t(source) - 1]; }
+    void ShowList(MediaSource source); ///< its tab in front
     ExtraPage& Extra() const { return *extra; }
     MacroTree& Macros() const { return *macros; }
 
@@ -36,11 +40,10 @@ public:
     void FocusList();           ///< the keyboard to the list in front
 
 signals:
-    void Clicked(); ///< on a tab or beside the lists
-    void Pressed(int source, bool insert);
-    void Opened(int source);
-    void Inserted(int source); ///< by key
-    void MenuWanted(int source, const QPoint& onScreen);
+    void Clicked(); ///< on a tab, in a list or beside the lists
+    void Opened(const MediaHit& entry);
+    void Inserted(const QString& name);
+    void MenuWanted(MediaSource source, const QPoint& onScreen);
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
@@ -52,5 +55,5 @@ private:
     std::array<MediaView*, 3> views;
     ExtraPage* extra;
     MacroTree* macros;
-    std::array<bool, 4> awaited{}; ///< by source: saved and not yet restored
+    std::array<bool, 4> awaited{}; ///< by MediaSource: saved and not yet restored
 };

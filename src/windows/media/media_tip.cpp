@@ -28,7 +28,7 @@ QString LengthOf(const QString& path)
 
 QString SizeOf(const QString& path)
 {
-    if (!HasSheetName(path))
+    if (!HasSheetName(path, Frame.Settings.SheetKinds))
         return {};
     const auto header = images::ReadHeader(path);
     return header ? QStringLiteral("%1 x %2 pixels").arg(header->Size.width()).arg(header->Size.height())

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// What is told of a file under the mouse: its name, the size of an image in pixels or the length of a wave in
+/// What the tip of a file under the mouse says: its name, the size of an image in pixels or the length of a wave in
 /// seconds, and its bytes. Reads no more than the file's first part.
 QString MediaTip(const QString& path);
 

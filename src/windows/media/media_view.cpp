@@ -15,7 +15,7 @@
 #include <QUrl>
 #include <algorithm>
 
-MediaView::MediaView(int list, const char* name, QWidget* parent)
+MediaView::MediaView(MediaSource list, const char* name, QWidget* parent)
     : QListView(parent), source(list), filter(new QLineEdit(this)), thumbnails(new Thumbnails(*this))
 {
     setObjectName(QString::fromLatin1(name));
@@ -61,6 +61,11 @@ void MediaView::focusInEvent(QFocusEvent* event)
     QListView::focusInEvent(event);
     if (SelectedRow() < 0 && shown.rowCount() > 0)
         setCurrentIndex(shown.index(0, 0));
+}
+
+MediaHit MediaView::Entry() const
+{
+    return {source, SelectedRow(), Selected()};
 }
 
 QString MediaView::Selected() const
@@ -144,12 +149,12 @@ void MediaView::LookAtPictures()
     thumbnails->LookAgain();
 }
 
-void MediaView::Follow(const QString& told)
+void MediaView::Follow(const QString& text)
 {
     if (folder != List().Folder())
         EndFilter();
     folder = List().Folder();
-    note = told;
+    note = text;
     viewport()->update();
 }
 
@@ -248,13 +253,13 @@ void MediaView::contextMenuEvent(QContextMenuEvent* event)
 void MediaView::paintEvent(QPaintEvent* event)
 {
     QListView::paintEvent(event);
-    const QString told = filter->text().isEmpty() ? note : QStringLiteral("Nothing fits the filter");
-    if (told.isEmpty() || shown.rowCount() > 0)
+    const QString text = filter->text().isEmpty() ? note : QStringLiteral("Nothing fits the filter");
+    if (text.isEmpty() || shown.rowCount() > 0)
         return;
     QPainter painter(viewport());
     painter.setPen(palette().color(QPalette::PlaceholderText));
     const QRect room = viewport()->rect().adjusted(6, 6, -6, -6);
-    painter.drawText(room, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, told);
+    painter.drawText(room, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, text);
 }
 
 bool MediaView::viewportEvent(QEvent* event)

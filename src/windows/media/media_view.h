@@ -1,5 +1,7 @@
 #pragma once
 
+#include "frame/media/media_request.h"
+
 #include <QListView>
 #include <QSortFilterProxyModel>
 
@@ -15,10 +17,11 @@ class MediaView : public QListView
     Q_OBJECT
 
 public:
-    /// `source` as in MediaLists::List. The folder is not read before the list shows.
-    MediaView(int source, const char* name, QWidget* parent);
+    /// The folder of the source is not read before the list shows.
+    MediaView(MediaSource source, const char* name, QWidget* parent);
 
-    int Source() const { return source; }
+    MediaSource Source() const { return source; }
+    MediaHit Entry() const;   ///< the selected entry; Row -1 and no name for none
     QString Selected() const; ///< the selected entry, "" for none
     int SelectedRow() const;  ///< in the list's model; -1 for none
     void SelectRow(int row);  ///< of the model, brought into the middle; one outside selects none
@@ -40,7 +43,7 @@ public:
     void Follow(const QString& note);
 
 signals:
-    void Pressed(bool insert); ///< by the mouse, behind the selecting
+    void Pressed(bool insert); ///< by the mouse, after the selecting
     void Opened();             ///< by double click or Enter, with an entry selected
     void MenuWanted(const QPoint& onScreen);
     void Inserted(); ///< by key
@@ -66,7 +69,7 @@ private:
     void DragEntry();
     void PlaceFilter();
 
-    int source;
+    MediaSource source;
     QSortFilterProxyModel shown;
     QLineEdit* filter;
     Thumbnails* thumbnails;

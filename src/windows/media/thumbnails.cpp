@@ -53,7 +53,7 @@ void Thumbnails::LookAgain()
 QSize Thumbnails::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
     const int high = QStyledItemDelegate::sizeHint(option, index).height();
-    const bool pictured = IsOn() && HasSheetName(index.data().toString());
+    const bool pictured = IsOn() && HasSheetName(index.data().toString(), Frame.Settings.SheetKinds);
     // As wide as the list: a long name is cut in the middle instead of being scrolled to.
     return {1, pictured ? qMax(high, Side() + 4) : high};
 }
@@ -61,7 +61,7 @@ QSize Thumbnails::sizeHint(const QStyleOptionViewItem& option, const QModelIndex
 void Thumbnails::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
-    if (!IsOn() || !HasSheetName(option->text))
+    if (!IsOn() || !HasSheetName(option->text, Frame.Settings.SheetKinds))
         return;
     const Thumb* thumb = thumbs.object(view.PathOf(index));
     option->features |= QStyleOptionViewItem::HasDecoration;
@@ -98,7 +98,7 @@ void Thumbnails::AskNext()
     for (; index.isValid() && view.visualRect(index).top() <= room.bottom();
          index = index.siblingAtRow(index.row() + 1)) {
         const QString path = view.PathOf(index);
-        if (!HasSheetName(path) || !IsDue(path))
+        if (!HasSheetName(path, Frame.Settings.SheetKinds) || !IsDue(path))
             continue;
         const QFileInfo file(path);
         const Thumb thumb{{}, file.lastModified().toMSecsSinceEpoch(), file.size(), look};

@@ -5,6 +5,7 @@
 #include "frame/messages/asker.h"
 #include "frame/messages/messages.h"
 #include "frame/settings/settings.h"
+#include "game/game_program.h"
 #include "platform/paths.h"
 
 std::optional<QString> AskForGame(const QString& known)
@@ -15,9 +16,9 @@ std::optional<QString> AskForGame(const QString& known)
                            {}});
 }
 
-bool IsTheGame(const QString& program, const std::function<Result<>(const QString&)>& prove)
+bool IsTheGame(const QString& program)
 {
-    if (prove && prove(program))
+    if (ProveGame(program))
         return true;
     ShowMessage(message::NotTheGame);
     return false;

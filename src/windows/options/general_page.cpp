@@ -154,7 +154,7 @@ QGroupBox* GeneralPage::MakeGotoComment(QWidget* parent)
 void GeneralPage::FindTheGame()
 {
     const std::optional<QString> chosen = AskForGame(Frame.Settings.RNDPath);
-    if (!chosen || !IsTheGame(*chosen, ports.ProveGame))
+    if (!chosen || !IsTheGame(*chosen))
         return;
     txtRndPath->setText(paths::Native(*chosen));
     lookedElsewhere = true;

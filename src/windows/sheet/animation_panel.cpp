@@ -16,18 +16,6 @@
 
 namespace {
 
-enum Field {
-    XPosField,
-    YPosField,
-    FramesField,
-    DelayField,
-    AnimModeField,
-    StartField,
-    SyncField,
-    OffsetField,
-    NameField
-};
-
 QString NumberTaken(const QString& text)
 {
     constexpr int longest = 7;
@@ -214,10 +202,10 @@ void AnimationPanel::ShowCurrent(int tile)
 
 void AnimationPanel::EnableFound()
 {
-    const std::pair<QWidget*, Field> controls[] = {
-        {txtDelay, DelayField},       {cmdDelaySpin[0], DelayField}, {cmdDelaySpin[1], DelayField},
-        {cmbAnimMode, AnimModeField}, {chkReverse, AnimModeField},   {txtStart, StartField},
-        {chkGlobalsync, SyncField},   {txtOffset, OffsetField},      {txtName, NameField},
+    const std::pair<QWidget*, BlockField> controls[] = {
+        {txtDelay, DelayField},           {cmdDelaySpin[0], DelayField}, {cmdDelaySpin[1], DelayField},
+        {cmbAnimMode, AnimModeField},     {chkReverse, AnimModeField},   {txtStart, StartFrameField},
+        {chkGlobalsync, GlobalSyncField}, {txtOffset, OffsetField},      {txtName, NameField},
     };
     for (const auto& [control, field] : controls)
         control->setEnabled(Conf.FieldFound[field]);

@@ -1,13 +1,12 @@
 #include "windows/sheet/frm_pcx.h"
 
-#include "conf/block_fields.h"
 #include "conf/element_record.h"
-#include "conf/write_block.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
 #include "graphics/animation.h"
 #include "graphics/sheet.h"
+#include "graphics/sheet_answer.h"
 #include "graphics/sheet_marks.h"
 #include "graphics/tiles_in_use.h"
 #include "platform/images.h"
@@ -29,22 +28,14 @@
 #include <QPushButton>
 #include <QToolButton>
 #include <QUrl>
+#include <utility>
 
 namespace {
 
-constexpr int FromMacro = 4; // Conf.MediaSource: MediaFile is the whole path
 constexpr int ImageErrorNag = 2;
 constexpr int MarkPhases = 10;
 constexpr int RedrawDelay = 100; // a preview with a longer delay is drawn again by the marks' timer
-const QString SheetAlone = QStringLiteral("PREVIEW");
 constexpr QPoint NewElementPlace{60, 54};
-
-QString PathOfMedia()
-{
-    if (Conf.MediaSource == FromMacro)
-        return paths::Inside(Conf.MediaFile);
-    return Lists().List(Conf.MediaSource).Folder() + Conf.MediaFile;
-}
 
 QStringList KnownModes()
 {
@@ -53,9 +44,10 @@ QStringList KnownModes()
 
 } // namespace
 
-void frmPCX::Run(QWidget* owner)
+SheetAnswer frmPCX::Run(QWidget* owner, const SheetRequest& request)
 {
-    const QString path = PathOfMedia();
+    TakeElement(request, CurrentPane());
+    const QString path = PathOf(request.Source, request.File);
     Busy().BusyPointer(true);
     const auto picture = images::Load(path);
     Busy().BusyPointer(false);
@@ -64,25 +56,27 @@ void frmPCX::Run(QWidget* owner)
             ShowMessage(message::BadPcx);
         else
             ShowFailure(picture.error()); // the decoder is not there
-        return;
+        return {};
     }
     ShowSheet(picture->Pixels);
     if (picture->EndsEarly)
         Sheet.ImageWarnings += QStringLiteral("The image file ends early.\n\n");
     const ModalScope modal;
-    frmPCX window(DialogParent(owner), path);
+    frmPCX window(DialogParent(owner), request);
     window.exec();
-    Sheet.PickPrompt.clear();
     Sheet.Picture = QImage();
+    window.answer.Element = Conf.Element;
+    return window.answer;
 }
 
-frmPCX::frmPCX(QWidget* owner, const QString& file)
+frmPCX::frmPCX(QWidget* owner, const SheetRequest& wanted)
     : QDialog(owner),
-      path(file),
-      opening(FitElementToSheet(KnownModes())),
-      isPick(Conf.MediaSource == FromMacro),
-      isPreview(isPick && Sheet.PickPrompt == SheetAlone),
-      isQuick(Conf.QuickPreview && !isPick)
+      request(wanted),
+      path(PathOf(wanted.Source, wanted.File)),
+      opening(FitElementToSheet(wanted, KnownModes())),
+      isPick(wanted.IsPick()),
+      isPreview(wanted.Purpose == SheetPurpose::Show),
+      isQuick(wanted.Purpose == SheetPurpose::Quick)
 {
     setObjectName(QStringLiteral("frmPCX"));
     SetHelpSubject(this, NoHelpSubject);
@@ -90,13 +84,14 @@ frmPCX::frmPCX(QWidget* owner, const QString& file)
     ConnectParts();
     ShowElement();
     EnableTools();
-    if (!Sheet.PickPrompt.isEmpty())
+    if (isPreview || !request.Prompt.isEmpty())
         ShowPick();
     if (isQuick)
         BecomeQuickPreview();
     else
         CentreOnScreen();
-    Conf.Element.ImageFile = Conf.MediaFile;
+    answer.Outcome = SheetOutcome::Closed;
+    Conf.Element.ImageFile = request.File;
     if (!isPreview) {
         tmrFlash.start(100);
         preview->Start();
@@ -123,7 +118,7 @@ void frmPCX::ShowElement()
         panel->EnableFound();
     panel->ShowRecord();
     const bool named = opening.FromBlock && !Conf.Element.BlockKey.isEmpty();
-    setWindowTitle(named ? Conf.Element.BlockKey + QStringLiteral(" - ") + Conf.MediaFile : Conf.MediaFile);
+    setWindowTitle(named ? Conf.Element.BlockKey + QStringLiteral(" - ") + request.File : request.File);
     picScroll->MarksMoved();
 }
 
@@ -139,13 +134,12 @@ void frmPCX::ShowPick()
         layout()->setContentsMargins({});
         picScroll->setFrameShape(QFrame::NoFrame);
     } else {
-        picFlash->setText(Sheet.PickPrompt);
-        picFlash->setToolTip(Sheet.PickPrompt.toHtmlEscaped());
+        picFlash->setText(request.Prompt);
+        picFlash->setToolTip(request.Prompt.toHtmlEscaped());
         picFlash->show();
         FlashTitle();
         tmrFlashTitle.start(200);
     }
-    Sheet.PickPrompt.clear();
 }
 
 void frmPCX::showEvent(QShowEvent* event)
@@ -271,24 +265,21 @@ void frmPCX::CloseNewElement()
 
 void frmPCX::MakeElement(const QString& key, bool full)
 {
-    EditorPane& pane = CurrentPane();
-    UndoGroup group(pane);
-    const int line = pane.GetSel(true).StartLine;
-    pane.InsertLine(line, key);
-    pane.SelectLine(line, true);
-    ElementRecord& element = Conf.Element;
-    if (element.Reverse)
-        element.AnimMode = element.AnimMode == QLatin1StringView("loop")
-                               ? QStringLiteral("reverse")
-                               : element.AnimMode + QStringLiteral(",reverse");
-    WriteElementBlock(full, CallersUndoGroup);
-    element.ImageFile.clear();
-    accept();
+    answer.Key = key;
+    answer.Full = full;
+    End(SheetOutcome::NewElement);
 }
 
 void frmPCX::UpdateElement()
 {
-    UpdateElementBlock();
+    if (const auto mode = std::exchange(Conf.UnknownMode, std::nullopt))
+        Conf.Element.AnimMode = *mode;
+    End(SheetOutcome::Update);
+}
+
+void frmPCX::End(SheetOutcome outcome)
+{
+    answer.Outcome = outcome;
     accept();
 }
 
@@ -296,8 +287,11 @@ void frmPCX::MarkTilesInUse()
 {
     if (Frame.CurrentMode != ModeGfx || isPick)
         return;
-    const int own = Conf.Element.ElementOpen ? Conf.MainLine : -1;
-    picScroll->SetTilesInUse(TilesInUse(CurrentPane(), Conf.MediaFile, own));
+    const DocumentText& text = CurrentPane();
+    const int own = request.Block ? request.Block->MainLine : -1;
+    picScroll->SetTilesInUse(
+        TilesInUse(text.Bytes(), LinesOf(text),
+                   {request.File, Sheet.SheetColumns, Sheet.SheetRows, own, Frame.Settings.SheetKinds}));
 }
 
 void frmPCX::WatchFile()
@@ -358,11 +352,7 @@ void frmPCX::keyPressEvent(QKeyEvent* event)
         QDialog::keyPressEvent(event);
 }
 
-void PickFromSheet(QWidget* owner, const QString& file, const QString& prompt)
+void OpenSheet(QWidget* owner, const SheetRequest& request)
 {
-    Conf.MediaSource = FromMacro;
-    Conf.MediaFile = file;
-    Conf.Element.ImageFile.clear();
-    Sheet.PickPrompt = prompt;
-    frmPCX::Run(owner);
+    WriteSheetAnswer(CurrentPane(), request, frmPCX::Run(owner, request));
 }

@@ -17,14 +17,15 @@ class SheetTools;
 class SheetView;
 
 /// "PCX Helper": one tile sheet with the marks of an animation on it, its preview, and the fields of the element that
-/// it belongs to. Opens on the file that `Conf.MediaSource` and `Conf.MediaFile` name.
+/// it belongs to.
 class frmPCX : public QDialog
 {
     Q_OBJECT
 
 public:
-    /// Opens the window and returns when it is closed. A file that is no picture gives message 107 and no window.
-    static void Run(QWidget* owner);
+    /// Opens the window and returns when it is closed. A file that is no picture gives message 107 and no window. The
+    /// text is left alone: what is to become of it stands in the answer.
+    static SheetAnswer Run(QWidget* owner, const SheetRequest& request);
 
     ~frmPCX() override;
 
@@ -35,7 +36,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    frmPCX(QWidget* owner, const QString& path);
+    frmPCX(QWidget* owner, const SheetRequest& request);
 
     void LayOut();
     void ConnectParts();
@@ -57,14 +58,17 @@ private:
     void CloseNewElement();
     void MakeElement(const QString& key, bool full);
     void UpdateElement();
+    void End(SheetOutcome outcome);
     void WatchFile();
     void ReadAgain();
     void OpenInEditor();
     void MarkTilesInUse();
 
-    QString path;
+    const SheetRequest request;
+    const QString path;
     SheetOpening opening;
-    bool isPick = false, isPreview = false, isQuick = false;
+    const bool isPick, isPreview, isQuick;
+    SheetAnswer answer;
     SheetView* picScroll;
     SheetTools* tools;
     AnimationPanel* panel;
@@ -80,6 +84,5 @@ private:
     int MarkerPhase = 1;
 };
 
-/// A macro's pick: the sheet of `file` with `prompt` flashing above it; "PREVIEW" shows the sheet alone. The picked
-/// values stay in `Conf.Element`.
-void PickFromSheet(QWidget* owner, const QString& file, const QString& prompt);
+/// Opens the window on a sheet of the current document and writes what it gives back.
+void OpenSheet(QWidget* owner, const SheetRequest& request);

@@ -2,6 +2,7 @@
 
 #include "conf/block_outline.h"
 #include "editor/make_pane.h"
+#include "frame/frame_state.h"
 #include "frame/media/media_lists.h"
 #include "graphics/sheet.h"
 #include "platform/images.h"
@@ -29,11 +30,11 @@ void ShowTipAnew(EditorPane& pane)
 
 QImage HoverTile(EditorPane& pane, int line, int column)
 {
-    const std::optional<HoveredBlock> block = BlockUnder(LinesOf(pane), line, column);
+    const std::optional<HoveredBlock> block = BlockUnder(LinesOf(pane), line, column, Frame.Settings.SheetKinds);
     const std::optional<MediaHit> hit = block ? FindImageInLists(block->Image) : std::nullopt;
     if (!hit)
         return {};
-    const QString path = Lists().List(hit->Source).Folder() + hit->Name;
+    const QString path = PathOf(hit->Source, hit->Name);
     const std::optional<images::Picture> sheet = images::Kept(path);
     if (!sheet) {
         images::LoadLater(path, &pane, [&pane](const Result<images::Picture>& loaded) {

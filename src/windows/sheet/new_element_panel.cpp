@@ -14,12 +14,11 @@
 
 namespace {
 
-constexpr int Directions = 4; // the first words of the action list
 
-QString ChosenIn(const QListWidget& list)
+/// The entry of `words` that is selected in their list; empty for none.
+QString ChosenIn(const QListWidget& list, const QStringList& words)
 {
-    const auto chosen = list.selectedItems();
-    return chosen.isEmpty() ? QString() : chosen.constFirst()->text();
+    return list.selectedItems().isEmpty() ? QString() : words.value(list.currentRow());
 }
 
 } // namespace
@@ -70,13 +69,12 @@ NewElementPanel::NewElementPanel(QWidget* parent) : QFrame(parent)
 
 void NewElementPanel::Open()
 {
-    const QStringList& elements = Frame.WordLists[ModeGfx][KindElements];
-    const QStringList& actions = Frame.WordLists[ModeGfx][KindActions];
+    words = GraphicsKeyWords();
     const std::pair<QListWidget*, QStringList> lists[] = {
-        {lstElement, elements}, {lstAction, actions.mid(Directions)}, {lstDirection, actions.mid(0, Directions)}};
-    for (const auto& [list, words] : lists) {
+        {lstElement, words.Elements}, {lstAction, words.Actions}, {lstDirection, words.Directions}};
+    for (const auto& [list, entries] : lists) {
         list->clear();
-        list->addItems(words);
+        list->addItems(entries);
         list->setCurrentItem(nullptr);
         list->clearSelection();
     }
@@ -88,14 +86,14 @@ void NewElementPanel::Open()
 
 void NewElementPanel::Make()
 {
-    const QString element = ChosenIn(*lstElement);
+    const QString element = ChosenIn(*lstElement, words.Elements);
     if (element.isEmpty()) {
         ShowMessage(message::NoElementPicked);
         return;
     }
     QString key = element;
-    for (const QListWidget* list : {lstAction, lstDirection})
-        if (const QString word = ChosenIn(*list); !word.isEmpty())
+    for (const QString& word : {ChosenIn(*lstAction, words.Actions), ChosenIn(*lstDirection, words.Directions)})
+        if (!word.isEmpty())
             key += QLatin1Char('.') + word;
     emit MakeWanted(key, useFull->isChecked());
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "frame/vocabulary.h"
+
 #include <QFrame>
 
 class QListWidget;
@@ -17,7 +19,7 @@ public:
     void Open();
 
 signals:
-    /// `key`: the element with what was chosen behind it; `full`: every line of a block.
+    /// `key`: the element with what was chosen after it; `full`: every line of a block.
     void MakeWanted(const QString& key, bool full);
     void CancelWanted();
 
@@ -27,6 +29,7 @@ protected:
 private:
     void Make();
 
+    KeyWords words;
     QListWidget *lstElement, *lstAction, *lstDirection;
     QRadioButton *useTemplate, *useFull;
 };

@@ -95,11 +95,11 @@ TEST_F(MediaListsTest, ImagesAreLookedForInTheOrderOfTheLists)
     ASSERT_TRUE(OpenDocument(conf, false));
     const auto both = FindImageInLists(QStringLiteral("BOTH.pcx"));
     ASSERT_TRUE(both);
-    EXPECT_EQ(both->Source, 1);
+    EXPECT_EQ(both->Source, MediaSource::PCXBrowser);
     EXPECT_EQ(both->Name, QStringLiteral("both.pcx.bak.pcx"));
     const auto twin = FindImageInLists(QStringLiteral("alone.pcx"));
     ASSERT_TRUE(twin);
-    EXPECT_EQ(twin->Source, 2);
+    EXPECT_EQ(twin->Source, MediaSource::Extra);
     EXPECT_EQ(twin->Name, QStringLiteral("Alone.png"));
     EXPECT_FALSE(FindImageInLists(QString()));
     SetMode(ModeSfx);

@@ -13,7 +13,7 @@ TEST_F(Settings, TheShippedSettingsLoadWithoutACorrection)
     EXPECT_EQ(Frame.Settings.SpacerWidth, 43);
     EXPECT_EQ(Frame.Settings.UndoLimit, -1);
     EXPECT_EQ(Frame.Settings.LineCommentSearchChar, QStringLiteral("~"));
-    EXPECT_EQ(Frame.Settings.SheetKinds, (QStringList{QStringLiteral("pcx"), QStringLiteral("png")}));
+    EXPECT_EQ(Frame.Settings.SheetKinds.Words(), (QStringList{QStringLiteral("pcx"), QStringLiteral("png")}));
     EXPECT_EQ(Frame.Settings.ComType[1], QStringLiteral("-e \"print graphicsinfo.conf\""));
     EXPECT_TRUE(Frame.Settings.AnimModes.contains(QStringLiteral("pingpong2")));
     EXPECT_TRUE(ReadWordList(QStringLiteral("AnimModifiers")).contains(QStringLiteral("opaque_player")));
@@ -169,14 +169,4 @@ TEST_F(Settings, TheGamesDataMayLieApartFromItsExecutable)
     EXPECT_EQ(Frame.Media.RndFolder, QString());
     EXPECT_FALSE(IsRndPathSet());
     EXPECT_EQ(Run.TakeMessages().size(), 1);
-}
-
-// Catches: lines that name a sheet only in the case or with the ending of the table's first entry.
-TEST_F(Settings, ALineNamesASheetByAnyEnding)
-{
-    Run.Start();
-    EXPECT_TRUE(HasSheetName(u"yamyam.moving: RocksMore.PCX"));
-    EXPECT_TRUE(HasSheetName(u"a.b.png"));
-    EXPECT_FALSE(HasSheetName(u"a.pc b.pn .xpos: 1"));
-    EXPECT_FALSE(HasSheetName(u""));
 }

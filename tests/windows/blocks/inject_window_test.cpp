@@ -98,7 +98,7 @@ TEST_F(InjectWindow, AVisitWithoutAChangeLeavesNothing)
 TEST_F(InjectWindow, CrumbledBlocksHaveTheirOwnBoxes)
 {
     Edit("sand.CRUMBLED: x.png\nsand.CRUMBLED.frames: 3\n\n", [](frmInject& window) {
-        for (int box = 0; box < InjectBoxes; ++box)
+        for (int box = 0; box < int(KnownCommands); ++box)
             EXPECT_EQ(window.chkOption(box)->isEnabled(), box < 8 || box == 18) << box;
         EXPECT_EQ(window.lstAction()->Text(), NoPart);
         Pick(window.lstElement(), QStringLiteral("wall"));

@@ -94,8 +94,8 @@ TEST_F(CommandTable, MenusStandInTheToldOrder)
         {"mnuSearch", "Find|Find|Find Next|Find Previous|-|Replace|-|Goto Comment|Goto Next Comment|"
                       "Goto Previous Comment|-|Goto Line Number|Goto Top|Goto Bottom|-|Goto Block"},
         {"mnuView", "View|Line Numbers|Spaces + Tabs|Colours|-|Super Tab|Line Hints|Thumbnails"},
-        {"mnuRND", "RnD|Run Rocks'n'Diamonds|Run RnD - Fast Test Selected Element|Level Manager|-|Check For Errors|-|"
-                   "View Error Log|Extract From RnD"},
+        {"mnuRND", "RnD|Run Rocks'n'Diamonds|Run RnD - Fast Test Selected Element|Test Set Safely|Level Manager|-|"
+                   "Check For Errors|-|Check With The Game|View Error Log|The Game's Words|Extract From RnD|-|Games"},
         {"mnuExtra", "Extra|Game Structure Wizard|Make Level Preview Palette|Make Editor Headline|-|PCX Lab|"
                      "AVI To Bitmap|-|Gemforge BASIC"},
         {"mnuHelp", "Help|Help|-|About"}};

@@ -1,6 +1,5 @@
 #include "windows/main/pane_mouse.h"
 
-#include "conf/element_record.h"
 #include "editor/make_pane.h"
 #include "frame/media/media_lists.h"
 #include "windows/blocks/frm_inject.h"
@@ -17,9 +16,14 @@ class PreviewingWindow : public frmmain
 {
 public:
     bool CanPreview(int mode) const override { return mode == ModeGfx; }
-    void PreviewMedia() override { Opened << Conf.MediaFile + (Conf.QuickPreview ? u" quick" : u" full"); }
+    void PreviewMedia(const MediaRequest& request) override
+    {
+        Opened << request.Entry.Name + (request.Quick ? u" quick" : u" full");
+        MainLine = request.Block ? request.Block->MainLine : -1;
+    }
 
     QStringList Opened;
+    int MainLine = -1;
 };
 
 class PaneMouse : public MainWindowTest
@@ -60,7 +64,7 @@ TEST_F(PaneMouse, ButtonsWithAltOpenTheTools)
     }
     EXPECT_EQ(Opened(), (QStringList{QStringLiteral("x.png quick"), QStringLiteral("x.png full"),
                                      QStringLiteral("x.png quick"), QStringLiteral("x.png full")}));
-    EXPECT_EQ(Conf.Element.XPos, 3);
+    EXPECT_EQ(static_cast<PreviewingWindow&>(*Window).MainLine, 0);
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
     QTimer::singleShot(15, qApp, [] {
         QWidget* modal = QApplication::activeModalWidget();

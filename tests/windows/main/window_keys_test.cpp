@@ -91,7 +91,7 @@ TEST_F(WindowKeysTest, F6GoesRoundTheParts)
     Press(Qt::Key_F6);
     EXPECT_TRUE(Tabs()->hasFocus());
     Press(Qt::Key_F6);
-    EXPECT_TRUE(Window->Media().View(1).hasFocus());
+    EXPECT_TRUE(Window->Media().View(MediaSource::PCXBrowser).hasFocus());
     Press(Qt::Key_F6);
     EXPECT_TRUE(WidgetOf(CurrentPane())->hasFocus());
 }

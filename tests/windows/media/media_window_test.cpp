@@ -72,8 +72,8 @@ protected:
         MainWindowTest::TearDown();
     }
 
-    MediaView& List(int source = 1) const { return Window->Media().View(source); }
-    QRect PlaceOf(int row, int source = 1) const
+    MediaView& List(MediaSource source = MediaSource::PCXBrowser) const { return Window->Media().View(source); }
+    QRect PlaceOf(int row, MediaSource source = MediaSource::PCXBrowser) const
     {
         return List(source).visualRect(List(source).model()->index(row, 0));
     }
@@ -82,7 +82,7 @@ protected:
         QTest::mouseClick(List().viewport(), button, keys, PlaceOf(row).center());
         QCoreApplication::processEvents();
     }
-    void DoubleClick(int row, int source = 1) const
+    void DoubleClick(int row, MediaSource source = MediaSource::PCXBrowser) const
     {
         QTest::mouseDClick(List(source).viewport(), Qt::LeftButton, {}, PlaceOf(row, source).center());
     }
@@ -116,7 +116,7 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowActive(Window.get()));
         return title;
     }
-    QStringList Shown(int source = 1) const
+    QStringList Shown(MediaSource source = MediaSource::PCXBrowser) const
     {
         QStringList names;
         for (int row = 0; row < List(source).model()->rowCount(); ++row)
@@ -134,7 +134,7 @@ QString FirstLine()
 
 } // namespace
 
-// Catches: a name written beside the selection or without the caret behind it, a Ctrl that takes the entry's selection
+// Catches: a name written beside the selection or without the caret after it, a Ctrl that takes the entry's selection
 // back, a list that keeps the keyboard or lets a sound play on.
 TEST_F(MediaWindow, CtrlClickWritesTheNameAndTheTextKeepsTheKeyboard)
 {
@@ -163,11 +163,11 @@ TEST_F(MediaWindow, CtrlClickWritesTheNameAndTheTextKeepsTheKeyboard)
 // Catches: a sheet that opens with the block of an earlier one, the wrong list's file, levels that open as sheets.
 TEST_F(MediaWindow, DoubleClickOpensByMode)
 {
-    Conf.Element.ElementOpen = Conf.QuickPreview = true;
+    Conf.Element.ElementOpen = true;
     Conf.FieldFound.fill(0);
     DoubleClick(1);
     EXPECT_EQ(TitleOfModal(), QStringLiteral("b.png"));
-    EXPECT_FALSE(Conf.Element.ElementOpen || Conf.QuickPreview);
+    EXPECT_FALSE(Conf.Element.ElementOpen);
     EXPECT_EQ(Conf.FieldFound[8], 1);
     EXPECT_EQ(Lists().SavedListIndex[1], 1);
     EXPECT_TRUE(TextHasTheKeyboard());
@@ -184,7 +184,8 @@ TEST_F(MediaWindow, DoubleClickOpensByMode)
     EXPECT_EQ(Shown(), QStringList());
 }
 
-// Catches: music that a double click does not start, that plays on behind another choice, a sound that opens a window.
+// Catches: music that a double click does not start, that plays on after another choice, a sound that opens a window;
+// one that cannot be played and nobody is told.
 TEST_F(MediaWindow, SoundsPlayUntilTheNextPress)
 {
     Run.Work.Write(QStringLiteral("tune.mid"), "no music");
@@ -197,6 +198,13 @@ TEST_F(MediaWindow, SoundsPlayUntilTheNextPress)
         EXPECT_TRUE(WaitUntil([] { return !audio::IsPlaying(); })) << row;
     }
     EXPECT_EQ(Run.TakeMessages(), QStringList());
+    const QSignalSpy notices(&Events(), &FrameEvents::Noticed);
+    DoubleClick(1);
+    EXPECT_TRUE(WaitUntil([&] {
+        return std::ranges::any_of(notices, [](const QVariantList& notice) {
+            return notice[0].toString().startsWith(QLatin1String("z.mod can not be played"));
+        });
+    }));
 }
 
 // Catches: a selection lost by the refresh, one that comes back where it must not, lists that do not see what came
@@ -238,7 +246,7 @@ TEST_F(MediaWindow, ListsFollowTheDisk)
     EXPECT_EQ(List().Selected(), QStringLiteral("b.png"));
 }
 
-// Catches: lists that only the mouse reaches, a filter that hides what Enter opens, that stays behind Esc or comes
+// Catches: lists that only the mouse reaches, a filter that hides what Enter opens, that stays after Esc or comes
 // along into another folder.
 TEST_F(MediaWindow, KeysReachOpenNarrowAndLeave)
 {
@@ -262,7 +270,7 @@ TEST_F(MediaWindow, KeysReachOpenNarrowAndLeave)
     EXPECT_FALSE(List().Filter()->isVisible());
     List().OpenFilter(QStringLiteral("nothing"));
     EXPECT_EQ(Shown(), QStringList());
-    Tools().ShowMediaEntry(1, 0);
+    Tools().ShowMediaEntry({MediaSource::PCXBrowser, 0, QStringLiteral("a.png")});
     EXPECT_EQ(List().Selected(), QStringLiteral("a.png")) << "found in the text, hidden in the list";
     List().OpenFilter(QStringLiteral("nothing"));
     ASSERT_TRUE(OpenDocument(Run.Work.Write(QStringLiteral("sub/graphicsinfo.conf"), "x\n"), true));
@@ -304,10 +312,9 @@ TEST_F(MediaWindow, ExtraFollowsTreeDriveAndText)
     ASSERT_EQ(current->childCount(), 1);
     QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualItemRect(current->child(0)).center());
     EXPECT_EQ(Frame.Media.ExtraFolder, deep);
-    EXPECT_EQ(Shown(2), QStringList{QStringLiteral("deep.png")});
-    DoubleClick(0, 2);
+    EXPECT_EQ(Shown(MediaSource::Extra), QStringList{QStringLiteral("deep.png")});
+    DoubleClick(0, MediaSource::Extra);
     EXPECT_TRUE(WaitUntil([&] { return !Run.Scope.Answers.Asked.empty(); }));
-    EXPECT_EQ(Conf.MediaFile, QStringLiteral("deep.png"));
     EXPECT_TRUE(Run.TakeMessages().value(0).startsWith(QLatin1String("Not a valid")));
     QTest::mouseClick(&Part<QPushButton>(*Window, "cmdInjectPath"), Qt::LeftButton);
     EXPECT_EQ(FirstLine(), QStringLiteral("#!*") + deep.chopped(1).replace(u'/', u'*'));
@@ -345,7 +352,7 @@ TEST_F(MediaWindow, DroppedMediaLeaveTheirNames)
     EXPECT_EQ(Frame.Documents[1].Path, conf);
 }
 
-// Catches: a hot key macro without its key, names in another letter case than told, an ending that is lost with the
+// Catches: a hot key macro without its key, names in another letter case than given, an ending that is lost with the
 // name, a macro that the mouse cannot open, a choice that goes with a refresh.
 TEST_F(MediaWindow, MacrosShowWithTheirKeys)
 {

@@ -2,6 +2,7 @@
 #include "frame/frame_events.h"
 #include "frame/host_ports.h"
 #include "windows/blocks/frm_comment.h"
+#include "windows/blocks/frm_inject.h"
 #include "windows/main/dialog_keys.h"
 #include "windows/main/main_window_test.h"
 #include "windows/messages/window_asker.h"
@@ -73,7 +74,7 @@ TEST_F(HelpSubjectTest, F1InAWindowAboveShowsItsPage)
         [&] { Tools().OpenTool(ToolWindow::Project); },
         [&] { Tools().OpenTool(ToolWindow::About); },
         [&] { frmComment::Ask(Window.get()); },
-        [&] { Tools().OpenTool(ToolWindow::Inject); },
+        [&] { RunInjectWindow(CurrentPane(), {}, Window.get()); },
     };
     for (const auto& open : windows) {
         OnModal([&](QWidget& window) { press(&window); });

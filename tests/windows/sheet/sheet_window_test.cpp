@@ -3,6 +3,7 @@
 #include "conf/element_record.h"
 #include "frame/program_scope.h"
 #include "graphics/animation.h"
+#include "graphics/picks.h"
 #include "graphics/sheet.h"
 #include "windows/parts/dialog_support.h"
 #include "windows/sheet/sheet_view.h"
@@ -55,28 +56,23 @@ protected:
         ASSERT_TRUE(image.save(Run.Work.Path() + QStringLiteral("/a.png")));
     }
 
-    /// As a block in the text that names the sheet leaves it.
-    static void HoldBlock(int x, int y, int frames)
+    /// Puts a block into the text that names the sheet; `more` of its lines, with all fields but start_frame.
+    void HoldBlock(int x, int y, int frames, const QByteArray& more = "zip.delay: 1\nzip.name:\n")
     {
-        Conf.Element = ElementRecord{};
-        Conf.Element.ImageFile = QStringLiteral("a.png");
-        Conf.Element.BlockKey = QStringLiteral("zip");
-        Conf.Element.XPos = x;
-        Conf.Element.YPos = y;
-        Conf.Element.Frames = frames;
-        Conf.Element.StartFrame = -1;
-        Conf.Element.ElementOpen = true;
-        Conf.FieldFound.fill(1);
+        const QByteArray place =
+            QStringLiteral("zip.xpos: %1\nzip.ypos: %2\nzip.frames: %3\n").arg(x).arg(y).arg(frames).toLatin1();
+        CurrentPane().LoadBytes("one\ntwo\nzip: a.png\n" + place +
+                                "zip.anim_mode: loop\nzip.global_sync: false\nzip.offset: 0\n" + more);
+        Request.Block = BlockPlace{2, 2};
     }
 
-    void Open(std::function<void(QWidget&, SheetView&)> act) const
+    void Open(const std::function<void(QWidget&, SheetView&)>& act)
     {
-        Conf.MediaSource = 1;
-        Conf.MediaFile = QStringLiteral("a.png");
         OnModal([act](QWidget& window) { act(window, Part<SheetView>(window, "picScroll")); });
-        frmPCX::Run(nullptr);
+        OpenSheet(nullptr, Request);
     }
 
+    SheetRequest Request{.File = QStringLiteral("a.png"), .Block = {}, .Prompt = {}};
     ProgramScope Run;
 };
 
@@ -112,27 +108,26 @@ TEST_F(SheetWindow, ClicksMarkTheAnimation)
     EXPECT_EQ(Conf.Element.ImageFile, QStringLiteral("a.png"));
 }
 
-// Catches: a window on a file that is no picture, warnings lost or told against the user's wish.
+// Catches: a window on a file that is no picture, warnings lost or shown against the user's wish.
 TEST_F(SheetWindow, TellsWhatIsWrongWithTheImage)
 {
     Run.Work.Write(QStringLiteral("a.png"), "no picture");
-    Conf.MediaFile = QStringLiteral("a.png");
-    frmPCX::Run(nullptr);
+    EXPECT_EQ(frmPCX::Run(nullptr, Request).Outcome, SheetOutcome::NotShown);
     EXPECT_EQ(Run.TakeMessages(), QStringList(QStringLiteral("Not a valid PCX image!")));
 
     WriteSheet({40, 31});
     HoldBlock(0, 0, 1);
     Open([this](QWidget& window, SheetView& view) {
         QCoreApplication::processEvents();
-        const QStringList told = Run.TakeMessages();
-        ASSERT_EQ(told.size(), 1);
-        EXPECT_TRUE(told.constFirst().startsWith(QStringLiteral("Image is smaller than 32 pixels.")));
+        const QStringList shown = Run.TakeMessages();
+        ASSERT_EQ(shown.size(), 1);
+        EXPECT_TRUE(shown.constFirst().startsWith(QStringLiteral("Image is smaller than 32 pixels.")));
         EXPECT_FALSE(view.isEnabled());
         for (const char* button : {"cmdQuit1", "cmdQuit2"})
             EXPECT_FALSE(Part<QPushButton>(window, button).isEnabled()) << button;
         EXPECT_TRUE(Part<QPushButton>(window, "cmdQuit0").isEnabled());
     });
-    Conf.QuickPreview = true;
+    Request.Purpose = SheetPurpose::Quick;
     Open([this](QWidget&, SheetView&) {
         QCoreApplication::processEvents();
         EXPECT_EQ(Run.TakeMessages().size(), 1) << "the small window tells too";
@@ -148,8 +143,7 @@ TEST_F(SheetWindow, TellsWhatIsWrongWithTheImage)
 TEST_F(SheetWindow, DelayIsTakenWhenItIsWhole)
 {
     WriteSheet(SmallSheet);
-    HoldBlock(0, 0, 4);
-    Conf.Element.Delay = 4;
+    HoldBlock(0, 0, 4, "zip.delay: 4\n");
     Open([](QWidget& window, SheetView&) {
         auto& box = Part<QLineEdit>(window, "txtDelay");
         const QColor taken = box.palette().color(QPalette::Text);
@@ -213,6 +207,26 @@ TEST_F(SheetWindow, MakesANewElement)
     EXPECT_TRUE(Conf.Element.ImageFile.isEmpty());
 }
 
+// Catches: a block that an update does not reach, one that it leaves half written, a mode that the preview does not
+// know lost although the user picked no other.
+TEST_F(SheetWindow, UpdatesTheBlockInTheText)
+{
+    WriteSheet(SmallSheet);
+    HoldBlock(0, 0, 1);
+    CurrentPane().LoadBytes(CurrentPane().Bytes().toByteArray().replace("loop", "wobble"));
+    const QByteArray wobbling = CurrentPane().Bytes().toByteArray();
+    Open([this](QWidget& window, SheetView& view) {
+        QCoreApplication::processEvents();
+        EXPECT_EQ(Run.TakeMessages().size(), 1) << "the mode is not known";
+        Click(view, {2, 1}, Qt::LeftButton);
+        Part<QPushButton>(window, "cmdQuit2").click();
+    });
+    EXPECT_EQ(CurrentPane().GetLine(3).simplified(), QStringLiteral("zip.xpos: 2"));
+    EXPECT_EQ(CurrentPane().GetLine(6).simplified(), QStringLiteral("zip.anim_mode: wobble"));
+    CurrentPane().ExecuteCmd(CmdUndo);
+    EXPECT_EQ(CurrentPane().Bytes(), wobbling);
+}
+
 // Catches: scrolling that begins a pixel early or late.
 TEST_F(SheetWindow, ScrollsFromOnePixelTooMany)
 {
@@ -247,15 +261,15 @@ TEST_F(SheetWindow, ZoomsAndScrolls)
         EXPECT_EQ(bars.first->maximum(), (771 + 64) * 4 - seen.width());
         view.SetZoom(2);
         QTest::mouseMove(view.viewport(), {100, 120});
-        auto* const told = window.findChild<QLabel*>(QStringLiteral("place"));
-        const QString before = told->text();
+        auto* const spot = window.findChild<QLabel*>(QStringLiteral("place"));
+        const QString before = spot->text();
         QWheelEvent wheel({100, 120}, view.viewport()->mapToGlobal(QPointF(100, 120)), {}, {0, 120}, {},
                           Qt::ControlModifier, Qt::NoScrollPhase, false);
         QCoreApplication::sendEvent(view.viewport(), &wheel);
         EXPECT_EQ(view.Zoom(), 4);
-        EXPECT_EQ(told->text(), before) << "the pixel under the mouse stays there";
+        EXPECT_EQ(spot->text(), before) << "the pixel under the mouse stays there";
         bars.second->setValue(bars.second->value() - TileSize);
-        EXPECT_NE(told->text(), before) << "the sheet moved under the mouse";
+        EXPECT_NE(spot->text(), before) << "the sheet moved under the mouse";
 
         bars.first->setValue(bars.first->maximum());
         QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, seen.topRight() - QPoint(3, -9));
@@ -305,9 +319,8 @@ TEST_F(SheetWindow, FollowsTheFile)
 TEST_F(SheetWindow, QuickPreviewIsSmallAndLeavesWithTheMouse)
 {
     WriteSheet(SmallSheet);
-    HoldBlock(0, 0, 3);
-    Conf.Element.ElementName = QStringLiteral("A zip");
-    Conf.QuickPreview = true;
+    HoldBlock(0, 0, 3, "zip.name: A zip\n");
+    Request.Purpose = SheetPurpose::Quick;
     Frame.Settings.QuickClose = 1;
     Open([](QWidget& window, SheetView& view) {
         EXPECT_EQ(window.windowTitle(), QStringLiteral("A zip"));
@@ -353,15 +366,16 @@ TEST_F(SheetWindow, MacroPicksAndPreviews)
         EXPECT_FALSE(Part<QPushButton>(window, "cmdQuit2").isEnabled());
         Click(Part<SheetView>(window, "picScroll"), {3, 1}, Qt::LeftButton);
     });
-    PickFromSheet(nullptr, file, QStringLiteral("Pick a tile"));
-    EXPECT_EQ(Conf.Element.XPos, 3);
+    const SheetAnswer picked = frmPCX::Run(nullptr, MacroSheet(file, QStringLiteral("Pick a tile")));
+    EXPECT_EQ(picked.Outcome, SheetOutcome::Closed);
+    EXPECT_EQ(std::pair(picked.Element.XPos, picked.Element.YPos), std::pair(3, 1));
     OnModal([&](QWidget& window) { EXPECT_EQ(window.width(), width); });
-    PickFromSheet(nullptr, file, QStringLiteral("Pick a tile ").repeated(400));
+    frmPCX::Run(nullptr, MacroSheet(file, QStringLiteral("Pick a tile ").repeated(400)));
     OnModal([](QWidget& window) {
         EXPECT_EQ(window.windowTitle(), QStringLiteral("Gemforge BASIC - Preview"));
         EXPECT_FALSE(window.findChild<QWidget*>(QStringLiteral("Picture1"))->isVisible());
         Click(Part<SheetView>(window, "picScroll"), {1, 1}, Qt::LeftButton);
         EXPECT_FALSE(Sheet.Start);
     });
-    PickFromSheet(nullptr, file, QStringLiteral("PREVIEW"));
+    frmPCX::Run(nullptr, MacroSheet(file, QStringLiteral("PREVIEW")));
 }

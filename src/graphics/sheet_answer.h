@@ -1,0 +1,9 @@
+#pragma once
+
+#include "graphics/sheet_request.h"
+
+class DocumentText;
+
+/// Writes what a sheet was left with into the text that the request came from, as one undo step: its block updated,
+/// or a new block above the caret's line.
+void WriteSheetAnswer(DocumentText& text, const SheetRequest& request, const SheetAnswer& answer);

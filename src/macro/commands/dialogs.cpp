@@ -1,0 +1,200 @@
+#include "macro/commands/families.h"
+#include "macro/language/run_state.h"
+#include "macro/language/waiting.h"
+#include "macro/run_asker.h"
+#include "macro/run_stage.h"
+#include "platform/paths.h"
+
+#include <QDeadlineTimer>
+#include <QEventLoop>
+
+#include <QFileInfo>
+#include <QThread>
+#include <QTimer>
+
+namespace {
+
+/// The target stands before the user's eyes for the scope.
+class SeenTarget
+{
+public:
+    explicit SeenTarget(RunState& run) : stage(run.Stage) { stage.ShowTarget(true); }
+    ~SeenTarget() { stage.ShowTarget(false); }
+    SeenTarget(const SeenTarget&) = delete;
+    SeenTarget& operator=(const SeenTarget&) = delete;
+
+private:
+    RunStage& stage;
+};
+
+void SetResult(RunState& run, bool ok)
+{
+    run.Last.MessageResult = Value(ok ? QStringLiteral("ok") : QStringLiteral("cancel"));
+}
+
+/// Each argument that is given takes the place of a default.
+void Message(RunState& run, Arguments& in)
+{
+    MessageRecord record;
+    record.MessageText = QStringLiteral("Pause");
+    record.MessageTitle = QStringLiteral("Gemforge Basic");
+    record.MessageColour = QStringLiteral("blu");
+    QString MessageRecord::* const texts[] = {&MessageRecord::MessageText, &MessageRecord::MessageTitle,
+                                              &MessageRecord::MessageButtons};
+    constexpr int IconArgument = 4, ColourArgument = 5;
+    for (int i = 1; i <= in.Count() && i < IconArgument; ++i)
+        record.*texts[i - 1] = in.Text(i);
+    if (in.Count() >= IconArgument)
+        record.MessageIcon = in.Number(IconArgument);
+    if (in.Count() >= ColourArgument)
+        record.MessageColour = in.Text(ColourArgument);
+    if (run.Failed())
+        return;
+    const SeenTarget seen(run);
+    const MessageAnswer answer = run.Ask.Message(record, MessagePurpose::OfMacro);
+    run.Last.MessageResult = Value(answer.Caption);
+    run.Last.MessageNumber = Value(qint32(answer.Index));
+}
+
+void AskCommand(RunState& run, Arguments& in)
+{
+    SetResult(run, true);
+    const QString prompt = in.Text(1), title = in.Text(2);
+    if (run.Failed())
+        return;
+    const SeenTarget seen(run);
+    const Value answer(run.Ask.Input(title, prompt, run.Last.Ask.Text()).value_or(QString()));
+    if (answer.IsEmpty())
+        SetResult(run, false);
+    run.Last.Ask = answer.IsNumeric() ? Value(TextToLong(run, answer)) : answer;
+}
+
+void ShowPause(RunState& run, const QString& text, std::optional<int> milliseconds)
+{
+    const SeenTarget seen(run);
+    run.Ask.Pause(text, milliseconds, run.Scope);
+}
+
+void Pause(RunState& run, Arguments& in)
+{
+    if (in.Count() == 0) {
+        ShowPause(run, QStringLiteral("Paused"), std::nullopt);
+    } else if (in.Count() == 1 && IsNumeric(in.Written(1))) {
+        const qint32 milliseconds = in.Number(1);
+        if (!run.Failed())
+            WaitFor(run.Scope, milliseconds);
+    } else if (in.Count() == 1) {
+        const QString text = in.Text(1);
+        if (!run.Failed())
+            ShowPause(run, text, std::nullopt);
+    } else if (in.Count() == 2) {
+        const qint32 milliseconds = in.Number(1);
+        const QString text = in.Text(2);
+        if (!run.Failed())
+            ShowPause(run, text, qMax(milliseconds, 0));
+    }
+}
+
+void ListShow(RunState& run, Arguments& in)
+{
+    const QString title = in.Text(1);
+    if (run.Failed())
+        return;
+    if (run.ListItems.isEmpty()) {
+        run.Fail("List is empty!");
+        return;
+    }
+    run.ListTitle = title;
+    const bool popup = title.compare(QLatin1String("popup"), Qt::CaseInsensitive) == 0;
+    QStringList items;
+    for (const Value& item : std::as_const(run.ListItems))
+        items << item.Text();
+    const SeenTarget seen(run);
+    const std::optional<int> chosen = run.Ask.ListItem(items, title, popup);
+    SetResult(run, chosen.has_value());
+    if (!chosen)
+        return;
+    run.Last.ListChoiceNumber = Value(qint32(*chosen + 1));
+    run.Last.ListChoice = Value(SpaceToPipe(run.ListItems.at(*chosen).Text()));
+}
+
+void PickElement(RunState& run, Arguments& in)
+{
+    constexpr std::pair<const char*, ElementPick> Modes[] = {{"pickall", ElementPick::All},
+                                                             {"pickelement", ElementPick::Element},
+                                                             {"pickaction", ElementPick::Action}};
+    const QString mode = in.Word(1), title = in.Text(2);
+    if (run.Failed())
+        return;
+    for (const auto& [word, what] : Modes) {
+        if (mode != QLatin1String(word))
+            continue;
+        run.ListTitle = title;
+        const SeenTarget seen(run);
+        const std::optional<QString> picked = run.Ask.Element(what, title);
+        SetResult(run, picked.has_value());
+        if (picked)
+            run.Last.PickElement = Value(SpaceToPipe(*picked));
+        return;
+    }
+    run.Fail("PickElement uses the format: mode,title.   Modes are: PickAll,PickElement or PickAction.");
+}
+
+void PickTiles(RunState& run, const QString& path, const QString& title)
+{
+    const SeenTarget seen(run);
+    const std::optional<ElementRecord> picked = run.Ask.Tiles(path, title);
+    SetResult(run, picked.has_value());
+    if (picked)
+        run.Element = *picked;
+}
+
+void PickFromPcx(RunState& run, Arguments& in)
+{
+    const QString file = in.Text(1), title = in.Text(2);
+    if (run.Failed())
+        return;
+    const QString path = run.Paths.Resolve(file);
+    if (!paths::FileExists(path))
+        run.Fail(QStringLiteral("File doesn't exist:-^^") + file);
+    else if (QFileInfo(path).suffix().compare(QLatin1String("pcx"), Qt::CaseInsensitive) != 0)
+        run.Fail(QStringLiteral("Not a PCX image or missing file:-^^") + file);
+    else
+        PickTiles(run, path, title);
+}
+
+void SetAuthor(RunState& run, Arguments& in)
+{
+    if (!in.CheckShape())
+        return;
+    const QString author = in.Text(1);
+    if (!run.Failed())
+        run.Author = author;
+}
+
+constexpr CommandWord DialogRows[] = {
+    {"message", AtLeastAny(0), TakesTime, "[TEXT [TITLE [BUTTONS [ICON [COLOUR]]]]]",
+     "Shows a message; ^ breaks a line, _ parts the buttons. [lastmessageresult] is the caption of the button pressed, "
+     "[lastmessagenumber] its number.",
+     Message},
+    {"ask", Exactly(2), TakesTime, "PROMPT TITLE", "Asks for a text: [lastask]. [lastmessageresult] is ok or cancel.",
+     AskCommand},
+    {"pause", AtLeastAny(0), TakesTime, "[MILLISECONDS] [TEXT]",
+     "Waits: for a click on the text, or so many milliseconds, or for what comes first.", Pause},
+    {"listshow", Exactly(1), TakesTime, "TITLE | popup",
+     "Lets a person choose from the list: [lastlistchoice], [lastlistchoicenum]. [lastmessageresult] is ok or cancel.",
+     ListShow},
+    {"pickelement", Exactly(2), TakesTime, "pickall | pickelement | pickaction TITLE",
+     "Lets a person pick from the graphics words: [lastpickelement]. [lastmessageresult] is ok or cancel.", PickElement},
+    {"pickfrompcx", Exactly(2), TakesTime, "FILE TITLE",
+     "Lets a person pick tiles of a sheet; the tags [ele...] tell what was picked.", PickFromPcx},
+    {"setauthor", Exactly(1), OwnFrame, "NAME", "Names the macro's author, whom the questions about files show.",
+     SetAuthor},
+};
+
+} // namespace
+
+std::span<const CommandWord> DialogCommands()
+{
+    return DialogRows;
+}

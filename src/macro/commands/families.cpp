@@ -1,0 +1,11 @@
+#include "macro/commands/families.h"
+
+std::span<const std::span<const CommandWord>> CommandFamilies()
+{
+    static const std::span<const CommandWord> families[] = {
+        BranchCommands(), LoopCommands(),   JumpCommands(),     VariableCommands(), TextValueCommands(),
+        RandomCommands(), ListCommands(),   GroupCommands(),    CursorCommands(),   EditingCommands(),
+        ScreenCommands(), DialogCommands(), ProgressCommands(), SetFileCommands(),
+    };
+    return families;
+}

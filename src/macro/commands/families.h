@@ -1,0 +1,20 @@
+#pragma once
+
+#include "macro/language/word_tables.h"
+
+// One routine a family of commands: its table.
+
+std::span<const CommandWord> BranchCommands();
+std::span<const CommandWord> JumpCommands();
+std::span<const CommandWord> LoopCommands();
+std::span<const CommandWord> VariableCommands();
+std::span<const CommandWord> TextValueCommands();
+std::span<const CommandWord> RandomCommands();
+std::span<const CommandWord> ListCommands();
+std::span<const CommandWord> GroupCommands();
+std::span<const CommandWord> CursorCommands();
+std::span<const CommandWord> EditingCommands();
+std::span<const CommandWord> ScreenCommands();
+std::span<const CommandWord> DialogCommands();
+std::span<const CommandWord> ProgressCommands();
+std::span<const CommandWord> SetFileCommands();

@@ -1,0 +1,117 @@
+#include "macro/commands/families.h"
+#include "macro/language/run_state.h"
+#include "macro/set_file.h"
+#include "platform/paths.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+void ForgetSetFile(RunState& run)
+{
+    run.Last.Folder.clear();
+    run.Last.FileName.clear();
+    run.Last.FileExtension.clear();
+}
+
+void SetFile(RunState& run, const QString& path)
+{
+    const QFileInfo file(path);
+    run.Last.Folder = path;
+    run.Last.FileName = file.fileName();
+    run.Last.FileExtension = file.suffix();
+}
+
+void SetFolder(RunState& run, const QString& path)
+{
+    ForgetSetFile(run);
+    run.Last.Folder = paths::Closed(path);
+}
+
+namespace {
+
+void FileSet(RunState& run, Arguments& in)
+{
+    run.Last.MessageResult = Value(QStringLiteral("cancel"));
+    ForgetSetFile(run);
+    const QString told = in.Text(1);
+    if (run.Failed())
+        return;
+    const QString path = run.Paths.Resolve(told);
+    const QFileInfo found(path);
+    if (path.isEmpty() || !found.exists()) {
+        run.Fail(QStringLiteral("Couldn't find the file or folder:-^^") + told);
+        return;
+    }
+    if (found.isDir())
+        SetFolder(run, path);
+    else
+        SetFile(run, path);
+    run.Last.MessageResult = Value(QStringLiteral("ok"));
+}
+
+void Cd(RunState& run, Arguments& in)
+{
+    const QString told = in.Text(1);
+    if (run.Failed())
+        return;
+    if (told == QLatin1String("..")) {
+        run.Paths.SetFolder(QDir(run.Paths.Folder()).filePath(QStringLiteral("..")));
+        return;
+    }
+    if (told == QLatin1String(".")) {
+        run.Paths.SetFolder(paths::Root(run.Paths.Folder()));
+        return;
+    }
+    const QString path = run.Paths.Resolve(told);
+    if (!path.isEmpty() && QFileInfo(path).isDir())
+        run.Paths.SetFolder(path);
+    else
+        run.Fail(QStringLiteral("Can't find the directory:-^^") + told);
+}
+
+/// Folders first, with a "\" in front of all but "." and "..", then files. Without a hit the last result stays.
+void DirCommand(RunState& run, Arguments& in)
+{
+    const QString pattern = in.Text(1);
+    if (run.Failed())
+        return;
+    const QString folder = paths::FolderOfPath(paths::Inside(pattern));
+    const QString names = paths::FileNameOfPath(paths::Inside(pattern));
+    const QDir searched(folder.isEmpty() ? run.Paths.Folder() : run.Paths.Resolve(folder));
+    // "*.*" means every name, with a dot or without.
+    const QStringList filter{names == QLatin1String("*.*") ? QStringLiteral("*") : names};
+    QStringList found;
+    for (const QString& name : searched.entryList(filter, QDir::Dirs | QDir::Hidden | QDir::System, QDir::Name))
+        found << (name == QLatin1String(".") || name == QLatin1String("..") ? name : QString(u'\\' + name));
+    found += searched.entryList(filter, QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
+    if (!found.isEmpty())
+        run.Last.Files = found;
+}
+
+void FileProtectionCommand(RunState& run, Arguments& in)
+{
+    const QString word = in.Written(1).toLower();
+    if (word == QLatin1String("on") || word == QLatin1String("off"))
+        run.FileProtection = word == QLatin1String("on");
+    else
+        run.Fail("FileProtection uses 'On' or 'Off'");
+}
+
+constexpr CommandWord SetFileRows[] = {
+    {"fileset", Exactly(1), NoWordFlags, "PATH",
+     "Sets the file or folder that the tags [lastdir...] and [lastfile...] tell of.", FileSet},
+    {"cd", ExactlyAny(1), NoWordFlags, "PATH",
+     "Changes the macro's current folder. .. goes one up, . to the root.", Cd},
+    {"dir", ExactlyAny(1), TakesTime, "PATTERN",
+     "Lists the current folder: [lastdircount] and [dir:N]. Folders come first, with a \\ in front.", DirCommand},
+    {"fileprotection", Exactly(1), NoWordFlags, "on | off",
+     "While it is on, as at the start, read-only files and files that exist are left alone, and clear asks.",
+     FileProtectionCommand},
+};
+
+} // namespace
+
+std::span<const CommandWord> SetFileCommands()
+{
+    return SetFileRows;
+}

@@ -1,0 +1,232 @@
+#include "macro/language/run_loop.h"
+
+#include "frame/run_scope.h"
+#include "macro/language/group_items.h"
+#include "macro/language/run_state.h"
+#include "macro/language/source_text.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace {
+
+constexpr int LinesPerTurn = 256; ///< between two looks at the clock
+
+/// Lets events run if it is time. False: a stop is wanted.
+bool GiveTurn(RunState& run)
+{
+    run.LinesToTurn = LinesPerTurn;
+    run.Scope.SetDetail(QStringLiteral("line %1").arg(run.CurrentLine));
+    if (!run.Scope.Turn())
+        run.StopRequested = true;
+    return !run.StopRequested;
+}
+
+/// To the next line that is neither empty nor a comment. The last entry of the program never runs.
+inline void Advance(RunState& run)
+{
+    run.CurrentLine = run.Code.NextFrom[size_t(run.CurrentLine) + 1];
+    if (run.CurrentLine >= run.Code.LastLine)
+        run.StopRequested = true;
+}
+
+void PromptForStep(RunState& run)
+{
+    switch (run.Stage.Step(run.CurrentLine, run.Code.Lines[size_t(run.CurrentLine)].Written)) {
+    case StepAnswer::Next:
+        break;
+    case StepAnswer::Continue:
+        run.Stage.WantSteps(false);
+        run.Stage.ShowTarget(false);
+        break;
+    case StepAnswer::Break:
+        run.Stage.WantSteps(false);
+        run.StopRequested = true;
+        break;
+    }
+}
+
+void RunLines(RunState& run)
+{
+    while (!run.StopRequested) {
+        if (--run.LinesToTurn < 0 && !GiveTurn(run))
+            return;
+        ProgramLine& line = run.Code.Lines[size_t(run.CurrentLine)];
+        line.Run(run, line);
+        if (run.Failed())
+            return;
+        Advance(run);
+    }
+}
+
+/// The same with what a person sees of a test run.
+void RunWatchedLines(RunState& run)
+{
+    while (!run.StopRequested) {
+        if (--run.LinesToTurn < 0 && !GiveTurn(run))
+            return;
+        if (run.Stage.StepsLines())
+            PromptForStep(run);
+        ProgramLine& line = run.Code.Lines[size_t(run.CurrentLine)];
+        line.Run(run, line);
+        if (run.Failed())
+            return;
+        Advance(run);
+        if (run.Stage.Watches())
+            run.Stage.Watch(run);
+    }
+}
+
+/// What a run borrows of the screen and puts back.
+class BorrowedScreen
+{
+public:
+    explicit BorrowedScreen(RunStage& ofRun)
+        : stage(ofRun), font(stage.Screen().FontName()), points(stage.Screen().FontSize()),
+          print(stage.Screen().GetColor(PrintSlot)), ground(stage.Screen().GetColor(GroundSlot))
+    {
+    }
+    ~BorrowedScreen()
+    {
+        TextScreen& screen = stage.Screen();
+        if (screen.FontName() != font || screen.FontSize() != points)
+            screen.SetFont(font, points);
+        PutBack(PrintSlot, print);
+        PutBack(GroundSlot, ground);
+        stage.Bar().Hide();
+    }
+    BorrowedScreen(const BorrowedScreen&) = delete;
+    BorrowedScreen& operator=(const BorrowedScreen&) = delete;
+
+private:
+    void PutBack(int slot, int colour) const
+    {
+        if (stage.Screen().GetColor(slot) != colour)
+            stage.Screen().SetColor(slot, colour);
+    }
+
+    RunStage& stage;
+    const QString font;
+    const double points;
+    const int print, ground;
+};
+
+void RemoveWorkingLevels()
+{
+    for (const char* name : {"tmp.level", "tmp.cust"})
+        QFile::remove(QDir::tempPath() + QLatin1Char('/') + QLatin1String(name));
+}
+
+MacroError Report(RunState& run, const MacroError& error)
+{
+    run.StopRequested = true;
+    run.Stage.ShowTarget(true);
+    run.Stage.ReportError(error);
+    return error;
+}
+
+void RunWithoutFrame(RunState& run, ProgramLine& line)
+{
+    Arguments in(run, line);
+    line.Word->Run(run, in);
+}
+
+void RunInFrame(RunState& run, ProgramLine& line)
+{
+    if (run.BranchIsLive())
+        RunWithoutFrame(run, line);
+}
+
+/// A command of the wrong shape.
+void RunMisshapen(RunState& run, ProgramLine& line)
+{
+    if (run.BranchIsLive())
+        run.Fail(line.ShapeFault);
+}
+
+/// For commands that ask first or take long.
+void RunWithCare(RunState& run, ProgramLine& line)
+{
+    const quint8 flags = line.Word->Flags;
+    if ((flags & SafeGate) && !SystemSafeCheck(run, line))
+        return;
+    if (flags & OwnFrame)
+        RunWithoutFrame(run, line);
+    else
+        (line.ShapeFault.isEmpty() ? RunInFrame : RunMisshapen)(run, line);
+    if (flags & TakesTime)
+        run.LinesToTurn = 0;
+}
+
+void AddGroupItem(RunState& run, const ProgramLine& line)
+{
+    const Token& item = line.Tokens.front();
+    if (item.Written.startsWith(u'?')) {
+        AddGroupToGroup(run, *run.OpenGroup, item.Written);
+        return;
+    }
+    Value scratch, shown;
+    const Value& value = ShownValue(item, Evaluate(run, item, scratch), shown);
+    if (!run.Failed())
+        AddItemToGroup(run, *run.OpenGroup, value);
+}
+
+void RunUnknownWord(RunState& run, ProgramLine& line)
+{
+    if (IsBlankLine(line.Written)) // the first line of a program
+        return;
+    if (run.OpenGroup)
+        AddGroupItem(run, line);
+    else
+        run.Fail(QStringLiteral("Unrecognised command: ") + line.Tokens.front().Written);
+}
+
+void ReadLine(RunState& run, ProgramLine& line)
+{
+    const QStringList tokens = line.Written.split(u' ');
+    line.Word = FindCommand(tokens.front());
+    for (const QString& token : tokens)
+        line.Tokens.push_back(ReadToken(token, run.Variables));
+    line.Run = RunUnknownWord;
+    if (!line.Word)
+        return;
+    line.ShapeFault = ShapeFault(tokens, line.Word->Form);
+    const quint8 flags = line.Word->Flags;
+    if (flags & (SafeGate | TakesTime))
+        line.Run = RunWithCare;
+    else if (flags & OwnFrame)
+        line.Run = RunWithoutFrame;
+    else
+        line.Run = line.ShapeFault.isEmpty() ? RunInFrame : RunMisshapen;
+    if (line.Word->Prepare)
+        line.Word->Prepare(run, line);
+}
+
+} // namespace
+
+void RunForTheFirstTime(RunState& run, ProgramLine& line)
+{
+    ReadLine(run, line);
+    line.Run(run, line);
+}
+
+std::optional<MacroError> RunProgram(RunState& run, const PreparedSource& source)
+{
+    const BorrowedScreen borrowed(run.Stage);
+    if (!source.ErrorText.isEmpty())
+        return Report(run, {source.ErrorLine, source.ErrorText, true});
+    run.Code.Take(source.Lines);
+    if (const ProgramFault fault = PrePass(run.Code); !fault.Text.isEmpty())
+        return Report(run, {fault.Line, fault.Text, true});
+    if (run.Code.Lines.empty())
+        return std::nullopt;
+    if (run.TestRun)
+        RunWatchedLines(run);
+    else
+        RunLines(run);
+    std::optional<MacroError> error;
+    if (run.Failed())
+        error = Report(run, {run.CurrentLine, run.ErrorText, false});
+    RemoveWorkingLevels();
+    return error;
+}

@@ -1,0 +1,42 @@
+#include "macro/language/run_paths.h"
+
+#include "platform/paths.h"
+
+#include <QDir>
+
+void RunPaths::SetFolder(const QString& path)
+{
+    folder = paths::Closed(QDir::cleanPath(path));
+}
+
+QString RunPaths::Resolve(const QString& told) const
+{
+    if (told.isEmpty())
+        return {};
+    const QString inner = paths::Inside(told);
+    const QString kept = trueCase.value(inner);
+    if (!kept.isEmpty())
+        return kept;
+    if (told.startsWith(u'\\')) {
+        const QString below = paths::Existing(folder + inner.sliced(1));
+        if (!below.isEmpty())
+            return below;
+    }
+    const QString whole = QDir::isRelativePath(inner) ? QString(folder + inner) : inner;
+    const QString existing = paths::Existing(whole);
+    return existing.isEmpty() ? paths::ForWriting(whole) : existing;
+}
+
+bool RunPaths::Exists(const QString& told) const
+{
+    const QString path = Resolve(told);
+    return paths::FileExists(path) || paths::FolderExists(path);
+}
+
+QString RunPaths::Lowered(const QString& path)
+{
+    QString lower = path.toLower();
+    if (lower != path)
+        trueCase.insert(lower, path);
+    return lower;
+}

@@ -1,0 +1,18 @@
+#include "macro/language/run_state.h"
+
+#include "frame/frame_state.h"
+#include "macro/run_stage.h"
+
+RunState::RunState(RunStage& stage, RunAsker& asker, RunScope& scope)
+    : Stage(stage), Ask(asker), Scope(scope), SafeSystem(Frame.Settings.SafeSystemBASIC != 0), target(&stage.Target())
+{
+}
+
+ElementRecord RunState::NoElement()
+{
+    ElementRecord none;
+    none.ImageFile.clear();
+    none.ElementName.clear();
+    none.Frames = none.Delay = 0;
+    return none;
+}

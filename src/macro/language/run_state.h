@@ -1,0 +1,103 @@
+#pragma once
+
+#include "macro/language/groups.h"
+#include "macro/language/program.h"
+#include "macro/language/random_numbers.h"
+#include "macro/language/run_paths.h"
+#include "macro/language/run_results.h"
+
+#include "conf/element_record.h"
+
+#include <array>
+
+class DocumentText;
+class RunAsker;
+class RunScope;
+class RunStage;
+
+/// The one active If, the one active Case and the one loop of a run. A gosub gives a fresh set.
+struct BlockState
+{
+    bool IfActive = false, IfTrue = false;
+    bool CaseActive = false, CaseTrue = false, CaseHit = false;
+    Value CaseValue;
+    int LoopLine = -1; ///< of the running `loop`; -1: none
+    int LoopRemaining = -1, LoopLimit = 0, LoopStep = 1;
+};
+
+struct SubFrame
+{
+    int ReturnLine = 0;
+    BlockState Block;
+};
+
+/// All state of one run of a macro. Nothing of it outlives the run.
+struct RunState
+{
+    RunState(RunStage& stage, RunAsker& asker, RunScope& scope);
+
+    RunStage& Stage;
+    RunAsker& Ask;
+    RunScope& Scope;
+    DocumentText& Text() { return *target; }
+    QString MacroPath; ///< of the macro's file; empty in a test run
+    bool TestRun = false;
+
+    Program Code;
+    int CurrentLine = 0; ///< a jump stores the line before the one that shall run next
+    QString ErrorText;   ///< not empty: the run fails
+    bool StopRequested = false;
+    int LinesToTurn = 0; ///< until events get their turn
+
+    BlockState Block;
+    bool InSub = false;
+    int SubDepth = 0;
+    static constexpr int DeepestSub = 100;
+    std::array<SubFrame, DeepestSub + 1> SubFrames; ///< used from 1
+
+    VariableTable Variables;
+    GroupTable Groups;
+    Group* OpenGroup = nullptr; ///< between `group` and `endgroup`
+    QList<Value> ListItems;     ///< the first is slot 1
+    QString ListTitle;
+
+    RandomNumbers Random;
+    RunPaths Paths;
+    RunResults Last;
+    ElementRecord Element = NoElement(); ///< what the last pick from a sheet gave
+    Value TabbedValue; ///< what [tab] pads: the variable that `set` works on
+    QString Author;
+    bool Overtype = false;
+    bool FileProtection = true;
+    bool SafeSystem = true; ///< as the setting is
+    QString ClipboardBackup;
+
+    void Fail(const QString& text) { ErrorText = text; }
+    void Fail(const char* text) { ErrorText = QString::fromLatin1(text); }
+    bool Failed() const { return !ErrorText.isEmpty(); }
+
+    /// False in a branch of an If or a Case that does not hold.
+    bool BranchIsLive() const
+    {
+        return !(Block.IfActive && !Block.IfTrue) && !(Block.CaseActive && !Block.CaseTrue);
+    }
+    bool InLoop() const { return Block.LoopLine != -1; }
+    bool CheckNotInBlock(bool allowInCase = false)
+    {
+        if (Block.IfActive)
+            Fail("Can't have this command inside an If statement");
+        else if (Block.CaseActive && !allowInCase)
+            Fail("Can't have this command inside a Case statement");
+        return !Block.IfActive && (allowInCase || !Block.CaseActive);
+    }
+    static ElementRecord NoElement(); ///< texts empty, numbers 0, mode "loop"
+    /// Fails and stops the run too.
+    void FailAndStop(const char* text)
+    {
+        Fail(text);
+        StopRequested = true;
+    }
+
+private:
+    DocumentText* target;
+};

@@ -1,0 +1,6 @@
+#pragma once
+
+class RunScope;
+
+/// Lets milliseconds go by. Events run meanwhile, and a wish to stop ends it.
+void WaitFor(RunScope& scope, int milliseconds);

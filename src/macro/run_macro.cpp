@@ -1,0 +1,45 @@
+#include "macro/run_macro.h"
+
+#include "macro/language/run_loop.h"
+#include "macro/language/run_state.h"
+#include "platform/paths.h"
+#include "services/archive_tool.h"
+
+#include <QFile>
+
+namespace {
+
+constexpr const char* SourceEntry = "basic.txt";
+constexpr qint64 LargestSource = qint64(64) << 20;
+
+bool IsArchive(const QByteArray& bytes)
+{
+    return bytes.startsWith("PK\x03\x04") || bytes.startsWith("PK\x05\x06");
+}
+
+} // namespace
+
+Result<QByteArray> ReadMacroSource(const QString& path)
+{
+    constexpr qint64 MarkSize = 4;
+    QFile file(path);
+    if (file.open(QIODevice::ReadOnly) && !IsArchive(file.read(MarkSize)))
+        return paths::ReadWhole(path, LargestSource);
+    const ResourceResult<QByteArray> source = ReadResource(QLatin1String(SourceEntry), path, LargestSource);
+    if (source)
+        return *source;
+    if (source.error().What == ResourceFault::NotFound)
+        return Fail(path, QStringLiteral("Can't find the file: 'basic.txt' in the resource."));
+    return tl::unexpected(source.error().Why);
+}
+
+std::optional<MacroError> RunMacro(const MacroRequest& request, RunStage& stage, RunAsker& asker, RunScope& scope)
+{
+    const auto run = std::make_unique<RunState>(stage, asker, scope);
+    run->MacroPath = request.Path;
+    run->TestRun = request.TestRun;
+    run->Paths.SetFolder(request.Folder);
+    if (request.Seed)
+        run->Random.Seed(*request.Seed);
+    return RunProgram(*run, request.Source);
+}

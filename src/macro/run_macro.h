@@ -1,0 +1,27 @@
+#pragma once
+
+#include "macro/language/source_text.h"
+#include "macro/run_stage.h"
+#include "platform/result.h"
+
+#include <optional>
+
+class RunAsker;
+class RunScope;
+
+/// A run to be made.
+struct MacroRequest
+{
+    PreparedSource Source;
+    QString Path;                ///< of the macro's file; empty in a test run
+    bool TestRun = false;        ///< on the workbench: lines may be stepped through and watched
+    QString Folder;              ///< the run's current folder at its start
+    std::optional<quint32> Seed; ///< of the macro's random numbers; none: from the clock
+};
+
+/// The source in a macro's file: an archive with the entry "basic.txt", or plain source.
+[[nodiscard]] Result<QByteArray> ReadMacroSource(const QString& path);
+
+/// Runs a macro to its end. Nothing of the run is left afterwards but what it did to texts and files. The error has
+/// been shown by the stage.
+std::optional<MacroError> RunMacro(const MacroRequest& request, RunStage& stage, RunAsker& asker, RunScope& scope);

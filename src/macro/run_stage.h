@@ -1,0 +1,75 @@
+#pragma once
+
+#include <QPoint>
+#include <QString>
+#include <optional>
+
+class DocumentText;
+class TextClipboard;
+struct MacroError;
+struct RunState;
+
+/// Colour slots of the text screen: what is printed, and what it stands on.
+constexpr int PrintSlot = 16, GroundSlot = 17;
+
+/// The text that a run works on, as a screen: what a person sees of it beyond its characters.
+class TextScreen
+{
+public:
+    virtual ~TextScreen() = default;
+    virtual QString FontName() const = 0;
+    virtual double FontSize() const = 0;
+    virtual void SetFont(const QString& name, double points) = 0;
+    virtual void SetColor(int slot, int bgr) = 0;
+    virtual int GetColor(int slot) const = 0;
+    virtual int PageLines() const = 0;     ///< how far the page keys go
+    virtual QPoint TextOrigin() const = 0; ///< on the screen, in pixels
+};
+
+/// The progress bar of the window that a run belongs to.
+class ProgressBarPort
+{
+public:
+    virtual ~ProgressBarPort() = default;
+    virtual void Show(int maximum) = 0;
+    virtual void SetValue(int value) = 0; ///< from 1 to the maximum
+    virtual void Hide() = 0;
+    virtual int Maximum() const = 0;
+    virtual int Value() const = 0;
+};
+
+enum class StepAnswer { Next, Continue, Break };
+
+/// What a run needs of its surroundings: the main window, the workbench, or nothing but a text.
+class RunStage
+{
+public:
+    virtual ~RunStage() = default;
+    virtual DocumentText& Target() = 0;       ///< the text that commands work on
+    virtual void ShowTarget(bool visible) = 0; ///< for moments when a person must see it
+    virtual void ShowNow() = 0;                ///< the target as it stands, for one turn of events
+    virtual void Printed(const QString&) {}    ///< told of each text that `print` writes
+    virtual TextScreen& Screen() = 0;
+    virtual ProgressBarPort& Bar() = 0;
+    virtual TextClipboard& Clipboard() = 0;
+    virtual bool HasWindow() const = 0; ///< false: commands on windows, mouse and keys fail
+
+    virtual void ReportError(const MacroError& error) = 0; ///< shows it; the run is over
+    virtual QString SelectedMedia() const = 0;             ///< full path of what is selected in the media lists
+    virtual void GotoLineDialog() = 0;
+
+    // Of a test run
+    virtual bool StepsLines() const { return false; } ///< is a step prompt wanted in front of each line?
+    virtual void WantSteps(bool) {}
+    virtual StepAnswer Step(int, const QString&) { return StepAnswer::Continue; }
+    virtual bool Watches() const { return false; }
+    virtual void Watch(const RunState&) {} ///< behind each line while Watches() is true
+};
+
+/// Why a macro failed. Line is the index of its line.
+struct MacroError
+{
+    int Line = 0;
+    QString Text; ///< "^" breaks the line
+    bool BeforeRun = false; ///< found before the first line ran
+};

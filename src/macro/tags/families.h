@@ -1,0 +1,11 @@
+#pragma once
+
+#include "macro/language/word_tables.h"
+
+// One routine a family of tags: its table.
+
+std::span<const PlainTag> EditingTags();
+std::span<const PlainTag> ResultTags();
+std::span<const PlainTag> PathTags();
+std::span<const PlainTag> ElementTags();
+std::span<const FunctionTag> FunctionTags();

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+class QToolButton;
+class QTreeView;
+
+/// What the game complained about, below the text: a quiet bar that counts it, and under it the list, one row each,
+/// which leads to its line. Out of sight while there is nothing.
+class WordsPanel : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit WordsPanel(QWidget* parent = nullptr);
+
+    void ShowList(); ///< bar and list, the keyboard in the list
+    bool HasKeyboard() const;
+    bool ListShows() const;
+
+    QTreeView* List() const { return list; }
+    QToolButton* ShowButton() const { return show; }
+    QToolButton* CloseButton() const { return close; }
+    QString BarText() const;
+
+signals:
+    void Left(); ///< the keyboard goes back to the text
+
+private:
+    void Spoken(int all, int fresh);
+    void SetListVisible(bool visible);
+    void ShowColumns();
+
+    QWidget* bar;
+    QLabel *picture, *text;
+    QToolButton *show, *close;
+    QTreeView* list;
+};

@@ -1,0 +1,106 @@
+#include "frame/vocabulary.h"
+#include "macro_scope.h"
+
+#include <QDir>
+#include <QFile>
+#include <gtest/gtest.h>
+
+// The files in checks/ hold one macro a case:
+//
+//     === what the case shows
+//     < a line of the text it works on
+//     ? an answer to its dialogs
+//     the macro
+//     ---
+//     what it must do: MESSAGE and the like as they come, "> " and a line of the text it leaves, ERROR LINE: TEXT
+//
+// "{folder}" stands for the folder that the macro runs in, which holds "Plain.txt" (5 bytes) and the folder "Sub".
+
+namespace {
+
+struct Case
+{
+    QString Name;
+    QStringList Text, Answers, Source, Wanted;
+};
+
+std::vector<Case> CasesOf(const QString& file)
+{
+    QFile opened(file);
+    std::vector<Case> cases;
+    if (!opened.open(QIODevice::ReadOnly))
+        return cases;
+    QStringList lines = QString::fromUtf8(opened.readAll()).split(u'\n');
+    lines.removeLast();
+    bool wanted = false;
+    for (const QString& line : lines) {
+        if (line.startsWith(QLatin1String("=== "))) {
+            cases.push_back({line.sliced(4), {}, {}, {}, {}});
+            wanted = false;
+        } else if (cases.empty()) {
+            continue;
+        } else if (wanted) {
+            if (!line.isEmpty())
+                cases.back().Wanted << line;
+        } else if (line == QLatin1String("---")) {
+            wanted = true;
+        } else if (line.startsWith(QLatin1String("< ")) && cases.back().Source.isEmpty()) {
+            cases.back().Text << line.sliced(2);
+        } else if (line.startsWith(QLatin1String("? ")) && cases.back().Source.isEmpty()) {
+            cases.back().Answers << line.sliced(2);
+        } else {
+            cases.back().Source << line;
+        }
+    }
+    return cases;
+}
+
+QStringList Done(const Case& one)
+{
+    MacroScope scope;
+    scope.Folder.Write(QStringLiteral("Plain.txt"), "12345");
+    scope.Folder.Write(QStringLiteral("Sub/Inner.txt"), "");
+    QDir(scope.Folder.Path()).mkpath(QStringLiteral("Sub/Deep"));
+    Frame.Settings.LineCommentSearchChar = QStringLiteral("~");
+    Frame.Settings.LineCommentLineChar = QStringLiteral("-");
+    scope.AllowFiles = one.Name.contains(QLatin1String("[files]"));
+    Frame.WordLists[ModeGfx][KindElements] = {QStringLiteral("bd_wall"), QStringLiteral("yamyam")};
+    Frame.WordLists[ModeGfx][KindActions] = {QStringLiteral("left"), QStringLiteral("right"), QStringLiteral("up"),
+                                             QStringLiteral("down"), QStringLiteral("moving")};
+    if (!one.Text.isEmpty())
+        scope.Text().SetText(one.Text.join(QLatin1String("\r\n")));
+    scope.Text().SetModified(one.Name.contains(QLatin1String("[unsaved]")));
+    const QString folder = scope.Folder.Path();
+    const QString source = one.Source.join(QLatin1String("\r\n")).replace(QLatin1String("{folder}"), folder);
+    const MacroTrial trial = scope.Run(source, one.Answers);
+    QStringList done = trial.Told;
+    if (scope.Text().LineCount() > 0)
+        for (const QString& line : scope.Text().Text().split(QLatin1String("\r\n")))
+            done << QStringLiteral("> ") + line;
+    if (trial.Error)
+        done << QStringLiteral("ERROR %1: %2").arg(trial.Error->Line).arg(trial.Error->Text);
+    return done.replaceInStrings(folder, QStringLiteral("{folder}"))
+        .replaceInStrings(folder.toLower(), QStringLiteral("{folder}"));
+}
+
+std::string Joined(const QStringList& lines)
+{
+    return lines.join(u'\n').toStdString();
+}
+
+} // namespace
+
+TEST(MacroChecks, EveryFileDoesWhatItSays)
+{
+    const QDir folder(ProjectFile(QStringLiteral("tests/macro/checks")));
+    const QStringList files = folder.entryList({QStringLiteral("*.txt")}, QDir::Files, QDir::Name);
+    EXPECT_GT(files.size(), 5);
+    for (const QString& file : files) {
+        const std::vector<Case> cases = CasesOf(folder.filePath(file));
+        EXPECT_FALSE(cases.empty()) << file;
+        for (const Case& one : cases) {
+            SCOPED_TRACE(QString(file + QStringLiteral(": ") + one.Name));
+            EXPECT_EQ(Joined(Done(one)), Joined(one.Wanted));
+        }
+    }
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "frame/run_scope.h"
+#include "host_scope.h"
+#include "macro/plain_stage.h"
+#include "macro/prepared_answers.h"
+#include "macro/run_macro.h"
+
+/// What a macro did: its dialogs, the text it leaves, its error.
+struct MacroTrial
+{
+    QStringList Told; ///< "MESSAGE title|text|buttons", "REFUSED", "MISFIT ..."
+    std::optional<MacroError> Error;
+};
+
+/// Runs macros on a text of its own, without a window.
+class MacroScope
+{
+public:
+    MacroTrial Run(const QString& source, const QStringList& answers = {})
+    {
+        MacroTrial trial;
+        RunScope scope(RunKind::Macro, QStringLiteral("trial"), Deadline);
+        PreparedAnswers asker(answers);
+        asker.AllowFiles = AllowFiles;
+        asker.OnMessage = [&trial](const MessageRecord& record) {
+            trial.Told << QStringLiteral("MESSAGE %1|%2|%3")
+                              .arg(record.MessageTitle, QString(record.MessageText).replace(u'\r', u'^').remove(u'\n'),
+                                   record.MessageButtons);
+        };
+        asker.OnRefused = [&trial] { trial.Told << QStringLiteral("REFUSED"); };
+        asker.OnMisfit = [&](const QString& text) {
+            trial.Told << QStringLiteral("MISFIT ") + text;
+            scope.Stop(StopReason::Break);
+        };
+        MacroRequest request;
+        request.Source = PrepareSource(source);
+        request.Folder = Folder.Path();
+        request.Seed = 1;
+        trial.Error = RunMacro(request, Stage, asker, scope);
+        return trial;
+    }
+    LineText& Text() { return Stage.TargetLines(); }
+
+    HostScope Host;
+    TestFolder Folder;
+    OwnClipboard Clipboard;
+    PlainStage Stage{Clipboard};
+    bool AllowFiles = false;
+    std::optional<qint64> Deadline = 60'000;
+};
