@@ -1,5 +1,6 @@
 """The tables that hold no word lists: the game's files and command lines, level layouts, and the user's settings."""
 
+import basic_words
 from ini_text import save, section
 
 CONF_NAMES = "graphicsinfo soundsinfo musicinfo levelinfo helptext helpanim editorsetup".split()
@@ -69,9 +70,18 @@ def make_levelheader(out):
 
 
 def make_basic(out):
-    remark = ["Words of Gemforge BASIC for the macro editor's list and colours."]
-    names = "macBASIC macSTATIC macOP macVARY macTEXT".split()
-    save(out / "basic.ini", *[section(name, [("count", 0)], remark if name == names[0] else ()) for name in names])
+    def words(name, listed, remark=()):
+        return section(name, [("count", len(listed)), *enumerate(listed, 1)], remark)
+
+    tags = [word if not word.endswith(":]") else word[:-1] for word in basic_words.names(basic_words.tags())]
+    save(out / "basic.ini",
+         words("macBASIC", basic_words.names(basic_words.commands()),
+               ["Words of Gemforge BASIC for the macro editor's list and colours: commands, tags, operators, words that",
+                "stand as arguments, commands on the text."]),
+         words("macSTATIC", tags),
+         words("macOP", basic_words.OPERATORS),
+         words("macVARY", basic_words.ARGUMENTS),
+         words("macTEXT", basic_words.names(basic_words.text_commands())))
 
 
 def make_links(out):

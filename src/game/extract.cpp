@@ -26,7 +26,7 @@ bool LoadInto(DocumentText& pane, const QString& path)
 {
     const Result<> loaded = pane.OpenFile(path);
     if (!loaded)
-        ShowMessage(MessagePathError, loaded.error().Text());
+        ShowFailure(loaded.error());
     return loaded.has_value();
 }
 

@@ -112,7 +112,7 @@ void FastLaunch()
     const QString file = Frame.CurrentFolder + Frame.CurrentFile;
     auto swap = name_swap::Begin({file, KeptName(file), SmallConf(pane, buffer), SilencedFolders()});
     if (!swap) {
-        ShowMessage(MessagePathError, swap.error().Text());
+        ShowFailure(swap.error());
         return;
     }
     LaunchGame(0, false);

@@ -28,7 +28,7 @@ int Overwrite(int file, QByteArrayView bytes, qint64 at)
 }
 
 /// As before a write that failed, without what it added at the file's end.
-int PutBackBytes(int file, const QByteArray& old, qint64 at, qsizetype written)
+int RestoreOld(int file, const QByteArray& old, qint64 at, qsizetype written)
 {
     if (at != Whole && old.size() < written && Persist([&] { return Steps().Truncate(file, at + old.size()); }) != 0)
         return errno;
@@ -112,7 +112,7 @@ Outcome Finish(const Kept& kept)
     const int file = Persist([&] { return Steps().Open(kept.Path, O_WRONLY | O_NOFOLLOW, 0); });
     if (file < 0)
         return Outcome::Later;
-    const bool whole = !Overwrite(file, kept.New, kept.At) || !PutBackBytes(file, kept.Old, kept.At, kept.New.size());
+    const bool whole = !Overwrite(file, kept.New, kept.At) || !RestoreOld(file, kept.Old, kept.At, kept.New.size());
     Steps().Close(file);
     return whole ? Outcome::Finished : Outcome::Later;
 }
@@ -133,7 +133,7 @@ Result<> WriteOver(const QString& path, qint64 at, QByteArrayView bytes)
         return Fail(path, qt_error_string(error));
     }
     const int error = Overwrite(file, bytes, at);
-    const bool whole = !error || !PutBackBytes(file, *old, at, bytes.size());
+    const bool whole = !error || !RestoreOld(file, *old, at, bytes.size());
     Steps().Close(file); // synced, or given up
     if (whole)
         Remove(*copy);

@@ -1,6 +1,7 @@
 #include "decoder/fuzz_decoder.h"
 
 #include "decoder/bmp_header.h"
+#include "decoder/dds_blocks.h"
 #include "decoder/header_peek.h"
 #include "decoder/kind_of_bytes.h"
 #include "decoder/pcx_walk.h"
@@ -73,6 +74,8 @@ QString FuzzDecoder(const QByteArray& bytes)
     for (quint32 kind = 0; kind < Kinds; ++kind)
         if (const auto extent = PeekExtent(kind, exact); extent && !PeeksAt(kind))
             return QStringLiteral("a size of a kind that is not looked at");
+    if (const auto width = OddBlockWidth(exact); width && (OddBlockWidth(WholeBlocks(exact)) || *width > LongestSide))
+        return QStringLiteral("whole blocks are not whole");
     for (const auto fuzz : {FuzzMessages, FuzzPcx, FuzzBmp})
         if (const QString fault = fuzz(exact); !fault.isEmpty())
             return fault;

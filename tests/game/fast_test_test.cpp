@@ -11,7 +11,7 @@
 
 namespace {
 
-const QByteArray Conf = "# head\r\n"
+const QByteArray FastTestConf = "# head\r\n"
                         "name: mine\r\n"
                         " name: indented\r\n"
                         "sort_priority: 100\r\n"
@@ -25,7 +25,7 @@ class FastTest : public GameTest
 protected:
     FastTest()
     {
-        Set = Scope.MakeSet(QStringLiteral("mine"), Conf);
+        Set = Scope.MakeSet(QStringLiteral("mine"), FastTestConf);
         Scope.Home.Write(QStringLiteral(".rocksndiamonds/levels/mine/sounds/ding.wav"), "sound");
         Path = Set + QStringLiteral("graphics/graphicsinfo.conf");
         EXPECT_TRUE(OpenDocument(Path, false));
@@ -152,7 +152,7 @@ TEST_F(FastTest, ForeignTextIsKeptAndTold)
     EXPECT_EQ(LastTitle(), QStringLiteral("Put Back"));
     const QString aside = Path + QStringLiteral("_000.GemforgeBackup");
     EXPECT_TRUE(Answers.Shown.back().MessageText.endsWith(aside));
-    EXPECT_EQ(Scope.Home.Read(QStringLiteral(".rocksndiamonds/levels/mine/graphics/graphicsinfo.conf")), Conf);
+    EXPECT_EQ(Scope.Home.Read(QStringLiteral(".rocksndiamonds/levels/mine/graphics/graphicsinfo.conf")), FastTestConf);
 }
 
 // Catches: a crash of the program during the test that the next start does not make good, before it reads the conf.

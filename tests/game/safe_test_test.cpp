@@ -12,14 +12,14 @@
 
 namespace {
 
-const QByteArray Conf = "name: mine\nsort_priority: 100\nbug: bugs.png\nrock.xpos: 1\n";
+const QByteArray SafeTestConf = "name: mine\nsort_priority: 100\nbug: bugs.png\nrock.xpos: 1\n";
 
 class SafeTestOfSet : public GameTest
 {
 protected:
     SafeTestOfSet()
     {
-        Set = Scope.MakeSet(QStringLiteral("mine"), Conf);
+        Set = Scope.MakeSet(QStringLiteral("mine"), SafeTestConf);
         const QString files = QStringLiteral(".rocksndiamonds/levels/mine/");
         Scope.Home.Write(files + QStringLiteral("graphics/bugs.png"), "\x89PNG" + QByteArray(100'000, 'x'));
         Scope.Home.Write(files + QStringLiteral("005.level"), "RND1");

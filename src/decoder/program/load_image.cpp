@@ -1,6 +1,7 @@
 #include "decoder/program/load_image.h"
 
 #include "decoder/bmp_header.h"
+#include "decoder/dds_blocks.h"
 #include "decoder/header_peek.h"
 #include "decoder/pcx_walk.h"
 
@@ -11,7 +12,7 @@ namespace decoder {
 
 namespace {
 
-constexpr std::uint32_t BmpKind = FIF_BMP, PcxKind = FIF_PCX;
+constexpr std::uint32_t BmpKind = FIF_BMP, PcxKind = FIF_PCX, DdsKind = FIF_DDS;
 
 class Memory
 {
@@ -178,6 +179,9 @@ Decoded Decode(const Request& request, Bytes told, const SizeKnown& known)
     } else if (request.Kind == BmpKind && NeedsPlainBmp(file)) {
         file = straight = PlainBmp(file);
     }
+    const std::optional<std::uint32_t> odd = request.Kind == DdsKind ? OddBlockWidth(file) : std::nullopt;
+    if (odd)
+        file = straight = WholeBlocks(file);
     const Memory memory(file);
     if (auto decided = FromHeader(request, file, memory, known)) {
         AddFacts(decided->What, pcx);
@@ -190,6 +194,7 @@ Decoded Decode(const Request& request, Bytes told, const SizeKnown& known)
         return Refused(request, Outcome::TooLarge);
     Answer answer = Facts(request, image.get());
     AddFacts(answer, pcx);
+    answer.Width = odd.value_or(answer.Width);
     TakeColours(image.get(), pcx);
     if (request.What == Task::Header)
         return {.What = answer, .Image = {}};

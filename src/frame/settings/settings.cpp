@@ -13,7 +13,7 @@
 namespace {
 
 constexpr int ThumbnailsId = 7;
-constexpr QLatin1StringView InMisc("Misc");
+constexpr QLatin1StringView MiscKeys("Misc");
 
 /// Takes every value of a section that the record holds.
 void ReadRows(SettingsReader& reader, QLatin1StringView section)
@@ -26,7 +26,7 @@ void ReadRows(SettingsReader& reader, QLatin1StringView section)
 /// Which form it is stands first: nothing is coloured twice.
 void ReadLooks(SettingsReader& reader)
 {
-    reader.Read(SettingOf(InMisc, QLatin1StringView("ColourForm")), Frame.Settings);
+    reader.Read(SettingOf(MiscKeys, QLatin1StringView("ColourForm")), Frame.Settings);
     for (const LookForm form : {LookForm::Light, LookForm::Dark})
         ReadRows(reader, SectionOf(form));
     GiveLookToAll();
@@ -97,7 +97,7 @@ void LoadSettings()
     emit Events().ToolBarsLoaded();
     for (const char* section : {"QuickElementTemplate", "AutoCompleteTemplate", "Nags", "Misc"})
         ReadRows(reader, QLatin1StringView(section));
-    Frame.ShowWelcome = reader.Number(SettingOf(InMisc, QLatin1StringView("1stTime")));
+    Frame.ShowWelcome = reader.Number(SettingOf(MiscKeys, QLatin1StringView("1stTime")));
     for (const char* key : {"Left", "Top", "Width", "Height", "Max"}) // the window has read them before
         reader.Number(SettingOf(QLatin1StringView("Window Positions"), QLatin1StringView(key)));
     emit Events().MenuStripsChanged(settings.Gradients == 1);
@@ -159,5 +159,5 @@ void ToggleView(int id)
 {
     for (const ViewToggle& row : ViewToggles())
         if (row.Id == id)
-            ChangeSetting(SettingOf(InMisc, QLatin1StringView(row.Key)), Frame.Settings.*row.Value == 1 ? 0 : 1);
+            ChangeSetting(SettingOf(MiscKeys, QLatin1StringView(row.Key)), Frame.Settings.*row.Value == 1 ? 0 : 1);
 }

@@ -14,7 +14,7 @@ using R = SettingsRecord;
 
 constexpr int LargestColour = 0xFFFFFF, LargestStyle = 3;
 constexpr int FarthestPlace = 100'000; // pixels
-constexpr char LightColours[] = "Syntax Colours", DarkColours[] = "Syntax Colours Dark", Misc[] = "Misc",
+constexpr char LightColours[] = "Syntax Colours", DarkColours[] = "Syntax Colours Dark", MiscSection[] = "Misc",
                Window[] = "Window Positions", Nags[] = "Nags", Quick[] = "QuickElementTemplate",
                Complete[] = "AutoCompleteTemplate";
 
@@ -60,7 +60,7 @@ void ShowColourForm()
     emit Events().ColourFormChanged();
 }
 
-constexpr SettingRow Rows[] = {
+constexpr SettingRow TableRows[] = {
     {LightColours, "MainFont", Text, 0, 0, Inner<&R::Fonts, &LookFonts::MainFont>, GiveLookToAll},
     {LightColours, "MainFontSize", Real, 0, 0, Inner<&R::Fonts, &LookFonts::MainFontSize>, GiveLookToAll},
     {LightColours, "MediaListFontName", Text, 0, 0, Inner<&R::Fonts, &LookFonts::MediaListFontName>, GiveLookToAll},
@@ -91,33 +91,33 @@ constexpr SettingRow Rows[] = {
     {Nags, "3", Flag, 0, 1, At<&R::Nags, 3>},
     {Nags, "4", Flag, 0, 1, At<&R::Nags, 4>},
 
-    {Misc, "SpacerWidth", Number, 10, 200, In<&R::SpacerWidth>, ShowView<5>},
-    {Misc, "SortGotoList", Flag, 0, 1, In<&R::SortGotoList>},
-    {Misc, "UndoLimit", Number, -1, 9999, In<&R::UndoLimit>, ShowView<4>},
-    {Misc, "OpenSaveInLevelDir", Flag, 0, 1, In<&R::OpenSaveInLevelDir>},
-    {Misc, "BackupOnSave", Flag, 0, 1, In<&R::BackupOnSave>},
-    {Misc, "DisableSoundLaunch", Flag, 0, 1, In<&R::DisableSoundLaunch>},
-    {Misc, "QuickClose", Flag, 0, 1, In<&R::QuickClose>},
-    {Misc, "SafeSystemBASIC", Flag, 0, 1, In<&R::SafeSystemBASIC>},
-    {Misc, "MenuIcons", Flag, 0, 1, In<&R::MenuIcons>},
-    {Misc, "Gradients", Flag, 0, 1, In<&R::Gradients>, ShowStrips},
-    {Misc, "ShowLineNumbers", Flag, 0, 1, In<&R::ShowLineNumbers>, ShowView<1>},
-    {Misc, "ShowSpaces", Flag, 0, 1, In<&R::ShowSpaces>, ShowView<2>},
-    {Misc, "LineHints", Flag, 0, 1, In<&R::LineHints>, ShowView<6>},
-    {Misc, "Thumbnails", Flag, 0, 1, In<&R::Thumbnails>, ShowView<7>},
-    {Misc, "UseColour", Flag, 0, 1, In<&R::UseColour>, ShowView<3>},
-    {Misc, "SuperTab", Flag, 0, 1, In<&R::SuperTab>, ShowView<5>},
-    {Misc, "RecentLimit", Number, 10, 200, In<&R::RecentLimit>},
-    {Misc, "ProjectLimit", Number, 3, 50, In<&R::ProjectLimit>},
-    {Misc, "FindHistoryLimit", Number, 3, 50, In<&R::FindHistoryLimit>},
-    {Misc, "ReplaceHistoryLimit", Number, 3, 50, In<&R::ReplaceHistoryLimit>},
-    {Misc, "ScreenReader", Number, 0, 2, In<&R::ScreenReader>},
-    {Misc, "ColourForm", Number, FollowDesktop, AlwaysDark, In<&R::ColourForm>, ShowColourForm},
-    {Misc, "LineCommentLineChar", Character, 0, 0, In<&R::LineCommentLineChar>},
-    {Misc, "LineCommentSearchChar", Character, 0, 0, In<&R::LineCommentSearchChar>},
-    {Misc, "RNDPath", Path, 0, 0, In<&R::RNDPath>, DeriveGameFolders},
-    {Misc, "ImageEditor", Path, 0, 0, In<&R::ImageEditor>},
-    {Misc, "1stTime", Flag, 0, 1},
+    {MiscSection, "SpacerWidth", Number, 10, 200, In<&R::SpacerWidth>, ShowView<5>},
+    {MiscSection, "SortGotoList", Flag, 0, 1, In<&R::SortGotoList>},
+    {MiscSection, "UndoLimit", Number, -1, 9999, In<&R::UndoLimit>, ShowView<4>},
+    {MiscSection, "OpenSaveInLevelDir", Flag, 0, 1, In<&R::OpenSaveInLevelDir>},
+    {MiscSection, "BackupOnSave", Flag, 0, 1, In<&R::BackupOnSave>},
+    {MiscSection, "DisableSoundLaunch", Flag, 0, 1, In<&R::DisableSoundLaunch>},
+    {MiscSection, "QuickClose", Flag, 0, 1, In<&R::QuickClose>},
+    {MiscSection, "SafeSystemBASIC", Flag, 0, 1, In<&R::SafeSystemBASIC>},
+    {MiscSection, "MenuIcons", Flag, 0, 1, In<&R::MenuIcons>},
+    {MiscSection, "Gradients", Flag, 0, 1, In<&R::Gradients>, ShowStrips},
+    {MiscSection, "ShowLineNumbers", Flag, 0, 1, In<&R::ShowLineNumbers>, ShowView<1>},
+    {MiscSection, "ShowSpaces", Flag, 0, 1, In<&R::ShowSpaces>, ShowView<2>},
+    {MiscSection, "LineHints", Flag, 0, 1, In<&R::LineHints>, ShowView<6>},
+    {MiscSection, "Thumbnails", Flag, 0, 1, In<&R::Thumbnails>, ShowView<7>},
+    {MiscSection, "UseColour", Flag, 0, 1, In<&R::UseColour>, ShowView<3>},
+    {MiscSection, "SuperTab", Flag, 0, 1, In<&R::SuperTab>, ShowView<5>},
+    {MiscSection, "RecentLimit", Number, 10, 200, In<&R::RecentLimit>},
+    {MiscSection, "ProjectLimit", Number, 3, 50, In<&R::ProjectLimit>},
+    {MiscSection, "FindHistoryLimit", Number, 3, 50, In<&R::FindHistoryLimit>},
+    {MiscSection, "ReplaceHistoryLimit", Number, 3, 50, In<&R::ReplaceHistoryLimit>},
+    {MiscSection, "ScreenReader", Number, 0, 2, In<&R::ScreenReader>},
+    {MiscSection, "ColourForm", Number, FollowDesktop, AlwaysDark, In<&R::ColourForm>, ShowColourForm},
+    {MiscSection, "LineCommentLineChar", Character, 0, 0, In<&R::LineCommentLineChar>},
+    {MiscSection, "LineCommentSearchChar", Character, 0, 0, In<&R::LineCommentSearchChar>},
+    {MiscSection, "RNDPath", Path, 0, 0, In<&R::RNDPath>, DeriveGameFolders},
+    {MiscSection, "ImageEditor", Path, 0, 0, In<&R::ImageEditor>},
+    {MiscSection, "1stTime", Flag, 0, 1},
 
     {Window, "Left", Number, -FarthestPlace, FarthestPlace},
     {Window, "Top", Number, -FarthestPlace, FarthestPlace},
@@ -158,7 +158,7 @@ std::vector<SettingRow> AllRows()
     std::vector<SettingRow> rows;
     AddForm<&R::Dark>(rows, DarkColours, kinds);
     AddForm<&R::Light>(rows, LightColours, kinds);
-    rows.insert(rows.end(), std::begin(Rows), std::end(Rows));
+    rows.insert(rows.end(), std::begin(TableRows), std::end(TableRows));
     return rows;
 }
 
@@ -181,7 +181,7 @@ QString Written(const SettingRow& row, const QVariant& value)
     }
 }
 
-struct PutWritten
+struct Keep
 {
     const QString& Written;
 
@@ -220,7 +220,7 @@ void ChangeSetting(const SettingRow& row, const QVariant& value)
 {
     const QString written = Written(row, value);
     if (row.Place)
-        std::visit(PutWritten{written}, row.Place(Frame.Settings));
+        std::visit(Keep{written}, row.Place(Frame.Settings));
     WriteIni(written, QString::fromLatin1(row.Section), QString::fromLatin1(row.Key));
     if (row.Apply)
         row.Apply();

@@ -60,7 +60,7 @@ void frmAVI2BMP::Run(QWidget* owner)
         const QString path = folder.filePath(QStringLiteral("avi.bmp"));
         const Result<> written = paths::WriteWholePrivate(path, BitmapFile(window.picBMP));
         if (!written) {
-            ShowMessage(MessagePathError, written.error().Text());
+            ShowFailure(written.error());
             return;
         }
         Lab.AviBitmap = path;
@@ -248,7 +248,7 @@ void frmAVI2BMP::Save()
     if (!path || (paths::FileExists(*path) && ShowMessage(FileIsThere) == QLatin1StringView("Cancel")))
         return;
     if (const Result<> written = paths::WriteWhole(*path, BitmapFile(picBMP)); !written)
-        ShowMessage(MessagePathError, written.error().Text());
+        ShowFailure(written.error());
     else
         lblResult->setText(QStringLiteral("Saved as ") + paths::FileNameOfPath(*path));
 }
