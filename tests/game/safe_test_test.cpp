@@ -235,9 +235,10 @@ TEST_F(SafeTestOfSet, CheckWithTheGameShowsItsWords)
     EXPECT_EQ(ScratchHomes(), 0);
 
     CurrentPane().ExecuteCmd(CmdDocumentEnd);
-    NewDocument(ModeGfx);
-    Answers.Next = {QStringLiteral("OK")};
+    OpenNewTab();
+    ActivateTab();
     GoToGameWord(2); // in the tab that has the file
+    EXPECT_EQ(Frame.CurrentTab, 0);
     EXPECT_EQ(CurrentPane().CaretLine(), 1);
 }
 
