@@ -86,7 +86,7 @@ TEST_F(SafeTestOfSet, SetLevelAndSurroundingsAreThere)
     Scope.Home.Write(QStringLiteral(".rocksndiamonds/levels/donor/graphics/d.png"), "\x89PNG");
     Scope.Home.Write(QStringLiteral(".rocksndiamonds/graphics/own/o.png"), "\x89PNG");
     const QString group = QStringLiteral(".rocksndiamonds/levels/group/");
-    Scope.Home.Write(group + QStringLiteral("levelinfo.conf"), "level_group: true\n");
+    Scope.Home.Write(group + QStringLiteral("levelinfo.conf"), "level_group: yes # a group\n");
     Scope.Home.Write(group + QStringLiteral("helptext.conf"), "bug: help\n");
     Scope.Home.Write(group + QStringLiteral("in/levelinfo.conf"), "levels: 9\ngraphics_set: donor # note\n");
     Set = Scope.Home.Path(group + QStringLiteral("in/"));
