@@ -99,7 +99,7 @@ void ViewErrorLog()
     if (!IsRndPathSet())
         return;
     if (!paths::FileExists(ErrorLogFile())) {
-        ShowMessage(33);
+        ShowMessage(message::NoErrorLog);
         return;
     }
     EditorPane& pane = CurrentPane();

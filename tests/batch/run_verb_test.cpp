@@ -23,7 +23,7 @@ struct RunVerbTest : testing::Test
         said.clear();
         told.clear();
         QTextStream out(&said), err(&told);
-        return RunVerb(QStringList{u"run"_s} + arguments, {out, err});
+        return RunVerb(QStringList{u"run"_s} + arguments, {out, err, scope.Answers});
     }
 
     HostScope scope;
