@@ -1,9 +1,10 @@
 #include "windows/main/command_set.h"
 
+#include "frame/settings/shortcuts.h"
+#include "windows/main/command_keys.h"
 #include "windows/parts/help_subject.h"
 #include "windows/parts/icons.h"
 
-#include <QKeySequence>
 #include <QWidget>
 
 CommandSet::CommandSet(QWidget* window) : QObject(window)
@@ -14,10 +15,7 @@ CommandSet::CommandSet(QWidget* window) : QObject(window)
             Pair pair;
             pair.Row = shown;
             pair.Menu = Make(row, QString::fromLatin1(row.Caption));
-            if (*row.Shortcut) {
-                pair.Menu->setShortcut(QKeySequence(QString::fromLatin1(row.Shortcut), QKeySequence::PortableText));
-                window->addAction(pair.Menu);
-            }
+            window->addAction(pair.Menu);
             if (row.Strip != ToolStrip::None) {
                 pair.Button = Make(row, ToolTipOf(row));
                 pair.Button->setToolTip(ToolTipOf(row));
@@ -25,6 +23,13 @@ CommandSet::CommandSet(QWidget* window) : QObject(window)
             pairs.insert(QString::fromLatin1(row.Control), pair);
         }
     }
+    TakeKeys();
+}
+
+void CommandSet::TakeKeys()
+{
+    for (const Pair& pair : std::as_const(pairs))
+        pair.Menu->setShortcuts(KeysInForce(QString::fromLatin1(pair.Row->Control), ShippedKeys(*pair.Row)));
 }
 
 QAction* CommandSet::Make(const CommandRow& row, const QString& text)

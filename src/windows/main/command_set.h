@@ -21,6 +21,9 @@ public:
     QAction* Button(const QString& control) const; ///< null if the row has no button
     QAction* MenuOf(void (*action)()) const;       ///< of the row with this action; null if none shows
 
+    /// Gives every command the keys that are in force for it.
+    void TakeKeys();
+
     /// Enables, shows and ticks every command by its row.
     void Update(const CommandFacts& now, const SettingsRecord& settings);
     void ShowMenuIcons(bool on);

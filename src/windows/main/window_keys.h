@@ -14,8 +14,11 @@ class WindowKeys : public QObject
 public:
     explicit WindowKeys(QWidget* window);
 
-    /// Keys of the window that the text pane must not claim for itself. `everywhere`: nor any other part.
-    void Claim(const QKeySequence& keys, bool everywhere);
+    /// A key of the window that no part must claim for itself.
+    void Claim(const QKeySequence& key);
+    /// Keys of commands that the text pane must not claim for itself, and those that no part must; in place of those
+    /// before.
+    void ClaimForCommands(QSet<QKeySequence> overText, QSet<QKeySequence> overAll);
 
 signals:
     void EscapePressed(); ///< eaten
@@ -32,5 +35,5 @@ private:
     bool IsClaimed(const QWidget* part, const QKeyEvent& key) const;
 
     QPointer<QWidget> window;
-    QSet<QKeySequence> claimed, claimedEverywhere;
+    QSet<QKeySequence> claimed, claimedOverText, claimedOverAll;
 };
