@@ -478,3 +478,18 @@ FAMILIES = [
 
 RUNTIME = "A name that only the running game and the conf files use; no level file holds it."
 DEFAULTS = "Stands for all elements, or those of one kind, that have no line of their own."
+
+# The page of the macro language: what holds for every line. HTML.
+BASIC_LINES = ("A macro is a text of lines, one command a line: the word first, then its arguments, with one blank between "
+               "them. Letter case does not count in words, names and tags. A line that begins with <code>#</code> is a "
+               "comment. Two blanks in a row are an error, but in quotes.")
+BASIC_RULES = {
+    "Texts": ("Blanks inside double quotes belong to the text: <code>print &quot;two words&quot;</code>. The quotes "
+              "vanish; an empty pair is no argument at all, <code>[null]</code> is the empty text.",),
+    "Values": ("<code>dim $name</code> makes a variable, <code>set $name =5</code> changes it. A value is text; a text "
+               "that is a number can be reckoned with, as a whole number of 32 bits. Where a value is shown, "
+               "<code>|</code> in it is a blank.",
+               "<code>($a+1)</code> reckons: one operator between two values. Brackets may hold brackets."),
+    "Blocks": ("One <code>if</code>, one <code>caseselect</code> and one <code>loop</code> can be open at a time; a "
+               "<code>sub</code>, reached by <code>gosub</code>, has its own.",),
+}

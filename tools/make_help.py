@@ -13,6 +13,7 @@ import re
 import sys
 from collections import OrderedDict
 
+import basic_words
 import help_words as words
 
 
@@ -326,12 +327,32 @@ def others(facts, elements):
     return page
 
 
+def basic():
+    page = Page("words_gemforge_basic.html", "Words of Gemforge BASIC")
+    page.parts.append("<p>%s</p>" % words.BASIC_LINES)
+    for title, texts in words.BASIC_RULES.items():
+        page.section(title, [title.lower().replace(" ", "_")], *texts)
+    for family in basic_words.commands() + basic_words.text_commands():
+        page.chapter(family.title)
+        for word in family.words:
+            page.section(word.name, [word.name], code(("%s %s" % (word.name, word.usage)).strip()),
+                         html.escape(word.help))
+    for family in basic_words.tags():
+        page.chapter(family.title)
+        for word in family.words:
+            plain = word.name.strip("[:]")
+            page.section(word.name, [word.name, plain], code(word.usage), html.escape(word.help))
+    page.chapter("Arguments", "Words that stand as arguments: %s." % ", ".join(code(w) for w in basic_words.ARGUMENTS))
+    return page
+
+
 def main():
     if len(sys.argv) != 3:
         sys.exit(__doc__)
     facts, out = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2])
     elements = Elements(facts)
-    for page in (graphics(facts, elements), sounds(facts, elements), music(facts), level(facts), others(facts, elements)):
+    for page in (graphics(facts, elements), sounds(facts, elements), music(facts), level(facts), others(facts, elements),
+                 basic()):
         page.write(out)
 
 

@@ -151,7 +151,7 @@ VerbResult Finish(const QString& out, const FilmReport& report, VerbStreams& str
 }
 
 constexpr auto SheetKinds = {WindowsBitmapKind, PaintbrushKind, NetworkGraphicsKind};
-const QString SheetEndings = QStringLiteral("the sheet's name must end in .bmp, .pcx or .png");
+const QString FilmSheetEndings = QStringLiteral("the sheet's name must end in .bmp, .pcx or .png");
 
 } // namespace
 
@@ -188,7 +188,7 @@ VerbResult FilmVerb(const QStringList& arguments, VerbStreams& streams)
         return WrongUsage("film", QStringLiteral("a film and the sheet's name are wanted"), streams);
     const QString film = parsed.Plain.at(0), out = parsed.Plain.at(1);
     if (!EndsIn(out, SheetKinds))
-        return WrongUsage("film", SheetEndings, streams);
+        return WrongUsage("film", FilmSheetEndings, streams);
     const FilmReport report = SheetFromFilm(film, *plan);
     return report.Sheet.isNull() ? Failed({film, WhyNoSheet(report)}, streams) : Finish(out, report, streams);
 }
@@ -203,7 +203,7 @@ VerbResult SheetVerb(const QStringList& arguments, VerbStreams& streams)
         return WrongUsage("sheet", QStringLiteral("the sheet's name and pictures are wanted"), streams);
     const QString out = parsed.Plain.at(0);
     if (!EndsIn(out, SheetKinds))
-        return WrongUsage("sheet", SheetEndings, streams);
+        return WrongUsage("sheet", FilmSheetEndings, streams);
     plan->IgnoreDups = parsed.Has("--drop-repeats");
     QStringList files;
     for (const QString& told : parsed.Plain.sliced(1))

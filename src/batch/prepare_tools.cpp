@@ -10,7 +10,7 @@ namespace {
 void ReadToolSettings()
 {
     SettingsReader reader;
-    for (const char* key : {"SpacerWidth", "SuperTab", "RNDPath"})
+    for (const char* key : {"SpacerWidth", "SuperTab", "LineCommentLineChar", "LineCommentSearchChar", "RNDPath"})
         reader.Read(SettingOf(QLatin1StringView("Misc"), QLatin1StringView(key)));
     ReadDumpCommands();
     DeriveGameFolders();

@@ -1,9 +1,9 @@
 #include "batch/run_verb.h"
 
+#include "batch/macro_answers.h"
 #include "frame/frame_state.h"
 #include "frame/run_scope.h"
 #include "macro/plain_stage.h"
-#include "macro/prepared_answers.h"
 #include "macro/run_macro.h"
 #include "platform/paths.h"
 
@@ -109,6 +109,7 @@ public:
           asker(asked.Answers)
     {
         asker.AllowFiles = call.AllowFiles;
+        Frame.Ask = &asker;
         asker.OnMessage = [this](const MessageRecord& record) {
             Tell(QStringLiteral("MESSAGE %1|%2|%3")
                      .arg(MessagePart(record.MessageTitle), MessagePart(record.MessageText),
@@ -128,6 +129,10 @@ public:
             stage.OnPrint = [this](const QString& text) { Tell(QStringLiteral("PRINT ") + OnOneLine(text)); };
     }
 
+    ~BatchRun() { Frame.Ask = before; }
+    BatchRun(const BatchRun&) = delete;
+    BatchRun& operator=(const BatchRun&) = delete;
+
     VerbResult Run(const QByteArray& source)
     {
         MacroRequest request;
@@ -135,7 +140,7 @@ public:
         request.Path = QFileInfo(call.Macro).absoluteFilePath();
         request.Folder = Frame.CurrentFolder;
         request.Seed = call.Seed;
-        RunMacro(request, stage, asker, scope);
+        RunMacro(request, stage, scope);
         if (scope.Stopped())
             EndWith(VerbStopped);
         return ended.value_or(VerbDone);
@@ -153,7 +158,8 @@ private:
     const RunCall& call;
     VerbStreams& streams;
     RunScope scope;
-    PreparedAnswers asker;
+    MacroAnswers asker;
+    Asker* const before = Frame.Ask;
     OwnClipboard clipboard;
     PlainStage stage{clipboard};
     std::optional<VerbResult> ended;

@@ -9,7 +9,7 @@ namespace {
 using decoder::ToBytes;
 using decoder::ToWords;
 
-constexpr std::uint32_t RequestMark = 0x47464631, FactsMark = 0x47464632, FrameMark = 0x47464633;
+constexpr std::uint32_t FilmRequestMark = 0x47464631, FactsMark = 0x47464632, FrameMark = 0x47464633;
 
 bool Plausible(const Facts& facts)
 {
@@ -22,7 +22,7 @@ bool Plausible(const Facts& facts)
 
 RequestBytes Pack(const Request& request)
 {
-    return ToBytes<6>({RequestMark, std::uint32_t(request.How), request.X, request.Y, request.Width, request.Height});
+    return ToBytes<6>({FilmRequestMark, std::uint32_t(request.How), request.X, request.Y, request.Width, request.Height});
 }
 
 FactsBytes Pack(const Facts& facts)
@@ -38,7 +38,7 @@ FrameBytes Pack(const Frame& frame)
 
 std::optional<Request> UnpackRequest(decoder::Bytes bytes)
 {
-    const auto words = ToWords<6>(bytes, RequestMark);
+    const auto words = ToWords<6>(bytes, FilmRequestMark);
     if (!words || (*words)[1] > std::uint32_t(Fit::Part))
         return {};
     const auto [mark, how, x, y, width, height] = *words;

@@ -46,6 +46,8 @@ bool ScintillaPane::WidgetEvent(QEvent* event)
     case QEvent::InputMethod:
         SettleSoon();
         return false;
+    case QEvent::EnabledChange:
+        return true; // the component would take the desktop's colours, and keep them when it is enabled again
     case QEvent::FocusOut:
     case QEvent::Hide:
         codeList.Close();

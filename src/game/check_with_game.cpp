@@ -103,7 +103,7 @@ void CheckWithTheGame()
                         CheckLimit, AuthorsText);
     }();
     if (!check) {
-        ShowMessage(MessagePathError, check.error().Text());
+        ShowFailure(check.error());
         return;
     }
     Words().BeginRun();

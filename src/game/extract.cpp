@@ -26,7 +26,7 @@ bool LoadInto(DocumentText& pane, const QString& path)
 {
     const Result<> loaded = pane.OpenFile(path);
     if (!loaded)
-        ShowMessage(MessagePathError, loaded.error().Text());
+        ShowFailure(loaded.error());
     return loaded.has_value();
 }
 
@@ -99,7 +99,7 @@ void ViewErrorLog()
     if (!IsRndPathSet())
         return;
     if (!paths::FileExists(ErrorLogFile())) {
-        ShowMessage(33);
+        ShowMessage(message::NoErrorLog);
         return;
     }
     EditorPane& pane = CurrentPane();

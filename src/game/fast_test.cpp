@@ -93,18 +93,18 @@ void FastLaunch()
         return;
     EditorPane& pane = CurrentPane();
     if (pane.SelText().isEmpty()) {
-        ShowMessage(30);
+        ShowMessage(message::NoBlockSelected);
         return;
     }
     if (!HasFile(Frame.Documents.at(Frame.CurrentTab))) {
-        ShowMessage(38);
+        ShowMessage(message::LaunchNeedsSave);
         return;
     }
     WidenToLines(pane);
     EditorPane& buffer = Panes().txtBuffer();
     buffer.SetText(pane.SelText());
     if (AddHeader(pane, buffer) < LeastHeaders) {
-        ShowMessage(31);
+        ShowMessage(message::NoConfHeader);
         return;
     }
 
@@ -112,7 +112,7 @@ void FastLaunch()
     const QString file = Frame.CurrentFolder + Frame.CurrentFile;
     auto swap = name_swap::Begin({file, KeptName(file), SmallConf(pane, buffer), SilencedFolders()});
     if (!swap) {
-        ShowMessage(MessagePathError, swap.error().Text());
+        ShowFailure(swap.error());
         return;
     }
     LaunchGame(0, false);

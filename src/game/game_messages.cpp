@@ -243,9 +243,12 @@ GameOutput PartedOutput(QByteArrayView printed, const GameMarks& marks)
 QString LastLineOf(const QByteArray& printed)
 {
     constexpr qsizetype Most = 200;
-    const qsizetype end = printed.lastIndexOf('\n');
-    if (end <= 0)
-        return {};
-    const qsizetype from = printed.lastIndexOf('\n', end - 1) + 1;
-    return QString::fromUtf8(printed.mid(from, qMin(end - from, Most))).trimmed();
+    for (qsizetype end = printed.lastIndexOf('\n'); end > 0;) {
+        const qsizetype from = printed.lastIndexOf('\n', end - 1) + 1;
+        const QString line = QString::fromUtf8(printed.mid(from, qMin(end - from, Most))).trimmed();
+        if (!line.isEmpty() && !line.endsWith(QLatin1String("---")))
+            return line;
+        end = from - 1;
+    }
+    return {};
 }

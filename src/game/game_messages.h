@@ -42,5 +42,5 @@ struct GameOutput
 };
 GameOutput PartedOutput(QByteArrayView printed, const GameMarks& marks);
 
-/// The last whole line, cut where it is long, for the run panel.
+/// The last whole line that is no rule, cut where it is long, for the run panel.
 QString LastLineOf(const QByteArray& printed);

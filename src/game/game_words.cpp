@@ -25,15 +25,20 @@ bool ShowFile(const QString& path)
         ShowNotice(QStringLiteral("This file is not there: ") + paths::Native(path));
         return false;
     }
-    if (TabWithFile(path) < 0) {
-        const int before = Frame.CurrentTab;
-        if (HasFile(Frame.Documents.at(before)) || CurrentPane().Modified()) {
-            OpenNewTab();
+    const int before = Frame.CurrentTab;
+    if (const int holder = TabWithFile(path); holder >= 0) {
+        if (holder != before) {
+            Panes().SelectTab(holder);
             ActivateTab();
-            if (Frame.CurrentTab == before) {
-                ShowNotice(QStringLiteral("All tabs are in use. Close one to see the line."));
-                return false;
-            }
+        }
+        return true;
+    }
+    if (HasFile(Frame.Documents.at(before)) || CurrentPane().Modified()) {
+        OpenNewTab();
+        ActivateTab();
+        if (Frame.CurrentTab == before) {
+            ShowNotice(QStringLiteral("All tabs are in use. Close one to see the line."));
+            return false;
         }
     }
     return OpenDocument(path, false);

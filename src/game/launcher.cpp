@@ -57,7 +57,7 @@ void WriteOutputFile(const QString& path, const QByteArray& bytes)
     if (bytes.isEmpty())
         return;
     if (const Result<> written = paths::WriteWhole(path, bytes); !written)
-        ShowMessage(MessagePathError, written.error().Text());
+        ShowFailure(written.error());
 }
 
 void WriteOutputFiles(const GameReport& report)
@@ -146,7 +146,7 @@ std::optional<GameReport> LaunchGame(int dumpIndex, bool keepEnabled)
     if (report)
         WriteOutputFiles(*report);
     else
-        ShowMessage(MessagePathError, report.error().Text());
+        ShowFailure(report.error());
     if (dumpIndex == 0) {
         Panes().FocusPane();
         paths::ChangeToFolder(Frame.CurrentFolder);

@@ -21,13 +21,13 @@ void StartTest()
         return;
     auto set = PrepareSet(*wish);
     if (!set) {
-        ShowMessage(MessagePathError, set.error().Text());
+        ShowFailure(set.error());
         return;
     }
     const GameEntry game = GameInUse();
     auto test = std::make_unique<SafeTest>(std::move(*set), paths::FileNameOfPath(wish->Folder.chopped(1)));
     if (const Result<> started = test->Start(game.Program, game.Arguments); !started) {
-        ShowMessage(MessagePathError, started.error().Text());
+        ShowFailure(started.error());
         return;
     }
     TheGame.Test = std::move(test);

@@ -7,21 +7,23 @@
 #include "frame/media/media_lists.h"
 #include "game/finding_places.h"
 #include "game/game_folders.h"
+#include "game/game_state.h"
 #include "platform/paths.h"
 
 #include <QRegularExpression>
 
 namespace {
 
-/// The number of a level file "NNN.level" that is selected in the list of the document's folder.
+/// The level "NNN.level" that is selected in the list of the document's folder; elsewhere in the set the one that was
+/// tested last.
 std::optional<int> SelectedLevel(const QString& setFolder)
 {
     const MediaListModel& list = Lists().Base;
     static const QRegularExpression form(QStringLiteral("^(\\d{3})\\.level$"));
-    const auto match = form.match(list.Name(Lists().SavedListIndex.at(1)));
-    if (!match.hasMatch() || paths::Canonical(list.Folder()) != paths::Canonical(setFolder))
-        return {};
-    return match.captured(1).toInt();
+    const auto match = form.match(list.Name(Lists().SavedListIndex.at(size_t(MediaSource::PCXBrowser))));
+    if (match.hasMatch() && paths::Canonical(list.Folder()) == paths::Canonical(setFolder))
+        TheGame.Level = {setFolder, match.captured(1).toInt()};
+    return TheGame.Level.first == setFolder ? std::optional(TheGame.Level.second) : std::nullopt;
 }
 
 } // namespace

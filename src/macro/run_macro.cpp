@@ -33,9 +33,9 @@ Result<QByteArray> ReadMacroSource(const QString& path)
     return tl::unexpected(source.error().Why);
 }
 
-std::optional<MacroError> RunMacro(const MacroRequest& request, RunStage& stage, RunAsker& asker, RunScope& scope)
+std::optional<MacroError> RunMacro(const MacroRequest& request, RunStage& stage, RunScope& scope)
 {
-    const auto run = std::make_unique<RunState>(stage, asker, scope);
+    const auto run = std::make_unique<RunState>(stage, scope);
     run->MacroPath = request.Path;
     run->TestRun = request.TestRun;
     run->Paths.SetFolder(request.Folder);

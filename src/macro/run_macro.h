@@ -6,7 +6,6 @@
 
 #include <optional>
 
-class RunAsker;
 class RunScope;
 
 /// A run to be made.
@@ -24,4 +23,4 @@ struct MacroRequest
 
 /// Runs a macro to its end. Nothing of the run is left afterwards but what it did to texts and files. The error has
 /// been shown by the stage.
-std::optional<MacroError> RunMacro(const MacroRequest& request, RunStage& stage, RunAsker& asker, RunScope& scope);
+std::optional<MacroError> RunMacro(const MacroRequest& request, RunStage& stage, RunScope& scope);

@@ -20,7 +20,7 @@ namespace films {
 namespace {
 
 constexpr int OrdinaryPatience = 30'000; ///< ms
-constexpr int Beat = 20;                 ///< ms between two turns
+constexpr int FilmBeat = 20;                 ///< ms between two turns
 constexpr quint64 AnySize = std::numeric_limits<quint64>::max();
 
 /// A helper that is ended with the scope.
@@ -68,14 +68,14 @@ public:
     {
         QElapsedTimer silence;
         silence.start();
-        return ReceiveFrom(socket, bytes, Beat, [&] { return TakeTurn() && !silence.hasExpired(patience); }) ==
+        return ReceiveFrom(socket, bytes, FilmBeat, [&] { return TakeTurn() && !silence.hasExpired(patience); }) ==
                Received::All;
     }
 
     /// Also where frames come faster than they can be waited for.
     bool TakeTurn()
     {
-        if (!Stopped && sinceTurn.hasExpired(Beat)) {
+        if (!Stopped && sinceTurn.hasExpired(FilmBeat)) {
             Stopped = goes && !goes();
             sinceTurn.start();
         }

@@ -80,7 +80,7 @@ int HeldNote::Make(const QByteArray& noteFolder, const SwapNote& note)
     // Named as the files that saves lay beside theirs, which are swept when they are left.
     const QByteArray draft = noteFolder + ".gemforge-" + QByteArray::number(getpid()) + '-' +
                              QByteArray::number(QRandomGenerator::system()->generate64(), 16);
-    file = Persist([&] { return Steps().Open(draft, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, 0600); });
+    file = Persist([&] { return Steps().Open(draft, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, 0644); });
     if (file < 0)
         return errno;
     // Locked and whole before it has its name, so that nobody takes it for one that was left.
@@ -97,9 +97,9 @@ int HeldNote::Make(const QByteArray& noteFolder, const SwapNote& note)
 int HeldNote::TakeOver(const QByteArray& noteFolder, std::optional<SwapNote>& note)
 {
     path = noteFolder + SwapNoteName;
-    file = Persist([&] { return Steps().Open(path, O_RDWR | O_NOFOLLOW, 0); });
+    file = Persist([&] { return Steps().Open(path, O_RDONLY | O_NOFOLLOW, 0); });
     if (file < 0)
-        return errno;
+        return errno == EACCES ? EBUSY : errno; // another user's
     if (flock(file, LOCK_EX | LOCK_NB) != 0)
         return EBUSY;
     // Whoever held it may have ended and removed it between the two calls.

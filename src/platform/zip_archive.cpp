@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr qsizetype Chunk = qsizetype(1) << 16; ///< bytes of an entry read at a time
+constexpr qsizetype ZipChunk = qsizetype(1) << 16; ///< bytes of an entry read at a time
 
 QString Words(zip_error_t* error)
 {
@@ -105,9 +105,9 @@ Result<> ZipArchive::ReadPieces(int entry, qint64 limit, const Taker& take) cons
                                                                  zip_fclose);
     if (!file)
         return Fail(path, Words(zip_get_error(archive.get())));
-    QByteArray buffer(Chunk, Qt::Uninitialized);
+    QByteArray buffer(ZipChunk, Qt::Uninitialized);
     for (qint64 all = 0;;) {
-        const zip_int64_t got = zip_fread(file.get(), buffer.data(), zip_uint64_t(Chunk));
+        const zip_int64_t got = zip_fread(file.get(), buffer.data(), zip_uint64_t(ZipChunk));
         if (got < 0)
             return Fail(path, Words(zip_file_get_error(file.get())));
         all += got;

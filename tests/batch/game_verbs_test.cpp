@@ -33,7 +33,7 @@ protected:
         out.clear();
         err.clear();
         QTextStream outStream(&out), errStream(&err);
-        return RunVerb(words, VerbStreams{outStream, errStream});
+        return RunVerb(words, VerbStreams{outStream, errStream, Scope.Answers});
     }
     static QStringList Words(const char* call) { return QString::fromLatin1(call).split(u' '); }
 

@@ -1,4 +1,5 @@
 #include "decoder/decode_here.h"
+#include "decoder/program/reduce_image.h"
 #include "decoder/sample_images.h"
 #include "platform/images.h"
 #include "test_support.h"
@@ -54,4 +55,37 @@ TEST(EveryKind, IsToldByItsBytesWhereItHasAMark)
     }
     EXPECT_EQ(ImageKindOfFile(folder.Write(QStringLiteral("a.Pcx"), "GIF89a")), PaintbrushKind);
     EXPECT_EQ(ImageKindOfFile(folder.Path(QStringLiteral("none"))), -1);
+}
+
+// Catches: surfaces in blocks whose last blocks are cut, which the library reads askew; columns of theirs that show,
+// also where the colours are made fewer.
+TEST(EveryKind, SurfacesInBlocksOfAnyWidth)
+{
+    const auto little = [](quint32 number) { return QByteArray(reinterpret_cast<const char*>(&number), 4); };
+    for (const quint32 width : {4u, 5u, 7u, 10u}) {
+        const quint32 blocks = (width + 3) / 4;
+        QByteArray file = "DDS " + little(124) + little(0x81007) + little(8) + little(width) + little(blocks * 16) +
+                          QByteArray(13 * 4, '\0') + little(32) + little(4) + "DXT1" + QByteArray(20, '\0') +
+                          little(0x1000) + QByteArray(16, '\0');
+        for (quint32 block = 0; block < 2 * blocks; ++block) // each of one colour: red 5 bits, green 6, blue 5
+            file += little((block * 9 % 32) << 11) + QByteArray(4, '\0');
+        const decoder::Decoded here = DecodeHere(24, file);
+        ASSERT_EQ(here.What.How, decoder::Outcome::Done);
+        ASSERT_EQ(here.What.Width, width);
+        const QImage shown = PixelsOf(here);
+        const decoder::Request fewer{.Kind = 24, .What = decoder::Task::Reduced};
+        const decoder::Decoded reduced =
+            decoder::Finished(fewer, decoder::Decode(fewer, BytesOf(file), [](quint64) {}), [](quint64) {});
+        ASSERT_EQ(reduced.Made.size(), decoder::PayloadBytes(reduced.What));
+        for (quint32 y = 0; y < 8; ++y)
+            for (quint32 x = 0; x < width; ++x) {
+                const quint32 red = (y / 4 * blocks + x / 4) * 9 % 32;
+                const QRgb colour = qRgb(int(red << 3 | red >> 2), 0, 0);
+                ASSERT_EQ(shown.pixel(int(x), int(y)), colour) << width << ": " << x << ", " << y;
+                const auto number = size_t(reduced.Made[1024 + y * decoder::NumberRow(width) + x]);
+                QRgb entry = 0;
+                memcpy(&entry, reduced.Made.data() + number * 4, 4);
+                ASSERT_EQ(entry, colour);
+            }
+    }
 }

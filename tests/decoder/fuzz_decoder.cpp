@@ -1,6 +1,7 @@
 #include "decoder/fuzz_decoder.h"
 
 #include "decoder/bmp_header.h"
+#include "decoder/dds_blocks.h"
 #include "decoder/header_peek.h"
 #include "decoder/kind_of_bytes.h"
 #include "decoder/pcx_walk.h"
@@ -40,8 +41,10 @@ QString FuzzPcx(Bytes bytes)
     const PcxFacts again = WalkPcx(straight);
     if (!again.Readable || again.EndsEarly || again.MisreadByLibrary)
         return QStringLiteral("a straightened PCX is not straight");
-    const bool odd = facts.Bits == 4 && facts.Width % 2 == 1;
-    if (again.Width != facts.Width + odd || again.Height != facts.Height || again.Bits != facts.Bits)
+    const bool planes = facts.Bits > 1 && facts.Bits <= 4;
+    const bool column = facts.Width == 1 || (planes && facts.Width % 2 == 1), row = facts.Height == 1;
+    if (again.Width != facts.Width + column || again.Height != facts.Height + row ||
+        again.Bits != (planes ? 4 : facts.Bits))
         return QStringLiteral("a straightened PCX has another size");
     return {};
 }
@@ -73,6 +76,8 @@ QString FuzzDecoder(const QByteArray& bytes)
     for (quint32 kind = 0; kind < Kinds; ++kind)
         if (const auto extent = PeekExtent(kind, exact); extent && !PeeksAt(kind))
             return QStringLiteral("a size of a kind that is not looked at");
+    if (const auto width = OddBlockWidth(exact); width && (OddBlockWidth(WholeBlocks(exact)) || *width > LongestSide))
+        return QStringLiteral("whole blocks are not whole");
     for (const auto fuzz : {FuzzMessages, FuzzPcx, FuzzBmp})
         if (const QString fault = fuzz(exact); !fault.isEmpty())
             return fault;

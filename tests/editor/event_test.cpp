@@ -41,6 +41,18 @@ struct EventTest : PaneTest
     QString heard;
 };
 
+// Catches: a pane that was disabled for a run and keeps the desktop's colours afterwards.
+TEST_F(EventTest, ColoursSurviveADisabledWindow)
+{
+    pane->SetColor(0, 0xE8D0D0);
+    pane->SetText(u"some text"_s);
+    const auto plainBack = [this] { return Component()->SendScintilla(QsciScintillaBase::SCI_STYLEGETBACK, 0UL); };
+    const long before = plainBack();
+    Component()->setEnabled(false);
+    Component()->setEnabled(true);
+    EXPECT_EQ(plainBack(), before);
+}
+
 // Catches: an event missed, told twice or told before the text is what it tells of.
 TEST_F(EventTest, EachChangeIsToldOnceAndBehindIt)
 {

@@ -12,14 +12,14 @@
 
 namespace {
 
-const QByteArray Conf = "name: mine\nsort_priority: 100\nbug: bugs.png\nrock.xpos: 1\n";
+const QByteArray SafeTestConf = "name: mine\nsort_priority: 100\nbug: bugs.png\nrock.xpos: 1\n";
 
 class SafeTestOfSet : public GameTest
 {
 protected:
     SafeTestOfSet()
     {
-        Set = Scope.MakeSet(QStringLiteral("mine"), Conf);
+        Set = Scope.MakeSet(QStringLiteral("mine"), SafeTestConf);
         const QString files = QStringLiteral(".rocksndiamonds/levels/mine/");
         Scope.Home.Write(files + QStringLiteral("graphics/bugs.png"), "\x89PNG" + QByteArray(100'000, 'x'));
         Scope.Home.Write(files + QStringLiteral("005.level"), "RND1");
@@ -75,7 +75,7 @@ TEST_F(SafeTestOfSet, TheGamePlaysACopyWithTheUnsavedTexts)
     EXPECT_TRUE(CurrentPane().Modified());
     EXPECT_EQ(ScratchHomes(), 0);
     EXPECT_EQ(RunningWork(), 0);
-    EXPECT_TRUE(Answers.Shown.empty());
+    EXPECT_TRUE(Answers.Asked.empty());
 }
 
 // Catches: a level beside the chosen one, a level of another folder, texts of a group or artwork of another set that
@@ -117,8 +117,10 @@ TEST_F(SafeTestOfSet, SetLevelAndSurroundingsAreThere)
 TEST_F(SafeTestOfSet, TheSelectedLevelIsUnderWork)
 {
     Open(QStringLiteral("levelinfo.conf"));
-    Lists().SavedListIndex.at(1) = Lists().Base.Find(QStringLiteral("005.level"));
+    Lists().SavedListIndex.at(size_t(MediaSource::PCXBrowser)) = Lists().Base.Find(QStringLiteral("005.level"));
     EXPECT_EQ(WishOfCurrentSet()->Level, 5);
+    Open(QStringLiteral("graphics/graphicsinfo.conf"));
+    EXPECT_EQ(WishOfCurrentSet()->Level, 5); // the list shows pictures now
     OpenNewTab();
     ActivateTab();
     EXPECT_FALSE(WishOfCurrentSet());
@@ -234,7 +236,7 @@ TEST_F(SafeTestOfSet, CheckWithTheGameShowsItsWords)
 
     CurrentPane().ExecuteCmd(CmdDocumentEnd);
     NewDocument(ModeGfx);
-    Answers.Buttons = {QStringLiteral("OK")};
+    Answers.Next = {QStringLiteral("OK")};
     GoToGameWord(2); // in the tab that has the file
     EXPECT_EQ(CurrentPane().CaretLine(), 1);
 }

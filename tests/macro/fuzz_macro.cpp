@@ -1,9 +1,10 @@
 #include "fuzz_macro.h"
 
+#include "batch/macro_answers.h"
+#include "frame/frame_state.h"
 #include "frame/run_scope.h"
 #include "macro/language/word_tables.h"
 #include "macro/plain_stage.h"
-#include "macro/prepared_answers.h"
 #include "macro/run_macro.h"
 
 namespace {
@@ -34,13 +35,15 @@ QString FuzzMacro(QByteArrayView bytes, const QString& folder)
         if (printed.size() > LargestText || text.LineCount() > LargestText / 16)
             scope.Stop(StopReason::Break);
     };
-    PreparedAnswers asker({QStringLiteral("OK"), QStringLiteral("Continue"), QStringLiteral("x")});
+    MacroAnswers asker({QStringLiteral("OK"), QStringLiteral("Continue"), QStringLiteral("x")});
+    Asker* const before = std::exchange(Frame.Ask, &asker);
     asker.OnMisfit = [&scope](const QString&) { scope.Stop(StopReason::Break); };
     MacroRequest request;
     request.Source = PrepareSource(SourceFromBytes(bytes));
     request.Folder = folder;
     request.Seed = 7;
-    const auto error = RunMacro(request, stage, asker, scope);
+    const auto error = RunMacro(request, stage, scope);
+    Frame.Ask = before;
     if (error && error->Text.isEmpty())
         return QStringLiteral("an error without a text");
     if (error && (error->Line < 0 || error->Line > request.Source.Lines.size()))

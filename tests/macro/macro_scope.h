@@ -1,9 +1,9 @@
 #pragma once
 
+#include "batch/macro_answers.h"
 #include "frame/run_scope.h"
 #include "host_scope.h"
 #include "macro/plain_stage.h"
-#include "macro/prepared_answers.h"
 #include "macro/run_macro.h"
 
 /// What a macro did: its dialogs, the text it leaves, its error.
@@ -21,7 +21,8 @@ public:
     {
         MacroTrial trial;
         RunScope scope(RunKind::Macro, QStringLiteral("trial"), Deadline);
-        PreparedAnswers asker(answers);
+        MacroAnswers asker(answers);
+        Frame.Ask = &asker;
         asker.AllowFiles = AllowFiles;
         asker.OnMessage = [&trial](const MessageRecord& record) {
             trial.Told << QStringLiteral("MESSAGE %1|%2|%3")
@@ -37,7 +38,8 @@ public:
         request.Source = PrepareSource(source);
         request.Folder = Folder.Path();
         request.Seed = 1;
-        trial.Error = RunMacro(request, Stage, asker, scope);
+        trial.Error = RunMacro(request, Stage, scope);
+        Frame.Ask = &Host.Answers;
         return trial;
     }
     LineText& Text() { return Stage.TargetLines(); }

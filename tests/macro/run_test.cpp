@@ -17,9 +17,10 @@ struct GateTest : testing::Test
 {
     bool Ask(const QStringList& answers)
     {
-        PreparedAnswers asker(answers);
+        MacroAnswers asker(answers);
         asker.OnRefused = [this] { refused = true; };
-        RunState run(scope.Stage, asker, turns);
+        Frame.Ask = &asker;
+        RunState run(scope.Stage, turns);
         run.Author = author;
         run.SafeSystem = safe;
         static constexpr CommandWord word{"dirkill", Exactly(1), SafeGate, "", "", nullptr};
@@ -30,6 +31,7 @@ struct GateTest : testing::Test
         run.Variables.Declare(run.Variables.Mention(u"$folder"_s));
         run.Variables.Mention(u"$folder"_s).Held = Value(u"my|files^x"_s);
         const bool passed = SystemSafeCheck(run, line);
+        Frame.Ask = &scope.Host.Answers;
         EXPECT_EQ(run.StopRequested, !passed);
         return passed;
     }
@@ -58,17 +60,7 @@ TEST_F(GateTest, OnlyContinuePasses)
 // Catches: a question that does not say what it is about, an author that breaks its lines.
 TEST_F(GateTest, TheQuestionTellsAuthorAndCommand)
 {
-    struct Reader : PreparedAnswers
-    {
-        using PreparedAnswers::PreparedAnswers;
-        MessageAnswer Message(const MessageRecord& record, MessagePurpose) override
-        {
-            Text = record.MessageText;
-            return {u"Break"_s, 2};
-        }
-        QString Text;
-    } reader{QStringList()};
-    RunState run(scope.Stage, reader, turns);
+    RunState run(scope.Stage, turns);
     run.Author = u"A^B"_s + QString(60, u'x');
     static constexpr CommandWord word{"filekill", Exactly(1), SafeGate, "", "", nullptr};
     ProgramLine line;
@@ -76,7 +68,9 @@ TEST_F(GateTest, TheQuestionTellsAuthorAndCommand)
     for (const QString& token : {u"filekill"_s, u"my|file"_s})
         line.Tokens.push_back(ReadToken(token, run.Variables));
     EXPECT_FALSE(SystemSafeCheck(run, line));
-    EXPECT_EQ(reader.Text, u"You have SystemSafe turned on and this BASIC program wants to work with files.^^Author: AB"_s +
+    const std::vector<SafetyQuestion> asked = scope.Host.Answers.AskedFor<SafetyQuestion>();
+    ASSERT_EQ(asked.size(), 1);
+    EXPECT_EQ(RecordOf(asked.front()).MessageText, u"You have SystemSafe turned on and this BASIC program wants to work with files.^^Author: AB"_s +
                                QString(38, u'x') + u"^^filekill my file"_s);
 }
 

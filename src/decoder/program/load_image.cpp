@@ -1,6 +1,7 @@
 #include "decoder/program/load_image.h"
 
 #include "decoder/bmp_header.h"
+#include "decoder/dds_blocks.h"
 #include "decoder/header_peek.h"
 #include "decoder/pcx_walk.h"
 
@@ -11,7 +12,7 @@ namespace decoder {
 
 namespace {
 
-constexpr std::uint32_t BmpKind = FIF_BMP, PcxKind = FIF_PCX;
+constexpr std::uint32_t BmpKind = FIF_BMP, PcxKind = FIF_PCX, DdsKind = FIF_DDS;
 
 class Memory
 {
@@ -50,13 +51,23 @@ Answer Facts(const Request& request, FIBITMAP* image)
             .ColoursUsed = std::min(FreeImage_GetColorsUsed(image), 256u)};
 }
 
-/// A straightened image may be one column wider than it should.
+/// A straightened image may have one column, one row and some planes too many.
 void AddFacts(Answer& answer, const PcxFacts& pcx)
 {
     if (answer.How != Outcome::Done || !pcx.Readable)
         return;
     answer.Width = pcx.Width;
+    answer.Height = pcx.Height;
+    answer.Bits = pcx.Bits;
     answer.EndsEarly = pcx.EndsEarly;
+}
+
+Bitmap Cropped(Bitmap image, const PcxFacts& pcx)
+{
+    if (!pcx.Readable ||
+        (FreeImage_GetWidth(image.get()) == pcx.Width && FreeImage_GetHeight(image.get()) == pcx.Height))
+        return image;
+    return Bitmap(FreeImage_Copy(image.get(), 0, 0, int(pcx.Width), int(pcx.Height)));
 }
 
 void TakeColours(FIBITMAP* image, const PcxFacts& pcx)
@@ -178,18 +189,24 @@ Decoded Decode(const Request& request, Bytes told, const SizeKnown& known)
     } else if (request.Kind == BmpKind && NeedsPlainBmp(file)) {
         file = straight = PlainBmp(file);
     }
+    const std::optional<std::uint32_t> odd = request.Kind == DdsKind ? OddBlockWidth(file) : std::nullopt;
+    if (odd)
+        file = straight = WholeBlocks(file);
     const Memory memory(file);
     if (auto decided = FromHeader(request, file, memory, known)) {
         AddFacts(decided->What, pcx);
         return std::move(*decided);
     }
     Bitmap image = memory.Load(FREE_IMAGE_FORMAT(request.Kind), 0);
+    if (image)
+        image = Cropped(std::move(image), pcx);
     if (!image)
         return Refused(request, Outcome::NotRead);
     if (!Fits(image.get()))
         return Refused(request, Outcome::TooLarge);
     Answer answer = Facts(request, image.get());
     AddFacts(answer, pcx);
+    answer.Width = odd.value_or(answer.Width);
     TakeColours(image.get(), pcx);
     if (request.What == Task::Header)
         return {.What = answer, .Image = {}};

@@ -252,6 +252,19 @@ std::vector<std::byte> GifOf(FIBITMAP* image)
     return bytes;
 }
 
+/// What was read may be some columns wider than the image is.
+Bitmap OfItsWidth(Bitmap image, std::uint32_t width)
+{
+    if (FreeImage_GetWidth(image.get()) == width)
+        return image;
+    return Bitmap(FreeImage_Copy(image.get(), 0, 0, int(width), int(FreeImage_GetHeight(image.get()))));
+}
+
+Decoded Unmade(const Request& request)
+{
+    return {.What = {.Serial = request.Serial, .How = Outcome::NotRead}, .Image = {}, .Made = {}};
+}
+
 } // namespace
 
 Decoded Finished(const Request& request, Decoded decoded, const SizeKnown& known)
@@ -260,14 +273,16 @@ Decoded Finished(const Request& request, Decoded decoded, const SizeKnown& known
     if (!decoded.Image || (!gif && request.What != Task::Reduced))
         return decoded;
     known(std::uint64_t(decoded.What.Width) * decoded.What.Height * WorkOf[int(request.How.Method)]);
-    Bitmap image = std::move(decoded.Image);
+    Bitmap image = OfItsWidth(std::move(decoded.Image), decoded.What.Width);
+    if (!image)
+        return Unmade(request);
     const bool hasPalette = FreeImage_GetBPP(image.get()) <= 8;
     if (!gif || !hasPalette)
         image = Reduced(image.get(), request.How);
     if (image)
         decoded.Made = gif ? GifOf(image.get()) : NumbersOf(image.get());
     if (decoded.Made.empty())
-        return {.What = {.Serial = request.Serial, .How = Outcome::NotRead}, .Image = {}, .Made = {}};
+        return Unmade(request);
     decoded.What.Alpha = false;
     decoded.What.Behind = gif ? Payload::File : Payload::Numbers;
     decoded.What.FileBytes = gif ? std::uint32_t(decoded.Made.size()) : 0;

@@ -27,7 +27,7 @@ void TellPutBack(const name_swap::PutBack& found)
         failures << failure.Text();
     AddPart(parts, "This could not be put back yet and is tried again at the next start:", failures);
     if (!parts.isEmpty())
-        ShowMessage(MessagePutBack, parts.join(QStringLiteral("^^")));
+        ShowMessage(message::PutBack, parts.join(QStringLiteral("^^")));
 }
 
 void TellEndOfSwap(name_swap::PutBack found)

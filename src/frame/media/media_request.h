@@ -12,7 +12,7 @@ enum class MediaSource {
     Macro,      ///< from here on a whole path: of a macro's command
     Palette,
     Film,
-    Lab,
+    PCXLab,
 };
 
 /// An entry of the media lists.

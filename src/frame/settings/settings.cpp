@@ -13,14 +13,23 @@
 namespace {
 
 constexpr int ThumbnailsId = 7;
-constexpr QLatin1StringView Misc("Misc"), Colours("Syntax Colours");
+constexpr QLatin1StringView MiscKeys("Misc");
 
 /// Takes every value of a section that the record holds.
 void ReadRows(SettingsReader& reader, QLatin1StringView section)
 {
     for (const SettingRow& row : SettingRows())
         if (row.Place && section == QLatin1StringView(row.Section))
-            reader.Read(row);
+            reader.Read(row, Frame.Settings);
+}
+
+/// Which form it is stands first: nothing is coloured twice.
+void ReadLooks(SettingsReader& reader)
+{
+    reader.Read(SettingOf(MiscKeys, QLatin1StringView("ColourForm")), Frame.Settings);
+    for (const LookForm form : {LookForm::Light, LookForm::Dark})
+        ReadRows(reader, SectionOf(form));
+    GiveLookToAll();
 }
 
 void ReadAnimModes(SettingsRecord& settings)
@@ -83,14 +92,12 @@ void LoadSettings()
 {
     SettingsReader reader;
     SettingsRecord& settings = Frame.Settings;
-    LoadSyntaxColours(Panes().Pane(0), Colours, true, reader);
+    ReadLooks(reader);
     settings.Bands = ReadBands(reader);
     emit Events().ToolBarsLoaded();
-    ReadRows(reader, Colours);
-    emit Events().MediaLooksChanged();
     for (const char* section : {"QuickElementTemplate", "AutoCompleteTemplate", "Nags", "Misc"})
         ReadRows(reader, QLatin1StringView(section));
-    Frame.ShowWelcome = reader.Number(SettingOf(Misc, QLatin1StringView("1stTime")));
+    Frame.ShowWelcome = reader.Number(SettingOf(MiscKeys, QLatin1StringView("1stTime")));
     for (const char* key : {"Left", "Top", "Width", "Height", "Max"}) // the window has read them before
         reader.Number(SettingOf(QLatin1StringView("Window Positions"), QLatin1StringView(key)));
     emit Events().MenuStripsChanged(settings.Gradients == 1);
@@ -152,5 +159,5 @@ void ToggleView(int id)
 {
     for (const ViewToggle& row : ViewToggles())
         if (row.Id == id)
-            ChangeSetting(SettingOf(Misc, QLatin1StringView(row.Key)), Frame.Settings.*row.Value == 1 ? 0 : 1);
+            ChangeSetting(SettingOf(MiscKeys, QLatin1StringView(row.Key)), Frame.Settings.*row.Value == 1 ? 0 : 1);
 }

@@ -14,8 +14,9 @@ using R = SettingsRecord;
 
 constexpr int LargestColour = 0xFFFFFF, LargestStyle = 3;
 constexpr int FarthestPlace = 100'000; // pixels
-constexpr char Colours[] = "Syntax Colours", Misc[] = "Misc", Window[] = "Window Positions", Nags[] = "Nags",
-               Quick[] = "QuickElementTemplate", Complete[] = "AutoCompleteTemplate";
+constexpr char LightColours[] = "Syntax Colours", DarkColours[] = "Syntax Colours Dark", MiscSection[] = "Misc",
+               Window[] = "Window Positions", Nags[] = "Nags", Quick[] = "QuickElementTemplate",
+               Complete[] = "AutoCompleteTemplate";
 
 template <auto Member>
 SettingPlace In(SettingsRecord& settings)
@@ -27,6 +28,18 @@ template <auto Member, std::size_t Index>
 SettingPlace At(SettingsRecord& settings)
 {
     return &(settings.*Member)[Index];
+}
+
+template <auto Outer, auto Member>
+SettingPlace Inner(SettingsRecord& settings)
+{
+    return &(settings.*Outer.*Member);
+}
+
+template <auto Form, std::size_t Kind, auto Member>
+SettingPlace OfKind(SettingsRecord& settings)
+{
+    return &((settings.*Form).Kinds[Kind].*Member);
 }
 
 template <int Id>
@@ -41,27 +54,20 @@ void ShowStrips()
     emit Events().MenuStripsChanged(Frame.Settings.Gradients == 1);
 }
 
-void ShowMediaLooks()
+void ShowColourForm()
 {
-    emit Events().MediaLooksChanged();
+    GiveLookToAll();
+    emit Events().ColourFormChanged();
 }
 
-void ShowColours()
-{
-    LoadSyntaxColours(Panes().Pane(0), QString::fromLatin1(Colours), true);
-}
-
-constexpr SettingRow Rows[] = {
-    {Colours, "WindowColour", Colour, 0, LargestColour, nullptr, ShowColours},
-    {Colours, "HighlightedLineColour", Colour, 0, LargestColour, nullptr, ShowColours},
-    {Colours, "MainFont", Text, 0, 0, nullptr, ShowColours},
-    {Colours, "MainFontSize", Real, 0, 0, nullptr, ShowColours},
-    {Colours, "MediaListBackColour", Colour, 0, LargestColour, In<&R::MediaListBackColour>, ShowMediaLooks},
-    {Colours, "MediaListColour", Colour, 0, LargestColour, In<&R::MediaListColour>, ShowMediaLooks},
-    {Colours, "MediaListFontName", Text, 0, 0, In<&R::MediaListFontName>, ShowMediaLooks},
-    {Colours, "MediaListFontSize", Real, 0, 0, In<&R::MediaListFontSize>, ShowMediaLooks},
-    {Colours, "MediaListFontBold", Truth, 0, 0, In<&R::MediaListFontBold>, ShowMediaLooks},
-    {Colours, "MediaListFontItalic", Truth, 0, 0, In<&R::MediaListFontItalic>, ShowMediaLooks},
+constexpr SettingRow TableRows[] = {
+    {LightColours, "MainFont", Text, 0, 0, Inner<&R::Fonts, &LookFonts::MainFont>, GiveLookToAll},
+    {LightColours, "MainFontSize", Real, 0, 0, Inner<&R::Fonts, &LookFonts::MainFontSize>, GiveLookToAll},
+    {LightColours, "MediaListFontName", Text, 0, 0, Inner<&R::Fonts, &LookFonts::MediaListFontName>, GiveLookToAll},
+    {LightColours, "MediaListFontSize", Real, 0, 0, Inner<&R::Fonts, &LookFonts::MediaListFontSize>, GiveLookToAll},
+    {LightColours, "MediaListFontBold", Truth, 0, 0, Inner<&R::Fonts, &LookFonts::MediaListFontBold>, GiveLookToAll},
+    {LightColours, "MediaListFontItalic", Truth, 0, 0, Inner<&R::Fonts, &LookFonts::MediaListFontItalic>,
+     GiveLookToAll},
 
     {Quick, "0", Flag, 0, 1, At<&R::QuickElementTemplate, 0>},
     {Quick, "1", Flag, 0, 1, At<&R::QuickElementTemplate, 1>},
@@ -85,32 +91,33 @@ constexpr SettingRow Rows[] = {
     {Nags, "3", Flag, 0, 1, At<&R::Nags, 3>},
     {Nags, "4", Flag, 0, 1, At<&R::Nags, 4>},
 
-    {Misc, "SpacerWidth", Number, 10, 200, In<&R::SpacerWidth>, ShowView<5>},
-    {Misc, "SortGotoList", Flag, 0, 1, In<&R::SortGotoList>},
-    {Misc, "UndoLimit", Number, -1, 9999, In<&R::UndoLimit>, ShowView<4>},
-    {Misc, "OpenSaveInLevelDir", Flag, 0, 1, In<&R::OpenSaveInLevelDir>},
-    {Misc, "BackupOnSave", Flag, 0, 1, In<&R::BackupOnSave>},
-    {Misc, "DisableSoundLaunch", Flag, 0, 1, In<&R::DisableSoundLaunch>},
-    {Misc, "QuickClose", Flag, 0, 1, In<&R::QuickClose>},
-    {Misc, "SafeSystemBASIC", Flag, 0, 1, In<&R::SafeSystemBASIC>},
-    {Misc, "MenuIcons", Flag, 0, 1, In<&R::MenuIcons>},
-    {Misc, "Gradients", Flag, 0, 1, In<&R::Gradients>, ShowStrips},
-    {Misc, "ShowLineNumbers", Flag, 0, 1, In<&R::ShowLineNumbers>, ShowView<1>},
-    {Misc, "ShowSpaces", Flag, 0, 1, In<&R::ShowSpaces>, ShowView<2>},
-    {Misc, "LineHints", Flag, 0, 1, In<&R::LineHints>, ShowView<6>},
-    {Misc, "Thumbnails", Flag, 0, 1, In<&R::Thumbnails>, ShowView<7>},
-    {Misc, "UseColour", Flag, 0, 1, In<&R::UseColour>, ShowView<3>},
-    {Misc, "SuperTab", Flag, 0, 1, In<&R::SuperTab>, ShowView<5>},
-    {Misc, "RecentLimit", Number, 10, 200, In<&R::RecentLimit>},
-    {Misc, "ProjectLimit", Number, 3, 50, In<&R::ProjectLimit>},
-    {Misc, "FindHistoryLimit", Number, 3, 50, In<&R::FindHistoryLimit>},
-    {Misc, "ReplaceHistoryLimit", Number, 3, 50, In<&R::ReplaceHistoryLimit>},
-    {Misc, "ScreenReader", Number, 0, 2, In<&R::ScreenReader>},
-    {Misc, "LineCommentLineChar", Character, 0, 0, In<&R::LineCommentLineChar>},
-    {Misc, "LineCommentSearchChar", Character, 0, 0, In<&R::LineCommentSearchChar>},
-    {Misc, "RNDPath", Path, 0, 0, In<&R::RNDPath>, DeriveGameFolders},
-    {Misc, "ImageEditor", Path, 0, 0, In<&R::ImageEditor>},
-    {Misc, "1stTime", Flag, 0, 1},
+    {MiscSection, "SpacerWidth", Number, 10, 200, In<&R::SpacerWidth>, ShowView<5>},
+    {MiscSection, "SortGotoList", Flag, 0, 1, In<&R::SortGotoList>},
+    {MiscSection, "UndoLimit", Number, -1, 9999, In<&R::UndoLimit>, ShowView<4>},
+    {MiscSection, "OpenSaveInLevelDir", Flag, 0, 1, In<&R::OpenSaveInLevelDir>},
+    {MiscSection, "BackupOnSave", Flag, 0, 1, In<&R::BackupOnSave>},
+    {MiscSection, "DisableSoundLaunch", Flag, 0, 1, In<&R::DisableSoundLaunch>},
+    {MiscSection, "QuickClose", Flag, 0, 1, In<&R::QuickClose>},
+    {MiscSection, "SafeSystemBASIC", Flag, 0, 1, In<&R::SafeSystemBASIC>},
+    {MiscSection, "MenuIcons", Flag, 0, 1, In<&R::MenuIcons>},
+    {MiscSection, "Gradients", Flag, 0, 1, In<&R::Gradients>, ShowStrips},
+    {MiscSection, "ShowLineNumbers", Flag, 0, 1, In<&R::ShowLineNumbers>, ShowView<1>},
+    {MiscSection, "ShowSpaces", Flag, 0, 1, In<&R::ShowSpaces>, ShowView<2>},
+    {MiscSection, "LineHints", Flag, 0, 1, In<&R::LineHints>, ShowView<6>},
+    {MiscSection, "Thumbnails", Flag, 0, 1, In<&R::Thumbnails>, ShowView<7>},
+    {MiscSection, "UseColour", Flag, 0, 1, In<&R::UseColour>, ShowView<3>},
+    {MiscSection, "SuperTab", Flag, 0, 1, In<&R::SuperTab>, ShowView<5>},
+    {MiscSection, "RecentLimit", Number, 10, 200, In<&R::RecentLimit>},
+    {MiscSection, "ProjectLimit", Number, 3, 50, In<&R::ProjectLimit>},
+    {MiscSection, "FindHistoryLimit", Number, 3, 50, In<&R::FindHistoryLimit>},
+    {MiscSection, "ReplaceHistoryLimit", Number, 3, 50, In<&R::ReplaceHistoryLimit>},
+    {MiscSection, "ScreenReader", Number, 0, 2, In<&R::ScreenReader>},
+    {MiscSection, "ColourForm", Number, FollowDesktop, AlwaysDark, In<&R::ColourForm>, ShowColourForm},
+    {MiscSection, "LineCommentLineChar", Character, 0, 0, In<&R::LineCommentLineChar>},
+    {MiscSection, "LineCommentSearchChar", Character, 0, 0, In<&R::LineCommentSearchChar>},
+    {MiscSection, "RNDPath", Path, 0, 0, In<&R::RNDPath>, DeriveGameFolders},
+    {MiscSection, "ImageEditor", Path, 0, 0, In<&R::ImageEditor>},
+    {MiscSection, "1stTime", Flag, 0, 1},
 
     {Window, "Left", Number, -FarthestPlace, FarthestPlace},
     {Window, "Top", Number, -FarthestPlace, FarthestPlace},
@@ -119,16 +126,39 @@ constexpr SettingRow Rows[] = {
     {Window, "Max", Number, 0, 2},
 };
 
-/// The rows above after those of the syntax kinds, whose keys their own table has.
+/// The colours of one form: three keys a kind, and what belongs to none.
+template <auto Form, std::size_t Kind>
+void AddKind(std::vector<SettingRow>& rows, const char* section)
+{
+    const SyntaxRow& kind = SyntaxKeys()[Kind];
+    rows.push_back(
+        {section, kind.ColourKey, Colour, 0, LargestColour, OfKind<Form, Kind, &KindLook::Colour>, GiveLookToAll});
+    rows.push_back(
+        {section, kind.BackKey, Colour, 0, LargestColour, OfKind<Form, Kind, &KindLook::Back>, GiveLookToAll});
+    rows.push_back(
+        {section, kind.StyleKey, Number, 0, LargestStyle, OfKind<Form, Kind, &KindLook::Style>, GiveLookToAll});
+}
+
+template <auto Form, std::size_t... Kinds>
+void AddForm(std::vector<SettingRow>& rows, const char* section, std::index_sequence<Kinds...>)
+{
+    (AddKind<Form, Kinds>(rows, section), ...);
+    const auto add = [&](const char* key, SettingPlace (*place)(SettingsRecord&)) {
+        rows.push_back({section, key, Colour, 0, LargestColour, place, GiveLookToAll});
+    };
+    add("MediaListBackColour", Inner<Form, &FormLook::MediaListBack>);
+    add("MediaListColour", Inner<Form, &FormLook::MediaList>);
+    add("HighlightedLineColour", Inner<Form, &FormLook::HighlightedLine>);
+    add("WindowColour", Inner<Form, &FormLook::Window>);
+}
+
 std::vector<SettingRow> AllRows()
 {
+    constexpr std::make_index_sequence<9> kinds;
     std::vector<SettingRow> rows;
-    for (const SyntaxRow& kind : SyntaxKeys()) {
-        rows.push_back({Colours, kind.ColourKey, Colour, 0, LargestColour, nullptr, ShowColours});
-        rows.push_back({Colours, kind.BackKey, Colour, 0, LargestColour, nullptr, ShowColours});
-        rows.push_back({Colours, kind.StyleKey, Number, 0, LargestStyle, nullptr, ShowColours});
-    }
-    rows.insert(rows.end(), std::begin(Rows), std::end(Rows));
+    AddForm<&R::Dark>(rows, DarkColours, kinds);
+    AddForm<&R::Light>(rows, LightColours, kinds);
+    rows.insert(rows.end(), std::begin(TableRows), std::end(TableRows));
     return rows;
 }
 
@@ -151,7 +181,7 @@ QString Written(const SettingRow& row, const QVariant& value)
     }
 }
 
-struct Store
+struct Keep
 {
     const QString& Written;
 
@@ -190,8 +220,16 @@ void ChangeSetting(const SettingRow& row, const QVariant& value)
 {
     const QString written = Written(row, value);
     if (row.Place)
-        std::visit(Store{written}, row.Place(Frame.Settings));
+        std::visit(Keep{written}, row.Place(Frame.Settings));
     WriteIni(written, QString::fromLatin1(row.Section), QString::fromLatin1(row.Key));
     if (row.Apply)
         row.Apply();
+}
+
+void WriteSettings(QLatin1StringView section)
+{
+    const SettingsBatch batch;
+    for (const SettingRow& row : SettingRows())
+        if (row.Place && section == QLatin1StringView(row.Section))
+            WriteIni(Written(row, SettingNow(row)), QString::fromLatin1(row.Section), QString::fromLatin1(row.Key));
 }

@@ -1,7 +1,9 @@
+#include "frame/frame_state.h"
+#include "frame/messages/asker.h"
+#include "graphics/picks.h"
 #include "macro/commands/families.h"
 #include "macro/language/run_state.h"
 #include "macro/language/waiting.h"
-#include "macro/run_asker.h"
 #include "macro/run_stage.h"
 #include "platform/paths.h"
 
@@ -51,9 +53,9 @@ void Message(RunState& run, Arguments& in)
     if (run.Failed())
         return;
     const SeenTarget seen(run);
-    const MessageAnswer answer = run.Ask.Message(record, MessagePurpose::OfMacro);
-    run.Last.MessageResult = Value(answer.Caption);
-    run.Last.MessageNumber = Value(qint32(answer.Index));
+    const int place = std::get<Pressed>(Ask(MessageQuestion{record})).Place;
+    run.Last.MessageResult = Value(ButtonCaptions(record.MessageButtons).at(place - 1));
+    run.Last.MessageNumber = Value(qint32(place));
 }
 
 void AskCommand(RunState& run, Arguments& in)
@@ -63,16 +65,16 @@ void AskCommand(RunState& run, Arguments& in)
     if (run.Failed())
         return;
     const SeenTarget seen(run);
-    const Value answer(run.Ask.Input(title, prompt, run.Last.Ask.Text()).value_or(QString()));
+    const Value answer(AskText(InputQuestion{title, prompt, run.Last.Ask.Text()}).value_or(QString()));
     if (answer.IsEmpty())
         SetResult(run, false);
     run.Last.Ask = answer.IsNumeric() ? Value(TextToLong(run, answer)) : answer;
 }
 
-void ShowPause(RunState& run, const QString& text, std::optional<int> milliseconds)
+void ShowPause(RunState& run, const QString& text, std::optional<qint64> milliseconds)
 {
     const SeenTarget seen(run);
-    run.Ask.Pause(text, milliseconds, run.Scope);
+    Ask(PauseQuestion{text, milliseconds});
 }
 
 void Pause(RunState& run, Arguments& in)
@@ -105,33 +107,60 @@ void ListShow(RunState& run, Arguments& in)
         return;
     }
     run.ListTitle = title;
-    const bool popup = title.compare(QLatin1String("popup"), Qt::CaseInsensitive) == 0;
-    QStringList items;
+    ChoiceQuestion question{title, {{{}, {}}}, title.compare(QLatin1String("popup"), Qt::CaseInsensitive) == 0};
     for (const Value& item : std::as_const(run.ListItems))
-        items << item.Text();
+        question.Lists.front().Items << item.Text();
     const SeenTarget seen(run);
-    const std::optional<int> chosen = run.Ask.ListItem(items, title, popup);
-    SetResult(run, chosen.has_value());
-    if (!chosen)
+    const Answer answer = Ask(question);
+    const int* place = std::get_if<int>(&answer);
+    SetResult(run, place);
+    if (!place)
         return;
-    run.Last.ListChoiceNumber = Value(qint32(*chosen + 1));
-    run.Last.ListChoice = Value(SpaceToPipe(run.ListItems.at(*chosen).Text()));
+    run.Last.ListChoiceNumber = Value(qint32(*place));
+    run.Last.ListChoice = Value(SpaceToPipe(run.ListItems.at(*place - 1).Text()));
+}
+
+/// The lists of graphics words that a mode of pickelement shows. The actions' table begins with the directions.
+enum ElementLists : int { OfElements = 1, OfActions = 2, OfDirections = 4 };
+
+ChoiceQuestion ElementQuestion(int lists, const QString& title)
+{
+    constexpr qsizetype DirectionCount = 4;
+    const QStringList& elements = Frame.WordLists[ModeGfx][KindElements];
+    const QStringList& actions = Frame.WordLists[ModeGfx][KindActions];
+    ChoiceQuestion question{title, {}, false};
+    if (lists & OfElements)
+        question.Lists.push_back({QStringLiteral("Element"), elements});
+    if (lists & OfActions)
+        question.Lists.push_back({QStringLiteral("Action"), actions.mid(DirectionCount)});
+    if (lists & OfDirections)
+        question.Lists.push_back({QStringLiteral("Direction"), actions.mid(0, DirectionCount)});
+    return question;
+}
+
+std::optional<QString> AskElement(const ChoiceQuestion& question)
+{
+    const Answer answer = Ask(question);
+    if (const auto* joined = std::get_if<QString>(&answer))
+        return *joined;
+    const int* place = std::get_if<int>(&answer);
+    return place ? std::optional(question.Lists.front().Items.at(*place - 1)) : std::nullopt;
 }
 
 void PickElement(RunState& run, Arguments& in)
 {
-    constexpr std::pair<const char*, ElementPick> Modes[] = {{"pickall", ElementPick::All},
-                                                             {"pickelement", ElementPick::Element},
-                                                             {"pickaction", ElementPick::Action}};
+    constexpr std::pair<const char*, int> Modes[] = {{"pickall", OfElements | OfActions | OfDirections},
+                                                     {"pickelement", OfElements},
+                                                     {"pickaction", OfActions}};
     const QString mode = in.Word(1), title = in.Text(2);
     if (run.Failed())
         return;
-    for (const auto& [word, what] : Modes) {
+    for (const auto& [word, lists] : Modes) {
         if (mode != QLatin1String(word))
             continue;
         run.ListTitle = title;
         const SeenTarget seen(run);
-        const std::optional<QString> picked = run.Ask.Element(what, title);
+        const std::optional<QString> picked = AskElement(ElementQuestion(lists, title));
         SetResult(run, picked.has_value());
         if (picked)
             run.Last.PickElement = Value(SpaceToPipe(*picked));
@@ -143,10 +172,11 @@ void PickElement(RunState& run, Arguments& in)
 void PickTiles(RunState& run, const QString& path, const QString& title)
 {
     const SeenTarget seen(run);
-    const std::optional<ElementRecord> picked = run.Ask.Tiles(path, title);
-    SetResult(run, picked.has_value());
-    if (picked)
-        run.Element = *picked;
+    const SheetAnswer answer = PickFromSheet(MacroSheet(path, title));
+    const bool shown = answer.Outcome != SheetOutcome::NotShown;
+    SetResult(run, shown);
+    if (shown)
+        run.Element = answer.Element;
 }
 
 void PickFromPcx(RunState& run, Arguments& in)

@@ -3,8 +3,8 @@
 #include "frame/frame_state.h"
 #include "macro/run_stage.h"
 
-RunState::RunState(RunStage& stage, RunAsker& asker, RunScope& scope)
-    : Stage(stage), Ask(asker), Scope(scope), SafeSystem(Frame.Settings.SafeSystemBASIC != 0), target(&stage.Target())
+RunState::RunState(RunStage& stage, RunScope& scope)
+    : Stage(stage), Scope(scope), SafeSystem(Frame.Settings.SafeSystemBASIC != 0), target(&stage.Target())
 {
 }
 

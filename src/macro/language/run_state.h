@@ -11,7 +11,6 @@
 #include <array>
 
 class DocumentText;
-class RunAsker;
 class RunScope;
 class RunStage;
 
@@ -34,10 +33,9 @@ struct SubFrame
 /// All state of one run of a macro. Nothing of it outlives the run.
 struct RunState
 {
-    RunState(RunStage& stage, RunAsker& asker, RunScope& scope);
+    RunState(RunStage& stage, RunScope& scope);
 
     RunStage& Stage;
-    RunAsker& Ask;
     RunScope& Scope;
     DocumentText& Text() { return *target; }
     QString MacroPath; ///< of the macro's file; empty in a test run

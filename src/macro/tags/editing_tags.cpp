@@ -91,7 +91,7 @@ Value ClipboardText(RunState& run)
     return Value(run.Stage.Clipboard().Text());
 }
 
-constexpr PlainTag EditingRows[] = {
+constexpr PlainTag EditingTagRows[] = {
     {"null", "Nothing: the way to give an empty value.", Null},
     {"br", "A line break.", LineBreakTag},
     {"q", "A double quote.", QuoteTag},
@@ -117,5 +117,5 @@ constexpr PlainTag EditingRows[] = {
 
 std::span<const PlainTag> EditingTags()
 {
-    return EditingRows;
+    return EditingTagRows;
 }

@@ -247,7 +247,7 @@ constexpr PlainTag PathRows[] = {
     {"lastfilesize", "Its size in bytes.", LastFileSize},
     {"lastfilecrc", "Its CRC-32 in hexadecimal digits. The first one asked for stays for the whole run.", LastFileCrc},
     {"lastfilebackup", "The next free numbered name for it.", LastFileBackup},
-    {"lastfiledosname", "Its path.", LastFileDosName},
+    {"lastfiledosname", "Its whole path, in its own letter case.", LastFileDosName},
     {"lastfileattrib",
      "Its attributes: R read-only, H hidden, S system, A archive, N normal, C compressed, D folder.", LastFileAttrib},
     {"randomfilename", "A name for a temporary file.", RandomFileName},

@@ -6,7 +6,7 @@ namespace {
 
 /// A slot of the results as it stands.
 template <Value RunResults::* Slot>
-Value Result(RunState& run)
+Value Kept(RunState& run)
 {
     return run.Last.*Slot;
 }
@@ -42,31 +42,31 @@ Value ProgressValue(RunState& run)
 
 constexpr PlainTag ResultRows[] = {
     {"lastfindresult", "Left by findnext, findprevious, replaceall, replaceselect and varfind: true or false.",
-     Result<&RunResults::FindResult>},
-    {"lastvarfind", "Left by varfind: the place, or 0.", Result<&RunResults::VarFind>},
-    {"lastvarlen", "Left by varlen: the length.", Result<&RunResults::VarLen>},
-    {"lastvarcount", "Left by varcount: how often.", Result<&RunResults::VarCount>},
-    {"lastvarcountpos", "Left by varcountpos: the place.", Result<&RunResults::VarCountPos>},
-    {"lastvarsplitleft", "Left by varsplit: the front.", Result<&RunResults::VarSplitLeft>},
-    {"lastvarsplitright", "Left by varsplit: the rest.", Result<&RunResults::VarSplitRight>},
-    {"lastvarsplitrightrev", "Left by varsplit: the last characters.", Result<&RunResults::VarSplitRightRev>},
-    {"lastvarleft", "Left by varleft.", Result<&RunResults::VarLeft>},
-    {"lastvarright", "Left by varright.", Result<&RunResults::VarRight>},
-    {"lastvarmid", "Left by varmid.", Result<&RunResults::VarMid>},
-    {"lastlineget", "Left by lineget: the line's text.", Result<&RunResults::LineGet>},
-    {"lastlistchoice", "Left by listshow: the item chosen.", Result<&RunResults::ListChoice>},
-    {"lastlistchoicenum", "Left by listshow: its number, from 1.", Result<&RunResults::ListChoiceNumber>},
-    {"lastlistget", "Left by listget: the item.", Result<&RunResults::ListGet>},
-    {"lastlistcheck", "Left by listcheck: true or false.", Result<&RunResults::ListCheck>},
+     Kept<&RunResults::FindResult>},
+    {"lastvarfind", "Left by varfind: the place, or 0.", Kept<&RunResults::VarFind>},
+    {"lastvarlen", "Left by varlen: the length.", Kept<&RunResults::VarLen>},
+    {"lastvarcount", "Left by varcount: how often.", Kept<&RunResults::VarCount>},
+    {"lastvarcountpos", "Left by varcountpos: the place.", Kept<&RunResults::VarCountPos>},
+    {"lastvarsplitleft", "Left by varsplit: the front.", Kept<&RunResults::VarSplitLeft>},
+    {"lastvarsplitright", "Left by varsplit: the rest.", Kept<&RunResults::VarSplitRight>},
+    {"lastvarsplitrightrev", "Left by varsplit: the last characters.", Kept<&RunResults::VarSplitRightRev>},
+    {"lastvarleft", "Left by varleft.", Kept<&RunResults::VarLeft>},
+    {"lastvarright", "Left by varright.", Kept<&RunResults::VarRight>},
+    {"lastvarmid", "Left by varmid.", Kept<&RunResults::VarMid>},
+    {"lastlineget", "Left by lineget: the line's text.", Kept<&RunResults::LineGet>},
+    {"lastlistchoice", "Left by listshow: the item chosen.", Kept<&RunResults::ListChoice>},
+    {"lastlistchoicenum", "Left by listshow: its number, from 1.", Kept<&RunResults::ListChoiceNumber>},
+    {"lastlistget", "Left by listget: the item.", Kept<&RunResults::ListGet>},
+    {"lastlistcheck", "Left by listcheck: true or false.", Kept<&RunResults::ListCheck>},
     {"listcount", "Number of items in the list.", ListCount},
-    {"lastpickelement", "Left by pickelement: what was picked.", Result<&RunResults::PickElement>},
-    {"lastelement", "Left by element: the word.", Result<&RunResults::Element>},
+    {"lastpickelement", "Left by pickelement: what was picked.", Kept<&RunResults::PickElement>},
+    {"lastelement", "Left by element: the word.", Kept<&RunResults::Element>},
     {"lastmessageresult", "Left by message: the button's caption. By the other dialogs: ok or cancel.",
-     Result<&RunResults::MessageResult>},
-    {"lastmessagenumber", "Left by message: the button's number, from 1.", Result<&RunResults::MessageNumber>},
-    {"lastask", "Left by ask: what was typed.", Result<&RunResults::Ask>},
-    {"lastrandom", "Left by random: the number.", Result<&RunResults::Random>},
-    {"lastrandomword", "Left by randomword: the word.", Result<&RunResults::RandomWord>},
+     Kept<&RunResults::MessageResult>},
+    {"lastmessagenumber", "Left by message: the button's number, from 1.", Kept<&RunResults::MessageNumber>},
+    {"lastask", "Left by ask: what was typed.", Kept<&RunResults::Ask>},
+    {"lastrandom", "Left by random: the number.", Kept<&RunResults::Random>},
+    {"lastrandomword", "Left by randomword: the word.", Kept<&RunResults::RandomWord>},
     {"newrandom", "Another number between the bounds of the last random.", NewRandom},
     {"lastdircount", "Left by dir: the number of entries.", DirCount},
     {"loopnumber", "Where the loop stands between its start and its end.", LoopNumber},

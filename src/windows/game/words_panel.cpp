@@ -10,12 +10,15 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QSplitter>
 #include <QStyle>
 #include <QToolButton>
 #include <QTreeView>
 #include <QVBoxLayout>
 
 namespace {
+
+constexpr int FirstRows = 8; ///< of the list when it is first shown
 
 QString CountText(int all, int fresh)
 {
@@ -129,12 +132,20 @@ void WordsPanel::ShowList()
 void WordsPanel::SetListVisible(bool visible)
 {
     const QSignalBlocker quiet(show);
+    if (!visible && list->isVisible())
+        listHeight = height();
     show->setChecked(visible);
     show->setText(visible ? QStringLiteral("Hide") : QStringLiteral("Show"));
     list->setVisible(visible);
-    setMaximumHeight(visible ? QWIDGETSIZE_MAX : bar->sizeHint().height());
-    if (visible)
-        ShowColumns();
+    const int barHeight = bar->sizeHint().height();
+    setMaximumHeight(visible ? QWIDGETSIZE_MAX : barHeight);
+    if (!visible)
+        return;
+    ShowColumns();
+    const int rows = list->fontMetrics().height() * (FirstRows + 2); // the header is one of them
+    const int wanted = listHeight > 0 ? listHeight : barHeight + rows;
+    if (auto* around = qobject_cast<QSplitter*>(parentWidget()))
+        around->setSizes({around->height() - wanted, wanted});
 }
 
 bool WordsPanel::HasKeyboard() const

@@ -36,4 +36,5 @@ private:
     QLabel *picture, *text;
     QToolButton *show, *close;
     QTreeView* list;
+    int listHeight = 0; ///< with its bar, as the user left it
 };

@@ -139,6 +139,7 @@ void frmmain::ConnectParts()
     connect(strip, &TabStrip::CloseWanted, commands.MenuOf(CloseTab), &QAction::trigger);
     strip->TipOf = TipOfTab;
     connect(&commands, &CommandSet::AboutToRun, this, &frmmain::HideLists);
+    connect(&commands, &CommandSet::AboutToRun, this, [this] { ssML->NoteSelection(); });
     connect(recent, &RecentPopup::Chosen, this, RecentOpenSelected, Qt::QueuedConnection);
     connect(recent, &FloatingList::Dismissed, this, &frmmain::CloseLists);
     connect(split, &PaneSplit::LaidOut, this, [this] {

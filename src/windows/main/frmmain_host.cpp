@@ -16,6 +16,8 @@
 #include "windows/lists/recent_popup.h"
 #include "windows/main/status_panels.h"
 #include "windows/main/tab_strip.h"
+#include "windows/options/frm_options.h"
+#include "windows/parts/window_position.h"
 
 #include <QApplication>
 #include <QMenuBar>
@@ -104,6 +106,10 @@ void frmmain::OpenTool(ToolWindow tool)
         RunProjectWindow(this);
     if (tool == ToolWindow::About)
         frmAbout::Run({[this](const QByteArray& tune) { PlayModule(tune); }, [this] { StopPlayers(); }}, this);
+    if (tool == ToolWindow::Options) {
+        RunOptionsWindow({[this] { bars.SaveCoolbar(); }, [this] { StorePosition(*this); }}, this);
+        FocusPane();
+    }
     if (tool == ToolWindow::PCXLab)
         frmPCXLab::Run(this);
     if (tool == ToolWindow::AVI2BMP)

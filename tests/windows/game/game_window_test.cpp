@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QTimer>
+#include <QToolBar>
 #include <QToolButton>
 #include <QTreeView>
 #include <QTreeWidget>
@@ -136,9 +137,9 @@ TEST_F(GameWindowTest, AGameWithAWindowIsClosedPolitely)
 // arguments that are not kept or not handed over.
 TEST_F(GameWindowTest, GamesAreAddedUsedAndNamed)
 {
-    const StandInPlace other;
-    QFile::link(QFile::symLinkTarget(other.Program()), Place.Game.Path(QStringLiteral("second")));
-    Run.Scope.Answers.Texts = {QStringLiteral("/bin/true"), other.Program(), other.Program()};
+    const QString other = Place.Game.Path(QStringLiteral("second"));
+    QFile::copy(QFile::symLinkTarget(Place.Program()), other);
+    Run.Scope.Answers.Next = {QStringLiteral("/bin/true"), other, Place.Program(), other};
     QTimer::singleShot(0, [&] {
         auto* window = QApplication::activeModalWidget();
         ASSERT_TRUE(window);
@@ -149,21 +150,22 @@ TEST_F(GameWindowTest, GamesAreAddedUsedAndNamed)
         EXPECT_EQ(list->topLevelItemCount(), 1);
         click("cmdAdd");
         EXPECT_EQ(Run.TakeMessages().size(), 1);
-        click("cmdAdd");
-        click("cmdAdd");
-        EXPECT_EQ(list->topLevelItemCount(), 2);
+        for (int more = 0; more < 3; ++more)
+            click("cmdAdd");
+        ASSERT_EQ(list->topLevelItemCount(), 2);
         EXPECT_EQ(list->topLevelItem(1)->text(1), QStringLiteral("4.4.2.1"));
         auto* arguments = window->findChild<QLineEdit*>(QStringLiteral("txtArguments"));
         arguments->setText(QStringLiteral("--verbose"));
         emit arguments->editingFinished();
         click("cmdUse");
-        EXPECT_EQ(Frame.Settings.RNDPath, other.Program());
+        EXPECT_EQ(Frame.Settings.RNDPath, other);
         EXPECT_FALSE(window->findChild<QPushButton*>(QStringLiteral("cmdRemove"))->isEnabled());
         click("cmdClose");
     });
     MenuOf("mnuRndGames")->trigger();
-    StandInPlace::Acts("exit 0");
+    Place.TakeStarts();
     MenuOf("mnuRndLaunch")->trigger();
+    EXPECT_TRUE(Place.TakeStarts().value(0).endsWith(QLatin1String("[--verbose]")));
     EXPECT_TRUE(Run.UserIni().contains("Arguments2=--verbose"));
 }
 
