@@ -16,6 +16,9 @@ CommandSet::CommandSet(QWidget* window) : QObject(window)
             pair.Row = shown;
             pair.Menu = Make(row, QString::fromLatin1(row.Caption));
             window->addAction(pair.Menu);
+            pair.Unnamed = new QAction(this);
+            window->addAction(pair.Unnamed);
+            connect(pair.Unnamed, &QAction::triggered, pair.Menu, &QAction::trigger);
             if (row.Strip != ToolStrip::None) {
                 pair.Button = Make(row, ToolTipOf(row));
                 pair.Button->setToolTip(ToolTipOf(row));
@@ -28,8 +31,19 @@ CommandSet::CommandSet(QWidget* window) : QObject(window)
 
 void CommandSet::TakeKeys()
 {
-    for (const Pair& pair : std::as_const(pairs))
-        pair.Menu->setShortcuts(KeysInForce(QString::fromLatin1(pair.Row->Control), ShippedKeys(*pair.Row)));
+    for (const Pair& pair : std::as_const(pairs)) {
+        const QList<QKeySequence> shipped = ShippedKeys(*pair.Row);
+        const QList<QKeySequence> keys = KeysInForce(QString::fromLatin1(pair.Row->Control), shipped);
+        const bool unnamed = !*pair.Row->Shortcut && keys == shipped;
+        pair.Menu->setShortcuts(unnamed ? QList<QKeySequence>() : keys);
+        pair.Unnamed->setShortcuts(unnamed ? keys : QList<QKeySequence>());
+    }
+}
+
+QList<QKeySequence> CommandSet::KeysOf(const QString& control) const
+{
+    const Pair pair = pairs.value(control);
+    return pair.Menu ? pair.Menu->shortcuts() + pair.Unnamed->shortcuts() : QList<QKeySequence>();
 }
 
 QAction* CommandSet::Make(const CommandRow& row, const QString& text)

@@ -185,7 +185,7 @@ void frmmain::TakeCommandKeys()
     QSet<QKeySequence> overText, overAll;
     for (const MenuRow& menu : MainMenus())
         for (const auto& [row, apart] : ShownRows(menu))
-            for (const QKeySequence& key : commands.Menu(QString::fromLatin1(row->Control))->shortcuts())
+            for (const QKeySequence& key : commands.KeysOf(QString::fromLatin1(row->Control)))
                 (row->Flags & EverywhereKey ? overAll : overText).insert(key);
     keys->ClaimForCommands(std::move(overText), std::move(overAll));
 }
