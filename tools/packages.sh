@@ -6,7 +6,8 @@ build_packages="g++ cmake ninja-build pkg-config git mold ccache
   libavformat-dev libavcodec-dev libswscale-dev libseccomp-dev libopenmpt-dev libsdl2-dev libmpg123-dev
   libfluidsynth-dev fonts-liberation"
 run_packages="libqt6svg6 timgm6mb-soundfont xvfb openbox xdotool imagemagick x11-utils"
-test_packages="libgtest-dev timgm6mb-soundfont clang-format xvfb openbox xdotool xterm"
+test_packages="libgtest-dev timgm6mb-soundfont clang-format xvfb openbox xdotool xterm
+  shared-mime-info desktop-file-utils xdg-utils libglib2.0-bin"
 
 install_missing() {
     local missing=() package

@@ -96,14 +96,24 @@ SYNTAX = [
     ("LineNumber", 0xF4E8EA, 0xAEAEAE, 0), ("Normal", 0x000000, PAPER, 0), ("Numbers", 0x757575, PAPER, 0),
 ]
 
+# Its dark form.
+NIGHT = 0x22201E
+SYNTAX_DARK = [
+    ("Element", 0xFFBD9D, NIGHT, 0), ("Action", 0x8CCB8C, NIGHT, 0), ("GFXCom", 0x8FA0F3, NIGHT, 0),
+    ("Special", 0xECA0DD, NIGHT, 0), ("Comment", 0xCEC297, 0x332F26, 0), ("Operators", 0xC2C266, NIGHT, 1),
+    ("LineNumber", 0xB4ACA8, 0x322E2B, 0), ("Normal", 0xE6E6E6, NIGHT, 0), ("Numbers", 0xC2BDB9, NIGHT, 0),
+]
+
 MISC = [
-    ("1stTime", 1), ("MenuIcons", 1), ("Gradients", 1), ("ShowLineNumbers", 1), ("ShowSpaces", 0), ("LineHints", 1), ("UseColour", 1),
-    ("SuperTab", 0), ("SpacerWidth", 43), ("UndoLimit", -1), ("LineCommentLineChar", "-"),
+    ("1stTime", 1), ("MenuIcons", 1), ("Gradients", 1), ("ShowLineNumbers", 1), ("ShowSpaces", 0), ("LineHints", 1),
+    ("Thumbnails", 0), ("UseColour", 1), ("SuperTab", 0), ("SpacerWidth", 43), ("UndoLimit", -1), ("LineCommentLineChar", "-"),
     ("LineCommentSearchChar", "~"), ("SortGotoList", 0), ("OpenSaveInLevelDir", 0), ("BackupOnSave", 1),
     ("DisableSoundLaunch", 0), ("QuickClose", 0), ("SafeSystemBASIC", 1), ("AskBeforeMacros", 1), ("RecentLimit", 50), ("ProjectLimit", 20),
     ("FindHistoryLimit", 30), ("ReplaceHistoryLimit", 30), ("RNDPath", ""),
     "Do panes tell their text to a screen reader? 0 while one runs, 1 always, 2 never.",
     ("ScreenReader", 0),
+    "Colours of texts and windows: 0 as the desktop, 1 light, 2 dark.",
+    ("ColourForm", 0),
 ]
 
 # Tag, control, width in pixels, starts a row. Together they fill two rows of a window 1100 pixels wide.
@@ -111,16 +121,23 @@ BANDS = [("File", "tbFile", 360, True), ("Edit", "tbEdit", 620, False), ("Find",
          ("View", "tbView", 140, False), ("RnD", "tbRnD", 190, False), ("Extra", "tbExtra", 230, False)]
 
 
-def make_user(out):
-    colours = []
-    for kind, colour, back, style in SYNTAX:
+def kind_keys(kinds):
+    keys = []
+    for kind, colour, back, style in kinds:
         # The style key of the line numbers is named unlike all others.
         style_key = "LineNumberBackStyle" if kind == "LineNumber" else kind + "Style"
-        colours += [(kind + "Colour", colour), (kind + "BackColour", back), (style_key, style)]
-    colours += [("WindowColour", PAPER), ("HighlightedLineColour", 0xD4D4D4), ("MainFont", "Courier New"),
-                ("MainFontSize", 9.75), ("MediaListBackColour", PAPER), ("MediaListColour", 0),
-                ("MediaListFontName", "MS Sans Serif"), ("MediaListFontSize", 8.25), ("MediaListFontBold", False),
-                ("MediaListFontItalic", False)]
+        keys += [(kind + "Colour", colour), (kind + "BackColour", back), (style_key, style)]
+    return keys
+
+
+def make_user(out):
+    colours = kind_keys(SYNTAX) + [
+        ("WindowColour", PAPER), ("HighlightedLineColour", 0xD4D4D4), ("MainFont", "Courier New"),
+        ("MainFontSize", 9.75), ("MediaListBackColour", PAPER), ("MediaListColour", 0),
+        ("MediaListFontName", "MS Sans Serif"), ("MediaListFontSize", 8.25), ("MediaListFontBold", False),
+        ("MediaListFontItalic", False)]
+    dark = kind_keys(SYNTAX_DARK) + [("WindowColour", NIGHT), ("HighlightedLineColour", 0x36302C),
+                                     ("MediaListBackColour", NIGHT), ("MediaListColour", 0xE6E6E6)]
     bands = [pair for number, (tag, control, width, row) in enumerate(BANDS, 1)
              for pair in ((f"T{number}", tag), (f"C{number}", control), (f"W{number}", width), (f"N{number}", row))]
     save(out / "user.ini",
@@ -139,4 +156,5 @@ def make_user(out):
          section("Syntax Colours", colours,
                  ["Colours are decimal numbers: blue x 65536 + green x 256 + red.",
                   "Styles: 0 normal, 1 bold, 2 italic, 3 both."]),
+         section("Syntax Colours Dark", dark, ["The same for a dark desktop; the fonts are those above."]),
          *[section(name, []) for name in ("Find History", "Replace History", "Recent", "Projects")])

@@ -126,7 +126,8 @@ VerbResult CheckOne(const QString& path, VerbStreams& streams)
     const Result<ConfFile> file = ReadConf(path);
     if (!file)
         return Failed(file.error(), streams);
-    const auto found = FirstBadLine(file->Text, ContextFor(path, file->Text));
+    const QByteArray text = file->SingleByteText ? FromFile(file->Text, FileEncoding::Windows1252) : file->Text;
+    const auto found = FirstBadLine(text, ContextFor(path, text));
     if (!found)
         return VerbDone;
     for (const QString& message : found->Messages)

@@ -22,7 +22,7 @@ QStringList CheckKeyLine(QByteArrayView key, QByteArrayView rest, const CheckCon
     if (key.contains(' ') || key.contains('\t'))
         messages << QStringLiteral("Spaces where found on the left side of the colon.");
     if (context.LookForImages && rest.contains('.')) {
-        const QString value = CleanText(QString::fromUtf8(rest));
+        const QString value = CleanValue(QString::fromUtf8(rest));
         if (context.SheetKinds.Of(value) >= 0 && !ImageIsThere(value, context))
             messages << QStringLiteral(
                 "The PCX image for this element doesn't exist. If it's from another game then make "

@@ -7,9 +7,11 @@ namespace decoder {
 namespace {
 
 constexpr std::size_t HeaderSize = 128, PaletteSize = 1 + 256 * 3;
-constexpr std::size_t VersionAt = 1, EncodingAt = 2, ColoursAt = 16, PaletteKindAt = 68;
+constexpr std::size_t VersionAt = 1, EncodingAt = 2, ColoursAt = 16, PlanesAt = 65, BytesPerLineAt = 66,
+                      PaletteKindAt = 68;
 constexpr std::byte PaletteMark{0x0c};
 constexpr unsigned RunMark = 0xc0, LongestRun = 0x3f;
+constexpr unsigned MostPlanes = 4; ///< of one bit; the library knows no other number but 1
 constexpr unsigned GreyPalette = 2;
 constexpr unsigned MostSlack = 256; ///< bytes of a line behind four times what it needs; more is no line of an image
 
@@ -23,6 +25,12 @@ unsigned Wide(Bytes file, std::size_t at)
     return Number(file, at) | Number(file, at + 1) << 8;
 }
 
+void PutWide(std::vector<std::byte>& header, std::size_t at, unsigned number)
+{
+    header[at] = std::byte(number & 0xff);
+    header[at + 1] = std::byte(number >> 8);
+}
+
 /// The header's numbers, as they are used here.
 struct Layout
 {
@@ -30,8 +38,8 @@ struct Layout
         : Version(Number(file, VersionAt)),
           Encoding(Number(file, EncodingAt)),
           Bits(Number(file, 3)),
-          Planes(Number(file, 65)),
-          BytesPerLine(Wide(file, 66)),
+          Planes(Number(file, PlanesAt)),
+          BytesPerLine(Wide(file, BytesPerLineAt)),
           Width(Wide(file, 8) - Wide(file, 4) + 1),
           Height(Wide(file, 10) - Wide(file, 6) + 1)
     {
@@ -40,14 +48,21 @@ struct Layout
     std::uint64_t Line() const { return std::uint64_t(Planes) * BytesPerLine; }
     std::uint64_t Wanted() const { return Line() * Height; }
     bool HasPalette() const { return Bits == 8 && Planes == 1; }
-    /// The library drops the last column of these.
-    bool IsOddInPlanes() const { return Planes == 4 && Width % 2 == 1; }
+    bool InPlanes() const { return Bits == 1 && Planes > 1; }
+    /// The library drops the last column of odd ones in planes, and reads none of a single column or row.
+    bool WantsColumn() const { return Width == 1 || (InPlanes() && Width % 2 == 1); }
+    bool WantsRow() const { return Height == 1; }
+    unsigned PlanesMade() const { return InPlanes() ? MostPlanes : Planes; }
+    /// Behind each plane of a line, for the column that is added.
+    unsigned Pad() const { return Bits == 8 && WantsColumn() ? 1 : 0; }
+    std::uint64_t LineMade() const { return std::uint64_t(PlanesMade()) * (BytesPerLine + Pad()); }
     bool Usable() const
     {
-        const bool form = (Bits == 1 && (Planes == 1 || Planes == 4)) || (Bits == 8 && (Planes == 1 || Planes == 3));
+        const bool form =
+            (Bits == 1 && Planes >= 1 && Planes <= MostPlanes) || (Bits == 8 && (Planes == 1 || Planes == 3));
         const std::uint64_t needed = (std::uint64_t(Width) * Bits + 7) / 8;
         return form && Version <= 5 && Encoding <= 1 && WithinLimits(Width, Height) && BytesPerLine >= needed &&
-               BytesPerLine <= needed * 4 + MostSlack && Wanted() <= std::uint64_t(MostPixels) * 4;
+               BytesPerLine <= needed * 4 + MostSlack && LineMade() * Height <= std::uint64_t(MostPixels) * 4;
     }
 
     std::uint32_t Version, Encoding, Bits, Planes, BytesPerLine;
@@ -119,12 +134,11 @@ bool PaletteIsCut(Bytes file, const Layout& layout, const Progress& progress)
            file.size() - HeaderSize - progress.Read < PaletteSize;
 }
 
-void AddColumn(std::vector<std::byte>& header)
+/// One more column or row: the window ends one further, or begins one earlier.
+void Widen(std::vector<std::byte>& header, std::size_t firstAt, std::size_t lastAt)
 {
-    const unsigned right = Wide(header, 8), moved = right < 0xffff ? right + 1 : Wide(header, 4) - 1;
-    const std::size_t at = right < 0xffff ? 8 : 4;
-    header[at] = std::byte(moved & 0xff);
-    header[at + 1] = std::byte(moved >> 8);
+    const unsigned last = Wide(header, lastAt), moved = last < 0xffff ? last + 1 : Wide(header, firstAt) - 1;
+    PutWide(header, last < 0xffff ? lastAt : firstAt, moved);
 }
 
 void AppendPalette(std::vector<std::byte>& to, Bytes file, std::size_t pixelsEnd)
@@ -163,7 +177,8 @@ PcxFacts WalkPcx(Bytes file)
     // The library looks 769 bytes before the end of any file, also where that is no palette or lies before its begin.
     const bool elsewhere = layout.HasPalette() && palette + PaletteSize != file.size();
     facts.TwoColours = TwoColoursOf(file, layout);
-    facts.MisreadByLibrary = cut || crossed || elsewhere || layout.Encoding == 0 || layout.IsOddInPlanes();
+    facts.MisreadByLibrary = cut || crossed || elsewhere || layout.Encoding == 0 || layout.WantsColumn() ||
+                             layout.WantsRow() || layout.PlanesMade() != layout.Planes;
     return facts;
 }
 
@@ -174,19 +189,34 @@ std::vector<std::byte> StraightPcx(Bytes file)
     straight[EncodingAt] = std::byte{1};
     if (layout.HasPalette())
         straight[VersionAt] = std::byte{5};
-    if (layout.IsOddInPlanes())
-        AddColumn(straight);
-    straight.reserve(HeaderSize + std::size_t(layout.Wanted()) + PaletteSize);
-    const auto append = [&straight](std::uint64_t count, std::byte value) {
+    if (layout.WantsColumn())
+        Widen(straight, 4, 8);
+    if (layout.WantsRow())
+        Widen(straight, 6, 10);
+    straight[PlanesAt] = std::byte(layout.PlanesMade());
+    PutWide(straight, BytesPerLineAt, layout.BytesPerLine + layout.Pad());
+    straight.reserve(HeaderSize + std::size_t(layout.LineMade() * (layout.Height + layout.WantsRow())) + PaletteSize);
+    const std::uint64_t behindLine = std::uint64_t(layout.PlanesMade() - layout.Planes) * layout.BytesPerLine;
+    std::uint64_t place = 0; // in the line
+    const auto append = [&](std::uint64_t count, std::byte value) {
         // A run of one for each: lines then end where they should, whatever their length.
         for (; count > 0; --count) {
             if (unsigned(value) >= RunMark)
                 straight.push_back(std::byte{RunMark | 1});
             straight.push_back(value);
+            ++place;
+            if (place % layout.BytesPerLine == 0)
+                straight.insert(straight.end(), layout.Pad(), std::byte{});
+            if (place != layout.Line())
+                continue;
+            straight.insert(straight.end(), behindLine, std::byte{});
+            place = 0;
         }
     };
     const Progress progress = WalkRuns(DataOf(file, layout), layout, append);
     append(layout.Wanted() - progress.Lines, std::byte{});
+    if (layout.WantsRow())
+        straight.insert(straight.end(), layout.LineMade(), std::byte{});
     if (layout.HasPalette())
         AppendPalette(straight, file, HeaderSize + progress.Read);
     return straight;

@@ -1,6 +1,7 @@
 #include "editor/looks.h"
 
 #include "editor/line_colours.h"
+#include "platform/contrast.h"
 
 #include <QFontDatabase>
 #include <Qsci/qsciscintilla.h>
@@ -28,13 +29,12 @@ int Mixed(int a, int b)
     return ((a >> 1) & 0x7F7F7F) + ((b >> 1) & 0x7F7F7F);
 }
 
-bool IsDark(int bgr)
-{
-    const int red = bgr & 0xFF, green = (bgr >> 8) & 0xFF, blue = (bgr >> 16) & 0xFF;
-    return red * 3 + green * 6 + blue < 1280;
-}
-
 } // namespace
+
+int Looks::SelectionBack(int window)
+{
+    return IsDarkColour(FromBgr(window)) ? 0x6B4621 : 0xFFD6AD;
+}
 
 /// One kind of text a row: its style in the component, its colour slots and its font slot.
 struct Looks::Kind
@@ -153,7 +153,7 @@ void Looks::ApplyPlain()
     text.Send(Sci::SCI_STYLESETBACK, Sci::STYLE_DEFAULT, long(window));
     text.Send(Sci::SCI_SETCARETFORE, normal);
     text.Send(Sci::SCI_SETSELFORE, 0L); // selected words keep their colours
-    text.Send(Sci::SCI_SETSELBACK, 1, long(IsDark(window) ? 0x784F26 : 0xFFD6AD));
+    text.Send(Sci::SCI_SETSELBACK, 1, long(SelectionBack(window)));
     text.Send(Sci::SCI_SETWHITESPACEFORE, 1, long(Mixed(normal, window)));
     text.Send(Sci::SCI_SETCARETLINEBACK, colors[HighlightSlot]);
     text.Send(Sci::SCI_MARKERSETBACK, HighlightMarker, long(colors[HighlightSlot]));

@@ -19,6 +19,7 @@ public:
     void SetFont(const QString& name, double points);
     QString FontName() const { return fontName; }
     double FontSize() const { return fontPoints; }
+    static int SelectionBack(int window); ///< what selected text stands on, over this background
     void SetDisplayWhitespace(bool on);
     void SetLineNumbering(bool on);
 

@@ -10,7 +10,9 @@ void ResetFrame()
     HostWindow* host = Frame.Host;
     Asker* asker = Frame.Ask;
     const std::shared_ptr<FrameEvents> events = Frame.Events;
+    const LookForm desktop = Frame.DesktopForm;
     Frame = FrameState{};
+    Frame.DesktopForm = desktop;
     Frame.Host = host;
     Frame.Ask = asker;
     Frame.Events = events;

@@ -44,6 +44,7 @@ struct FrameState
     std::array<QString, 8> ConfNames;
 
     SettingsRecord Settings;
+    LookForm DesktopForm = LookForm::Light;
     WordListTable WordLists;
     EditorGlobals Globals;
     MessageRecord Message;

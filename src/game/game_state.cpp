@@ -12,6 +12,7 @@ void ResetGame()
 {
     TheGame.Test.reset();
     TheGame.Words.reset();
+    TheGame.Level = {};
 }
 
 GameWords& Words()

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QString>
 #include <memory>
+#include <utility>
 
 class GameWords;
 class SafeTest;
@@ -12,6 +14,7 @@ struct GameState
     ~GameState();
 
     std::unique_ptr<GameWords> Words; ///< what the game complained about in its last run; null before the first
+    std::pair<QString, int> Level;    ///< the last level that was chosen for a test, with its set's folder
     std::unique_ptr<SafeTest> Test;   ///< while the game plays a copy of a set
 };
 extern GameState TheGame;

@@ -7,21 +7,26 @@
 #include "frame/media/media_lists.h"
 #include "game/finding_places.h"
 #include "game/game_folders.h"
+#include "game/game_state.h"
 #include "platform/paths.h"
 
 #include <QRegularExpression>
+#include <algorithm>
 
 namespace {
 
-/// The number of a level file "NNN.level" that is selected in the list of the document's folder.
+constexpr const char* YesWords[] = {"true", "yes", "on", "1"}; ///< as the game reads them
+
+/// The level "NNN.level" that is selected in the list of the document's folder; elsewhere in the set the one that was
+/// tested last.
 std::optional<int> SelectedLevel(const QString& setFolder)
 {
     const MediaListModel& list = Lists().Base;
     static const QRegularExpression form(QStringLiteral("^(\\d{3})\\.level$"));
-    const auto match = form.match(list.Name(Lists().SavedListIndex.at(1)));
-    if (!match.hasMatch() || paths::Canonical(list.Folder()) != paths::Canonical(setFolder))
-        return {};
-    return match.captured(1).toInt();
+    const auto match = form.match(list.Name(Lists().SavedListIndex.at(size_t(MediaSource::PCXBrowser))));
+    if (match.hasMatch() && paths::Canonical(list.Folder()) == paths::Canonical(setFolder))
+        TheGame.Level = {setFolder, match.captured(1).toInt()};
+    return TheGame.Level.first == setFolder ? std::optional(TheGame.Level.second) : std::nullopt;
 }
 
 } // namespace
@@ -33,8 +38,10 @@ bool IsGroupOfSets(const QString& folder)
     if (!conf)
         return false;
     const ConfIndex index(*conf);
-    const int line = index.LineOfKey(QStringLiteral("level_group"));
-    return line >= 0 && line == index.LineOfValue(QStringLiteral("true"), QStringLiteral("level_group"));
+    const QString key = QStringLiteral("level_group");
+    const int line = index.LineOfKey(key);
+    const auto says = [&](const char* word) { return index.LineOfValue(QString::fromLatin1(word), key) == line; };
+    return line >= 0 && std::any_of(std::begin(YesWords), std::end(YesWords), says);
 }
 
 std::optional<SetWish> WishOfCurrentSet()

@@ -4,7 +4,7 @@
 
 #include <QStringList>
 
-LabState Lab;
+LabState PcxLab;
 
 namespace {
 
@@ -14,9 +14,9 @@ constexpr int LeastPalette = 2, MostPalette = 256;
 /// Both sides as after loading.
 void ShowLoaded()
 {
-    Lab.Before = Lab.SeeThroughBlack ? OverBlack(Lab.Loaded.Pixels) : WithoutAlpha(Lab.Loaded.Pixels);
-    Lab.After = Lab.Before;
-    Lab.SaveTag = PcxDepth::Full;
+    PcxLab.Before = PcxLab.SeeThroughBlack ? OverBlack(PcxLab.Loaded.Pixels) : WithoutAlpha(PcxLab.Loaded.Pixels);
+    PcxLab.After = PcxLab.Before;
+    PcxLab.SaveTag = PcxDepth::Full;
 }
 
 QString Entry(const QString& name, const QString& ending)
@@ -28,7 +28,7 @@ QString Entry(const QString& name, const QString& ending)
 
 void ResetLab()
 {
-    Lab = LabState{};
+    PcxLab = LabState{};
 }
 
 QString LabOpenFilter()
@@ -93,24 +93,24 @@ Result<> LoadAnyImage(const QString& path)
     const Result<images::Picture> picture = images::LoadAny(path);
     if (!picture)
         return tl::unexpected(picture.error());
-    Lab.Loaded = *picture;
+    PcxLab.Loaded = *picture;
     ShowLoaded();
     return {};
 }
 
 void SetSeeThroughBlack(bool on)
 {
-    Lab.SeeThroughBlack = on;
-    if (!Lab.Loaded.Pixels.isNull())
+    PcxLab.SeeThroughBlack = on;
+    if (!PcxLab.Loaded.Pixels.isNull())
         ShowLoaded();
 }
 
 Result<> ConvertColours(const images::Reduction& how, const Turn& turn)
 {
-    const Result<QImage> reduced = images::Reduce(Lab.Before, how, turn);
+    const Result<QImage> reduced = images::Reduce(PcxLab.Before, how, turn);
     if (!reduced)
         return tl::unexpected(reduced.error());
-    Lab.After = *reduced;
-    Lab.SaveTag = PcxDepth::Palette;
+    PcxLab.After = *reduced;
+    PcxLab.SaveTag = PcxDepth::Palette;
     return {};
 }

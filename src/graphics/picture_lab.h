@@ -15,7 +15,7 @@ struct LabState
     bool FromAVI = false;              ///< opens on the film's sheet, without a dialog
     QString AviBitmap;                 ///< where that sheet lies
 };
-extern LabState Lab;
+extern LabState PcxLab;
 void ResetLab();
 
 /// The filter of the dialog that opens a picture: an entry a kind and, last, all kinds.

@@ -33,5 +33,5 @@ void RememberMacro(const QByteArray& hash)
     if (hash.isEmpty() || MacroWindows.KnownFile.isEmpty())
         return;
     // A list that cannot be written costs a question at the next start.
-    static_cast<void>(paths::WriteWholePrivate(MacroWindows.KnownFile, KnownLines() + hash + '\n'));
+    static_cast<void>(paths::WriteWholePrivate(MacroWindows.KnownFile, KnownLines().append(hash).append('\n')));
 }

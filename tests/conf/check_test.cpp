@@ -31,13 +31,19 @@ TEST(CheckLine, EachRuleSpeaksOnItsLines)
         EXPECT_EQ(Said(good), QString()) << good;
 }
 
-// Catches: images looked for outside graphics, by a part of their name, or not at all.
+// Catches: images looked for outside graphics, by a part of their name, or not at all; a name with a letter that judging
+// a line would blank.
 TEST(CheckLine, LooksForImagesInGraphicsOnly)
 {
     EXPECT_TRUE(Said("a: other.pcx").startsWith(QStringLiteral("The PCX image")));
     EXPECT_TRUE(Said("a: C:\\a\\sheet.pcx").startsWith(QStringLiteral("The PCX image")));
     EXPECT_TRUE(Said("a: shee.png").startsWith(QStringLiteral("The PCX image")));
     EXPECT_EQ(Said("a: other.pcx", {false, Graphics.SheetKinds, {}}), QString());
+    const CheckContext letters{true, Graphics.SheetKinds, {QStringLiteral("höhle.pcx"), QStringLiteral("rock~1.pcx")}};
+    EXPECT_EQ(Said("a: HÖHLE.PCX \t", letters), QString());
+    EXPECT_EQ(Said("a: rock~1.png", letters), QString());
+    EXPECT_TRUE(Said("a: rock 1.pcx", letters).startsWith(QStringLiteral("The PCX image")));
+    EXPECT_TRUE(Said("a: h.pcx", letters).startsWith(QStringLiteral("The PCX image")));
 }
 
 // Catches: a line number that is off, findings after the first bad line, an empty document that fails.

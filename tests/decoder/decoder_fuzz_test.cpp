@@ -41,7 +41,9 @@ QList<QByteArray> PcxFiles()
     return {BuildPcx({.Width = 30, .Height = 30, .RunsCrossLines = true}, 1),
             BuildPcx({.Width = 9, .Height = 30, .Planes = 3}, 2),
             BuildPcx({.Width = 31, .Height = 9, .Bits = 1, .Planes = 4}, 3),
-            BuildPcx({.Width = 30, .Height = 9, .Encoding = 0}, 4)};
+            BuildPcx({.Width = 30, .Height = 9, .Encoding = 0}, 4),
+            BuildPcx({.Width = 1, .Height = 9}, 5),
+            BuildPcx({.Width = 9, .Height = 1, .Bits = 1, .Planes = 3}, 6)};
 }
 
 QList<QByteArray> BmpFiles()

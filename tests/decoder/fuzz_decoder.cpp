@@ -41,8 +41,10 @@ QString FuzzPcx(Bytes bytes)
     const PcxFacts again = WalkPcx(straight);
     if (!again.Readable || again.EndsEarly || again.MisreadByLibrary)
         return QStringLiteral("a straightened PCX is not straight");
-    const bool odd = facts.Bits == 4 && facts.Width % 2 == 1;
-    if (again.Width != facts.Width + odd || again.Height != facts.Height || again.Bits != facts.Bits)
+    const bool planes = facts.Bits > 1 && facts.Bits <= 4;
+    const bool column = facts.Width == 1 || (planes && facts.Width % 2 == 1), row = facts.Height == 1;
+    if (again.Width != facts.Width + column || again.Height != facts.Height + row ||
+        again.Bits != (planes ? 4 : facts.Bits))
         return QStringLiteral("a straightened PCX has another size");
     return {};
 }

@@ -127,7 +127,8 @@ QImage ReadPcx(const QByteArray& file)
                 value[p] = bits == 8 ? byte : byte >> (7 - x % 8) & 1;
             }
             const int index = bits == 8 ? value[0] : value[0] | value[1] << 1 | value[2] << 2 | value[3] << 3;
-            image.setPixel(x, y, planes == 3 ? qRgb(value[0], value[1], value[2]) : Colour(palette, index));
+            image.setPixel(x, y,
+                           bits == 8 && planes == 3 ? qRgb(value[0], value[1], value[2]) : Colour(palette, index));
         }
     return image;
 }

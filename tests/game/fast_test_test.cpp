@@ -12,13 +12,13 @@
 namespace {
 
 const QByteArray FastTestConf = "# head\r\n"
-                        "name: mine\r\n"
-                        " name: indented\r\n"
-                        "sort_priority: 100\r\n"
-                        "\r\n"
-                        "bug: bugs.png\r\n"
-                        "bug.xpos: 1\r\n"
-                        "rock: rocks.png\r\n";
+                                "name: mine\r\n"
+                                " name: indented\r\n"
+                                "sort_priority: 100\r\n"
+                                "\r\n"
+                                "bug: bugs.png\r\n"
+                                "bug.xpos: 1\r\n"
+                                "rock: rocks.png\r\n";
 
 class FastTest : public GameTest
 {
@@ -42,7 +42,7 @@ protected:
     }
     QByteArray SeenConf() const { return Scope.Home.Read(QStringLiteral("seen/graphics/graphicsinfo.conf")); }
     bool SawSounds() const { return QFileInfo::exists(Seen + QStringLiteral("/sounds")); }
-    QString LastTitle() const { return Answers.Shown.empty() ? QString() : Answers.Shown.back().MessageTitle; }
+    QString LastTitle() const { return Last().MessageTitle; }
 
     QString Set, Path, Seen;
     QMap<QString, QByteArray> Before;
@@ -62,7 +62,7 @@ TEST_F(FastTest, TheGameSeesHeaderAndBlock)
     EXPECT_EQ(CurrentPane().CaretColumn(), 0);
     EXPECT_EQ(CurrentPane().CaretLine(), 7);
     EXPECT_TRUE(Window.Enabled);
-    EXPECT_TRUE(Answers.Shown.empty());
+    EXPECT_TRUE(Answers.Asked.empty());
 }
 
 // Catches: the next block's main line in the test although nothing of it is selected.
@@ -137,7 +137,7 @@ TEST_F(FastTest, NobodyIsAskedAboutTheSwap)
     GameScope::Acts("sleep 250");
     FastLaunch();
     CheckChangedOutside();
-    EXPECT_TRUE(Answers.Shown.empty());
+    EXPECT_TRUE(Answers.Asked.empty());
 }
 
 // Catches: what another editor saved during the test thrown away, or put in the place of the author's conf.
@@ -151,7 +151,7 @@ TEST_F(FastTest, ForeignTextIsKeptAndTold)
     FastLaunch();
     EXPECT_EQ(LastTitle(), QStringLiteral("Put Back"));
     const QString aside = Path + QStringLiteral("_000.GemforgeBackup");
-    EXPECT_TRUE(Answers.Shown.back().MessageText.endsWith(aside));
+    EXPECT_TRUE(Last().MessageText.endsWith(aside));
     EXPECT_EQ(Scope.Home.Read(QStringLiteral(".rocksndiamonds/levels/mine/graphics/graphicsinfo.conf")), FastTestConf);
 }
 
@@ -175,7 +175,7 @@ TEST_F(FastTest, TheNextStartPutsAllBackAndTellsIt)
     EXPECT_EQ(GameScope::Snapshot(Set), Before);
     EXPECT_EQ(CurrentPane().GetLine(7), QStringLiteral("rock: rocks.png"));
     EXPECT_EQ(LastTitle(), QStringLiteral("Put Back"));
-    EXPECT_TRUE(Answers.Shown.back().MessageText.contains(Path));
+    EXPECT_TRUE(Last().MessageText.contains(Path));
 }
 
 // Catches: the same left in a folder that only another user's notes tell of: opening a file there must put it back.
@@ -215,7 +215,7 @@ TEST_F(FastTest, AFailingStepIsToldAndLeavesNothing)
         name_swap::FinishIn(Set + QStringLiteral("graphics/"));
         EXPECT_EQ(GameScope::Snapshot(Set), Before) << nth;
     }
-    EXPECT_FALSE(Answers.Shown.empty());
+    EXPECT_FALSE(Answers.Asked.empty());
 }
 
 } // namespace

@@ -56,6 +56,13 @@ protected:
         look->start(10);
     }
 
+    /// The last message shown.
+    MessageRecord Last() const
+    {
+        const auto shown = Answers.AskedFor<MessageQuestion>();
+        return shown.empty() ? MessageRecord() : shown.back().Record;
+    }
+
     GameScope Scope;
     BatchHost& Window = Scope.Run.Scope.Host;
     AnswerList& Answers = Scope.Run.Scope.Answers;

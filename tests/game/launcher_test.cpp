@@ -53,12 +53,12 @@ TEST_F(Launcher, WithoutAGameOnlyTellsSo)
     for (const QString& path : {QString(), Scope.Game.Path(QStringLiteral("gone"))}) {
         Frame.Settings.RNDPath = path;
         EXPECT_FALSE(LaunchGame(0, false));
-        EXPECT_EQ(Answers.Shown.back().MessageTitle, QStringLiteral("RND Not Located"));
+        EXPECT_EQ(Last().MessageTitle, QStringLiteral("RND Not Located"));
     }
     Scope.Game.Write(QStringLiteral("text"), "no program");
     Frame.Settings.RNDPath = Scope.Game.Path(QStringLiteral("text"));
     EXPECT_FALSE(LaunchGame(0, false));
-    EXPECT_TRUE(Answers.Shown.back().MessageText.startsWith(Frame.Settings.RNDPath));
+    EXPECT_TRUE(Last().MessageText.startsWith(Frame.Settings.RNDPath));
     EXPECT_TRUE(Window.Enabled);
 }
 
@@ -135,17 +135,17 @@ TEST_F(Launcher, ExtractGuardsTheText)
     }
     GameScope::ActsAtPrint("");
     CurrentPane().InsertText(QStringLiteral("x"), {});
-    Answers.Buttons = {QStringLiteral("Cancel")};
+    Answers.Next = {QStringLiteral("Cancel")};
     Scope.TakeStarts();
     ExtractFromGame(1);
     EXPECT_TRUE(Started().isEmpty());
-    Answers.Buttons = {QStringLiteral("OK")};
+    Answers.Next = {QStringLiteral("OK")};
     ExtractFromGame(1);
     EXPECT_TRUE(CurrentPane().GetLine(0).startsWith(u'#'));
     EXPECT_EQ(Frame.Documents[0].Path, path);
-    Answers.Buttons = {QStringLiteral("Cancel")};
+    Answers.Next = {QStringLiteral("Cancel")};
     SaveCommand();
-    EXPECT_EQ(Answers.Shown.back().MessageTitle, QStringLiteral("File Already Exists"));
+    EXPECT_EQ(Last().MessageTitle, QStringLiteral("File Already Exists"));
     EXPECT_EQ(Scope.Run.Work.Read(QStringLiteral("graphicsinfo.conf")), "name: a\n");
 }
 
@@ -166,15 +166,15 @@ TEST_F(Launcher, ExtractCanBeStopped)
 TEST_F(Launcher, ViewsTheErrorLog)
 {
     ViewErrorLog();
-    EXPECT_EQ(Answers.Shown.back().MessageTitle, QStringLiteral("No Error Log Found!"));
+    EXPECT_EQ(Last().MessageTitle, QStringLiteral("No Error Log Found!"));
     EXPECT_EQ(Frame.CurrentMode, ModeGfx);
     GameScope::Acts("warn one;warn two");
     LaunchGame(0, false);
     CurrentPane().InsertText(QStringLiteral("x"), {});
-    Answers.Buttons = {QStringLiteral("Cancel")};
+    Answers.Next = {QStringLiteral("Cancel")};
     ViewErrorLog();
     EXPECT_EQ(CurrentPane().GetLine(0).left(1), QStringLiteral("x"));
-    Answers.Buttons = {QStringLiteral("OK")};
+    Answers.Next = {QStringLiteral("OK")};
     ViewErrorLog();
     EXPECT_EQ(CurrentPane().GetLine(0), QStringLiteral("[WARN] one"));
     EXPECT_EQ(Frame.CurrentMode, ModeTxt);

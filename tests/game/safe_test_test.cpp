@@ -75,7 +75,7 @@ TEST_F(SafeTestOfSet, TheGamePlaysACopyWithTheUnsavedTexts)
     EXPECT_TRUE(CurrentPane().Modified());
     EXPECT_EQ(ScratchHomes(), 0);
     EXPECT_EQ(RunningWork(), 0);
-    EXPECT_TRUE(Answers.Shown.empty());
+    EXPECT_TRUE(Answers.Asked.empty());
 }
 
 // Catches: a level beside the chosen one, a level of another folder, texts of a group or artwork of another set that
@@ -86,7 +86,7 @@ TEST_F(SafeTestOfSet, SetLevelAndSurroundingsAreThere)
     Scope.Home.Write(QStringLiteral(".rocksndiamonds/levels/donor/graphics/d.png"), "\x89PNG");
     Scope.Home.Write(QStringLiteral(".rocksndiamonds/graphics/own/o.png"), "\x89PNG");
     const QString group = QStringLiteral(".rocksndiamonds/levels/group/");
-    Scope.Home.Write(group + QStringLiteral("levelinfo.conf"), "level_group: true\n");
+    Scope.Home.Write(group + QStringLiteral("levelinfo.conf"), "level_group: yes # a group\n");
     Scope.Home.Write(group + QStringLiteral("helptext.conf"), "bug: help\n");
     Scope.Home.Write(group + QStringLiteral("in/levelinfo.conf"), "levels: 9\ngraphics_set: donor # note\n");
     Set = Scope.Home.Path(group + QStringLiteral("in/"));
@@ -117,8 +117,10 @@ TEST_F(SafeTestOfSet, SetLevelAndSurroundingsAreThere)
 TEST_F(SafeTestOfSet, TheSelectedLevelIsUnderWork)
 {
     Open(QStringLiteral("levelinfo.conf"));
-    Lists().SavedListIndex.at(1) = Lists().Base.Find(QStringLiteral("005.level"));
+    Lists().SavedListIndex.at(size_t(MediaSource::PCXBrowser)) = Lists().Base.Find(QStringLiteral("005.level"));
     EXPECT_EQ(WishOfCurrentSet()->Level, 5);
+    Open(QStringLiteral("graphics/graphicsinfo.conf"));
+    EXPECT_EQ(WishOfCurrentSet()->Level, 5); // the list shows pictures now
     OpenNewTab();
     ActivateTab();
     EXPECT_FALSE(WishOfCurrentSet());
@@ -233,9 +235,10 @@ TEST_F(SafeTestOfSet, CheckWithTheGameShowsItsWords)
     EXPECT_EQ(ScratchHomes(), 0);
 
     CurrentPane().ExecuteCmd(CmdDocumentEnd);
-    NewDocument(ModeGfx);
-    Answers.Buttons = {QStringLiteral("OK")};
+    OpenNewTab();
+    ActivateTab();
     GoToGameWord(2); // in the tab that has the file
+    EXPECT_EQ(Frame.CurrentTab, 0);
     EXPECT_EQ(CurrentPane().CaretLine(), 1);
 }
 

@@ -77,28 +77,28 @@ TEST_F(LabTest, EveryKindLoadsAndABrokenFileChangesNothing)
         const QString name = QStringLiteral("a.%1").arg(QString::fromLatin1(kind.Extension));
         const QString path = folder.Write(name, sample.File);
         ASSERT_TRUE(LoadAnyImage(path));
-        EXPECT_LE(Difference(Lab.Before, sample.Shows), sample.Tolerance);
-        EXPECT_EQ(Lab.After, Lab.Before);
+        EXPECT_LE(Difference(PcxLab.Before, sample.Shows), sample.Tolerance);
+        EXPECT_EQ(PcxLab.After, PcxLab.Before);
         const QString size =
             QStringLiteral("Width: %1   Height: %2   Colours: ").arg(sample.Shows.width()).arg(sample.Shows.height());
-        const QString info = LabInfo(name, Lab.Loaded);
+        const QString info = LabInfo(name, PcxLab.Loaded);
         EXPECT_TRUE(info.startsWith(name + QLatin1Char('\n') + QString::fromLatin1(kind.Name) + QStringLiteral("  (") +
                                     QString::fromLatin1(kind.Extension) + QStringLiteral(")\n") + size));
-        EXPECT_EQ(info.contains(QStringLiteral("Colours: 16 Million (24 Bit)\n")), Lab.Loaded.ColoursUsed == 0);
-        const QImage before = Lab.Before;
+        EXPECT_EQ(info.contains(QStringLiteral("Colours: 16 Million (24 Bit)\n")), PcxLab.Loaded.ColoursUsed == 0);
+        const QImage before = PcxLab.Before;
         for (int round = 0; round < 3; ++round)
             if (!LoadAnyImage(folder.Write(name, Mutated(sample.File, random)))) {
                 ++refused;
-                EXPECT_EQ(Lab.Before, before);
+                EXPECT_EQ(PcxLab.Before, before);
             } else {
                 ASSERT_TRUE(LoadAnyImage(folder.Write(name, sample.File)));
             }
     }
     EXPECT_GT(refused, 15);
     EXPECT_TRUE(LoadAnyImage(folder.Write(QStringLiteral("b.JPEG"), SampleOfEveryKind()[2].File)));
-    EXPECT_EQ(Lab.Loaded.Kind, 2);
+    EXPECT_EQ(PcxLab.Loaded.Kind, 2);
     EXPECT_FALSE(LoadAnyImage(folder.Write(QStringLiteral("c.unknown"), "no image")));
-    EXPECT_EQ(Lab.Loaded.Kind, 2);
+    EXPECT_EQ(PcxLab.Loaded.Kind, 2);
 }
 
 // Catches: a save that does not hold what "After" shows, in each form and at both tags; a second save after one convert
@@ -108,16 +108,16 @@ TEST_F(LabTest, SavesWhatAfterShows)
     const QImage picture = ManyColours({75, 60});
     ASSERT_TRUE(LoadAnyImage(WritePng(QStringLiteral("a.png"), picture)));
     const QString pcx = folder.Path(QStringLiteral("b.pcx")), png = folder.Path(QStringLiteral("b.png"));
-    EXPECT_EQ(SaveCaption(Lab.SaveTag), QStringLiteral("Save PCX (24 Bit)"));
+    EXPECT_EQ(SaveCaption(PcxLab.SaveTag), QStringLiteral("Save PCX (24 Bit)"));
     for (const bool converted : {false, true, true}) {
         if (converted) {
             ASSERT_TRUE(ConvertColours({.Colours = 40}, {}));
-            EXPECT_EQ(SaveCaption(Lab.SaveTag), QStringLiteral("Save PCX (8 Bit)"));
+            EXPECT_EQ(SaveCaption(PcxLab.SaveTag), QStringLiteral("Save PCX (8 Bit)"));
         }
-        const QImage shown = Lab.After.convertToFormat(QImage::Format_RGB32);
+        const QImage shown = PcxLab.After.convertToFormat(QImage::Format_RGB32);
         EXPECT_EQ(shown == picture, !converted);
-        ASSERT_TRUE(WritePicture(pcx, Lab.After, Lab.SaveTag));
-        ASSERT_TRUE(WritePicture(png, Lab.After, Lab.SaveTag));
+        ASSERT_TRUE(WritePicture(pcx, PcxLab.After, PcxLab.SaveTag));
+        ASSERT_TRUE(WritePicture(png, PcxLab.After, PcxLab.SaveTag));
         EXPECT_EQ(ReadPcx(folder.Read(QStringLiteral("b.pcx"))), shown);
         for (const QString& path : {pcx, png}) {
             const auto read = images::Load(path);
@@ -127,7 +127,7 @@ TEST_F(LabTest, SavesWhatAfterShows)
         }
     }
     ASSERT_TRUE(LoadAnyImage(pcx));
-    EXPECT_EQ(Lab.SaveTag, PcxDepth::Full);
+    EXPECT_EQ(PcxLab.SaveTag, PcxDepth::Full);
 }
 
 // Catches: see-through pixels that show the colour behind them, black ones that become holes, a setting that does not
@@ -141,11 +141,11 @@ TEST_F(LabTest, SeeThroughPixelsBecomeBlack)
     ASSERT_TRUE(LoadAnyImage(WritePng(QStringLiteral("a.png"), picture)));
     const QRgb flat[] = {qRgb(0, 0, 0), qRgb(1, 1, 1), qRgb(100, 50, 0), qRgb(9, 8, 7)};
     for (int x = 0; x < 4; ++x)
-        EXPECT_EQ(Lab.After.pixel(x, 0), flat[x]) << x;
-    const QImage shown = AsInGame(Lab.After);
+        EXPECT_EQ(PcxLab.After.pixel(x, 0), flat[x]) << x;
+    const QImage shown = AsInGame(PcxLab.After);
     EXPECT_EQ(shown.pixel(0, 0), 0u);
     EXPECT_EQ(shown.pixel(1, 0), qRgb(1, 1, 1));
     SetSeeThroughBlack(false);
     for (int x = 0; x < 4; ++x)
-        EXPECT_EQ(Lab.After.pixel(x, 0), pixels[x] | 0xff000000) << x;
+        EXPECT_EQ(PcxLab.After.pixel(x, 0), pixels[x] | 0xff000000) << x;
 }

@@ -39,6 +39,8 @@ const char* const Buttons[] = {
     "quick_preview",
     "edit_animation",
     "make_headline",
+    "pcx_lab",
+    "avi_to_bitmap",
     "run_rnd",
     "run_rnd_fast",
     "test_set_safely",

@@ -51,13 +51,23 @@ Answer Facts(const Request& request, FIBITMAP* image)
             .ColoursUsed = std::min(FreeImage_GetColorsUsed(image), 256u)};
 }
 
-/// A straightened image may be one column wider than it should.
+/// A straightened image may have one column, one row and some planes too many.
 void AddFacts(Answer& answer, const PcxFacts& pcx)
 {
     if (answer.How != Outcome::Done || !pcx.Readable)
         return;
     answer.Width = pcx.Width;
+    answer.Height = pcx.Height;
+    answer.Bits = pcx.Bits;
     answer.EndsEarly = pcx.EndsEarly;
+}
+
+Bitmap Cropped(Bitmap image, const PcxFacts& pcx)
+{
+    if (!pcx.Readable ||
+        (FreeImage_GetWidth(image.get()) == pcx.Width && FreeImage_GetHeight(image.get()) == pcx.Height))
+        return image;
+    return Bitmap(FreeImage_Copy(image.get(), 0, 0, int(pcx.Width), int(pcx.Height)));
 }
 
 void TakeColours(FIBITMAP* image, const PcxFacts& pcx)
@@ -188,6 +198,8 @@ Decoded Decode(const Request& request, Bytes told, const SizeKnown& known)
         return std::move(*decided);
     }
     Bitmap image = memory.Load(FREE_IMAGE_FORMAT(request.Kind), 0);
+    if (image)
+        image = Cropped(std::move(image), pcx);
     if (!image)
         return Refused(request, Outcome::NotRead);
     if (!Fits(image.get()))

@@ -86,6 +86,6 @@ Q_ENUM_NS(Number)
 /// Places of the buttons where there are more than two; for two ask Confirmed.
 enum SafetyButton : int { Consent = 1, Refuse };
 enum StepButton : int { NextStep = 1, Continue, Break };
-enum WelcomeButton : int { WelcomeOk = 1, ReadHelp, DoNotShowAgain };
+enum WelcomeButton : int { WelcomeOk = 1, ReadHelp, WelcomeOptions, DoNotShowAgain };
 
 } // namespace message

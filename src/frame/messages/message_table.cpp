@@ -2,7 +2,7 @@
 
 namespace {
 
-// In number order. The welcome offers "Options" as soon as there is an options window.
+// In number order.
 constexpr MessageRow Rows[] = {
     {message::NoElementHighlighted, 3, "No Selection Error", 6, "blu", "OK", 0,
      "You need to highlight an element (or element & action) first.^^For example, select:  yamyam.moving.right"},
@@ -135,7 +135,7 @@ constexpr MessageRow Rows[] = {
      "Another program has changed this file since it was loaded or saved here:-^^%1^^Do you want to overwrite it with "
      "the text you have here?"},
     {message::PutBack, -1, "Put Back", 1, "whi", "OK", 0, "%1"},
-    {message::Welcome, -1, "Welcome", 8, "bro", "OK_Read Help_Don't Show This Again", 1,
+    {message::Welcome, -1, "Welcome", 8, "bro", "OK_Read Help_Options_Don't Show This Again", 1,
      "Welcome To Gemforge.^^No Help at the moment! Just set your RND path (in options) and it should be "
      "ok!^^Cheers!^^Ross...."},
 };

@@ -38,6 +38,19 @@ QString Below(const QString& folder, const QString& name)
 
 } // namespace
 
+GameFolders GameFoldersOf(const QString& program)
+{
+    if (paths::FolderOfPath(program).isEmpty())
+        return {};
+    const QString levels = Compat(QStringLiteral("FileNameCheck5"));
+    GameFolders folders;
+    folders.Base = FindGameFolder(program, levels);
+    folders.Docs = Below(folders.Base, Compat(QStringLiteral("DefDocsFolder")));
+    folders.Graphics = Below(folders.Base, Compat(QStringLiteral("DefGFXFolder")));
+    folders.Levels = Below(folders.Base, levels);
+    return folders;
+}
+
 void ReadDumpCommands()
 {
     for (int i = 1; i <= 6; ++i)
@@ -47,20 +60,18 @@ void ReadDumpCommands()
 void DeriveGameFolders()
 {
     SettingsRecord& settings = Frame.Settings;
-    const QString levels = Compat(QStringLiteral("FileNameCheck5"));
-    const bool told = !paths::FolderOfPath(settings.RNDPath).isEmpty();
     settings.RndGfxFolderName = Compat(QStringLiteral("DefGFXFolder"));
     settings.RndSfxFolderName = Compat(QStringLiteral("DefSFXFolder"));
-    settings.RndFolder = told ? FindGameFolder(settings.RNDPath, levels) : QString();
-    settings.RndDocsFolder = Below(settings.RndFolder, Compat(QStringLiteral("DefDocsFolder")));
-    settings.LevelsFolder = Below(settings.RndFolder, levels);
+    const GameFolders folders = GameFoldersOf(settings.RNDPath);
+    settings.RndFolder = folders.Base;
+    settings.RndDocsFolder = folders.Docs;
+    settings.LevelsFolder = folders.Levels;
 
     const QString kinds = Compat(QStringLiteral("SheetKinds")).toLower();
     if (kinds != IniFile::NotFound.toLower())
         settings.SheetKinds = kinds.simplified().remove(u' ').split(u',', Qt::SkipEmptyParts);
 
-    const QString graphics = Below(settings.RndFolder, settings.RndGfxFolderName);
-    Frame.Media.RndFolder = paths::FolderExists(graphics) ? graphics : QString();
+    Frame.Media.RndFolder = paths::FolderExists(folders.Graphics) ? folders.Graphics : QString();
     ShowMedia();
 }
 

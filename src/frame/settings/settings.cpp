@@ -13,14 +13,23 @@
 namespace {
 
 constexpr int ThumbnailsId = 7;
-constexpr QLatin1StringView MiscKeys("Misc"), ColourKeys("Syntax Colours");
+constexpr QLatin1StringView MiscKeys("Misc");
 
 /// Takes every value of a section that the record holds.
 void ReadRows(SettingsReader& reader, QLatin1StringView section)
 {
     for (const SettingRow& row : SettingRows())
         if (row.Place && section == QLatin1StringView(row.Section))
-            reader.Read(row);
+            reader.Read(row, Frame.Settings);
+}
+
+/// Which form it is stands first: nothing is coloured twice.
+void ReadLooks(SettingsReader& reader)
+{
+    reader.Read(SettingOf(MiscKeys, QLatin1StringView("ColourForm")), Frame.Settings);
+    for (const LookForm form : {LookForm::Light, LookForm::Dark})
+        ReadRows(reader, SectionOf(form));
+    GiveLookToAll();
 }
 
 void ReadAnimModes(SettingsRecord& settings)
@@ -83,11 +92,9 @@ void LoadSettings()
 {
     SettingsReader reader;
     SettingsRecord& settings = Frame.Settings;
-    LoadSyntaxColours(Panes().Pane(0), ColourKeys, true, reader);
+    ReadLooks(reader);
     settings.Bands = ReadBands(reader);
     emit Events().ToolBarsLoaded();
-    ReadRows(reader, ColourKeys);
-    emit Events().MediaLooksChanged();
     for (const char* section : {"QuickElementTemplate", "AutoCompleteTemplate", "Nags", "Misc"})
         ReadRows(reader, QLatin1StringView(section));
     Frame.ShowWelcome = reader.Number(SettingOf(MiscKeys, QLatin1StringView("1stTime")));

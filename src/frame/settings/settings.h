@@ -2,14 +2,12 @@
 
 #include "frame/media/sheet_endings.h"
 #include "frame/settings/cool_bar_bands.h"
+#include "frame/settings/form_looks.h"
 #include "platform/result.h"
 
 #include <QString>
 #include <QStringList>
 #include <array>
-
-class EditorPane;
-class SettingsReader;
 
 /// One syntax kind: its three keys and the slots of the pane they go to.
 struct SyntaxRow
@@ -38,10 +36,9 @@ struct SettingsRecord
     std::array<int, 5> Nags{1, 1, 1, 1, 1};
     std::vector<CoolBarBand> Bands; ///< of the tool bars, as LoadSettings read them
 
-    int MediaListBackColour = 0, MediaListColour = 0; ///< 0x00BBGGRR
-    QString MediaListFontName;
-    double MediaListFontSize = 9;
-    bool MediaListFontBold = false, MediaListFontItalic = false;
+    int ColourForm = FollowDesktop;
+    FormLook Light{}, Dark{};
+    LookFonts Fonts;
 
     std::array<QString, 7> ComType; ///< 1 to 6
     SheetEndings SheetKinds{QStringLiteral("pcx"), QStringLiteral("png")};
@@ -68,10 +65,9 @@ public:
 };
 
 void LoadSettings();
-/// Applies the colours, styles and font of a section to a pane, and to the tabs' panes 1 to 7 if told. Keys that are
-/// missing or broken take their shipped value; `reader` notes them.
-void LoadSyntaxColours(EditorPane& pane, const QString& section, bool copyToAllPanes);
-void LoadSyntaxColours(EditorPane& pane, const QString& section, bool copyToAllPanes, SettingsReader& reader);
+/// Applies the colours and styles of a section to one pane, and the font. Keys that are missing or broken take their
+/// shipped value.
+void LoadSyntaxColours(EditorPane& pane, const QString& section);
 
 /// View settings by number: 1 line numbers, 2 blanks and tabs, 3 colours, 4 undo limit, 5 super tab, 6 line hints,
 /// 7 thumbnails.
@@ -91,7 +87,14 @@ void ToggleView(int id);
 /// ComType1 to ComType6 from compat.ini.
 void ReadDumpCommands();
 
-/// RndFolder and its like from RNDPath and compat.ini; the first data folder that holds `FileNameCheck5` counts.
+/// Where a game has its data: the first folder of compat.ini that holds `FileNameCheck5`. Its parts need not exist.
+struct GameFolders
+{
+    QString Base, Docs, Graphics, Levels; ///< each with "/" at its end; empty without a program
+};
+GameFolders GameFoldersOf(const QString& program);
+
+/// RndFolder and its like from RNDPath and compat.ini.
 void DeriveGameFolders();
 
 /// Histories of find and replace: read by LoadSettings, written at close.

@@ -14,8 +14,9 @@ using R = SettingsRecord;
 
 constexpr int LargestColour = 0xFFFFFF, LargestStyle = 3;
 constexpr int FarthestPlace = 100'000; // pixels
-constexpr char ColoursSection[] = "Syntax Colours", MiscSection[] = "Misc", Window[] = "Window Positions", Nags[] = "Nags",
-               Quick[] = "QuickElementTemplate", Complete[] = "AutoCompleteTemplate";
+constexpr char LightColours[] = "Syntax Colours", DarkColours[] = "Syntax Colours Dark", MiscSection[] = "Misc",
+               Window[] = "Window Positions", Nags[] = "Nags", Quick[] = "QuickElementTemplate",
+               Complete[] = "AutoCompleteTemplate";
 
 template <auto Member>
 SettingPlace In(SettingsRecord& settings)
@@ -27,6 +28,18 @@ template <auto Member, std::size_t Index>
 SettingPlace At(SettingsRecord& settings)
 {
     return &(settings.*Member)[Index];
+}
+
+template <auto Outer, auto Member>
+SettingPlace Inner(SettingsRecord& settings)
+{
+    return &(settings.*Outer.*Member);
+}
+
+template <auto Form, std::size_t Kind, auto Member>
+SettingPlace OfKind(SettingsRecord& settings)
+{
+    return &((settings.*Form).Kinds[Kind].*Member);
 }
 
 template <int Id>
@@ -41,27 +54,20 @@ void ShowStrips()
     emit Events().MenuStripsChanged(Frame.Settings.Gradients == 1);
 }
 
-void ShowMediaLooks()
+void ShowColourForm()
 {
-    emit Events().MediaLooksChanged();
-}
-
-void ShowColours()
-{
-    LoadSyntaxColours(Panes().Pane(0), QString::fromLatin1(ColoursSection), true);
+    GiveLookToAll();
+    emit Events().ColourFormChanged();
 }
 
 constexpr SettingRow TableRows[] = {
-    {ColoursSection, "WindowColour", Colour, 0, LargestColour, nullptr, ShowColours},
-    {ColoursSection, "HighlightedLineColour", Colour, 0, LargestColour, nullptr, ShowColours},
-    {ColoursSection, "MainFont", Text, 0, 0, nullptr, ShowColours},
-    {ColoursSection, "MainFontSize", Real, 0, 0, nullptr, ShowColours},
-    {ColoursSection, "MediaListBackColour", Colour, 0, LargestColour, In<&R::MediaListBackColour>, ShowMediaLooks},
-    {ColoursSection, "MediaListColour", Colour, 0, LargestColour, In<&R::MediaListColour>, ShowMediaLooks},
-    {ColoursSection, "MediaListFontName", Text, 0, 0, In<&R::MediaListFontName>, ShowMediaLooks},
-    {ColoursSection, "MediaListFontSize", Real, 0, 0, In<&R::MediaListFontSize>, ShowMediaLooks},
-    {ColoursSection, "MediaListFontBold", Truth, 0, 0, In<&R::MediaListFontBold>, ShowMediaLooks},
-    {ColoursSection, "MediaListFontItalic", Truth, 0, 0, In<&R::MediaListFontItalic>, ShowMediaLooks},
+    {LightColours, "MainFont", Text, 0, 0, Inner<&R::Fonts, &LookFonts::MainFont>, GiveLookToAll},
+    {LightColours, "MainFontSize", Real, 0, 0, Inner<&R::Fonts, &LookFonts::MainFontSize>, GiveLookToAll},
+    {LightColours, "MediaListFontName", Text, 0, 0, Inner<&R::Fonts, &LookFonts::MediaListFontName>, GiveLookToAll},
+    {LightColours, "MediaListFontSize", Real, 0, 0, Inner<&R::Fonts, &LookFonts::MediaListFontSize>, GiveLookToAll},
+    {LightColours, "MediaListFontBold", Truth, 0, 0, Inner<&R::Fonts, &LookFonts::MediaListFontBold>, GiveLookToAll},
+    {LightColours, "MediaListFontItalic", Truth, 0, 0, Inner<&R::Fonts, &LookFonts::MediaListFontItalic>,
+     GiveLookToAll},
 
     {Quick, "0", Flag, 0, 1, At<&R::QuickElementTemplate, 0>},
     {Quick, "1", Flag, 0, 1, At<&R::QuickElementTemplate, 1>},
@@ -107,6 +113,7 @@ constexpr SettingRow TableRows[] = {
     {MiscSection, "FindHistoryLimit", Number, 3, 50, In<&R::FindHistoryLimit>},
     {MiscSection, "ReplaceHistoryLimit", Number, 3, 50, In<&R::ReplaceHistoryLimit>},
     {MiscSection, "ScreenReader", Number, 0, 2, In<&R::ScreenReader>},
+    {MiscSection, "ColourForm", Number, FollowDesktop, AlwaysDark, In<&R::ColourForm>, ShowColourForm},
     {MiscSection, "LineCommentLineChar", Character, 0, 0, In<&R::LineCommentLineChar>},
     {MiscSection, "LineCommentSearchChar", Character, 0, 0, In<&R::LineCommentSearchChar>},
     {MiscSection, "RNDPath", Path, 0, 0, In<&R::RNDPath>, DeriveGameFolders},
@@ -120,15 +127,38 @@ constexpr SettingRow TableRows[] = {
     {Window, "Max", Number, 0, 2},
 };
 
-/// The rows above after those of the syntax kinds, whose keys their own table has.
+/// The colours of one form: three keys a kind, and what belongs to none.
+template <auto Form, std::size_t Kind>
+void AddKind(std::vector<SettingRow>& rows, const char* section)
+{
+    const SyntaxRow& kind = SyntaxKeys()[Kind];
+    rows.push_back(
+        {section, kind.ColourKey, Colour, 0, LargestColour, OfKind<Form, Kind, &KindLook::Colour>, GiveLookToAll});
+    rows.push_back(
+        {section, kind.BackKey, Colour, 0, LargestColour, OfKind<Form, Kind, &KindLook::Back>, GiveLookToAll});
+    rows.push_back(
+        {section, kind.StyleKey, Number, 0, LargestStyle, OfKind<Form, Kind, &KindLook::Style>, GiveLookToAll});
+}
+
+template <auto Form, std::size_t... Kinds>
+void AddForm(std::vector<SettingRow>& rows, const char* section, std::index_sequence<Kinds...>)
+{
+    (AddKind<Form, Kinds>(rows, section), ...);
+    const auto add = [&](const char* key, SettingPlace (*place)(SettingsRecord&)) {
+        rows.push_back({section, key, Colour, 0, LargestColour, place, GiveLookToAll});
+    };
+    add("MediaListBackColour", Inner<Form, &FormLook::MediaListBack>);
+    add("MediaListColour", Inner<Form, &FormLook::MediaList>);
+    add("HighlightedLineColour", Inner<Form, &FormLook::HighlightedLine>);
+    add("WindowColour", Inner<Form, &FormLook::Window>);
+}
+
 std::vector<SettingRow> AllRows()
 {
+    constexpr std::make_index_sequence<9> kinds;
     std::vector<SettingRow> rows;
-    for (const SyntaxRow& kind : SyntaxKeys()) {
-        rows.push_back({ColoursSection, kind.ColourKey, Colour, 0, LargestColour, nullptr, ShowColours});
-        rows.push_back({ColoursSection, kind.BackKey, Colour, 0, LargestColour, nullptr, ShowColours});
-        rows.push_back({ColoursSection, kind.StyleKey, Number, 0, LargestStyle, nullptr, ShowColours});
-    }
+    AddForm<&R::Dark>(rows, DarkColours, kinds);
+    AddForm<&R::Light>(rows, LightColours, kinds);
     rows.insert(rows.end(), std::begin(TableRows), std::end(TableRows));
     return rows;
 }
@@ -195,4 +225,12 @@ void ChangeSetting(const SettingRow& row, const QVariant& value)
     WriteIni(written, QString::fromLatin1(row.Section), QString::fromLatin1(row.Key));
     if (row.Apply)
         row.Apply();
+}
+
+void WriteSettings(QLatin1StringView section)
+{
+    const SettingsBatch batch;
+    for (const SettingRow& row : SettingRows())
+        if (row.Place && section == QLatin1StringView(row.Section))
+            WriteIni(Written(row, SettingNow(row)), QString::fromLatin1(row.Section), QString::fromLatin1(row.Key));
 }

@@ -42,3 +42,6 @@ QVariant SettingNow(const SettingRow& row);
 
 /// Puts a value in force: it is brought within its bounds, held in Frame.Settings, written to user.ini and applied.
 void ChangeSetting(const SettingRow& row, const QVariant& value);
+
+/// Writes the values in force of all settings of a section.
+void WriteSettings(QLatin1StringView section);

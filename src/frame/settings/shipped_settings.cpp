@@ -45,10 +45,10 @@ QHash<QString, QString> ReadShipped()
 
 } // namespace
 
-void SettingsReader::Read(const SettingRow& row)
+void SettingsReader::Read(const SettingRow& row, SettingsRecord& record)
 {
     const QString section = QString::fromLatin1(row.Section), key = QString::fromLatin1(row.Key);
-    const SettingPlace place = row.Place(Frame.Settings);
+    const SettingPlace place = row.Place(record);
     if (int* const* number = std::get_if<int*>(&place))
         **number = Number(section, key, row.Low, row.High);
     else if (double* const* real = std::get_if<double*>(&place))
@@ -74,7 +74,9 @@ QString SettingsReader::Shipped(const QString& section, const QString& key)
 
 QString SettingsReader::Correct(const QString& section, const QString& key)
 {
-    corrected << u'[' + section + QStringLiteral("] ") + key;
+    // A section that is not there at all is newer than the file.
+    if (!ReadSection(section).isEmpty())
+        corrected << u'[' + section + QStringLiteral("] ") + key;
     return Take(section, key);
 }
 

@@ -5,14 +5,15 @@
 #include <QStringList>
 
 struct SettingRow;
+struct SettingsRecord;
 
 /// Reads settings as numbers. A key that is missing or no number takes the value that the program was shipped with,
 /// and is noted.
 class SettingsReader
 {
 public:
-    /// Puts the value of a setting into Frame.Settings, which holds it.
-    void Read(const SettingRow& row);
+    /// Puts the value of a setting into its place in a record.
+    void Read(const SettingRow& row, SettingsRecord& record);
     int Number(const SettingRow& row);
 
     /// The value that the program is shipped with; null if there is none.

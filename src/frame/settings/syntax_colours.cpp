@@ -1,85 +1,90 @@
 #include "frame/editor_pane.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
 #include "frame/settings/settings_table.h"
 #include "frame/settings/shipped_settings.h"
 
-#include <QFontDatabase>
-
 namespace {
 
 constexpr int WindowSlot = 0, HighlightSlot = 30, StringSlot = 16, StringBackSlot = 17;
 
-struct PaneFont
-{
-    QString Name;
-    double Points;
-};
+} // namespace
 
-/// A font that the desktop lacks falls to one that it has, with characters of one width.
-PaneFont MainFont(SettingsReader& reader, const QString& section)
+QLatin1StringView SectionOf(LookForm form)
 {
-    const QString told = reader.Text(section, QStringLiteral("MainFont"));
-    const double points = reader.Real(section, QStringLiteral("MainFontSize"));
-    for (const QString& name : {told, QStringLiteral("Liberation Mono")})
-        if (QFontDatabase::hasFamily(name))
-            return {name, points};
-    return {QFontDatabase::systemFont(QFontDatabase::FixedFont).family(), points};
+    return QLatin1StringView(form == LookForm::Dark ? "Syntax Colours Dark" : "Syntax Colours");
 }
 
-struct Look
+LookForm FormInUse()
 {
-    std::array<int, 9> Colour, Back, Style;
-    int Window, Highlight;
-    PaneFont Font;
-};
+    switch (Frame.Settings.ColourForm) {
+    case AlwaysLight:
+        return LookForm::Light;
+    case AlwaysDark:
+        return LookForm::Dark;
+    default:
+        return Frame.DesktopForm;
+    }
+}
 
-Look ReadLook(SettingsReader& reader, const QString& section)
+FormLook& LookOf(LookForm form)
 {
-    Look look;
-    const auto number = [&](const char* key) {
-        const SettingRow& row = SettingOf(QLatin1StringView("Syntax Colours"), QLatin1StringView(key));
-        return reader.Number(section, QString::fromLatin1(key), row.Low, row.High);
-    };
+    return form == LookForm::Dark ? Frame.Settings.Dark : Frame.Settings.Light;
+}
+
+void SetDesktopForm(LookForm form)
+{
+    const LookForm before = FormInUse();
+    Frame.DesktopForm = form;
+    if (Frame.Host && FormInUse() != before)
+        GiveLookToAll();
+}
+
+FormLook LookOf(const EditorPane& pane)
+{
+    FormLook look{};
     for (std::size_t kind = 0; kind < SyntaxKeys().size(); ++kind) {
         const SyntaxRow& row = SyntaxKeys()[kind];
-        look.Colour[kind] = number(row.ColourKey);
-        look.Back[kind] = number(row.BackKey);
-        look.Style[kind] = number(row.StyleKey);
+        look.Kinds[kind] = {pane.GetColor(row.ColourSlot), pane.GetColor(row.BackSlot),
+                            pane.GetFontStyle(row.StyleSlot)};
     }
-    look.Window = number("WindowColour");
-    look.Highlight = number("HighlightedLineColour");
-    look.Font = MainFont(reader, section);
+    look.Window = pane.GetColor(WindowSlot);
+    look.HighlightedLine = pane.GetColor(HighlightSlot);
     return look;
 }
 
-void GiveLook(EditorPane& pane, const Look& look)
+void GiveLook(EditorPane& pane, const FormLook& look)
 {
     for (std::size_t kind = 0; kind < SyntaxKeys().size(); ++kind) {
         const SyntaxRow& row = SyntaxKeys()[kind];
-        pane.SetColor(row.ColourSlot, look.Colour[kind]);
-        pane.SetColor(row.BackSlot, look.Back[kind]);
-        pane.SetFontStyle(row.StyleSlot, look.Style[kind]);
+        pane.SetColor(row.ColourSlot, look.Kinds[kind].Colour);
+        pane.SetColor(row.BackSlot, look.Kinds[kind].Back);
+        pane.SetFontStyle(row.StyleSlot, look.Kinds[kind].Style);
     }
     pane.SetColor(WindowSlot, look.Window);
-    pane.SetColor(HighlightSlot, look.Highlight);
-    pane.SetPaneFont(look.Font.Name, look.Font.Points);
+    pane.SetColor(HighlightSlot, look.HighlightedLine);
     pane.SetColor(StringSlot, 255);
     pane.SetColor(StringBackSlot, 0);
 }
 
-} // namespace
-
-void LoadSyntaxColours(EditorPane& pane, const QString& section, bool copyToAllPanes, SettingsReader& reader)
+void GiveLookToAll()
 {
-    const Look look = ReadLook(reader, section);
-    GiveLook(pane, look);
-    for (int tab = 1; copyToAllPanes && tab < 8; ++tab)
-        GiveLook(Panes().Pane(tab), look);
+    const LookFonts& fonts = Frame.Settings.Fonts;
+    for (int tab = 0; tab < int(Frame.Documents.size()); ++tab) {
+        GiveLook(Panes().Pane(tab), LookOf(FormInUse()));
+        Panes().Pane(tab).SetPaneFont(fonts.MainFont, fonts.MainFontSize);
+    }
+    emit Events().MediaLooksChanged();
 }
 
-void LoadSyntaxColours(EditorPane& pane, const QString& section, bool copyToAllPanes)
+void LoadSyntaxColours(EditorPane& pane, const QString& section)
 {
     SettingsReader reader;
-    LoadSyntaxColours(pane, section, copyToAllPanes, reader);
+    SettingsRecord read;
+    for (const SettingRow& row : SettingRows())
+        if (section == QLatin1StringView(row.Section) || SectionOf(LookForm::Light) == QLatin1StringView(row.Section))
+            reader.Read(row, read);
+    GiveLook(pane, section == SectionOf(LookForm::Dark) ? read.Dark : read.Light);
+    pane.SetPaneFont(read.Fonts.MainFont, read.Fonts.MainFontSize);
 }

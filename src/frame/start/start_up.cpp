@@ -132,6 +132,8 @@ int ShowWelcomeMessage()
     const int answer = ShowMessage(message::Welcome);
     if (answer == message::WelcomeOk)
         Panes().FocusPane();
+    else if (answer == message::WelcomeOptions)
+        Tools().OpenTool(ToolWindow::Options);
     else if (answer == message::DoNotShowAgain)
         ChangeSetting(SettingOf(QLatin1StringView("Misc"), QLatin1StringView("1stTime")), 0);
     return answer;

@@ -205,15 +205,16 @@ void frmGames::ReadVersions()
 
 void frmGames::AddGame()
 {
-    const auto told =
-        Ask().OpenFile({QStringLiteral("Locate Rocks'n'Diamonds Executable"), QStringLiteral("Programs (*)|*"),
-                        paths::FolderOfPath(Frame.Settings.RNDPath), QString()});
+    const auto told = AskText(FileQuestion{.Title = QStringLiteral("Locate Rocks'n'Diamonds Executable"),
+                                           .Filter = QStringLiteral("Programs (*)|*"),
+                                           .Folder = paths::FolderOfPath(Frame.Settings.RNDPath),
+                                           .Preset = {}});
     if (!told || told->isEmpty())
         return;
     const QString program = paths::Inside(*told);
     const auto version = ProveGame(program);
     if (!version) {
-        ShowMessage(21);
+        ShowMessage(message::NotTheGame);
         return;
     }
     if (RowOf(program))
@@ -243,12 +244,12 @@ void frmGames::UseSelected()
         return;
     const QString program = EntryOf(*item).Program;
     if (!ProveGame(program)) {
-        ShowMessage(21);
+        ShowMessage(message::NotTheGame);
         return;
     }
     UseGame(program);
     if (!paths::FolderExists(Frame.Settings.LevelsFolder))
-        ShowMessage(23);
+        ShowMessage(message::LevelsFolderMissing);
     Save();
     MarkInUse();
     UpdateButtons();

@@ -32,7 +32,6 @@
 
 namespace {
 
-constexpr int BadFilmSize = 101, NoDecompressor = 102, FilmError = 103, FileIsThere = 9;
 constexpr int EmptySheetHeight = 600;
 constexpr int TicksASecond = 50;
 const QString FilmFilter = QStringLiteral("AVI Files (*.AVI)|*.AVI|"
@@ -63,9 +62,9 @@ void frmAVI2BMP::Run(QWidget* owner)
             ShowFailure(written.error());
             return;
         }
-        Lab.AviBitmap = path;
+        PcxLab.AviBitmap = path;
     }
-    Lab.FromAVI = true;
+    PcxLab.FromAVI = true;
     frmPCXLab::Run(owner); // forgets all of it when it is closed
 }
 
@@ -75,17 +74,17 @@ void frmAVI2BMP::AskForFilm()
                                 .Filter = FilmFilter,
                                 .Folder = Lists().Base.Folder(),
                                 .Preset = {}};
-    if (const auto path = Ask().OpenFile(question))
+    if (const auto path = AskText(question))
         TakeFilm(*path);
 }
 
 void frmAVI2BMP::AskForPictures()
 {
-    const QStringList files = Ask().OpenFiles({.Title = QStringLiteral("Make a Sheet of Pictures"),
-                                               .Filter = LabOpenFilter(),
-                                               .Folder = Lists().Base.Folder(),
-                                               .Preset = {},
-                                               .Selected = -1});
+    const QStringList files = AskFiles({.Title = QStringLiteral("Make a Sheet of Pictures"),
+                                        .Filter = LabOpenFilter(),
+                                        .Folder = Lists().Base.Folder(),
+                                        .Preset = {},
+                                        .Selected = -1});
     if (!files.isEmpty())
         TakePictures(files);
 }
@@ -216,20 +215,20 @@ void frmAVI2BMP::TellEnd(const FilmReport& report)
     if (!report.Refused.empty()) {
         const Failure& first = report.Refused.front();
         const qsizetype more = std::ssize(report.Refused) - 1;
-        ShowMessage(MessagePathError,
+        ShowMessage(message::PathError,
                     more == 0 ? first.Text() : first.Text() + QStringLiteral("^^and %1 more like it").arg(more));
         return;
     }
     switch (report.How) {
     case films::End::WrongSize:
-        ShowMessage(BadFilmSize);
+        ShowMessage(message::BadAviSize);
         break;
     case films::End::NoDecoder:
-        ShowMessage(NoDecompressor);
+        ShowMessage(message::NoAviDecoder);
         break;
     case films::End::NotOpened:
     case films::End::Broken:
-        ShowMessage(FilmError, paths::Native(film));
+        ShowMessage(message::AviFailed, paths::Native(film));
         break;
     case films::End::Whole:
     case films::End::Stopped:
@@ -239,13 +238,14 @@ void frmAVI2BMP::TellEnd(const FilmReport& report)
 
 void frmAVI2BMP::Save()
 {
-    const FileQuestion question{.Title = QStringLiteral("Save to BMP"),
+    const FileQuestion question{.For = FileQuestion::Save,
+                                .Title = QStringLiteral("Save to BMP"),
                                 .Filter = QStringLiteral("Windows Bitmap (*.bmp)|*.bmp"),
                                 .Folder = Lists().Base.Folder(),
                                 .Preset = {},
                                 .Completes = true};
-    const auto path = Ask().SaveFile(question);
-    if (!path || (paths::FileExists(*path) && ShowMessage(FileIsThere) == QLatin1StringView("Cancel")))
+    const auto path = AskText(question);
+    if (!path || (paths::FileExists(*path) && !Confirmed(message::OverwriteFile)))
         return;
     if (const Result<> written = paths::WriteWhole(*path, BitmapFile(picBMP)); !written)
         ShowFailure(written.error());

@@ -37,8 +37,8 @@ void frmPCXLab::Run(QWidget* owner)
         frmPCXLab window(owner);
         window.exec();
     }
-    if (!Lab.AviBitmap.isEmpty())
-        QFile::remove(Lab.AviBitmap);
+    if (!PcxLab.AviBitmap.isEmpty())
+        QFile::remove(PcxLab.AviBitmap);
     ResetLab();
 }
 
@@ -71,20 +71,20 @@ void frmPCXLab::Load(const QString& path)
     ShowBoth();
     ShowSaveButton();
     frameConvert->show();
-    chkSeeThrough->setVisible(Lab.Loaded.Pixels.hasAlphaChannel());
-    Tell(LabInfo(lastName, Lab.Loaded));
+    chkSeeThrough->setVisible(PcxLab.Loaded.Pixels.hasAlphaChannel());
+    Tell(LabInfo(lastName, PcxLab.Loaded));
 }
 
 void frmPCXLab::ShowBoth()
 {
-    viewers[0]->ShowPicture(Lab.Before);
-    viewers[1]->ShowPicture(Lab.After);
+    viewers[0]->ShowPicture(PcxLab.Before);
+    viewers[1]->ShowPicture(PcxLab.After);
 }
 
 void frmPCXLab::ShowSaveButton()
 {
     cmdSave->setEnabled(true);
-    cmdSave->setText(SaveCaption(Lab.SaveTag));
+    cmdSave->setText(SaveCaption(PcxLab.SaveTag));
 }
 
 /// After what the box holds, and into view.
@@ -114,7 +114,7 @@ void frmPCXLab::Convert()
             ShowFailure(done.error());
         return;
     }
-    viewers[1]->ReplacePicture(Lab.After);
+    viewers[1]->ReplacePicture(PcxLab.After);
     ShowSaveButton();
 }
 
@@ -130,13 +130,13 @@ void frmPCXLab::Save()
     if (!path || (paths::FileExists(*path) && !Confirmed(message::OverwriteFile)))
         return;
     Busy().BusyPointer(true);
-    const Result<> done = WritePicture(*path, Lab.After, Lab.SaveTag);
+    const Result<> done = WritePicture(*path, PcxLab.After, PcxLab.SaveTag);
     Busy().BusyPointer(false);
     if (!done) {
         ShowFailure(done.error());
         return;
     }
-    Tell(QStringLiteral("Saved as %1 (%2 Bit)\n").arg(paths::FileNameOfPath(*path)).arg(int(Lab.SaveTag)));
+    Tell(QStringLiteral("Saved as %1 (%2 Bit)\n").arg(paths::FileNameOfPath(*path)).arg(int(PcxLab.SaveTag)));
     RefreshMedia();
 }
 

@@ -18,7 +18,7 @@ class frmPCXLab : public QDialog
     Q_OBJECT
 
 public:
-    /// Opens the window and returns when it is closed. With `Lab.FromAVI` on it opens on the film's sheet.
+    /// Opens the window and returns when it is closed. With `PcxLab.FromAVI` on it opens on the film's sheet.
     static void Run(QWidget* owner);
 
 protected:

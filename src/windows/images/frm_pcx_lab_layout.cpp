@@ -65,8 +65,8 @@ frmPCXLab::frmPCXLab(QWidget* owner) : QDialog(DialogParent(owner)), lastFolder(
     cmdLoad->setFocus();
     const QRect whole = (parentWidget() ? parentWidget()->screen() : screen())->availableGeometry();
     resize(sizeHint().boundedTo(whole.size() - LabFrameRoom));
-    if (Lab.FromAVI)
-        QTimer::singleShot(0, this, [this] { Load(Lab.AviBitmap); });
+    if (PcxLab.FromAVI)
+        QTimer::singleShot(0, this, [this] { Load(PcxLab.AviBitmap); });
 }
 
 QWidget* frmPCXLab::MakeSide()
@@ -84,7 +84,7 @@ QWidget* frmPCXLab::MakeSide()
     chkSeeThrough = LabCheck("chkSeeThrough", "See-through becomes black",
                              "Black is see-through in the game; off: the colour that stands behind", side);
     MakeConvert(); // in the order in which the keyboard goes through them
-    cmdSave = LabButton("cmdSave", SaveCaption(Lab.SaveTag), side);
+    cmdSave = LabButton("cmdSave", SaveCaption(PcxLab.SaveTag), side);
     cmdSave->setEnabled(false);
     cmdMany = LabButton("cmdMany", QStringLiteral("Convert Many Pictures..."), side);
     auto* column = new QVBoxLayout(side);

@@ -41,7 +41,8 @@ std::span<const CommandRow> FileCommands()
         CommandRow{"mnuDelTab", "Close Tab", "", tbFile, "close_tab", nullptr, NoFlags, CloseTab},
         CommandRow{"MnuDelAllTabs", "Close All Tabs", "", tbFile, "close_all_tabs", nullptr, SeparatorBehind,
                    CloseAllTabs},
-        CommandRow{"mnuOptions", "Options", "", tbExtra, "options", nullptr, NoFlags, NotThere},
+        CommandRow{"mnuOptions", "Options", "", tbExtra, "options", nullptr, NoFlags,
+                   [] { Tools().OpenTool(ToolWindow::Options); }},
     };
     return Rows;
 }

@@ -142,6 +142,7 @@ void frmmain::ConnectParts()
     connect(strip, &TabStrip::CloseWanted, commands.MenuOf(CloseTab), &QAction::trigger);
     strip->TipOf = TipOfTab;
     connect(&commands, &CommandSet::AboutToRun, this, &frmmain::HideLists);
+    connect(&commands, &CommandSet::AboutToRun, this, [this] { ssML->NoteSelection(); });
     connect(recent, &RecentPopup::Chosen, this, RecentOpenSelected, Qt::QueuedConnection);
     connect(recent, &FloatingList::Dismissed, this, &frmmain::CloseLists);
     connect(split, &PaneSplit::LaidOut, this, [this] {
@@ -170,9 +171,9 @@ void frmmain::ConnectParts()
 
 void frmmain::ClaimKeys()
 {
-    const auto claim = [this](const QKeySequence& sequence, auto&& run, bool everywhere = true) {
+    const auto claim = [this](const QKeySequence& sequence, auto&& run) {
         connect(new QShortcut(sequence, this), &QShortcut::activated, this, run);
-        keys->Claim(sequence, everywhere);
+        keys->Claim(sequence);
     };
     for (const auto forward : {Qt::CTRL | Qt::Key_Tab, Qt::CTRL | Qt::Key_PageDown})
         claim(forward, [this] { strip->SelectNext(1); });
@@ -180,24 +181,18 @@ void frmmain::ClaimKeys()
         claim(back, [this] { strip->SelectNext(-1); });
     claim(QKeySequence(Qt::Key_F6), [this] { MoveFocus(); });
     claim(QKeySequence(Qt::Key_F10), [this] { menuBar()->setActiveAction(menuBar()->actions().constFirst()); });
-
-    for (const MenuRow& menu : MainMenus())
-        for (const auto& [row, apart] : ShownRows(menu))
-            ClaimKeysOf(*row);
+    TakeCommandKeys();
 }
 
-void frmmain::ClaimKeysOf(const CommandRow& row)
+void frmmain::TakeCommandKeys()
 {
-    QAction* action = commands.Menu(QString::fromLatin1(row.Control));
-    const QKeySequence shortcut = action->shortcut();
-    if (!shortcut.isEmpty())
-        keys->Claim(shortcut, row.Flags & EverywhereKey);
-    const auto others = QString::fromLatin1(row.OtherKeys).split(QStringLiteral("; "), Qt::SkipEmptyParts);
-    for (const QString& other : others) {
-        const QKeySequence sequence(other, QKeySequence::PortableText);
-        connect(new QShortcut(sequence, this), &QShortcut::activated, action, &QAction::trigger);
-        keys->Claim(sequence, false);
-    }
+    commands.TakeKeys();
+    QSet<QKeySequence> overText, overAll;
+    for (const MenuRow& menu : MainMenus())
+        for (const auto& [row, apart] : ShownRows(menu))
+            for (const QKeySequence& key : commands.KeysOf(QString::fromLatin1(row->Control)))
+                (row->Flags & EverywhereKey ? overAll : overText).insert(key);
+    keys->ClaimForCommands(std::move(overText), std::move(overAll));
 }
 
 EditorPane& frmmain::Pane(int tab)

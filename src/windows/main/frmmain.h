@@ -96,7 +96,7 @@ private:
     void LayOut();
     void ConnectParts();
     void ClaimKeys();
-    void ClaimKeysOf(const CommandRow& row);
+    void TakeCommandKeys();
     void ConnectPane(int tab, EditorPane& pane);
     void PanePressed(Qt::MouseButton button, Qt::KeyboardModifiers keys);
     void PaneTextChanged(int tab);

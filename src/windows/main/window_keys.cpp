@@ -12,15 +12,22 @@ WindowKeys::WindowKeys(QWidget* watchedWindow) : QObject(watchedWindow), window(
     QCoreApplication::instance()->installEventFilter(this);
 }
 
-void WindowKeys::Claim(const QKeySequence& keys, bool everywhere)
+void WindowKeys::Claim(const QKeySequence& key)
 {
-    (everywhere ? claimedEverywhere : claimed).insert(keys);
+    claimed.insert(key);
+}
+
+void WindowKeys::ClaimForCommands(QSet<QKeySequence> overText, QSet<QKeySequence> overAll)
+{
+    claimedOverText = std::move(overText);
+    claimedOverAll = std::move(overAll);
 }
 
 bool WindowKeys::IsClaimed(const QWidget* part, const QKeyEvent& key) const
 {
     const QKeySequence pressed(key.keyCombination());
-    return claimedEverywhere.contains(pressed) || (HelpSubjectOf(part) == TextSubject && claimed.contains(pressed));
+    return claimed.contains(pressed) || claimedOverAll.contains(pressed) ||
+           (claimedOverText.contains(pressed) && HelpSubjectOf(part) == TextSubject);
 }
 
 bool WindowKeys::eventFilter(QObject* watched, QEvent* event)

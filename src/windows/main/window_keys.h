@@ -15,8 +15,11 @@ class WindowKeys : public QObject
 public:
     explicit WindowKeys(QWidget* window);
 
-    /// Keys of the window that the text pane must not claim for itself. `everywhere`: nor any other part.
-    void Claim(const QKeySequence& keys, bool everywhere);
+    /// A key of the window that no part must claim for itself.
+    void Claim(const QKeySequence& key);
+    /// Keys of commands that the text pane must not claim for itself, and those that no part must; in place of those
+    /// before.
+    void ClaimForCommands(QSet<QKeySequence> overText, QSet<QKeySequence> overAll);
 
     /// Does Alt with this character start a macro? Then it comes before menus.
     std::function<bool(QChar)> TakesAlt;
@@ -38,5 +41,5 @@ private:
     QChar AltKey(const QKeyEvent& key) const; ///< null: none that starts a macro
 
     QPointer<QWidget> window;
-    QSet<QKeySequence> claimed, claimedEverywhere;
+    QSet<QKeySequence> claimed, claimedOverText, claimedOverAll;
 };

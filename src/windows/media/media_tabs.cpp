@@ -132,11 +132,16 @@ void MediaTabs::LookAtPictures()
         view->LookAtPictures();
 }
 
-void MediaTabs::SaveSelection()
+void MediaTabs::NoteSelection()
 {
     for (const MediaView* view : views)
         Lists().SavedListIndex.at(size_t(view->Source())) = view->SelectedRow();
     Lists().SavedListIndex.at(MacrosIndex) = macros->SelectedRow();
+}
+
+void MediaTabs::SaveSelection()
+{
+    NoteSelection();
     awaited.fill(true);
 }
 

@@ -31,6 +31,7 @@ public:
 
     void LookAtPictures(); ///< the files may have changed
 
+    void NoteSelection(); ///< to SavedListIndex, for a command that asks what is selected
     void SaveSelection(); ///< to SavedListIndex, as the window loses the focus
     /// The saved entries are selected again; an index of 0 leaves its list without a selection. A list that was
     /// pressed meanwhile keeps what was chosen, and nothing comes back twice.

@@ -1,10 +1,11 @@
 #include "windows/parts/window_position.h"
 
-#include "frame/settings/settings.h"
+#include "frame/settings/settings_table.h"
 
 #include <QApplication>
 #include <QScreen>
 #include <QStyle>
+#include <QWidget>
 #include <algorithm>
 
 namespace {
@@ -26,6 +27,23 @@ WindowPosition StoredPosition()
     const QRect place(Pixels("Left", FirstPlace.x()), Pixels("Top", FirstPlace.y()),
                       Pixels("Width", FirstPlace.width()), Pixels("Height", FirstPlace.height()));
     return {place, States[std::clamp(Pixels("Max", 0), 0, 2)]};
+}
+
+void StorePosition(const QWidget& window)
+{
+    const bool maximised = window.isMaximized();
+    const QRect inner = maximised ? window.normalGeometry() : window.geometry();
+    const QPoint frame = window.geometry().topLeft() - window.frameGeometry().topLeft();
+    const QPoint corner = maximised ? inner.topLeft() : inner.topLeft() - frame;
+    const SettingsBatch batch;
+    const auto write = [](const char* key, int value) {
+        ChangeSetting(SettingOf(QLatin1StringView("Window Positions"), QLatin1StringView(key)), value);
+    };
+    write("Width", inner.width());
+    write("Height", inner.height());
+    write("Left", corner.x());
+    write("Top", corner.y());
+    write("Max", maximised ? 2 : window.isMinimized() ? 1 : 0);
 }
 
 QRect OnScreen(const QRect& place, const QSize& least)

@@ -52,7 +52,8 @@ SheetAnswer frmPCX::Run(QWidget* owner, const SheetRequest& request)
     const auto picture = images::Load(path);
     Busy().BusyPointer(false);
     if (!picture) {
-        if (picture.error().Path == path)
+        const QString failed = picture.error().Path;
+        if (failed == path || failed == paths::Existing(path)) // which may have other letter cases
             ShowMessage(message::BadPcx);
         else
             ShowFailure(picture.error()); // the decoder is not there

@@ -143,7 +143,7 @@ TEST_F(Settings, ColoursOfOnePaneLeaveTheTabsAlone)
 {
     Run.Start();
     WriteIni(255, QStringLiteral("Syntax Colours"), QStringLiteral("WindowColour"));
-    LoadSyntaxColours(Window.txtBuffer(), QStringLiteral("Syntax Colours"), false);
+    LoadSyntaxColours(Window.txtBuffer(), QStringLiteral("Syntax Colours"));
     EXPECT_EQ(Window.txtBuffer().GetColor(0), 255);
     EXPECT_EQ(Window.Pane(0).GetColor(0), 16050410);
 }

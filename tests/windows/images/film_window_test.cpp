@@ -36,7 +36,7 @@ protected:
 
     void Load(QWidget& window, const QString& path)
     {
-        Run.Scope.Answers.Texts << path;
+        Run.Scope.Answers.Next.push_back(path);
         Part<QPushButton>(window, "cmdLoad").click();
     }
 
@@ -158,23 +158,23 @@ TEST_F(FilmWindow, SavesAndHandsOver)
     Open([&](QWidget& window) {
         Load(window, film);
         sheet = Part<PictureViewer>(window, "picBMP").Picture();
-        Run.Scope.Answers.Texts << out;
+        Run.Scope.Answers.Next.push_back(out);
         Part<QPushButton>(window, "cmdSave0").click();
         EXPECT_EQ(QImage(out).convertToFormat(QImage::Format_RGB32), sheet);
-        EXPECT_EQ(Run.Scope.Answers.FileQuestions.back().Title, QStringLiteral("Save to BMP"));
+        EXPECT_EQ(Run.Scope.Answers.AskedFor<FileQuestion>().back().Title, QStringLiteral("Save to BMP"));
         EXPECT_TRUE(window.isVisible());
         OnModal([&](QWidget& lab) {
             QCoreApplication::processEvents();
             EXPECT_EQ(lab.windowTitle(), QStringLiteral("PCX Lab"));
-            EXPECT_EQ(Lab.Before, sheet);
+            EXPECT_EQ(PcxLab.Before, sheet);
             EXPECT_TRUE(Part<QPlainTextEdit>(lab, "txtInfo").toPlainText().startsWith(QStringLiteral("avi.bmp\n")));
-            handed = Lab.AviBitmap;
+            handed = PcxLab.AviBitmap;
         });
         Part<QPushButton>(window, "cmdSave1").click();
     });
     EXPECT_FALSE(handed.isEmpty());
     EXPECT_FALSE(QFileInfo::exists(QFileInfo(handed).path())) << "the work file is left behind";
-    EXPECT_FALSE(Lab.FromAVI);
+    EXPECT_FALSE(PcxLab.FromAVI);
     EXPECT_TRUE(Run.TakeMessages().isEmpty());
 }
 

@@ -57,7 +57,7 @@ protected:
 
     void Load(QWidget& window, const QString& path)
     {
-        Run.Scope.Answers.Texts << path;
+        Run.Scope.Answers.Next.push_back(path);
         Part<QPushButton>(window, "cmdLoad").click();
     }
 
@@ -97,12 +97,12 @@ TEST_F(LabWindow, LoadingShowsBothSides)
                            "Width: 386   Height: 591   Colours: 16 Million (24 Bit)\n"));
         EXPECT_EQ(Part<QPushButton>(window, "cmdSave").text(), QStringLiteral("Save PCX (24 Bit)"));
         Load(window, QString());
-        EXPECT_EQ(Lab.Before.width(), 386) << "a cancelled question";
+        EXPECT_EQ(PcxLab.Before.width(), 386) << "a cancelled question";
     });
-    EXPECT_EQ(Run.Scope.Answers.FileQuestions.front().Title, QStringLiteral("Open A Graphic File"));
-    EXPECT_EQ(Run.Scope.Answers.FileQuestions.front().Selected, -1);
+    EXPECT_EQ(Run.Scope.Answers.AskedFor<FileQuestion>().front().Title, QStringLiteral("Open A Graphic File"));
+    EXPECT_EQ(Run.Scope.Answers.AskedFor<FileQuestion>().front().Selected, -1);
     EXPECT_TRUE(Run.TakeMessages().isEmpty());
-    EXPECT_TRUE(Lab.Before.isNull()) << "a closed window keeps no picture";
+    EXPECT_TRUE(PcxLab.Before.isNull()) << "a closed window keeps no picture";
 }
 
 // Catches: a broken file of any kind that crashes, shows another message, or takes the picture on show away.
@@ -145,8 +145,9 @@ TEST_F(LabWindow, ConvertsAndSaves)
             return size.text();
         };
         const auto save = [&](const QString& path, const QStringList& answers) {
-            Run.Scope.Answers.Texts << path;
-            Run.Scope.Answers.Buttons = answers;
+            Run.Scope.Answers.Next.push_back(path);
+            for (const QString& answer : answers)
+                Run.Scope.Answers.Next.push_back(answer);
             Press(window, "cmdSave");
         };
         Load(window, source);
@@ -154,9 +155,9 @@ TEST_F(LabWindow, ConvertsAndSaves)
         EXPECT_EQ(convert("1"), QStringLiteral("2"));
         EXPECT_EQ(convert("17"), QStringLiteral("17"));
         EXPECT_EQ(Part<QPushButton>(window, "cmdSave").text(), QStringLiteral("Save PCX (8 Bit)"));
-        const QImage after = Lab.After.convertToFormat(QImage::Format_RGB32);
-        EXPECT_EQ(Part<PictureViewer>(window, "pcxContainer1").Picture(), Lab.After);
-        EXPECT_EQ(Lab.Before, picture);
+        const QImage after = PcxLab.After.convertToFormat(QImage::Format_RGB32);
+        EXPECT_EQ(Part<PictureViewer>(window, "pcxContainer1").Picture(), PcxLab.After);
+        EXPECT_EQ(PcxLab.Before, picture);
         save(pcx, {QStringLiteral("Cancel")});
         EXPECT_EQ(folder.Read(QStringLiteral("old.pcx")), "old");
         for (int time = 0; time < 2; ++time) {
@@ -171,7 +172,7 @@ TEST_F(LabWindow, ConvertsAndSaves)
         EXPECT_TRUE(Run.TakeMessages().value(0).contains(QStringLiteral("missing")));
         Part<QRadioButton>(window, "optQuant1").click();
         convert("17");
-        EXPECT_NE(Lab.After.convertToFormat(QImage::Format_RGB32), after) << "the other method";
+        EXPECT_NE(PcxLab.After.convertToFormat(QImage::Format_RGB32), after) << "the other method";
         Load(window, source);
         EXPECT_EQ(Part<QPushButton>(window, "cmdSave").text(), QStringLiteral("Save PCX (24 Bit)"));
     });
@@ -186,7 +187,7 @@ TEST_F(LabWindow, ALongReductionEndsWithTheWindow)
         Part<QRadioButton>(window, "optQuant1").click();
         QTimer::singleShot(50, &window, &QWidget::close);
         Press(window, "cmdConvert");
-        EXPECT_EQ(Lab.SaveTag, PcxDepth::Full);
+        EXPECT_EQ(PcxLab.SaveTag, PcxDepth::Full);
         EXPECT_TRUE(QTest::qWaitFor([&] { return !window.isVisible(); }));
     });
     EXPECT_TRUE(Run.TakeMessages().isEmpty());
@@ -203,7 +204,7 @@ TEST_F(LabWindow, TakesDroppedPictures)
     Open([&](QWidget& window) {
         ASSERT_TRUE(DropFiles(window, {one}));
         QCoreApplication::processEvents();
-        EXPECT_EQ(Lab.Before.width(), 40);
+        EXPECT_EQ(PcxLab.Before.width(), 40);
         ASSERT_TRUE(DropFiles(window, {folder.Path().chopped(1)}));
         QTimer::singleShot(100, &window, [&] {
             QWidget& many = *QApplication::activeModalWidget();

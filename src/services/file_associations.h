@@ -1,0 +1,9 @@
+#pragma once
+
+#include "platform/file_types.h"
+
+class RegistryStore;
+
+/// Makes a group's program what opens its files: the file type with its verbs in the registry, and all that the desktop
+/// needs for it to be so.
+[[nodiscard]] Result<> AssociateFiles(file_types::Group group, const file_types::Places& places, RegistryStore& store);
