@@ -105,7 +105,9 @@ class BatchRun
 {
 public:
     BatchRun(const RunCall& asked, VerbStreams& told)
-        : call(asked), streams(told), scope(RunKind::Macro, QFileInfo(asked.Macro).fileName(), asked.LimitMs),
+        : call(asked),
+          streams(told),
+          scope(RunKind::Macro, QFileInfo(asked.Macro).fileName(), asked.LimitMs),
           asker(asked.Answers)
     {
         asker.AllowFiles = call.AllowFiles;
@@ -182,7 +184,11 @@ Result<> OpenTarget(const RunCall& call, LineText& text)
 
 void PrintText(const LineText& text, QTextStream& out)
 {
-    out << QString::fromUtf8(WithBreaks(text.Bytes(), LineBreak::Lf));
+    for (int line = 0; line < text.LineCount(); ++line) {
+        if (line > 0)
+            out << '\n';
+        out << text.GetLine(line);
+    }
 }
 
 } // namespace

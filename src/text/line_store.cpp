@@ -1,6 +1,7 @@
 #include "text/line_store.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -116,6 +117,15 @@ void LineStore::Change(int line, qsizetype from, qsizetype count, QStringView wa
         At(line).Own = Keep(text);
     }
     own[size_t(At(line).Own)].replace(from, count, wanted.constData(), wanted.size());
+}
+
+void LineStore::InsertBehind(int line, const QList<QString>& added, End end)
+{
+    MoveGap(size_t(line) + 1);
+    const End lastEnd = std::exchange(front.back().Break, end);
+    for (const QString& text : added)
+        front.push_back({0, 0, Keep(text), end});
+    front.back().Break = lastEnd;
 }
 
 void LineStore::Replace(int first, int last, const QList<QString>& lines, End end)

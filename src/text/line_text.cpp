@@ -11,26 +11,35 @@ bool IsLowHalf(const QString& line, qsizetype column)
     return column > 0 && column < line.size() && line[column].isLowSurrogate();
 }
 
-/// Pieces of a text between its line ends of any kind.
+/// Where the first line end of any kind stands; the text's size if there is none.
+qsizetype FirstBreak(QStringView text)
+{
+    qsizetype at = 0;
+    while (at < text.size() && text[at] != u'\n' && text[at] != u'\r')
+        ++at;
+    return at;
+}
+
+qsizetype BreakSize(QStringView text, qsizetype at)
+{
+    return text[at] == u'\r' && at + 1 < text.size() && text[at + 1] == u'\n' ? 2 : 1;
+}
+
+/// Pieces of a text between its line ends.
 QList<QString> PiecesOf(QStringView text)
 {
     QList<QString> pieces;
-    qsizetype from = 0;
-    for (qsizetype at = 0; at < text.size(); ++at) {
-        if (text[at] != u'\n' && text[at] != u'\r')
-            continue;
-        pieces.append(text.sliced(from, at - from).toString());
-        if (text[at] == u'\r' && at + 1 < text.size() && text[at + 1] == u'\n')
-            ++at;
-        from = at + 1;
+    for (qsizetype at = FirstBreak(text); at < text.size(); at = FirstBreak(text)) {
+        pieces.append(text.first(at).toString());
+        text = text.sliced(at + BreakSize(text, at));
     }
-    pieces.append(text.sliced(from).toString());
+    pieces.append(text.toString());
     return pieces;
 }
 
 bool HasBreak(QStringView text)
 {
-    return text.contains(u'\n') || text.contains(u'\r');
+    return FirstBreak(text) < text.size();
 }
 
 } // namespace
@@ -154,9 +163,28 @@ LineText::Place LineText::EditInLine(const Stretch& stretch, QStringView wanted)
     return {line, from + int(wanted.size())};
 }
 
+/// Puts a text of several lines into one.
+LineText::Place LineText::BreakLineAt(const Stretch& stretch, QStringView wanted)
+{
+    const int line = stretch.Start.Line, from = stretch.Start.Column;
+    const qsizetype first = FirstBreak(wanted);
+    QList<QString> added = PiecesOf(wanted.sliced(first + BreakSize(wanted, first)));
+    const Place behind{line + int(added.size()), int(added.last().size())};
+    const QString& old = lines.Text(line);
+    const qsizetype rest = old.size() - from;
+    if (stretch.End.Column < old.size())
+        added.last() += QStringView(old).sliced(stretch.End.Column);
+    Touched(line, line);
+    lines.Change(line, from, rest, wanted.first(first));
+    lines.InsertBehind(line, added, EndFor(lineEnd));
+    return behind;
+}
+
 LineText::Place LineText::EditLines(const Stretch& stretch, QStringView wanted)
 {
     const auto [start, end] = stretch;
+    if (start.Line == end.Line)
+        return BreakLineAt(stretch, wanted);
     QList<QString> pieces = PiecesOf(wanted);
     const Place behind{start.Line + int(pieces.size()) - 1,
                        int(pieces.last().size()) + (pieces.size() == 1 ? start.Column : 0)};

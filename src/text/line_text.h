@@ -122,6 +122,7 @@ private:
     Place Edit(const Stretch& stretch, QStringView wanted); ///< gives back the end of what was written
     Place EditInLine(const Stretch& stretch, QStringView wanted);
     Place EditLines(const Stretch& stretch, QStringView wanted);
+    Place BreakLineAt(const Stretch& stretch, QStringView wanted);
     void ShiftSelection(const Stretch& stretch, Place end);
     void LoadWhole(const QByteArray& utf8);
     void Touched(int first, int last); ///< before lines change, by their numbers then

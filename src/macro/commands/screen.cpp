@@ -24,17 +24,20 @@ bool RepeatPrevious(RunState& run, const QString& told, const QString& previous,
     return true;
 }
 
-/// The text that the arguments of `print` make.
-QString PrintedText(RunState& run, Arguments& in)
+/// The text that the arguments of `print` make; worth nothing after failing. It stands in a place of the run's own,
+/// since most macros print line after line.
+const QString& PrintedText(RunState& run, Arguments& in)
 {
-    QString line, previous;
+    QString& line = run.PrintedLine;
+    QString previous;
+    line.resize(0);
     for (int i = 1; i <= in.Count(); ++i) {
         const QString item = in.Text(i);
         if (run.Failed())
-            return {};
+            return line;
         if (i > 1 && item.startsWith(u'&')) {
             if (!RepeatPrevious(run, item.sliced(1), previous, line))
-                return {};
+                return line;
         } else {
             line += item;
             previous = item;
@@ -61,7 +64,7 @@ void Print(RunState& run, Arguments& in)
         run.Fail("Nothing after Print statement!");
         return;
     }
-    const QString printed = PrintedText(run, in);
+    const QString& printed = PrintedText(run, in);
     if (run.Failed())
         return;
     run.Stage.Printed(printed);

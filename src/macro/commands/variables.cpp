@@ -70,9 +70,6 @@ bool SetOnce(RunState& run, const Token& target, const SetStep& step)
         run.Fail(QStringLiteral("Variable has not been declared: ") + target.Written);
         return false;
     }
-    const Value* known = KnownValue(step.Right);
-    if (known && step.Op && target.Slot->Declared && ApplyToWhole(*step.Op, target.Slot->Held, *known))
-        return true;
     Value scratch;
     Evaluate(run, target, scratch); // fails if it is not declared
     if (run.Failed())
@@ -110,6 +107,16 @@ void RunSet(RunState& run, ProgramLine& line)
             return;
 }
 
+/// One step on a variable, as most lines have it: whole numbers need no more than this.
+void RunSetOnce(RunState& run, ProgramLine& line)
+{
+    const SetStep& step = static_cast<const SetData&>(*line.Data).Steps.front();
+    Variable& target = *line.Tokens[1].Slot;
+    const Value* known = KnownValue(step.Right);
+    if (!known || !target.Declared || !run.BranchIsLive() || !ApplyToWhole(*step.Op, target.Held, *known))
+        RunSet(run, line);
+}
+
 void PrepareSet(RunState& run, ProgramLine& line)
 {
     if (!line.ShapeFault.isEmpty())
@@ -123,8 +130,10 @@ void PrepareSet(RunState& run, ProgramLine& line)
         step.Tab = step.Right.What == Token::Kind::Tag && step.Right.Plain == FindPlainTag(u"[tab]");
         data->Steps.push_back(std::move(step));
     }
+    const bool once = data->Steps.size() == 1 && data->Steps.front().Op && data->NameFault.isEmpty() &&
+                      line.Tokens[1].What == Token::Kind::Variable;
+    line.Run = once ? RunSetOnce : RunSet;
     line.Data = std::move(data);
-    line.Run = RunSet;
 }
 
 /// A line of the wrong shape; all others run as PrepareSet has read them.

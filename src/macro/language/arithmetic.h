@@ -17,13 +17,24 @@ inline bool ApplyToWhole(Operator op, Value& target, const Value& value)
 {
     if (!target.IsKnownWhole() || !value.IsKnownWhole())
         return false;
-    const qint64 left = target.Number(), right = value.Number();
-    const qint64 result = op == Operator::Add        ? left + right
-                          : op == Operator::Subtract ? left - right
-                          : op == Operator::Multiply ? left * right
-                                                     : right;
-    if (op == Operator::Divide || result != qint32(result))
+    qint32 result = value.Number();
+    bool fits = true;
+    switch (op) {
+    case Operator::Assign:
+        break;
+    case Operator::Add:
+        fits = !__builtin_add_overflow(target.Number(), value.Number(), &result);
+        break;
+    case Operator::Subtract:
+        fits = !__builtin_sub_overflow(target.Number(), value.Number(), &result);
+        break;
+    case Operator::Multiply:
+        fits = !__builtin_mul_overflow(target.Number(), value.Number(), &result);
+        break;
+    case Operator::Divide:
         return false;
-    target.Set(qint32(result));
-    return true;
+    }
+    if (fits)
+        target.Set(result);
+    return fits;
 }

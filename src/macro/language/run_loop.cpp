@@ -11,24 +11,16 @@
 
 namespace {
 
-constexpr int LinesPerTurn = 256; ///< between two looks at the clock
+constexpr int LinesPerTurn = 512; ///< between two looks at the clock
 
 /// Lets events run if it is time. False: a stop is wanted.
 bool GiveTurn(RunState& run)
 {
-    run.LinesToTurn = LinesPerTurn;
+    run.TurnWanted = false;
     run.Scope.SetDetail(QStringLiteral("line %1").arg(run.CurrentLine));
     if (!run.Scope.Turn())
-        run.StopRequested = true;
+        run.RequestStop();
     return !run.StopRequested;
-}
-
-/// To the next line that is neither empty nor a comment. The last entry of the program never runs.
-inline void Advance(RunState& run)
-{
-    run.CurrentLine = run.Code.NextFrom[size_t(run.CurrentLine) + 1];
-    if (run.CurrentLine >= run.Code.LastLine)
-        run.StopRequested = true;
 }
 
 void PromptForStep(RunState& run)
@@ -42,29 +34,51 @@ void PromptForStep(RunState& run)
         break;
     case StepAnswer::Break:
         run.Stage.WantSteps(false);
-        run.StopRequested = true;
+        run.RequestStop();
         break;
     }
 }
 
+/// To the next line that is neither empty nor a comment. False: there is none; the last entry of the program never
+/// runs.
+bool Advance(RunState& run)
+{
+    run.CurrentLine = run.Code.NextFrom[size_t(run.CurrentLine) + 1];
+    return run.CurrentLine < run.Code.LastLine;
+}
+
+/// After what a line has asked for. False: the run is over.
+bool GoesOn(RunState& run)
+{
+    run.Attention = false;
+    return !run.Failed() && !run.StopRequested && (!run.TurnWanted || GiveTurn(run));
+}
+
 void RunLines(RunState& run)
 {
-    while (!run.StopRequested) {
-        if (--run.LinesToTurn < 0 && !GiveTurn(run))
-            return;
-        ProgramLine& line = run.Code.Lines[size_t(run.CurrentLine)];
+    ProgramLine* const lines = run.Code.Lines.data();
+    const int* const nextFrom = run.Code.NextFrom.data();
+    const int last = run.Code.LastLine;
+    int left = 0;
+    do {
+        if (--left < 0) {
+            left = LinesPerTurn;
+            if (!GiveTurn(run))
+                return;
+        }
+        ProgramLine& line = lines[run.CurrentLine];
         line.Run(run, line);
-        if (run.Failed())
+        if (run.Attention && !GoesOn(run))
             return;
-        Advance(run);
-    }
+        run.CurrentLine = nextFrom[run.CurrentLine + 1];
+    } while (run.CurrentLine < last);
 }
 
 /// The same with what a person sees of a test run.
 void RunWatchedLines(RunState& run)
 {
-    while (!run.StopRequested) {
-        if (--run.LinesToTurn < 0 && !GiveTurn(run))
+    do {
+        if (!GiveTurn(run))
             return;
         if (run.Stage.StepsLines())
             PromptForStep(run);
@@ -72,10 +86,12 @@ void RunWatchedLines(RunState& run)
         line.Run(run, line);
         if (run.Failed())
             return;
-        Advance(run);
+        const bool more = Advance(run);
         if (run.Stage.Watches())
             run.Stage.Watch(run);
-    }
+        if (!more)
+            return;
+    } while (!run.StopRequested);
 }
 
 /// What a run borrows of the screen and puts back.
@@ -83,8 +99,11 @@ class BorrowedScreen
 {
 public:
     explicit BorrowedScreen(RunStage& ofRun)
-        : stage(ofRun), font(stage.Screen().FontName()), points(stage.Screen().FontSize()),
-          print(stage.Screen().GetColor(PrintSlot)), ground(stage.Screen().GetColor(GroundSlot))
+        : stage(ofRun),
+          font(stage.Screen().FontName()),
+          points(stage.Screen().FontSize()),
+          print(stage.Screen().GetColor(PrintSlot)),
+          ground(stage.Screen().GetColor(GroundSlot))
     {
     }
     ~BorrowedScreen()
@@ -120,7 +139,7 @@ void RemoveWorkingLevels()
 
 MacroError Report(RunState& run, const MacroError& error)
 {
-    run.StopRequested = true;
+    run.RequestStop();
     run.Stage.ShowTarget(true);
     run.Stage.ReportError(error);
     return error;
@@ -156,7 +175,7 @@ void RunWithCare(RunState& run, ProgramLine& line)
     else
         (line.ShapeFault.isEmpty() ? RunInFrame : RunMisshapen)(run, line);
     if (flags & TakesTime)
-        run.LinesToTurn = 0;
+        run.WantTurn();
 }
 
 void AddGroupItem(RunState& run, const ProgramLine& line)

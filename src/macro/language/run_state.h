@@ -45,7 +45,8 @@ struct RunState
     int CurrentLine = 0; ///< a jump stores the line before the one that shall run next
     QString ErrorText;   ///< not empty: the run fails
     bool StopRequested = false;
-    int LinesToTurn = 0; ///< until events get their turn
+    bool Attention = false; ///< the loop has to look at the three: failed, stopped, or
+    bool TurnWanted = true; ///< events are to run before the next line
 
     BlockState Block;
     bool InSub = false;
@@ -63,22 +64,26 @@ struct RunState
     RunPaths Paths;
     RunResults Last;
     ElementRecord Element = NoElement(); ///< what the last pick from a sheet gave
-    Value TabbedValue; ///< what [tab] pads: the variable that `set` works on
+    Value TabbedValue;                   ///< what [tab] pads: the variable that `set` works on
     QString Author;
     bool Overtype = false;
     bool FileProtection = true;
     bool SafeSystem = true; ///< as the setting is
     QString ClipboardBackup;
+    QString PrintedLine; ///< by the `print` under way
 
-    void Fail(const QString& text) { ErrorText = text; }
-    void Fail(const char* text) { ErrorText = QString::fromLatin1(text); }
+    void Fail(const QString& text)
+    {
+        ErrorText = text;
+        Attention = true;
+    }
+    void Fail(const char* text) { Fail(QString::fromLatin1(text)); }
+    void RequestStop() { StopRequested = Attention = true; }
+    void WantTurn() { TurnWanted = Attention = true; }
     bool Failed() const { return !ErrorText.isEmpty(); }
 
     /// False in a branch of an If or a Case that does not hold.
-    bool BranchIsLive() const
-    {
-        return !(Block.IfActive && !Block.IfTrue) && !(Block.CaseActive && !Block.CaseTrue);
-    }
+    bool BranchIsLive() const { return !(Block.IfActive && !Block.IfTrue) && !(Block.CaseActive && !Block.CaseTrue); }
     bool InLoop() const { return Block.LoopLine != -1; }
     bool CheckNotInBlock(bool allowInCase = false)
     {
@@ -93,7 +98,7 @@ struct RunState
     void FailAndStop(const char* text)
     {
         Fail(text);
-        StopRequested = true;
+        RequestStop();
     }
 
 private:

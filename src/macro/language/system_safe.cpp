@@ -29,6 +29,6 @@ bool SystemSafeCheck(RunState& run, const ProgramLine& line)
     const bool passed = Ask(question) == Answer(Pressed{message::Consent});
     run.Stage.ShowTarget(false);
     if (!passed)
-        run.StopRequested = true;
+        run.RequestStop();
     return passed;
 }

@@ -187,7 +187,7 @@ const Value& ShownValue(const Token& token, const Value& value, Value& scratch)
 {
     if (&value == &token.Told)
         return token.Shown;
-    if (value.IsWhole() || !value.Text().contains(u'|'))
+    if (value.IsKnownWhole() || !value.Text().contains(u'|'))
         return value;
     scratch = Value(PipeToSpace(value.Text()));
     return scratch;
