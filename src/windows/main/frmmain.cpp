@@ -11,6 +11,7 @@
 #include "frame/recovery/recovery.h"
 #include "frame/run_scope.h"
 #include "frame/vocabulary.h"
+#include "macro/start_macro.h"
 #include "platform/lock_keys.h"
 #include "platform/paths.h"
 #include "platform/processes.h"
@@ -20,6 +21,7 @@
 #include "windows/lists/block_list.h"
 #include "windows/lists/comment_tree.h"
 #include "windows/lists/recent_popup.h"
+#include "windows/macro/macro_buttons.h"
 #include "windows/main/dialog_keys.h"
 #include "windows/main/dropped_files.h"
 #include "windows/main/line_hints_view.h"
@@ -86,7 +88,8 @@ frmmain::frmmain()
       subject(new HelpSubject(this)),
       hints(new LineHintsView(this)),
       keys(new WindowKeys(this)),
-      runs(new RunWatch(this, *panels))
+      runs(new RunWatch(this, *panels)),
+      buttons(new MacroButtons(this))
 {
     setObjectName(QStringLiteral("frmmain"));
     setWindowTitle(QStringLiteral("Gemforge"));
@@ -156,6 +159,8 @@ void frmmain::ConnectParts()
     for (const QAction* entry : menuBar()->actions())
         connect(entry->menu(), &QMenu::aboutToHide, this, &frmmain::LeaveMenuBar, Qt::QueuedConnection);
     connect(new DialogKeys(this), &DialogKeys::HelpPressed, this, HelpForWord);
+    keys->TakesAlt = [this](QChar key) { return !MacroOfKey(key).isEmpty() && !locked; };
+    connect(keys, &WindowKeys::AltPressed, this, &frmmain::RunMacroOfKey);
     connect(keys, &WindowKeys::InsertPressed, this, &frmmain::ToggleInsert);
     connect(keys, &WindowKeys::LocksChanged, this, &frmmain::ReadLocks);
     connect(keys, &WindowKeys::MenuPressed, this, [this](QWidget* part) {
@@ -353,7 +358,9 @@ void frmmain::Activated()
     if (Frame.StartingUp)
         return;
     RefreshLists();
-    CheckChangedOutside();
+    buttons->Look();
+    if (RunningWork() == 0) // what runs works on the text
+        CheckChangedOutside();
 }
 
 bool frmmain::event(QEvent* event)
@@ -427,6 +434,7 @@ void frmmain::RestorePosition()
 void frmmain::ShowStarted()
 {
     split->LayoutMainWindow();
+    LoadMacroButtons();
     commands.ShowMenuIcons(Frame.Settings.MenuIcons == 1);
     UpdateCommands();
     setWindowTitle(windowTitle() + QStringLiteral("  (Startup Time MS = %1)").arg(Frame.StartTicks.elapsed()));
