@@ -67,8 +67,8 @@ frmMacroNew::frmMacroNew(const NewMacro& macro, QWidget* parent)
     run = AddButton(*buttons, "&Run", NewMacroChoice::Run);
     runOnCopy = AddButton(*buttons, "Run On A &Copy", NewMacroChoice::RunOnCopy);
     runOnCopy->setToolTip(QStringLiteral("The text stays as it is until you have seen what changes"));
-    runOnCopy->setVisible(macro.CanCopy);
     auto* cancel = AddButton(*buttons, "Cancel", NewMacroChoice::Cancel);
+    runOnCopy->setVisible(macro.CanCopy); // the box shows again what it lays out
     // What is safe is what Enter does.
     (macro.CanCopy ? runOnCopy : cancel)->setDefault(true);
     (macro.CanCopy ? runOnCopy : cancel)->setFocus();

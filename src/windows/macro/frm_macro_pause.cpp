@@ -23,7 +23,7 @@ frmMacroPause::frmMacroPause(const PauseQuestion& question, QWidget* parent)
     setWindowTitle(QStringLiteral("Pause"));
     SetHelpSubject(this, QStringLiteral("macros"));
     QPalette colours;
-    colours.setColor(QPalette::Window, QColor(0xA0, 0xB8, 0xD8));
+    colours.setColor(QPalette::Window, QColor(0x70, 0x88, 0xA8));
     colours.setColor(QPalette::WindowText, Qt::black);
     setPalette(colours);
     auto* image = new QLabel(this);

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QResizeEvent>
+#include <algorithm>
 
 namespace {
 
@@ -65,6 +66,8 @@ StatusPanels::StatusPanels(QWidget* parent) : QStatusBar(parent), progress(new Q
     progress->setAccessibleName(QStringLiteral("Progress"));
     progress->hide();
     noticeEnd.setSingleShot(true);
+    paintLater.setSingleShot(true);
+    connect(&paintLater, &QTimer::timeout, this, &StatusPanels::PaintProgress);
     connect(&noticeEnd, &QTimer::timeout, this, &StatusPanels::ShowPath);
 }
 
@@ -98,6 +101,9 @@ bool StatusPanels::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Resize && watched == panels[PathPanel - 1].Text)
         ShowPathText(pathText);
+    constexpr QEvent::Type moves[] = {QEvent::Show, QEvent::Hide, QEvent::Move, QEvent::Resize};
+    if (watched == live && std::find(std::begin(moves), std::end(moves), event->type()) != std::end(moves))
+        FitProgress();
     return QStatusBar::eventFilter(watched, event);
 }
 
@@ -146,15 +152,26 @@ void StatusPanels::ShowProgress(int maximum, int value)
     }
     // A range of 0 to 0 would be an endless "busy" bar.
     progress->setRange(0, qMax(maximum, 1));
-    if (painted.isValid() && painted.elapsed() < RepaintMs)
+    latest = value;
+    if (painted.isValid() && painted.elapsed() < RepaintMs) {
+        if (!paintLater.isActive()) // for who lets events run meanwhile
+            paintLater.start(RepaintMs);
         return;
-    progress->setValue(value);
+    }
+    PaintProgress();
+}
+
+void StatusPanels::PaintProgress()
+{
+    paintLater.stop();
+    progress->setValue(latest);
     progress->repaint();
     painted.start();
 }
 
 void StatusPanels::HideProgress()
 {
+    paintLater.stop();
     progress->hide();
     progress->reset();
 }
@@ -162,14 +179,15 @@ void StatusPanels::HideProgress()
 void StatusPanels::AddLive(QWidget* widget)
 {
     live = widget;
+    live->installEventFilter(this);
     addPermanentWidget(widget);
 }
 
 void StatusPanels::FitProgress()
 {
     const int lower = Pixels(*this, 2);
-    const int taken = live && live->isVisible() ? live->width() + Pixels(*this, 4) : 0;
-    progress->setGeometry(0, lower, width() - taken, height() - lower);
+    const int end = live && live->isVisible() ? live->x() - Pixels(*this, 4) : width();
+    progress->setGeometry(0, lower, end, height() - lower);
 }
 
 void StatusPanels::resizeEvent(QResizeEvent* event)

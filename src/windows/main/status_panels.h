@@ -41,6 +41,7 @@ protected:
 private:
     void ShowPath();
     void ShowPathText(const QString& text);
+    void PaintProgress();
 
     struct Panel
     {
@@ -54,4 +55,6 @@ private:
     QProgressBar* progress;
     QWidget* live = nullptr;
     QElapsedTimer painted;
+    QTimer paintLater; ///< a value that came too soon behind the last one painted
+    int latest = 0;
 };

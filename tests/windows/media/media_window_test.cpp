@@ -359,7 +359,7 @@ TEST_F(MediaWindow, MacrosShowWithTheirKeys)
 {
     const auto write = [](const char* name) {
         QFile file(Frame.MacrosFolder + QLatin1StringView(name));
-        return file.open(QIODevice::WriteOnly) && file.write("' a macro") > 0;
+        return file.open(QIODevice::WriteOnly) && file.write("print ran") > 0;
     };
     ASSERT_TRUE(write("Align.All.GFB") && write("$Knights.gfb") && write("notes.txt"));
     RefreshMedia();
@@ -374,8 +374,14 @@ TEST_F(MediaWindow, MacrosShowWithTheirKeys)
     ASSERT_TRUE(write("zoo.gfb"));
     RefreshMedia();
     EXPECT_EQ(tree.SelectedRow(), 1);
+    Frame.Settings.RNDPath = Run.Work.Write(QStringLiteral("game"), "program");
+    const QString before = CurrentPane().Text();
     QTest::mouseDClick(tree.viewport(), Qt::LeftButton, {}, tree.visualItemRect(tree.topLevelItem(1)).center());
-    EXPECT_TRUE(WaitUntil([] { return CurrentPane().Text() == QStringLiteral("' a macro"); }));
+    EXPECT_TRUE(WaitUntil([&] { return CurrentPane().Text() == QStringLiteral("ran") + before; }));
+    QTest::keyClick(&tree, Qt::Key_Return);
+    EXPECT_TRUE(WaitUntil([&] { return CurrentPane().Text() == QStringLiteral("ranran") + before; }));
+    QTest::mouseClick(tree.viewport(), Qt::RightButton, {}, tree.visualItemRect(tree.topLevelItem(1)).center());
+    EXPECT_TRUE(WaitUntil([] { return CurrentPane().Text() == QStringLiteral("print ran"); }));
     EXPECT_TRUE(Frame.Documents.at(Frame.CurrentTab).Path.endsWith(QStringLiteral("Macros/Align.All.GFB")));
 }
 
