@@ -31,6 +31,7 @@ public:
     TextScreen& Screen() override { return *this; }
     ProgressBarPort& Bar() override { return *this; }
     TextClipboard& Clipboard() override { return clipboard; }
+    void SetTurn(std::function<bool()> give) override { copy.SetTurn(std::move(give)); }
     bool HasWindow() const override { return true; }
     void ReportError(const MacroError& error) override;
     QString SelectedMedia() const override;

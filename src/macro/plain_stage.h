@@ -30,6 +30,7 @@ public:
     TextScreen& Screen() override { return *this; }
     ProgressBarPort& Bar() override { return *this; }
     TextClipboard& Clipboard() override { return passedOn; }
+    void SetTurn(std::function<bool()> give) override { text.SetTurn(std::move(give)); }
     bool HasWindow() const override { return false; }
     void ReportError(const MacroError& error) override
     {

@@ -41,5 +41,8 @@ std::optional<MacroError> RunMacro(const MacroRequest& request, RunStage& stage,
     run->Paths.SetFolder(request.Folder);
     if (request.Seed)
         run->Random.Seed(*request.Seed);
-    return RunProgram(*run, request.Source);
+    stage.SetTurn([&scope] { return scope.Turn(); });
+    std::optional<MacroError> error = RunProgram(*run, request.Source);
+    stage.SetTurn({});
+    return error;
 }

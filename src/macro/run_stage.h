@@ -2,6 +2,7 @@
 
 #include <QPoint>
 #include <QString>
+#include <functional>
 #include <optional>
 
 class DocumentText;
@@ -45,13 +46,14 @@ class RunStage
 {
 public:
     virtual ~RunStage() = default;
-    virtual DocumentText& Target() = 0;       ///< the text that commands work on
+    virtual DocumentText& Target() = 0;        ///< the text that commands work on
     virtual void ShowTarget(bool visible) = 0; ///< for moments when a person must see it
     virtual void ShowNow() = 0;                ///< the target as it stands, for one turn of events
     virtual void Printed(const QString&) {}    ///< told of each text that `print` writes
     virtual TextScreen& Screen() = 0;
     virtual ProgressBarPort& Bar() = 0;
     virtual TextClipboard& Clipboard() = 0;
+    virtual void SetTurn(std::function<bool()>) {} ///< for operations on the target that take long
     virtual bool HasWindow() const = 0; ///< false: commands on windows, mouse and keys fail
 
     virtual void ReportError(const MacroError& error) = 0; ///< shows it; the run is over
@@ -69,6 +71,6 @@ public:
 struct MacroError
 {
     int Line = 0;
-    QString Text; ///< "^" breaks the line
+    QString Text;           ///< "^" breaks the line
     bool BeforeRun = false; ///< found before the first line ran
 };

@@ -5,6 +5,7 @@
 #include "text/search.h"
 
 #include <QList>
+#include <functional>
 
 /// Text that goes from one program to another.
 class TextClipboard
@@ -33,6 +34,10 @@ public:
     // What a pane would take from its looks
     void SetTabSize(int size) { tabSize = qMax(size, 1); }
     void SetPageLines(int count) { pageLines = qMax(count, 1); } ///< how far a page goes
+
+    /// Asked now and then while one operation goes over a huge text. False ends it: a search finds nothing then, a
+    /// replacement changes nothing.
+    void SetTurn(std::function<bool()> give) { turn = std::move(give); }
 
     /// Becomes a copy of another text: its bytes, selection, encoding and search.
     void CopyFrom(const DocumentText& other);
@@ -213,7 +218,11 @@ private:
     bool ReplaceAllInDocument(const QVariant&);
     bool ReplaceAllInSelection(const QVariant&);
 
+    bool Stopped() const { return turn && !turn(); }
+    Replaced ReplaceInPieces(const Search& search, QByteArrayView bytes) const;
+
     TextClipboard& clipboard;
+    std::function<bool()> turn;
     LineStore lines;
     Place anchor, caret;
     bool columns = false;  ///< anchor and caret are corners, which may lie behind the ends of their lines

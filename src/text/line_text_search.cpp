@@ -55,6 +55,8 @@ std::optional<LineText::Stretch> LineText::Ahead(const Search& search, Place fro
     const int more = BreaksIn(findText);
     int count = FirstStretch;
     for (int line = from.Line; line <= LastLine(); line += count, count = qMin(count * 4, LargestStretch)) {
+        if (count == LargestStretch && Stopped())
+            return std::nullopt;
         const Window window = Look(line, qMin(line + count - 1 + more, LastLine()));
         const qsizetype start = line == from.Line ? window.OffsetOf(from) : 0;
         const auto hit = search.Next(window.Bytes, {start, window.Bytes.size()});
@@ -73,6 +75,8 @@ std::optional<LineText::Stretch> LineText::Back(const Search& search, Place befo
     const int more = BreaksIn(findText);
     int count = FirstStretch;
     for (int last = before.Line; last >= 0; last -= count, count = qMin(count * 4, LargestStretch)) {
+        if (count == LargestStretch && Stopped())
+            return std::nullopt;
         const int first = qMax(last - count + 1, 0);
         const Window window = Look(first, qMin(last + more, before.Line));
         const bool holdsEnd = last + more >= before.Line;
@@ -96,8 +100,7 @@ bool LineText::FindFrom(const Search& search, bool forward, bool wrap)
     if (!search.CanRun())
         return false;
     const QList<Stretch> pieces = SelectedPieces();
-    std::optional<Stretch> found =
-        forward ? Ahead(search, pieces.last().End) : Back(search, pieces.first().Start);
+    std::optional<Stretch> found = forward ? Ahead(search, pieces.last().End) : Back(search, pieces.first().Start);
     if (!found && wrap)
         found = forward ? Ahead(search, {}) : Back(search, EndPlace());
     if (!found)
@@ -154,22 +157,40 @@ bool LineText::ReplaceFound()
     return found;
 }
 
+/// A plain text that knows no line ends lies in one line, so that the text can be taken some lines at a time.
+Replaced LineText::ReplaceInPieces(const Search& search, QByteArrayView bytes) const
+{
+    constexpr qsizetype PieceSize = 4 << 20;
+    if (findOptions.RegularExpression || BreaksIn(findText) > 0 || bytes.size() <= PieceSize)
+        return search.ReplaceAll(bytes, {0, bytes.size()}, replaceText);
+    Replaced whole;
+    for (qsizetype from = 0; from < bytes.size();) {
+        const qsizetype stop = FindBreak(bytes, qMin(from + PieceSize, bytes.size()));
+        const Replaced piece = search.ReplaceAll(bytes, {from, stop}, replaceText);
+        whole.Count += piece.Count;
+        whole.Bytes += piece.Bytes;
+        from = stop;
+        if (from < bytes.size() && Stopped())
+            return {};
+    }
+    return whole;
+}
+
 bool LineText::ReplaceAllInDocument(const QVariant&)
 {
     const Search search = StartSearch();
     const Range kept = GetSel(false);
     const QByteArrayView bytes = Bytes();
-    const Replaced replaced =
-        search.CanRun() ? search.ReplaceAll(bytes, {0, bytes.size()}, replaceText) : Replaced{};
+    const Replaced replaced = search.CanRun() ? ReplaceInPieces(search, bytes) : Replaced{};
     replaceCount = replaced.Count;
     if (replaceCount > 0) {
         LoadWhole(replaced.Bytes);
         blank = false;
         modified = true;
     }
-    SetSel({qMin(kept.StartLine, LastLine()), kept.StartCol, qMin(kept.EndLine, LastLine()), kept.EndCol,
-            kept.ColumnSel},
-           false);
+    SetSel(
+        {qMin(kept.StartLine, LastLine()), kept.StartCol, qMin(kept.EndLine, LastLine()), kept.EndCol, kept.ColumnSel},
+        false);
     return replaceCount > 0;
 }
 

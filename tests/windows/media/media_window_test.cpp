@@ -354,7 +354,7 @@ TEST_F(MediaWindow, DroppedMediaLeaveTheirNames)
 }
 
 // Catches: a hot key macro without its key, names in another letter case than given, an ending that is lost with the
-// name, a macro that the mouse cannot open, a choice that goes with a refresh.
+// name, a macro that the mouse does not start by way of the gate, a choice that goes with a refresh.
 TEST_F(MediaWindow, MacrosShowWithTheirKeys)
 {
     const auto write = [](const char* name) {
@@ -374,9 +374,15 @@ TEST_F(MediaWindow, MacrosShowWithTheirKeys)
     ASSERT_TRUE(write("zoo.gfb"));
     RefreshMedia();
     EXPECT_EQ(tree.SelectedRow(), 1);
+    const auto doubleClick = [&tree] {
+        QTest::mouseDClick(tree.viewport(), Qt::LeftButton, {}, tree.visualItemRect(tree.topLevelItem(1)).center());
+    };
+    doubleClick();
+    EXPECT_TRUE(WaitUntil([&] { return !Run.Scope.Answers.Asked.empty(); }));
+    EXPECT_TRUE(Run.TakeMessages().value(0).startsWith(QLatin1String("The path for Rocks'n'Diamonds")));
     Frame.Settings.RNDPath = Run.Work.Write(QStringLiteral("game"), "program");
     const QString before = CurrentPane().Text();
-    QTest::mouseDClick(tree.viewport(), Qt::LeftButton, {}, tree.visualItemRect(tree.topLevelItem(1)).center());
+    doubleClick();
     EXPECT_TRUE(WaitUntil([&] { return CurrentPane().Text() == QStringLiteral("ran") + before; }));
     QTest::keyClick(&tree, Qt::Key_Return);
     EXPECT_TRUE(WaitUntil([&] { return CurrentPane().Text() == QStringLiteral("ranran") + before; }));
