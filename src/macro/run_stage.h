@@ -54,7 +54,7 @@ public:
     virtual ProgressBarPort& Bar() = 0;
     virtual TextClipboard& Clipboard() = 0;
     virtual void SetTurn(std::function<bool()>) {} ///< for operations on the target that take long
-    virtual bool HasWindow() const = 0; ///< false: commands on windows, mouse and keys fail
+    virtual bool HasWindow() const = 0;            ///< false: commands on windows, mouse and keys fail
 
     virtual void ReportError(const MacroError& error) = 0; ///< shows it; the run is over
     virtual QString SelectedMedia() const = 0;             ///< full path of what is selected in the media lists

@@ -163,17 +163,17 @@ Replaced LineText::ReplaceInPieces(const Search& search, QByteArrayView bytes) c
     constexpr qsizetype PieceSize = 4 << 20;
     if (findOptions.RegularExpression || BreaksIn(findText) > 0 || bytes.size() <= PieceSize)
         return search.ReplaceAll(bytes, {0, bytes.size()}, replaceText);
-    Replaced whole;
+    Replaced all;
     for (qsizetype from = 0; from < bytes.size();) {
         const qsizetype stop = FindBreak(bytes, qMin(from + PieceSize, bytes.size()));
         const Replaced piece = search.ReplaceAll(bytes, {from, stop}, replaceText);
-        whole.Count += piece.Count;
-        whole.Bytes += piece.Bytes;
+        all.Count += piece.Count;
+        all.Bytes += piece.Bytes;
         from = stop;
         if (from < bytes.size() && Stopped())
             return {};
     }
-    return whole;
+    return all;
 }
 
 bool LineText::ReplaceAllInDocument(const QVariant&)

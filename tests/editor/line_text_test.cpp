@@ -283,6 +283,32 @@ TEST(LineText, ChangesAreWrittenToTheTextItCameFrom)
     }
 }
 
+// Catches: an operation over a huge text that nothing can stop, one that is stopped half-way and leaves half a
+// replacement, hits at the edges of the pieces that are lost.
+TEST(LineText, AHugeTextGivesTurnsAndIsLeftWholeWhenStopped)
+{
+    SystemClipboard clipboard;
+    LineText text(clipboard);
+    const QByteArray line = "left and left again\n";
+    const QByteArray bytes = line.repeated(500'000);
+    text.LoadBytes(bytes);
+    int turns = 0;
+    text.SetTurn([&turns] { return ++turns < 2; });
+    text.SetFindText(u"left"_s);
+    text.SetReplaceText(u"right"_s);
+    EXPECT_FALSE(text.ExecuteCmd(CmdReplaceAll));
+    EXPECT_EQ(turns, 2);
+    EXPECT_EQ(text.FileBytes(), bytes);
+    text.SetFindText(u"nowhere"_s);
+    EXPECT_FALSE(text.ExecuteCmd(CmdFindNext));
+    EXPECT_EQ(turns, 3);
+    text.SetTurn({});
+    text.SetFindText(u"left"_s);
+    EXPECT_TRUE(text.ExecuteCmd(CmdReplaceAll));
+    EXPECT_EQ(text.LastReplaceCount(), 1'000'000);
+    EXPECT_EQ(text.FileBytes(), QByteArray(bytes).replace("left", "right"));
+}
+
 // Catches: a change of one line that writes all of them.
 TEST(LineText, WritesOnlyTheStretchThatChanged)
 {
