@@ -45,8 +45,7 @@ private:
     void SetFont(const QString& name, double points) override;
     void SetColor(int slot, int bgr) override;
     int GetColor(int slot) const override;
-    int PageLines() const override;
-    QPoint TextOrigin() const override { return {}; }
+    int PageLines() const; ///< how far the page keys go
 
     void Show(int most) override;
     void SetValue(int value) override;

@@ -61,8 +61,6 @@ private:
         const auto found = colours.find(slot);
         return found == colours.end() ? 0 : found->second;
     }
-    int PageLines() const override { return 1; }
-    QPoint TextOrigin() const override { return {}; }
 
     void Show(int most) override
     {

@@ -1,5 +1,6 @@
 #include "macro/run_macro.h"
 
+#include "frame/run_scope.h"
 #include "macro/language/run_loop.h"
 #include "macro/language/run_state.h"
 #include "platform/paths.h"

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QPoint>
 #include <QString>
 #include <functional>
 #include <optional>
@@ -23,8 +22,6 @@ public:
     virtual void SetFont(const QString& name, double points) = 0;
     virtual void SetColor(int slot, int bgr) = 0;
     virtual int GetColor(int slot) const = 0;
-    virtual int PageLines() const = 0;     ///< how far the page keys go
-    virtual QPoint TextOrigin() const = 0; ///< on the screen, in pixels
 };
 
 /// The progress bar of the window that a run belongs to.

@@ -1,3 +1,4 @@
+#include "graphics/picks.h"
 #include "macro/language/run_loop.h"
 #include "macro/language/run_state.h"
 #include "macro_scope.h"
@@ -111,6 +112,35 @@ TEST(MacroRun, EventsRunMeanwhile)
     MacroScope scope;
     QTimer::singleShot(30, [] { StopRuns(StopReason::Esc); });
     EXPECT_FALSE(scope.Run(u"label @a1\ngotolabel @a1"_s).Error);
+}
+
+// Catches: fields of a sheet's pick that the tags do not see, a sheet that was not shown and counts as picked.
+TEST(MacroRun, APickFromASheetFillsTheElement)
+{
+    MacroScope scope;
+    scope.Folder.Write(u"Tiles.PCX"_s, "x");
+    const QString macro =
+        u"pickfrompcx tiles.pcx Prompt\nprint [lastmessageresult] [eleframes] [eleanimmode] [elexpos] [elename]"_s;
+    EXPECT_FALSE(scope.Run(macro).Error);
+    EXPECT_EQ(scope.Text().Text(), u"cancel0loop0Nameless"_s);
+    SheetRequest asked;
+    Picks.Sheet = [&asked](const SheetRequest& request) {
+        asked = request;
+        SheetAnswer answer;
+        answer.Outcome = SheetOutcome::Closed;
+        answer.Element.Frames = 4;
+        answer.Element.XPos = 7;
+        answer.Element.AnimMode = u"pingpong"_s;
+        answer.Element.Reverse = true;
+        answer.Element.ElementName = u"wall"_s;
+        return answer;
+    };
+    scope.Text().SetText({});
+    EXPECT_FALSE(scope.Run(macro).Error);
+    ResetPicks();
+    EXPECT_EQ(scope.Text().Text(), u"ok4pingpong,reverse7wall"_s);
+    EXPECT_EQ(asked.File, scope.Folder.Path(u"Tiles.PCX"_s));
+    EXPECT_EQ(asked.Prompt, u"Prompt"_s);
 }
 
 // Catches: a macro's file that is taken for something else, an archive without a source that runs.

@@ -41,8 +41,8 @@ enum WordFlags : quint8 {
     TakesTime = 4 ///< may run long: events get their turn right behind it
 };
 
-/// One command word. To add one: a row at the end of its family's source and its line in tools/basic_words.py. To add
-/// a family: a source in commands/ with its table, and a line in commands/families.cpp.
+/// One command word. To add one: a row at the end of its family's source; then make tables and help pages again. To add
+/// a family: a source in commands/ with its table, a line in commands/families.cpp and one in tools/basic_words.py.
 struct CommandWord
 {
     const char* Word; ///< lower case
