@@ -56,7 +56,6 @@ public:
 
     virtual void ReportError(const MacroError& error) = 0; ///< shows it; the run is over
     virtual QString SelectedMedia() const = 0;             ///< full path of what is selected in the media lists
-    virtual void GotoLineDialog() = 0;
 
     // Of a test run
     virtual bool StepsLines() const { return false; } ///< is a step prompt wanted in front of each line?

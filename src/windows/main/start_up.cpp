@@ -9,10 +9,12 @@
 #include "game/game_state.h"
 #include "game/scratch_home.h"
 #include "graphics/picks.h"
+#include "macro/macro_ports.h"
 #include "platform/close_requests.h"
 #include "platform/signals.h"
 #include "platform/single_instance.h"
 #include "windows/files/frm_recover.h"
+#include "windows/macro/macro_windows.h"
 #include "windows/main/frmmain.h"
 #include "windows/messages/window_asker.h"
 #include "windows/parts/close_guard.h"
@@ -45,6 +47,9 @@ int Run(QApplication& application, const StartFolders& folders)
     frmmain window;
     WindowAsker asker(&window);
     InstallHost(window, asker);
+    BringMacroWindows(asker, &window);
+    MacroWindows.SelectedMedia = [&window] { return window.SelectedMedia(); };
+    MacroWindows.KnownFile = folders.StateFolder + QStringLiteral("known_macros.txt");
     Picks.Sheet = [&window](const SheetRequest& request) { return frmPCX::Run(&window, request); };
     Frame.Keeper = &keeper;
     std::atexit(KeepAtExit);
@@ -75,6 +80,7 @@ int Run(QApplication& application, const StartFolders& folders)
     ResetGame(); // a game that plays a copy ends with the program
     window.Finish();
     ResetPicks();
+    ResetMacroPorts();
     Frame.Keeper = nullptr;
     return code;
 }
