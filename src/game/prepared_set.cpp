@@ -21,10 +21,7 @@ constexpr qint64 LargestConf = qint64(64) << 20;
 Result<> WriteText(const QString& path, const QByteArray& bytes)
 {
     QDir().mkpath(paths::FolderOfPath(path));
-    QFile file(path);
-    if (file.open(QIODevice::WriteOnly | QIODevice::Append) && file.write(bytes) == bytes.size() && file.flush())
-        return {};
-    return Fail(path, file.errorString());
+    return paths::AppendScratch(path, bytes);
 }
 
 void LinkIfThere(const QString& from, const QString& to)

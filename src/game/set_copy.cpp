@@ -27,15 +27,6 @@ bool IsCopied(const QFileInfo& file)
            });
 }
 
-Result<> WriteCopy(const QString& path, const QByteArray& bytes)
-{
-    // Nobody needs a copy that a crash has cut off, so nothing is synced.
-    QFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush())
-        return {};
-    return Fail(path, file.errorString());
-}
-
 class SetCopier
 {
 public:
@@ -85,9 +76,9 @@ private:
         ++Count.Copied;
         const auto text = texts.constFind(paths::Canonical(file.filePath()));
         if (text != texts.cend())
-            return WriteCopy(to, *text);
+            return paths::WriteScratch(to, *text);
         const auto bytes = paths::ReadWhole(file.filePath(), paths::LargestDocument);
-        return bytes ? WriteCopy(to, *bytes) : tl::unexpected(bytes.error());
+        return bytes ? paths::WriteScratch(to, *bytes) : tl::unexpected(bytes.error());
     }
 
     const UnsavedTexts& texts;
@@ -104,7 +95,7 @@ Result<> WriteLost(const QString& from, const QString& to, const UnsavedTexts& t
             continue;
         const QString target = to + text.key().mid(set.size());
         QDir().mkpath(paths::FolderOfPath(target));
-        if (const Result<> done = WriteCopy(target, text.value()); !done)
+        if (const Result<> done = paths::WriteScratch(target, text.value()); !done)
             return done;
     }
     return {};

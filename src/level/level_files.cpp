@@ -48,12 +48,10 @@ Result<> DropForeignTail()
 /// a power cut.
 Result<> WriteWorking(const QString& name, QByteArrayView bytes)
 {
-    QFile file(WorkingPath(name));
+    const QString path = WorkingPath(name);
     if (!Level.Folder->isValid())
         return Fail(QDir::tempPath(), Level.Folder->errorString());
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes.data(), bytes.size()) == bytes.size() && file.flush())
-        return {};
-    return Fail(file.fileName(), file.errorString());
+    return paths::WriteScratch(path, bytes);
 }
 
 Result<> WriteWorkingFiles(QByteArrayView bytes, qsizetype mapEnd)

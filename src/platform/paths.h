@@ -52,6 +52,11 @@ QString Native(const QString& path);
 /// The same for what is nobody else's business, such as recovery copies: mode 0600, missing folders made with 0700.
 [[nodiscard]] Result<> WriteWholePrivate(const QString& path, QByteArrayView bytes);
 
+/// For files of this program's own temporary folders, which nobody needs after a crash: every step is checked, nothing
+/// synced. A file or link that stands there is replaced, so that nothing is written through it.
+[[nodiscard]] Result<> WriteScratch(const QString& path, QByteArrayView bytes);
+[[nodiscard]] Result<> AppendScratch(const QString& path, QByteArrayView bytes); ///< made if there is none
+
 /// Reads a file whole. Fails for a folder, a device, an unreadable file and for more than `limit` bytes.
 [[nodiscard]] Result<QByteArray> ReadWhole(const QString& path, qint64 limit);
 

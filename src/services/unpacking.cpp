@@ -17,7 +17,8 @@
 
 namespace {
 
-constexpr int UnpackSteps = 1000; ///< of progress
+constexpr int UnpackSteps = 1000;       ///< of progress
+constexpr qsizetype LongestName = 4096; ///< what the system takes as a path; an archive's may be far deeper
 constexpr mode_t Permissions = 0777, OwnersAlways = 0600, Usual = 0666;
 
 Result<> FailedAt(const QString& path, int error)
@@ -280,6 +281,8 @@ std::optional<QString> SafeName(const QString& name)
 {
     QString path = name;
     path.replace(QLatin1Char('\\'), QLatin1Char('/'));
+    if (path.size() > LongestName)
+        return {};
     const bool drive = path.size() > 1 && path[1] == QLatin1Char(':') && path[0].isLetter();
     if (drive || path.startsWith(QLatin1Char('/')) || path.contains(QChar(u'\0')))
         return {};

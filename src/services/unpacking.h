@@ -25,8 +25,8 @@ struct Unpacked
     QString Path;
 };
 
-/// An entry's name as a path that stays where it is put. None for one that is absolute, has a drive letter or leads
-/// upward.
+/// An entry's name as a path that stays where it is put. None for one that is absolute, has a drive letter, leads
+/// upward or is longer than any path.
 std::optional<QString> SafeName(const QString& name);
 
 /// All or nothing: the files are written and checked beside, then moved to their places. A link that stands where a

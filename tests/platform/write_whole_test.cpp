@@ -339,6 +339,27 @@ TEST_F(WriteWhole, SweepsWhatKilledSavesHaveLeft)
     EXPECT_TRUE(QFile::exists(fresh) && QFile::exists(living) && QFile::exists(other));
 }
 
+// Files of a temporary folder: written over at will, but never through a link to what somebody keeps.
+TEST_F(WriteWhole, ScratchFiles)
+{
+    const QString precious = folder.Write(QStringLiteral("precious"), Old), path = Prepare(Ways[1]);
+    ASSERT_TRUE(paths::WriteScratch(path, Old) && paths::WriteScratch(path, New) && paths::AppendScratch(path, Old));
+    EXPECT_EQ(Found(), New + Old);
+    QFile::remove(path);
+    ASSERT_EQ(link(QFile::encodeName(precious), QFile::encodeName(path)), 0);
+    EXPECT_TRUE(paths::WriteScratch(path, New));
+    EXPECT_EQ(Found(), New);
+    QFile::remove(path);
+    QFile::link(precious, path);
+    EXPECT_FALSE(paths::AppendScratch(path, New));
+    EXPECT_TRUE(paths::WriteScratch(path, New));
+    EXPECT_EQ(Found(), New);
+    EXPECT_EQ(folder.Read(QStringLiteral("precious")), Old);
+    const FileSizeLimit limit(1000);
+    EXPECT_FALSE(paths::WriteScratch(path, QByteArray(100000, 'x')));
+    EXPECT_FALSE(paths::AppendScratch(path, QByteArray(100000, 'x')));
+}
+
 // A backup must never fall on an existing one; a reader must not wait on a fifo nor take a file of any size.
 TEST_F(WriteWhole, CopiesAndReads)
 {

@@ -62,7 +62,8 @@ TEST_F(UnpackStrangers, NothingLeavesTheTarget)
                              {"old/x", "x"},
                              {"good/x", "x"},
                              {"secret", "x", 0, false, true},
-                             {QByteArray(300, 'n'), "x"}};
+                             {QByteArray(300, 'n'), "x"},
+                             {QByteArray("a/").repeated(30000), ""}};
     for (const MadeEntry& bad : Bad) {
         SCOPED_TRACE(bad.Name.constData());
         MakeArchive(archive, {{"good", "good"}, {"old", "new"}, bad});
