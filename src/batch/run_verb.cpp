@@ -105,7 +105,9 @@ class BatchRun
 {
 public:
     BatchRun(const RunCall& asked, VerbStreams& told)
-        : call(asked), streams(told), scope(RunKind::Macro, QFileInfo(asked.Macro).fileName(), asked.LimitMs),
+        : call(asked),
+          streams(told),
+          scope(RunKind::Macro, QFileInfo(asked.Macro).fileName(), asked.LimitMs),
           asker(asked.Answers)
     {
         asker.AllowFiles = call.AllowFiles;

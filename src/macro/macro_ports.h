@@ -17,8 +17,8 @@ enum MacroPower : int {
 /// A macro that has not run here yet.
 struct NewMacro
 {
-    QString Name;       ///< of its file
-    int Powers = 0;     ///< of MacroPower
+    QString Name;         ///< of its file
+    int Powers = 0;       ///< of MacroPower
     bool CanCopy = false; ///< it may run on a copy of the text first
 };
 enum class NewMacroChoice { Run, RunOnCopy, Cancel };

@@ -13,8 +13,9 @@ struct PowerRow
     const char* Words;
 };
 constexpr PowerRow PowerRows[] = {
-    {TouchesFiles, "openfileload openfileinsert openfilesave filekill dirkill dirmake filecopy filemove dircopy dirmove "
-                   "resunpack zip unzip ziplist fileattrib poke pokeadd"},
+    {TouchesFiles,
+     "openfileload openfileinsert openfilesave filekill dirkill dirmake filecopy filemove dircopy dirmove "
+     "resunpack zip unzip ziplist fileattrib poke pokeadd"},
     {StartsPrograms, "execute"},
     {SendsKeys, "keysend mousemove mousebutton"},
     {SteersWindows, "winset wintitle winkill winhide winshow winsizemax winsizemin winsizenormal winkillall winshowall "

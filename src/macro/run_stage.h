@@ -45,7 +45,7 @@ class RunStage
 {
 public:
     virtual ~RunStage() = default;
-    virtual DocumentText& Target() = 0;       ///< the text that commands work on
+    virtual DocumentText& Target() = 0;        ///< the text that commands work on
     virtual void ShowTarget(bool visible) = 0; ///< for moments when a person must see it
     virtual void ShowNow() = 0;                ///< the target as it stands, for one turn of events
     virtual void Printed(const QString&) {}    ///< told of each text that `print` writes
@@ -69,6 +69,6 @@ public:
 struct MacroError
 {
     int Line = 0;
-    QString Text; ///< "^" breaks the line
+    QString Text;           ///< "^" breaks the line
     bool BeforeRun = false; ///< found before the first line ran
 };

@@ -83,8 +83,11 @@ class BorrowedScreen
 {
 public:
     explicit BorrowedScreen(RunStage& ofRun)
-        : stage(ofRun), font(stage.Screen().FontName()), points(stage.Screen().FontSize()),
-          print(stage.Screen().GetColor(PrintSlot)), ground(stage.Screen().GetColor(GroundSlot))
+        : stage(ofRun),
+          font(stage.Screen().FontName()),
+          points(stage.Screen().FontSize()),
+          print(stage.Screen().GetColor(PrintSlot)),
+          ground(stage.Screen().GetColor(GroundSlot))
     {
     }
     ~BorrowedScreen()

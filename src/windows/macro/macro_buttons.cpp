@@ -49,8 +49,9 @@ void MacroButtons::Load(QMenu& menu, QToolBar& bar)
         if (told.isEmpty())
             continue;
         const QString path = MacroPathOf(told), caption = ButtonSetting("Caption", number);
-        auto* entry = new QAction(IconOf(ButtonSetting("Icon", number)),
-                                  WithoutMnemonic(caption.isEmpty() ? QFileInfo(path).completeBaseName() : caption), this);
+        auto* entry =
+            new QAction(IconOf(ButtonSetting("Icon", number)),
+                        WithoutMnemonic(caption.isEmpty() ? QFileInfo(path).completeBaseName() : caption), this);
         entry->setData(path);
         entry->setToolTip(entry->text().replace(QLatin1String("&&"), QLatin1String("&")));
         SetHelpSubject(entry, QStringLiteral("macros"));

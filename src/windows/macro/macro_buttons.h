@@ -7,8 +7,8 @@
 class QMenu;
 class QToolBar;
 
-/// Up to ten macros as entries of a menu and buttons of a tool bar, from the section `Macro Buttons` of user.ini: FileN,
-/// IconN (one of the program's icons, or an image file) and CaptionN. An entry whose file is missing is greyed.
+/// Up to ten macros as entries of a menu and buttons of a tool bar, from the section `Macro Buttons` of user.ini:
+/// FileN, IconN (one of the program's icons, or an image file) and CaptionN. An entry whose file is missing is greyed.
 class MacroButtons : public QObject
 {
     Q_OBJECT

@@ -25,10 +25,10 @@ public:
     std::function<bool(QChar)> TakesAlt;
 
 signals:
-    void EscapePressed();        ///< eaten
-    void AltPressed(QChar key);  ///< one that TakesAlt, eaten
-    void HelpPressed();   ///< F1 with any shift state, eaten
-    void InsertPressed(); ///< Insert alone, eaten
+    void EscapePressed();       ///< eaten
+    void AltPressed(QChar key); ///< one that TakesAlt, eaten
+    void HelpPressed();         ///< F1 with any shift state, eaten
+    void InsertPressed();       ///< Insert alone, eaten
     void LocksChanged();
     void MenuPressed(QWidget* part); ///< the key that opens the menu of the part with the focus
 

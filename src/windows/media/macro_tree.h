@@ -12,7 +12,7 @@ public:
 
     void BuildMacroTree(); ///< from the list of macro files; the selected macro stays selected
     void SetStyle();
-    int SelectedRow() const; ///< -1: none
+    int SelectedRow() const;      ///< -1: none
     QString SelectedPath() const; ///< of the selected macro's file; empty: none
     void SelectRow(int row);
 
