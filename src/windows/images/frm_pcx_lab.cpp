@@ -61,7 +61,7 @@ void frmPCXLab::Load(const QString& path)
     const Result<> done = LoadAnyImage(path);
     Busy().BusyPointer(false);
     if (!done) {
-        if (done.error().Path == path)
+        if (paths::Canonical(done.error().Path) == paths::Canonical(path))
             ShowMessage(message::BadImage);
         else
             ShowFailure(done.error()); // the decoder is not there
