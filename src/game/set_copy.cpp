@@ -39,7 +39,11 @@ Result<> WriteCopy(const QString& path, const QByteArray& bytes)
 class SetCopier
 {
 public:
-    explicit SetCopier(const UnsavedTexts& unsaved) : texts(unsaved) {}
+    explicit SetCopier(const UnsavedTexts& unsaved) : texts(unsaved)
+    {
+        for (auto text = texts.keyBegin(); text != texts.keyEnd(); ++text)
+            names << paths::FileNameOfPath(*text);
+    }
 
     Result<> Folder(const QString& from, const QString& to)
     {
@@ -83,14 +87,18 @@ private:
             return symlink(target, QFile::encodeName(to)) == 0 ? Result<>() : Fail(to, qt_error_string(errno));
         }
         ++Count.Copied;
-        const auto text = texts.constFind(paths::Canonical(file.filePath()));
-        if (text != texts.cend())
-            return WriteCopy(to, *text);
+        // A link may have another name than its file; to resolve every path would take most of the time.
+        if (file.isSymLink() || names.contains(file.fileName())) {
+            const auto text = texts.constFind(paths::Canonical(file.filePath()));
+            if (text != texts.cend())
+                return WriteCopy(to, *text);
+        }
         const auto bytes = paths::ReadWhole(file.filePath(), paths::LargestDocument);
         return bytes ? WriteCopy(to, *bytes) : tl::unexpected(bytes.error());
     }
 
     const UnsavedTexts& texts;
+    QSet<QString> names; ///< of the texts' files
     QSet<QString> inside;
     int seen = 0;
 };
