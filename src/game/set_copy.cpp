@@ -30,7 +30,11 @@ bool IsCopied(const QFileInfo& file)
 class SetCopier
 {
 public:
-    explicit SetCopier(const UnsavedTexts& unsaved) : texts(unsaved) {}
+    explicit SetCopier(const UnsavedTexts& unsaved) : texts(unsaved)
+    {
+        for (auto text = texts.keyBegin(); text != texts.keyEnd(); ++text)
+            names << paths::FileNameOfPath(*text);
+    }
 
     Result<> Folder(const QString& from, const QString& to)
     {
@@ -74,14 +78,18 @@ private:
             return symlink(target, QFile::encodeName(to)) == 0 ? Result<>() : Fail(to, qt_error_string(errno));
         }
         ++Count.Copied;
-        const auto text = texts.constFind(paths::Canonical(file.filePath()));
-        if (text != texts.cend())
-            return paths::WriteScratch(to, *text);
+        // A link may have another name than its file; to resolve every path would take most of the time.
+        if (file.isSymLink() || names.contains(file.fileName())) {
+            const auto text = texts.constFind(paths::Canonical(file.filePath()));
+            if (text != texts.cend())
+                return paths::WriteScratch(to, *text);
+        }
         const auto bytes = paths::ReadWhole(file.filePath(), paths::LargestDocument);
         return bytes ? paths::WriteScratch(to, *bytes) : tl::unexpected(bytes.error());
     }
 
     const UnsavedTexts& texts;
+    QSet<QString> names; ///< of the texts' files
     QSet<QString> inside;
     int seen = 0;
 };

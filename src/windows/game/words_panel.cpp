@@ -44,8 +44,8 @@ WordsPanel::WordsPanel(QWidget* parent)
       bar(new QWidget(this)),
       picture(new QLabel(bar)),
       text(new QLabel(bar)),
-      show(BarButton(bar, "cmdShowWords")),
-      close(BarButton(bar, "cmdCloseWords")),
+      cmdShow(BarButton(bar, "cmdShowWords")),
+      cmdClose(BarButton(bar, "cmdCloseWords")),
       list(new QTreeView(this))
 {
     setObjectName(QStringLiteral("WordsPanel"));
@@ -53,18 +53,18 @@ WordsPanel::WordsPanel(QWidget* parent)
     const int icon = Pixels(*this, 16);
     picture->setPixmap(CommandIcon(QStringLiteral("game_words")).pixmap(icon, icon));
     text->setTextFormat(Qt::PlainText);
-    show->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    show->setCheckable(true);
-    close->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
-    close->setToolTip(QStringLiteral("Close"));
-    close->setAccessibleName(QStringLiteral("Close the game's words"));
+    cmdShow->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    cmdShow->setCheckable(true);
+    cmdClose->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
+    cmdClose->setToolTip(QStringLiteral("Close"));
+    cmdClose->setAccessibleName(QStringLiteral("Close the game's words"));
     auto* row = new QHBoxLayout(bar);
     row->setContentsMargins(4, 1, 1, 1);
     row->setSpacing(6);
     row->addWidget(picture);
     row->addWidget(text, 1);
-    row->addWidget(show);
-    row->addWidget(close);
+    row->addWidget(cmdShow);
+    row->addWidget(cmdClose);
 
     list->setObjectName(QStringLiteral("lstWords"));
     list->setAccessibleName(QStringLiteral("What the game complains about"));
@@ -81,8 +81,8 @@ WordsPanel::WordsPanel(QWidget* parent)
     column->addWidget(list, 1);
 
     connect(list, &QTreeView::activated, this, [](const QModelIndex& index) { GoToGameWord(index.row()); });
-    connect(show, &QToolButton::toggled, this, &WordsPanel::SetListVisible);
-    connect(close, &QToolButton::clicked, this, [this] {
+    connect(cmdShow, &QToolButton::toggled, this, &WordsPanel::SetListVisible);
+    connect(cmdClose, &QToolButton::clicked, this, [this] {
         hide();
         emit Left();
     });
@@ -103,7 +103,7 @@ void WordsPanel::Spoken(int all, int fresh)
     }
     ShowColumns();
     if (fresh > 0)
-        QWidget::show();
+        show();
 }
 
 /// Keys and files as wide as they need, as far as the text keeps half the room.
@@ -123,7 +123,7 @@ void WordsPanel::ShowList()
         return;
     }
     text->setText(CountText(Words().rowCount(), Words().rowCount()));
-    QWidget::show();
+    show();
     SetListVisible(true);
     if (!list->currentIndex().isValid())
         list->setCurrentIndex(Words().index(0, 0));
@@ -132,11 +132,11 @@ void WordsPanel::ShowList()
 
 void WordsPanel::SetListVisible(bool visible)
 {
-    const QSignalBlocker quiet(show);
+    const QSignalBlocker quiet(cmdShow);
     if (!visible && list->isVisible())
         listHeight = height();
-    show->setChecked(visible);
-    show->setText(visible ? QStringLiteral("Hide") : QStringLiteral("Show"));
+    cmdShow->setChecked(visible);
+    cmdShow->setText(visible ? QStringLiteral("Hide") : QStringLiteral("Show"));
     list->setVisible(visible);
     const int barHeight = bar->sizeHint().height();
     setMaximumHeight(visible ? QWIDGETSIZE_MAX : barHeight);

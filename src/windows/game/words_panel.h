@@ -20,8 +20,8 @@ public:
     bool ListShows() const;
 
     QTreeView* List() const { return list; }
-    QToolButton* ShowButton() const { return show; }
-    QToolButton* CloseButton() const { return close; }
+    QToolButton* ShowButton() const { return cmdShow; }
+    QToolButton* CloseButton() const { return cmdClose; }
     QString BarText() const;
 
 signals:
@@ -34,7 +34,7 @@ private:
 
     QWidget* bar;
     QLabel *picture, *text;
-    QToolButton *show, *close;
+    QToolButton *cmdShow, *cmdClose;
     QTreeView* list;
     int listHeight = 0; ///< with its bar, as the user left it
 };
