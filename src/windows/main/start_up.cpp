@@ -9,11 +9,13 @@
 #include "game/game_state.h"
 #include "game/scratch_home.h"
 #include "graphics/picks.h"
+#include "platform/beside_notes.h"
 #include "platform/close_requests.h"
 #include "platform/signals.h"
 #include "platform/single_instance.h"
 #include "windows/files/frm_recover.h"
 #include "windows/main/frmmain.h"
+#include "windows/main/guarded_application.h"
 #include "windows/messages/window_asker.h"
 #include "windows/parts/close_guard.h"
 #include "windows/parts/screen_reader.h"
@@ -76,6 +78,7 @@ int Run(QApplication& application, const StartFolders& folders)
     window.Finish();
     ResetPicks();
     Frame.Keeper = nullptr;
+    beside::ForgetNotes();
     return code;
 }
 
@@ -83,7 +86,8 @@ int Run(QApplication& application, const StartFolders& folders)
 
 int StartProgram(int argc, char** argv)
 {
-    QApplication application(argc, argv);
+    OutliveFileLimits();
+    GuardedApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("gemforge"));
     QGuiApplication::setDesktopFileName(QStringLiteral("gemforge"));
 
