@@ -108,7 +108,7 @@ MISC = [
     ("1stTime", 1), ("MenuIcons", 1), ("Gradients", 1), ("ShowLineNumbers", 1), ("ShowSpaces", 0), ("LineHints", 1),
     ("Thumbnails", 0), ("UseColour", 1), ("SuperTab", 0), ("SpacerWidth", 43), ("UndoLimit", -1), ("LineCommentLineChar", "-"),
     ("LineCommentSearchChar", "~"), ("SortGotoList", 0), ("OpenSaveInLevelDir", 0), ("BackupOnSave", 1),
-    ("DisableSoundLaunch", 0), ("QuickClose", 0), ("SafeSystemBASIC", 1), ("RecentLimit", 50), ("ProjectLimit", 20),
+    ("DisableSoundLaunch", 0), ("QuickClose", 0), ("SafeSystemBASIC", 1), ("AskBeforeMacros", 1), ("RecentLimit", 50), ("ProjectLimit", 20),
     ("FindHistoryLimit", 30), ("ReplaceHistoryLimit", 30), ("RNDPath", ""),
     "Do panes tell their text to a screen reader? 0 while one runs, 1 always, 2 never.",
     ("ScreenReader", 0),

@@ -105,7 +105,9 @@ class BatchRun
 {
 public:
     BatchRun(const RunCall& asked, VerbStreams& told)
-        : call(asked), streams(told), scope(RunKind::Macro, QFileInfo(asked.Macro).fileName(), asked.LimitMs),
+        : call(asked),
+          streams(told),
+          scope(RunKind::Macro, QFileInfo(asked.Macro).fileName(), asked.LimitMs),
           asker(asked.Answers)
     {
         asker.AllowFiles = call.AllowFiles;
@@ -195,8 +197,10 @@ VerbResult RunMacroVerb(const QStringList& arguments, VerbStreams& streams)
     const Result<QByteArray> source = ReadMacroSource(call.Macro);
     if (!source)
         return Failed(source.error(), streams);
-    MakeLanguages();
     Frame.Settings.SafeSystemBASIC = 1;
+    // Most macros do without the words of the game, and start sooner without them.
+    if (source->toLower().contains("element"))
+        MakeLanguages();
     BatchRun run(call, streams);
     if (const Result<> opened = OpenTarget(call, run.Text()); !opened)
         return Failed(opened.error(), streams);

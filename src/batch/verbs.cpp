@@ -46,17 +46,18 @@ constexpr Verb AllVerbs[] = {
      "\"A files: B the same, C different, D no level\".\n"
      "Ends with 2 if any file is no level or can not be read, else with 1 if any differs, else with 0.\n",
      LevelVerifyVerb},
-    {"run",
-     "MACRO [--on FILE] [--save FILE] [--answer TEXT]... [--allow-files] [--log] [--seed N] [--max-seconds N]",
+    {"run", "MACRO [--on FILE] [--save FILE] [--answer TEXT]... [--allow-files] [--log] [--seed N] [--max-seconds N]",
      "Runs a macro of Gemforge BASIC: an archive (.gfb) or plain source. It works on FILE's text, or on an empty one,\n"
      "and prints the text that it leaves. --save writes that text to a file, in FILE's encoding and with its line\n"
      "ends, if the macro ends with 0.\n"
-     "--answer answers a dialog, in order: a button's caption, an entry's text, a path; an empty one cancels ask. With\n"
+     "--answer answers a dialog, in order: a button's caption, an entry's text, a path; an empty one cancels ask. "
+     "With\n"
      "none left a message takes its first button and everything else is cancelled. Commands that work with files or\n"
      "programs are refused, unless --allow-files is given or the next answer is Continue. Standard error gets a line\n"
      "MESSAGE TITLE|TEXT|BUTTONS for each message and, with --log, PRINT TEXT for each print. --seed begins the\n"
      "macro's random numbers.\n"
-     "Ends with 0, or with 1 after an error, which is told as \"BASIC Error In Line N: TEXT\", with 2 for a wrong call,\n"
+     "Ends with 0, or with 1 after an error, which is told as \"BASIC Error In Line N: TEXT\", with 2 for a wrong "
+     "call,\n"
      "a file that can not be read or written or an answer that fits nothing, with 3 if --max-seconds or a refused\n"
      "command stopped it.\n",
      RunMacroVerb},

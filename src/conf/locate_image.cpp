@@ -15,7 +15,9 @@ struct LocateMessage
     NotLocated Why;
     message::Number Message;
 };
-constexpr LocateMessage LocateMessages[] = {{NoMainLine, message::NoImageNamed}, {NoImageName, message::ColonMissing}, {ImageNotInLists, message::NamedImageMissing}};
+constexpr LocateMessage LocateMessages[] = {{NoMainLine, message::NoImageNamed},
+                                            {NoImageName, message::ColonMissing},
+                                            {ImageNotInLists, message::NamedImageMissing}};
 
 std::optional<int> MainLineAbove(const DocumentText& pane, int caretLine)
 {

@@ -22,7 +22,8 @@ bool Plausible(const Facts& facts)
 
 RequestBytes Pack(const Request& request)
 {
-    return ToBytes<6>({FilmRequestMark, std::uint32_t(request.How), request.X, request.Y, request.Width, request.Height});
+    return ToBytes<6>(
+        {FilmRequestMark, std::uint32_t(request.How), request.X, request.Y, request.Width, request.Height});
 }
 
 FactsBytes Pack(const Facts& facts)

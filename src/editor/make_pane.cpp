@@ -34,3 +34,8 @@ void SetUpAccessibility(bool tellText)
     if (!tellText)
         QAccessible::installFactory(PlainPane);
 }
+
+bool IsKeyOfText(QKeyCombination key)
+{
+    return ScintillaPane::HasKey(key.toCombined());
+}

@@ -2,6 +2,7 @@
 
 #include "frame/editor_pane.h"
 
+#include <QKeyCombination>
 #include <memory>
 
 class QWidget;
@@ -15,3 +16,6 @@ QWidget* WidgetOf(EditorPane& pane);
 /// Keeps panes fast in huge files by hiding their text from assistive technology. Call once, before the first pane;
 /// `tellText` true leaves screen readers the text (and the cost).
 void SetUpAccessibility(bool tellText);
+
+/// Does a pane do something of its own with this key?
+bool IsKeyOfText(QKeyCombination key);

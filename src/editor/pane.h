@@ -24,6 +24,7 @@ public:
     explicit ScintillaPane(QWidget* parent);
 
     QsciScintilla* Widget() const { return text.Widget(); }
+    static bool HasKey(int key); ///< with its modifiers
 
     QString Text() const override;
     void SetText(const QString& wanted) override;

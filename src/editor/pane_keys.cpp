@@ -102,6 +102,11 @@ const ScintillaPane::KeyRow* ScintillaPane::RowFor(const QKeyEvent& event) const
     return row == std::end(KeyRows) ? nullptr : row;
 }
 
+bool ScintillaPane::HasKey(int key)
+{
+    return std::ranges::find(KeyRows, key, &KeyRow::Key) != std::end(KeyRows);
+}
+
 /// Before shortcuts are tried: what the pane knows comes to it.
 bool ScintillaPane::ClaimKey(QKeyEvent& event)
 {

@@ -19,6 +19,7 @@ signals:
     void ToolBarsLoaded();                 ///< Frame.Settings.Bands was read
     void RecentChanged();                  ///< Frame.Recent was loaded anew
     void MediaChanged();                   ///< patterns or folders of the media lists
+    void ShortcutsChanged();               ///< section `Shortcuts`
     void ColourFormChanged();              ///< the user has fixed a light or a dark form, or the desktop's again
     void MediaLooksChanged();              ///< colours and font of the media lists, or Thumbnails
     void WorkChanged();                    ///< a run or a modal window has begun or ended

@@ -50,9 +50,9 @@ public:
     virtual void OpenTool(ToolWindow tool) = 0; ///< modal; returns when closed
     /// A floating list, made anew from the current document; of the game's words the list below the text.
     virtual void ShowList(ListKind list) = 0;
-    virtual void CloseLists() = 0;                          ///< hides the floating lists, focus to the pane
-    virtual void ShowMediaEntry(const MediaHit& entry) = 0; ///< its tab in front, the entry selected and in view
-    virtual bool CanPreview(int mode) const = 0;            ///< is there a tool that opens the media of a mode?
+    virtual void CloseLists() = 0;                              ///< hides the floating lists, focus to the pane
+    virtual void ShowMediaEntry(const MediaHit& entry) = 0;     ///< its tab in front, the entry selected and in view
+    virtual bool CanPreview(int mode) const = 0;                ///< is there a tool that opens the media of a mode?
     virtual void PreviewMedia(const MediaRequest& request) = 0; ///< returns when done
     virtual void StopPlayers() = 0;
 };

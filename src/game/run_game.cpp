@@ -68,6 +68,7 @@ Result<GameReport> RunGame(const GameRun& run, RunScope& scope)
     QObject::connect(&process, &GameProcess::Spoken, [&] { scope.SetDetail(LastLineOf(process.Printed())); });
     QTimer limit;
     limit.setSingleShot(true);
+    limit.setTimerType(Qt::PreciseTimer); // not early: callers look at their own clock afterwards
     QObject::connect(&limit, &QTimer::timeout, [&scope] { scope.Stop(StopReason::Deadline); });
     if (run.LimitMs)
         limit.start(int(*run.LimitMs));

@@ -11,8 +11,11 @@
 #include "platform/paths.h"
 
 #include <QRegularExpression>
+#include <algorithm>
 
 namespace {
+
+constexpr const char* YesWords[] = {"true", "yes", "on", "1"}; ///< as the game reads them
 
 /// The level "NNN.level" that is selected in the list of the document's folder; elsewhere in the set the one that was
 /// tested last.
@@ -35,8 +38,10 @@ bool IsGroupOfSets(const QString& folder)
     if (!conf)
         return false;
     const ConfIndex index(*conf);
-    const int line = index.LineOfKey(QStringLiteral("level_group"));
-    return line >= 0 && line == index.LineOfValue(QStringLiteral("true"), QStringLiteral("level_group"));
+    const QString key = QStringLiteral("level_group");
+    const int line = index.LineOfKey(key);
+    const auto says = [&](const char* word) { return index.LineOfValue(QString::fromLatin1(word), key) == line; };
+    return line >= 0 && std::any_of(std::begin(YesWords), std::end(YesWords), says);
 }
 
 std::optional<SetWish> WishOfCurrentSet()

@@ -42,7 +42,6 @@ public:
             OnPrint(printed);
     }
     QString SelectedMedia() const override { return {}; }
-    void GotoLineDialog() override {}
 
     std::function<void(const MacroError&)> OnError;
     std::function<void(const QString&)> OnPrint;

@@ -45,7 +45,7 @@ class RunStage
 {
 public:
     virtual ~RunStage() = default;
-    virtual DocumentText& Target() = 0;       ///< the text that commands work on
+    virtual DocumentText& Target() = 0;        ///< the text that commands work on
     virtual void ShowTarget(bool visible) = 0; ///< for moments when a person must see it
     virtual void ShowNow() = 0;                ///< the target as it stands, for one turn of events
     virtual void Printed(const QString&) {}    ///< told of each text that `print` writes
@@ -56,7 +56,6 @@ public:
 
     virtual void ReportError(const MacroError& error) = 0; ///< shows it; the run is over
     virtual QString SelectedMedia() const = 0;             ///< full path of what is selected in the media lists
-    virtual void GotoLineDialog() = 0;
 
     // Of a test run
     virtual bool StepsLines() const { return false; } ///< is a step prompt wanted in front of each line?
@@ -70,6 +69,6 @@ public:
 struct MacroError
 {
     int Line = 0;
-    QString Text; ///< "^" breaks the line
+    QString Text;           ///< "^" breaks the line
     bool BeforeRun = false; ///< found before the first line ran
 };

@@ -8,18 +8,18 @@
 /// is wanted; the work then fails with Stopped and leaves all as it was. An empty one never stops.
 using CountedTurn = std::function<bool(int done, int of)>;
 
-inline QString StopReason()
+inline QString WordOfStopped()
 {
     return QStringLiteral("Stopped.");
 }
 
 inline tl::unexpected<Failure> Stopped(QString path = {})
 {
-    return Fail(std::move(path), StopReason());
+    return Fail(std::move(path), WordOfStopped());
 }
 
 /// A stop needs no message: it was wanted.
 inline bool WasStopped(const Failure& failure)
 {
-    return failure.Reason == StopReason();
+    return failure.Reason == WordOfStopped();
 }

@@ -42,8 +42,7 @@ struct FileSteps
     {
         visit(Open), visit(Read), visit(ReadAt), visit(Write), visit(Truncate), visit(Sync), visit(SyncAll);
         visit(Close), visit(Rename), visit(RenameNew), visit(Exchange), visit(Unlink), visit(Stat), visit(ReadLink);
-        visit(MayWrite),
-            visit(ChangeMode);
+        visit(MayWrite), visit(ChangeMode);
         visit(ChangeOwner), visit(ListAttributes), visit(GetAttribute), visit(SetAttribute);
     }
 };

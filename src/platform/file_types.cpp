@@ -148,7 +148,7 @@ QList<std::pair<QString, QString>> Items(const QString& section)
     return items;
 }
 
-bool IsOurs(const QString& opener)
+bool IsOurEntry(const QString& opener)
 {
     return std::ranges::any_of(Groups, [&](const GroupRow& row) { return opener.startsWith(EntryOf(row)); });
 }
@@ -159,7 +159,7 @@ Result<> OpenAsBefore(const Places& places, const IniFile& memory)
     QString kept;
     for (const auto& [key, opener] : Items(defaults.ReadSection(DefaultsSection))) {
         const QString before = memory.Read(BeforeSection, key);
-        if (!IsOurs(opener))
+        if (!IsOurEntry(opener))
             kept += key + u'=' + opener + QChar(0);
         else if (before != IniFile::NotFound)
             kept += key + u'=' + before + QChar(0);

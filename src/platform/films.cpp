@@ -20,7 +20,7 @@ namespace films {
 namespace {
 
 constexpr int OrdinaryPatience = 30'000; ///< ms
-constexpr int FilmBeat = 20;                 ///< ms between two turns
+constexpr int FilmBeat = 20;             ///< ms between two turns
 constexpr quint64 AnySize = std::numeric_limits<quint64>::max();
 
 /// A helper that is ended with the scope.

@@ -22,7 +22,7 @@ std::vector<Window> ChildrenOf(const X11Connection& server, Window window)
     unsigned count = 0;
     if (!XQueryTree(server.Display(), window, &root, &parent, &children, &count) || !children)
         return {};
-    const std::vector<Window> list(children, children + count);
+    std::vector<Window> list(children, children + count);
     XFree(children);
     return list;
 }
@@ -100,8 +100,12 @@ Handle Foreground()
         return 0;
     const X11Errors errors(*server);
     const std::vector<unsigned long> active = server->Numbers(server->Root(), "_NET_ACTIVE_WINDOW");
+    XWindowAttributes facts; // a manager may still name a window that was hidden
     if (!active.empty())
-        return active.front();
+        return active.front() && XGetWindowAttributes(server->Display(), active.front(), &facts) &&
+                       facts.map_state == IsViewable
+                   ? active.front()
+                   : 0;
     Window focused = 0; // without a manager
     return xdo_get_focused_window_sane(server->Tool(), &focused) == XDO_SUCCESS ? focused : 0;
 }

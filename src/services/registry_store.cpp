@@ -54,8 +54,8 @@ private:
 class RegistryStore::Held
 {
 public:
-    explicit Held(const QByteArray& path)
-        : file(Persist([&] { return Steps().Open(path, O_RDONLY | O_NONBLOCK | O_NOCTTY, 0); }))
+    explicit Held(const QByteArray& name)
+        : file(Persist([&] { return Steps().Open(name, O_RDONLY | O_NONBLOCK | O_NOCTTY, 0); }))
     {
         if (file >= 0)
             fstat(file, &facts);
@@ -68,10 +68,10 @@ public:
     Held(const Held&) = delete;
     Held& operator=(const Held&) = delete;
 
-    bool IsStill(const QByteArray& path) const
+    bool IsStill(const QByteArray& name) const
     {
         FileFacts now{};
-        if (Steps().Stat(path, &now) != 0)
+        if (Steps().Stat(name, &now) != 0)
             return file < 0;
         return file >= 0 && now.st_dev == facts.st_dev && now.st_ino == facts.st_ino && now.st_size == facts.st_size &&
                now.st_mtim.tv_sec == facts.st_mtim.tv_sec && now.st_mtim.tv_nsec == facts.st_mtim.tv_nsec;

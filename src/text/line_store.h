@@ -24,8 +24,8 @@ public:
     qsizetype Units(int line) const; ///< length in UTF-16 units
     End EndOf(int line) const { return At(line).Break; }
 
-    /// Bytes of whole lines, their ends included but the last one's if `lastEnd` is off. Where lines lie side by side as
-    /// they came they are shown, else put together in `scratch`.
+    /// Bytes of whole lines, their ends included but the last one's if `lastEnd` is off. Where lines lie side by side
+    /// as they came they are shown, else put together in `scratch`.
     QByteArrayView Bytes(int first, int last, bool lastEnd, QByteArray& scratch) const;
 
     /// Puts a text without line ends in the place of `count` characters of a line.
@@ -47,10 +47,7 @@ private:
         return index < front.size() ? front[index] : back[back.size() - 1 - (index - front.size())];
     }
     Line& At(int line) { return const_cast<Line&>(std::as_const(*this).At(line)); }
-    QByteArrayView Untouched(const Line& line) const
-    {
-        return QByteArrayView(loaded).sliced(line.Start, line.Size);
-    }
+    QByteArrayView Untouched(const Line& line) const { return QByteArrayView(loaded).sliced(line.Start, line.Size); }
     void MoveGap(size_t before);
     qint32 Keep(const QString& text);
     void Drop(const Line& line);

@@ -321,10 +321,7 @@ struct LineText::CommandTable
         for (const auto& [number, command] : Rows)
             ByNumber[size_t(number)] = command;
     }
-    Command Find(int number) const
-    {
-        return number >= 0 && size_t(number) < Size ? ByNumber[size_t(number)] : nullptr;
-    }
+    Command Find(int number) const { return number >= 0 && size_t(number) < Size ? ByNumber[size_t(number)] : nullptr; }
 
     std::array<Command, Size> ByNumber{};
 };
@@ -351,8 +348,7 @@ int LineText::Repeat(int number, int count)
     for (; went < count; ++went) {
         const Place anchorBefore = anchor, caretBefore = caret;
         const quint64 editsBefore = edits;
-        if (!(this->*command)(none) ||
-            (edits == editsBefore && anchor == anchorBefore && caret == caretBefore))
+        if (!(this->*command)(none) || (edits == editsBefore && anchor == anchorBefore && caret == caretBefore))
             break;
     }
     Told();

@@ -96,8 +96,7 @@ bool LineText::FindFrom(const Search& search, bool forward, bool wrap)
     if (!search.CanRun())
         return false;
     const QList<Stretch> pieces = SelectedPieces();
-    std::optional<Stretch> found =
-        forward ? Ahead(search, pieces.last().End) : Back(search, pieces.first().Start);
+    std::optional<Stretch> found = forward ? Ahead(search, pieces.last().End) : Back(search, pieces.first().Start);
     if (!found && wrap)
         found = forward ? Ahead(search, {}) : Back(search, EndPlace());
     if (!found)
@@ -159,17 +158,16 @@ bool LineText::ReplaceAllInDocument(const QVariant&)
     const Search search = StartSearch();
     const Range kept = GetSel(false);
     const QByteArrayView bytes = Bytes();
-    const Replaced replaced =
-        search.CanRun() ? search.ReplaceAll(bytes, {0, bytes.size()}, replaceText) : Replaced{};
+    const Replaced replaced = search.CanRun() ? search.ReplaceAll(bytes, {0, bytes.size()}, replaceText) : Replaced{};
     replaceCount = replaced.Count;
     if (replaceCount > 0) {
         LoadWhole(replaced.Bytes);
         blank = false;
         modified = true;
     }
-    SetSel({qMin(kept.StartLine, LastLine()), kept.StartCol, qMin(kept.EndLine, LastLine()), kept.EndCol,
-            kept.ColumnSel},
-           false);
+    SetSel(
+        {qMin(kept.StartLine, LastLine()), kept.StartCol, qMin(kept.EndLine, LastLine()), kept.EndCol, kept.ColumnSel},
+        false);
     return replaceCount > 0;
 }
 

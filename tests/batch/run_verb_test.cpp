@@ -42,7 +42,8 @@ TEST_F(RunVerbTest, PrintsTheTextAndTellsTheError)
     EXPECT_EQ(told, QString());
     EXPECT_EQ(Run("print \xC3\xA4 [br]\ndim $a\nset $a =1 /0\n"), 1);
     EXPECT_EQ(said, u"\u00E4\n"_s);
-    EXPECT_TRUE(told.startsWith(u"BASIC Error In Line 2: Variable has overflowed!  Possible causes:-^^Varible"_s)) << told;
+    EXPECT_TRUE(told.startsWith(u"BASIC Error In Line 2: Variable has overflowed!  Possible causes:-^^Varible"_s))
+        << told;
     EXPECT_EQ(told.count(u'\n'), 1);
 }
 
@@ -77,7 +78,8 @@ TEST_F(RunVerbTest, TellsMessagesAndPrints)
 // Catches: an answer that goes to another dialog, a misfit that goes on, an order of endings that hides the first.
 TEST_F(RunVerbTest, AnswersComeInOrder)
 {
-    const QByteArray macro = "listadd one\nlistadd two\nlistshow Title\nask Prompt Title\nprint [lastlistchoice] [lastask]\n";
+    const QByteArray macro =
+        "listadd one\nlistadd two\nlistshow Title\nask Prompt Title\nprint [lastlistchoice] [lastask]\n";
     EXPECT_EQ(Run(macro, {u"--answer"_s, u"two"_s, u"--answer"_s, u"12"_s}), 0);
     EXPECT_EQ(said, u"two12"_s);
     EXPECT_EQ(Run(macro, {u"--answer"_s, u"three"_s}), 2);

@@ -31,8 +31,8 @@ TEST(CheckLine, EachRuleSpeaksOnItsLines)
         EXPECT_EQ(Said(good), QString()) << good;
 }
 
-// Catches: images looked for outside graphics, by a part of their name, or not at all; a name with a letter that judging
-// a line would blank.
+// Catches: images looked for outside graphics, by a part of their name, or not at all; a name with a letter that
+// judging a line would blank.
 TEST(CheckLine, LooksForImagesInGraphicsOnly)
 {
     EXPECT_TRUE(Said("a: other.pcx").startsWith(QStringLiteral("The PCX image")));

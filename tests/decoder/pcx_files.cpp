@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr qsizetype HeaderSize = 128, PaletteSize = 769;
+constexpr qsizetype HeaderSize = 128, PcxPaletteBytes = 769;
 
 QByteArray Lines(const PcxPlan& plan, QRandomGenerator& random)
 {
@@ -97,7 +97,7 @@ QByteArray BuildPcx(const PcxPlan& plan, quint32 seed)
     if (plan.Bits != 8 || plan.Planes != 1 || !plan.Palette)
         return file;
     file += plan.Between + '\x0c';
-    for (int at = 1; at < PaletteSize; ++at)
+    for (int at = 1; at < PcxPaletteBytes; ++at)
         file += char(random.bounded(256));
     return file;
 }
@@ -107,9 +107,9 @@ QImage ReadPcx(const QByteArray& file)
     const int bits = file[3], planes = file[65], plane = Short(file, 66);
     QImage image(Short(file, 8) - Short(file, 4) + 1, Short(file, 10) - Short(file, 6) + 1, QImage::Format_RGB32);
     const qsizetype line = qsizetype(planes) * plane;
-    const bool far = bits == 8 && planes == 1 && file.size() >= HeaderSize + PaletteSize &&
-                     file[file.size() - PaletteSize] == '\x0c';
-    QByteArray palette = far ? file.last(PaletteSize - 1) : file.mid(16, 48);
+    const bool far = bits == 8 && planes == 1 && file.size() >= HeaderSize + PcxPaletteBytes &&
+                     file[file.size() - PcxPaletteBytes] == '\x0c';
+    QByteArray palette = far ? file.last(PcxPaletteBytes - 1) : file.mid(16, 48);
     if (bits == 8 && planes == 1 && !far) {
         palette.clear();
         for (int grey = 0; grey < 256; ++grey)
@@ -117,7 +117,7 @@ QImage ReadPcx(const QByteArray& file)
     }
     if (bits == 1 && planes == 1 && Colour(palette, 0) == Colour(palette, 1))
         palette = QByteArray(3, '\0') + QByteArray(3, '\xff');
-    const QByteArray data = file.sliced(HeaderSize).chopped(far ? PaletteSize : 0);
+    const QByteArray data = file.sliced(HeaderSize).chopped(far ? PcxPaletteBytes : 0);
     const QByteArray lines = Expanded(data, file[2] == 1, line * image.height());
     for (int y = 0; y < image.height(); ++y)
         for (int x = 0; x < image.width(); ++x) {

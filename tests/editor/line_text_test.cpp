@@ -63,9 +63,9 @@ public:
     LineText lines{clipboard};
 };
 
-constexpr int Numbers[] = {101, 102, 103, 107, 108, 136, 137, 140, 141, 142, 148, 149, 152, 153, 154, 155, 156, 157, 158,
-                           159, 160, 161, 164, 165, 184, 188, 189, 190, 191, 194, 195, 197, 198, 199, 200, 201, 202, 203,
-                           210, 212, 229};
+constexpr int Numbers[] = {101, 102, 103, 107, 108, 136, 137, 140, 141, 142, 148, 149, 152, 153,
+                           154, 155, 156, 157, 158, 159, 160, 161, 164, 165, 184, 188, 189, 190,
+                           191, 194, 195, 197, 198, 199, 200, 201, 202, 203, 210, 212, 229};
 
 QString RandomText(QRandomGenerator& random, const QString& alphabet, int longest)
 {
@@ -91,8 +91,11 @@ Range RandomRange(QRandomGenerator& random, int lineCount)
 struct RandomStep
 {
     RandomStep(QRandomGenerator& random, const QString& alphabet, int lineCount)
-        : Kind(random.bounded(14)), Number(Numbers[random.bounded(int(std::size(Numbers)))]),
-          Count(random.bounded(1, 4)), Text(RandomText(random, alphabet, 6)), With(RandomText(random, alphabet, 3)),
+        : Kind(random.bounded(14)),
+          Number(Numbers[random.bounded(int(std::size(Numbers)))]),
+          Count(random.bounded(1, 4)),
+          Text(RandomText(random, alphabet, 6)),
+          With(RandomText(random, alphabet, 3)),
           Where(RandomRange(random, lineCount))
     {
     }
@@ -162,8 +165,8 @@ void CompareRandomly(quint32 seed, const QString& alphabet, const QString& start
         steps << step.Told();
         const std::string before = twins.Lines();
         twins.Do(step);
-        ASSERT_EQ(twins.Pane(), twins.Lines()) << "seed " << seed << ", step " << i << ": " << steps.last().toStdString()
-                                               << "\nbefore: " << before;
+        ASSERT_EQ(twins.Pane(), twins.Lines())
+            << "seed " << seed << ", step " << i << ": " << steps.last().toStdString() << "\nbefore: " << before;
         if (twins.lines.LineCount() > 40)
             twins.Do([&](DocumentText& text) { text.SetText(start); });
     }
@@ -187,7 +190,8 @@ void CompareColumns(quint32 seed)
     twins.Do([](DocumentText& text) { text.SetText(u"abcdef\nab\n\nabcd\nabcdefgh\nx"_s); });
     for (int i = 0; i < 40; ++i) {
         const int lineCount = twins.lines.LineCount();
-        const Range block{random.bounded(lineCount), random.bounded(7), random.bounded(lineCount), random.bounded(7), true};
+        const Range block{random.bounded(lineCount), random.bounded(7), random.bounded(lineCount), random.bounded(7),
+                          true};
         if (block.StartCol == block.EndCol)
             continue;
         constexpr int OfBlocks[] = {195, 194, 197, 198, 184, 229, 201, 203, 172, 210};

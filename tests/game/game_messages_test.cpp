@@ -1,5 +1,6 @@
 #include "game/finding_places.h"
 #include "game/game_messages.h"
+#include "mutated.h"
 #include "test_support.h"
 
 #include <gtest/gtest.h>
@@ -80,6 +81,25 @@ TEST(GameMessages, EveryFormIsOneFinding)
     EXPECT_EQ(found[11].Severity, GameSeverity::Fatal);
     EXPECT_TRUE(HasGivenUp(printed));
     EXPECT_FALSE(HasGivenUp("[WARN] [FATAL] in a warning\n[FATAL]no mark\n"));
+}
+
+// Catches: a crash or an endless loop on output that is cut, torn or no text at all; a place outside the conf.
+TEST(GameMessages, TornOutputIsSurvived)
+{
+    QRandomGenerator random(20251125);
+    const QByteArray whole = Rule +
+                             "[WARN] unknown token(s) found in config file:\n[WARN] - config file: '/a/b.conf'\n" +
+                             "[WARN] - dynamic token: 'x'\n" + Rule + OutOfImage("bd_wall", "error: invalid 'x'") +
+                             "[FATAL] IMG_Load('b.png') failed: no\n[WARN] cannot find artwork file 'c.png'\n";
+    for (int turn = 0; turn < 2000; ++turn) {
+        const QByteArray printed = Mutated(whole, random), conf = Mutated("x: c.png\nbd_wall.clone_from: x\n", random);
+        const auto lines = conf.count('\n') + conf.count('\r') + 1;
+        for (const PlacedFinding& placed :
+             PlaceFindings(FindingsOf(printed), QStringLiteral("/a/"), [&](const QString&) { return conf; }))
+            ASSERT_LT(placed.Line, lines);
+        PartedOutput(printed, {});
+        LastLineOf(printed);
+    }
 }
 
 // Catches: messages left in what is taken for a conf, which starts at its first own line.

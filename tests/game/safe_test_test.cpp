@@ -86,7 +86,7 @@ TEST_F(SafeTestOfSet, SetLevelAndSurroundingsAreThere)
     Scope.Home.Write(QStringLiteral(".rocksndiamonds/levels/donor/graphics/d.png"), "\x89PNG");
     Scope.Home.Write(QStringLiteral(".rocksndiamonds/graphics/own/o.png"), "\x89PNG");
     const QString group = QStringLiteral(".rocksndiamonds/levels/group/");
-    Scope.Home.Write(group + QStringLiteral("levelinfo.conf"), "level_group: true\n");
+    Scope.Home.Write(group + QStringLiteral("levelinfo.conf"), "level_group: yes # a group\n");
     Scope.Home.Write(group + QStringLiteral("helptext.conf"), "bug: help\n");
     Scope.Home.Write(group + QStringLiteral("in/levelinfo.conf"), "levels: 9\ngraphics_set: donor # note\n");
     Set = Scope.Home.Path(group + QStringLiteral("in/"));
@@ -235,9 +235,10 @@ TEST_F(SafeTestOfSet, CheckWithTheGameShowsItsWords)
     EXPECT_EQ(ScratchHomes(), 0);
 
     CurrentPane().ExecuteCmd(CmdDocumentEnd);
-    NewDocument(ModeGfx);
-    Answers.Next = {QStringLiteral("OK")};
+    OpenNewTab();
+    ActivateTab();
     GoToGameWord(2); // in the tab that has the file
+    EXPECT_EQ(Frame.CurrentTab, 0);
     EXPECT_EQ(CurrentPane().CaretLine(), 1);
 }
 

@@ -13,13 +13,27 @@ constexpr qint64 MomentMs = 40;
 constexpr qsizetype LargestText = 1 << 20; ///< a macro that prints without end is stopped there
 
 const char* const FuzzArguments[] = {
-    "$a",         "$b",          "$none",      "=1",         "+2",       "-[newrandom]", "*$a",        "/0",     "=$b",
-    "==$a",       "<>1",         ">>x",        "<<5",        "==?g",     "==[exist]",    "@one",       "@two",   "one",
-    "?g",         "?h",          "1",          "0",          "-3",       "2147483647",   "99999999999", "&HFFFF", "abc",
-    "\"a  b\"",   "\"\"",        "[null]",     "[br]",       "[tab]",    "[loopnumber]", "[linecount]", "(1+2)",  "($a*2)",
-    "(($a-1)/0)", "[rnd:1:9]",   "[grp:?g:1]", "[sin:1:2]",  "[chr:10]", "[abs:$a]",     "&3",         "on",     "off",
-    "clipbackup", "cliprestore", "popup",      "pickall",    "else",     "*.*",          "Sub",        "..",     "",
-    "[dir:1]",    "[asc:ab]",    "[dec:ffff]", "[lastask]",  "word",     "nums",         "3",          "[",      "[chr:",
+    "$a",          "$b",          "$none",
+    "=1",          "+2",          "-[newrandom]",
+    "*$a",         "/0",          "=$b",
+    "==$a",        "<>1",         ">>x",
+    "<<5",         "==?g",        "==[exist]",
+    "@one",        "@two",        "one",
+    "?g",          "?h",          "1",
+    "0",           "-3",          "2147483647",
+    "99999999999", "&HFFFF",      "abc",
+    "\"a  b\"",    "\"\"",        "[null]",
+    "[br]",        "[tab]",       "[loopnumber]",
+    "[linecount]", "(1+2)",       "($a*2)",
+    "(($a-1)/0)",  "[rnd:1:9]",   "[grp:?g:1]",
+    "[sin:1:2]",   "[chr:10]",    "[abs:$a]",
+    "&3",          "on",          "off",
+    "clipbackup",  "cliprestore", "popup",
+    "pickall",     "else",        "*.*",
+    "Sub",         "..",          "",
+    "[dir:1]",     "[asc:ab]",    "[dec:ffff]",
+    "[lastask]",   "word",        "nums",
+    "3",           "[",           "[chr:",
 };
 
 } // namespace
@@ -50,7 +64,8 @@ QString FuzzMacro(QByteArrayView bytes, const QString& folder)
         return QStringLiteral("an error in line %1").arg(error->Line);
     const Range selection = text.GetSel(true);
     const int last = qMax(text.LineCount(), 1) - 1;
-    if (selection.StartLine < 0 || selection.EndLine > last || text.CaretColumn() > text.GetLineLength(text.CaretLine()))
+    if (selection.StartLine < 0 || selection.EndLine > last ||
+        text.CaretColumn() > text.GetLineLength(text.CaretLine()))
         return QStringLiteral("the caret is outside the text");
     LineText again(clipboard);
     again.LoadBytes(text.FileBytes());

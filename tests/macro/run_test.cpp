@@ -70,8 +70,9 @@ TEST_F(GateTest, TheQuestionTellsAuthorAndCommand)
     EXPECT_FALSE(SystemSafeCheck(run, line));
     const std::vector<SafetyQuestion> asked = scope.Host.Answers.AskedFor<SafetyQuestion>();
     ASSERT_EQ(asked.size(), 1);
-    EXPECT_EQ(RecordOf(asked.front()).MessageText, u"You have SystemSafe turned on and this BASIC program wants to work with files.^^Author: AB"_s +
-                               QString(38, u'x') + u"^^filekill my file"_s);
+    EXPECT_EQ(RecordOf(asked.front()).MessageText,
+              u"You have SystemSafe turned on and this BASIC program wants to work with files.^^Author: AB"_s +
+                  QString(38, u'x') + u"^^filekill my file"_s);
 }
 
 // Catches: a macro for ever that its deadline does not end, by jumps, by waiting or by one long command.

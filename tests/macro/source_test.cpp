@@ -26,8 +26,8 @@ TEST(TestSource, TidiesWhatWasTyped)
 {
     EXPECT_EQ(Tested(u"  print  a   b \n#  a  b  "_s),
               std::pair(u"print a b\r\n#  a  b\r\n"_s, QStringList({u"print a b"_s, u"#  a  b"_s, QString()})));
-    EXPECT_EQ(Tested(u" print \"c  d\"  \"  e\""_s), std::pair(u"print \"c  d\" \"  e\"\r\n"_s,
-                                                            QStringList({u"print c||d ||e"_s, QString()})));
+    EXPECT_EQ(Tested(u" print \"c  d\"  \"  e\""_s),
+              std::pair(u"print \"c  d\" \"  e\"\r\n"_s, QStringList({u"print c||d ||e"_s, QString()})));
     EXPECT_EQ(Tested(u"\tprint \t a\n"_s).second, QStringList({u"printa"_s, QString()}));
     EXPECT_EQ(Tested(QString()).second, QStringList{u"nothing"_s});
 }

@@ -116,11 +116,10 @@ TEST(Films, StopAtATurn)
 {
     const TestFolder folder;
     QList<QImage> frames;
-    for (int i = 0; i < 100; ++i)
+    for (int i = 0; i < 400; ++i)
         frames << FilmFrames(30);
     const QString path = folder.Write(QStringLiteral("long.avi"), BuildAvi(frames));
-    int turns = 0;
-    const Heard heard = ReadFilmWith(RealFilmHelper(), path, {}, [&] { return ++turns < 2; });
-    EXPECT_LT(heard.Numbers.size(), 3000);
+    const Heard heard = ReadFilmWith(RealFilmHelper(), path, {}, [] { return false; });
+    EXPECT_LT(heard.Numbers.size(), 12000);
     EXPECT_EQ(heard.Reading.How, films::End::Stopped);
 }

@@ -112,6 +112,7 @@ TEST_F(Terminal, States)
     ASSERT_TRUE(Hide(window));
     EXPECT_TRUE(Until([&] { return !IsVisible(window); }));
     EXPECT_TRUE(IsAlive(window));
+    EXPECT_NE(Foreground(), window);
     ASSERT_TRUE(Show(window));
     EXPECT_TRUE(Until([&] { return IsVisible(window) && Foreground() == window; }));
     EXPECT_TRUE(Until([&] { return Place() == place; })) << Place().x() << ' ' << Place().y();

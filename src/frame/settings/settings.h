@@ -26,6 +26,7 @@ struct SettingsRecord
     int SpacerWidth = 43, UndoLimit = -1;
     QString LineCommentLineChar, LineCommentSearchChar;
     int SortGotoList = 0, OpenSaveInLevelDir = 0, BackupOnSave = 1, DisableSoundLaunch = 0, QuickClose = 0;
+    int AskBeforeMacros = 1; ///< is a macro that has not run here yet asked about?
     int SafeSystemBASIC = 1, RecentLimit = 50, ProjectLimit = 20, FindHistoryLimit = 30, ReplaceHistoryLimit = 30;
     int ScreenReader = 0; ///< 0 automatic, 1 always, 2 never: whether panes tell their text to assistive technology
     QString RNDPath;

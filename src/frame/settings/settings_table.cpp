@@ -99,6 +99,7 @@ constexpr SettingRow TableRows[] = {
     {MiscSection, "DisableSoundLaunch", Flag, 0, 1, In<&R::DisableSoundLaunch>},
     {MiscSection, "QuickClose", Flag, 0, 1, In<&R::QuickClose>},
     {MiscSection, "SafeSystemBASIC", Flag, 0, 1, In<&R::SafeSystemBASIC>},
+    {MiscSection, "AskBeforeMacros", Flag, 0, 1, In<&R::AskBeforeMacros>},
     {MiscSection, "MenuIcons", Flag, 0, 1, In<&R::MenuIcons>},
     {MiscSection, "Gradients", Flag, 0, 1, In<&R::Gradients>, ShowStrips},
     {MiscSection, "ShowLineNumbers", Flag, 0, 1, In<&R::ShowLineNumbers>, ShowView<1>},

@@ -1,3 +1,4 @@
+#include "frame/messages/asker.h"
 #include "frame/run_scope.h"
 #include "macro/commands/families.h"
 #include "macro/commands/repeats.h"
@@ -100,15 +101,26 @@ void Once(RunState& run, Arguments&)
     run.Text().ExecuteCmd(Number);
 }
 
+/// Asks for a line as a person counts them, from 1; -2 if the question was cancelled.
+int AskLine(RunState& run)
+{
+    const int here = run.Text().CaretLine(), count = qMax(run.Text().LineCount(), 1);
+    run.Stage.ShowTarget(true);
+    const auto told = AskText(InputQuestion{QStringLiteral("Goto Line Number"),
+                                            QStringLiteral("Line (1 to %1):").arg(count), QString::number(here + 1)});
+    run.Stage.ShowTarget(false);
+    bool fine = false;
+    const int line = told.value_or(QString()).toInt(&fine);
+    return fine ? qBound(1, line, count) - 1 : -2;
+}
+
 void GotoTextLine(RunState& run, Arguments& in)
 {
     const qint32 line = in.Count() > 0 ? in.Number(1) : -1;
     if (run.Failed())
         return;
-    if (line == -1)
-        run.Stage.GotoLineDialog();
-    else
-        run.Text().ExecuteCmd(CmdGotoLine, line);
+    const qint32 wanted = line == -1 ? AskLine(run) : line;
+    run.Text().ExecuteCmd(CmdGotoLine, wanted);
 }
 
 void SelectBlock(RunState& run, Arguments& in)
@@ -150,8 +162,7 @@ constexpr CommandWord CursorRows[] = {
      Repeated<CmdWordLeftExtend>},
     {"blockdown", AtLeastAny(0), OwnFrame, "N", "Moves the caret to the N-th next paragraph.",
      Repeated<CmdParagraphDown>},
-    {"blockup", AtLeastAny(0), OwnFrame, "N", "Moves the caret to the N-th paragraph above.",
-     Repeated<CmdParagraphUp>},
+    {"blockup", AtLeastAny(0), OwnFrame, "N", "Moves the caret to the N-th paragraph above.", Repeated<CmdParagraphUp>},
     {"pageup", AtLeastAny(0), OwnFrame, "N", "Moves the caret N pages up.", Repeated<CmdPageUp>},
     {"pagedown", AtLeastAny(0), OwnFrame, "N", "Moves the caret N pages down.", Repeated<CmdPageDown>},
     {"pageupex", AtLeastAny(0), OwnFrame, "N", "As pageup, and selects what the caret passes.",

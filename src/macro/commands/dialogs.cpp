@@ -41,8 +41,8 @@ void Message(RunState& run, Arguments& in)
     record.MessageText = QStringLiteral("Pause");
     record.MessageTitle = QStringLiteral("Gemforge Basic");
     record.MessageColour = QStringLiteral("blu");
-    QString MessageRecord::* const texts[] = {&MessageRecord::MessageText, &MessageRecord::MessageTitle,
-                                              &MessageRecord::MessageButtons};
+    QString MessageRecord::*const texts[] = {&MessageRecord::MessageText, &MessageRecord::MessageTitle,
+                                             &MessageRecord::MessageButtons};
     constexpr int IconArgument = 4, ColourArgument = 5;
     for (int i = 1; i <= in.Count() && i < IconArgument; ++i)
         record.*texts[i - 1] = in.Text(i);
@@ -149,9 +149,8 @@ std::optional<QString> AskElement(const ChoiceQuestion& question)
 
 void PickElement(RunState& run, Arguments& in)
 {
-    constexpr std::pair<const char*, int> Modes[] = {{"pickall", OfElements | OfActions | OfDirections},
-                                                     {"pickelement", OfElements},
-                                                     {"pickaction", OfActions}};
+    constexpr std::pair<const char*, int> Modes[] = {
+        {"pickall", OfElements | OfActions | OfDirections}, {"pickelement", OfElements}, {"pickaction", OfActions}};
     const QString mode = in.Word(1), title = in.Text(2);
     if (run.Failed())
         return;
@@ -215,7 +214,8 @@ constexpr CommandWord DialogRows[] = {
      "Lets a person choose from the list: [lastlistchoice], [lastlistchoicenum]. [lastmessageresult] is ok or cancel.",
      ListShow},
     {"pickelement", Exactly(2), TakesTime, "pickall | pickelement | pickaction TITLE",
-     "Lets a person pick from the graphics words: [lastpickelement]. [lastmessageresult] is ok or cancel.", PickElement},
+     "Lets a person pick from the graphics words: [lastpickelement]. [lastmessageresult] is ok or cancel.",
+     PickElement},
     {"pickfrompcx", Exactly(2), TakesTime, "FILE TITLE",
      "Lets a person pick tiles of a sheet; the tags [ele...] tell what was picked.", PickFromPcx},
     {"setauthor", Exactly(1), OwnFrame, "NAME", "Names the macro's author, whom the questions about files show.",

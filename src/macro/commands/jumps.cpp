@@ -164,7 +164,8 @@ constexpr CommandWord JumpRows[] = {
     {"label", Exactly(1), OwnFrame, "@NAME", "A place that gotolabel jumps to. Not inside an if, a case or a loop.",
      LabelLine},
     {"gotolabel", AtLeastAny(1), NoWordFlags, "@NAME",
-     "Goes on behind the label. A jump leaves every if, case, loop and sub at once. The name may be a variable's value.",
+     "Goes on behind the label. A jump leaves every if, case, loop and sub at once. The name may be a variable's "
+     "value.",
      GotoLabel, PrepareJump},
     {"gotocodeline", ExactlyAny(1), NoWordFlags, "N",
      "Goes on with line N of the macro, counted from 0; leaves every block as gotolabel does.", GotoCodeLine},

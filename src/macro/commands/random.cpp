@@ -77,7 +77,8 @@ void RandomWord(RunState& run, Arguments& in)
 {
     constexpr int ShapeArgument = 3, CaseArgument = 4, ContentArgument = 5;
     const qint32 min = in.Number(1), max = in.Number(2);
-    const QString shape = in.Text(ShapeArgument), letterCase = in.Text(CaseArgument), content = in.Text(ContentArgument);
+    const QString shape = in.Text(ShapeArgument), letterCase = in.Text(CaseArgument),
+                  content = in.Text(ContentArgument);
     if (run.Failed())
         return;
     const std::optional<WordWish> wish = ReadWordWish(min, max, shape, letterCase, content);
@@ -95,7 +96,8 @@ constexpr CommandWord RandomRows[] = {
      "Begins the random numbers anew. The same text gives the same numbers; without one they come from the clock.",
      RandomSeed},
     {"randomword", ExactlyAny(5), NoWordFlags, "MIN MAX rand|word rand|uppr|lowr|name nums|letr",
-     "Makes up a word of MIN to MAX characters: [lastrandomword]. word: vowels and consonants in turn; nums: digits too.",
+     "Makes up a word of MIN to MAX characters: [lastrandomword]. word: vowels and consonants in turn; nums: digits "
+     "too.",
      RandomWord},
     {"element", ExactlyAny(2), NoWordFlags, "KIND N",
      "The N-th word of a list: [lastelement]. KIND is gfx, sfx or mus with element, action, command or special behind "

@@ -1,6 +1,6 @@
+#include "macro/set_file.h"
 #include "macro/commands/families.h"
 #include "macro/language/run_state.h"
-#include "macro/set_file.h"
 #include "platform/paths.h"
 
 #include <QDir>
@@ -100,8 +100,8 @@ void FileProtectionCommand(RunState& run, Arguments& in)
 constexpr CommandWord SetFileRows[] = {
     {"fileset", Exactly(1), NoWordFlags, "PATH",
      "Sets the file or folder that the tags [lastdir...] and [lastfile...] tell of.", FileSet},
-    {"cd", ExactlyAny(1), NoWordFlags, "PATH",
-     "Changes the macro's current folder. .. goes one up, . to the root.", Cd},
+    {"cd", ExactlyAny(1), NoWordFlags, "PATH", "Changes the macro's current folder. .. goes one up, . to the root.",
+     Cd},
     {"dir", ExactlyAny(1), TakesTime, "PATTERN",
      "Lists the current folder: [lastdircount] and [dir:N]. Folders come first, with a \\ in front.", DirCommand},
     {"fileprotection", Exactly(1), NoWordFlags, "on | off",

@@ -100,7 +100,8 @@ constexpr CommandWord TextValueRows[] = {
      VarSplit},
     {"varleft", ExactlyAny(2), NoWordFlags, "TEXT N", "The first N characters: [lastvarleft].", VarLeft},
     {"varright", ExactlyAny(2), NoWordFlags, "TEXT N", "The last N characters: [lastvarright].", VarRight},
-    {"varmid", ExactlyAny(3), NoWordFlags, "TEXT START COUNT", "COUNT characters from START (1: the first) on: "
+    {"varmid", ExactlyAny(3), NoWordFlags, "TEXT START COUNT",
+     "COUNT characters from START (1: the first) on: "
      "[lastvarmid].",
      VarMid},
     {"varfind", ExactlyAny(2), NoWordFlags, "TEXT WHAT",
@@ -108,7 +109,8 @@ constexpr CommandWord TextValueRows[] = {
      VarFind},
     {"varcount", ExactlyAny(2), NoWordFlags, "TEXT WHAT",
      "How often WHAT stands in TEXT, overlaps included: [lastvarcount]; varcountpos gives the places.", VarCount},
-    {"varcountpos", ExactlyAny(1), NoWordFlags, "N", "The place of the N-th hit of the last varcount: "
+    {"varcountpos", ExactlyAny(1), NoWordFlags, "N",
+     "The place of the N-th hit of the last varcount: "
      "[lastvarcountpos].",
      VarCountPos},
 };

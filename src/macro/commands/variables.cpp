@@ -133,7 +133,7 @@ void Set(RunState&, Arguments&) {}
 /// The variable that a command changes in place; null after failing.
 Variable* ChangedVariable(RunState& run, Arguments& in)
 {
-    Variable* variable = run.Variables.Find(in.Written(1));
+    Variable* variable = in.NamedVariable(1);
     if (!variable)
         run.Fail(QStringLiteral("Variable has not been declared: ") + in.Written(1));
     return variable;
@@ -183,9 +183,10 @@ void VarReplace(RunState& run, Arguments& in)
 {
     Variable* variable = ChangedVariable(run, in);
     const QString find = in.Text(2), replacement = in.Text(3);
-    if (run.Failed() || find.isEmpty() || !variable->Held.Text().contains(find))
+    if (run.Failed() || find.isEmpty())
         return;
-    variable->Held.Set(QString(variable->Held.Text()).replace(find, replacement));
+    QString changed = variable->Held.Text();
+    variable->Held.Set(changed.replace(find, replacement));
 }
 
 /// Writes `text` over what stands from a position (from 1) on. What would lie outside is left out.

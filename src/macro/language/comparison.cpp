@@ -9,8 +9,8 @@ constexpr qsizetype OperatorSize = 2;
 std::optional<Comparison> ComparisonOf(QStringView sign)
 {
     constexpr std::pair<QLatin1StringView, Comparison> Signs[] = {
-        {QLatin1StringView("=="), Comparison::Equal}, {QLatin1StringView("<>"), Comparison::Unequal},
-        {QLatin1StringView("<<"), Comparison::Less},  {QLatin1StringView(">>"), Comparison::Greater},
+        {QLatin1StringView("=="), Comparison::Equal},  {QLatin1StringView("<>"), Comparison::Unequal},
+        {QLatin1StringView("<<"), Comparison::Less},   {QLatin1StringView(">>"), Comparison::Greater},
         {QLatin1StringView("<="), Comparison::AtMost}, {QLatin1StringView("=>"), Comparison::AtLeast}};
     for (const auto& [written, comparison] : Signs)
         if (sign == written)
@@ -89,8 +89,7 @@ bool Holds(RunState& run, const Condition& condition, const Value& left, bool al
         return false;
     }
     Value scratch, shown;
-    const Value& right =
-        ShownValue(condition.Right, EvaluateMember(run, condition.Right, left, scratch), shown);
+    const Value& right = ShownValue(condition.Right, EvaluateMember(run, condition.Right, left, scratch), shown);
     if (run.Failed())
         return false;
     if (!condition.Op) {

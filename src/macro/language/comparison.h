@@ -12,8 +12,8 @@ enum class SpecialWord : quint8 { None, Numerical, MultiLine, Exist };
 /// One condition of `if`, `and` or `case`: the operator is glued to its right-hand value.
 struct Condition
 {
-    bool TooShort = false;           ///< no operator fits into it
-    std::optional<Comparison> Op;    ///< nothing: none of the six
+    bool TooShort = false;        ///< no operator fits into it
+    std::optional<Comparison> Op; ///< nothing: none of the six
     Token Right;
 };
 Condition ReadCondition(const QString& token, VariableTable& variables);

@@ -44,16 +44,14 @@ void Group::Remove(int position)
 
 bool Group::HasOrigin(const QString& origin) const
 {
-    return std::any_of(items.begin(), items.end(), [&](const GroupItem& item) {
-        return item.Origin.compare(origin, Qt::CaseInsensitive) == 0;
-    });
+    return std::any_of(items.begin(), items.end(),
+                       [&](const GroupItem& item) { return item.Origin.compare(origin, Qt::CaseInsensitive) == 0; });
 }
 
 bool Group::RemoveOrigin(const QString& origin)
 {
-    const size_t removed = std::erase_if(items, [&](const GroupItem& item) {
-        return item.Origin.compare(origin, Qt::CaseInsensitive) == 0;
-    });
+    const size_t removed = std::erase_if(
+        items, [&](const GroupItem& item) { return item.Origin.compare(origin, Qt::CaseInsensitive) == 0; });
     texts.clear();
     numbers.clear();
     counted = 0;

@@ -6,8 +6,8 @@
 /// What a text says as a number.
 struct ReadNumber
 {
-    bool Numeric = false; ///< the whole text is a number; blanks around it do not count
-    bool Plain = false;   ///< and is written just as the number is when it becomes text
+    bool Numeric = false;           ///< the whole text is a number; blanks around it do not count
+    bool Plain = false;             ///< and is written just as the number is when it becomes text
     std::optional<qint32> Long = 0; ///< the number in front, halves rounded to the even one; nothing: out of range
 };
 

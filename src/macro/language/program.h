@@ -46,7 +46,8 @@ struct Program
 {
     std::vector<ProgramLine> Lines;
     int LastLine = -1;
-    std::vector<int> NextFrom; ///< for each line the first from it on that is neither empty nor a comment; LastLine: none
+    std::vector<int>
+        NextFrom; ///< for each line the first from it on that is neither empty nor a comment; LastLine: none
     LabelTable Labels;
 
     void Take(const QStringList& lines);

@@ -4,6 +4,7 @@
 #include "macro/language/group_items.h"
 #include "macro/language/run_state.h"
 #include "macro/language/source_text.h"
+#include "text/document_text.h"
 
 #include <QDir>
 #include <QFile>
@@ -82,8 +83,11 @@ class BorrowedScreen
 {
 public:
     explicit BorrowedScreen(RunStage& ofRun)
-        : stage(ofRun), font(stage.Screen().FontName()), points(stage.Screen().FontSize()),
-          print(stage.Screen().GetColor(PrintSlot)), ground(stage.Screen().GetColor(GroundSlot))
+        : stage(ofRun),
+          font(stage.Screen().FontName()),
+          points(stage.Screen().FontSize()),
+          print(stage.Screen().GetColor(PrintSlot)),
+          ground(stage.Screen().GetColor(GroundSlot))
     {
     }
     ~BorrowedScreen()
@@ -220,10 +224,13 @@ std::optional<MacroError> RunProgram(RunState& run, const PreparedSource& source
         return Report(run, {fault.Line, fault.Text, true});
     if (run.Code.Lines.empty())
         return std::nullopt;
-    if (run.TestRun)
-        RunWatchedLines(run);
-    else
-        RunLines(run);
+    {
+        const EditBatch batch(run.Text());
+        if (run.TestRun)
+            RunWatchedLines(run);
+        else
+            RunLines(run);
+    }
     std::optional<MacroError> error;
     if (run.Failed())
         error = Report(run, {run.CurrentLine, run.ErrorText, false});

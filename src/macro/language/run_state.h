@@ -63,7 +63,7 @@ struct RunState
     RunPaths Paths;
     RunResults Last;
     ElementRecord Element = NoElement(); ///< what the last pick from a sheet gave
-    Value TabbedValue; ///< what [tab] pads: the variable that `set` works on
+    Value TabbedValue;                   ///< what [tab] pads: the variable that `set` works on
     QString Author;
     bool Overtype = false;
     bool FileProtection = true;
@@ -75,10 +75,7 @@ struct RunState
     bool Failed() const { return !ErrorText.isEmpty(); }
 
     /// False in a branch of an If or a Case that does not hold.
-    bool BranchIsLive() const
-    {
-        return !(Block.IfActive && !Block.IfTrue) && !(Block.CaseActive && !Block.CaseTrue);
-    }
+    bool BranchIsLive() const { return !(Block.IfActive && !Block.IfTrue) && !(Block.CaseActive && !Block.CaseTrue); }
     bool InLoop() const { return Block.LoopLine != -1; }
     bool CheckNotInBlock(bool allowInCase = false)
     {

@@ -21,9 +21,9 @@ class VariableTable
 public:
     static constexpr int Most = 1000;
 
-    Variable& Mention(const QString& name);      ///< makes an entry if there is none
-    Variable* Find(const QString& name);         ///< null: nobody mentions it, or it is not declared
-    void Declare(Variable& variable);            ///< puts it behind those declared so far, empty
+    Variable& Mention(const QString& name); ///< makes an entry if there is none
+    Variable* Find(const QString& name);    ///< null: nobody mentions it, or it is not declared
+    void Declare(Variable& variable);       ///< puts it behind those declared so far, empty
     int Count() const { return int(order.size()); }
     const std::vector<Variable*>& InOrder() const { return order; }
 

@@ -230,8 +230,19 @@ Value Arguments::Raw(int index)
 
 qint32 Arguments::Number(int index)
 {
-    const Value value = Raw(index);
+    if (state.Failed())
+        return 0;
+    Value scratch;
+    const Value& value = Evaluate(state, line.Tokens[size_t(index)], scratch);
     return state.Failed() ? 0 : TextToLong(state, value);
+}
+
+Variable* Arguments::NamedVariable(int index)
+{
+    const Token& token = line.Tokens[size_t(index)];
+    if (token.What == Token::Kind::Variable)
+        return token.Slot->Declared ? token.Slot : nullptr;
+    return state.Variables.Find(token.Written);
 }
 
 QString Arguments::Word(int index)

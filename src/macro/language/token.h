@@ -67,7 +67,8 @@ public:
     Value Shown(int index);                  ///< the same as a value
     Value Raw(int index);                    ///< evaluated, "|" kept
     qint32 Number(int index);
-    QString Word(int index); ///< evaluated, lower case
+    QString Word(int index);            ///< evaluated, lower case
+    Variable* NamedVariable(int index); ///< whose name stands there, if it is declared; else null
 
     /// The test of the command's shape, for commands that make it themselves. False: the run has failed.
     bool CheckShape();

@@ -6,7 +6,7 @@ namespace {
 
 /// Rows of all families by their word.
 template <class Row>
-QHash<QString, const Row*> Collected(std::span<const std::span<const Row>> families, const char* Row::* word)
+QHash<QString, const Row*> Collected(std::span<const std::span<const Row>> families, const char* Row::*word)
 {
     QHash<QString, const Row*> rows;
     for (const std::span<const Row>& family : families)

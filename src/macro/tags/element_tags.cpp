@@ -8,7 +8,7 @@ Value Name(RunState& run)
     return Value(run.Element.ElementName.isEmpty() ? QStringLiteral("Nameless") : run.Element.ElementName);
 }
 
-template <int ElementRecord::* Field>
+template <int ElementRecord::*Field>
 Value Number(RunState& run)
 {
     return Value(qint32(run.Element.*Field));
@@ -24,7 +24,8 @@ Value AnimMode(RunState& run)
     const QString mode = run.Element.AnimMode.isEmpty() ? QStringLiteral("loop") : run.Element.AnimMode;
     if (!run.Element.Reverse)
         return Value(mode);
-    return Value(mode == QLatin1String("loop") ? QStringLiteral("reverse") : QString(mode + QStringLiteral(",reverse")));
+    return Value(mode == QLatin1String("loop") ? QStringLiteral("reverse")
+                                               : QString(mode + QStringLiteral(",reverse")));
 }
 
 Value GlobalSync(RunState& run)

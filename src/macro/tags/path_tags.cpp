@@ -125,7 +125,8 @@ Value LastFileAttrib(RunState& run)
 Value RandomFileName(RunState&)
 {
     constexpr int Digits = 8, Base = 16;
-    return Value(QStringLiteral("gb%1.tmp").arg(QRandomGenerator::global()->generate(), Digits, Base, QLatin1Char('0')));
+    return Value(
+        QStringLiteral("gb%1.tmp").arg(QRandomGenerator::global()->generate(), Digits, Base, QLatin1Char('0')));
 }
 
 Value CurrentPath(RunState& run)
@@ -248,8 +249,8 @@ constexpr PlainTag PathRows[] = {
     {"lastfilecrc", "Its CRC-32 in hexadecimal digits. The first one asked for stays for the whole run.", LastFileCrc},
     {"lastfilebackup", "The next free numbered name for it.", LastFileBackup},
     {"lastfiledosname", "Its whole path, in its own letter case.", LastFileDosName},
-    {"lastfileattrib",
-     "Its attributes: R read-only, H hidden, S system, A archive, N normal, C compressed, D folder.", LastFileAttrib},
+    {"lastfileattrib", "Its attributes: R read-only, H hidden, S system, A archive, N normal, C compressed, D folder.",
+     LastFileAttrib},
     {"randomfilename", "A name for a temporary file.", RandomFileName},
     {"currentpath", "The macro's current folder.", CurrentPath},
     {"selectedmedia", "Full path of what is selected in the media list.", SelectedMedia},

@@ -5,7 +5,7 @@
 namespace {
 
 /// A slot of the results as it stands.
-template <Value RunResults::* Slot>
+template <Value RunResults::*Slot>
 Value Kept(RunState& run)
 {
     return run.Last.*Slot;

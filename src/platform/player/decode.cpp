@@ -143,10 +143,10 @@ int DecodeForPlayer()
     if (!decoder::ReceiveAll(Client, std::as_writable_bytes(std::span(&voice, 1)), file) || file < 0)
         return NoSound;
     const int font = OpenSoundFont();
-#ifndef __SANITIZE_ADDRESS__
+#ifndef __SANITIZE_ADDRESS__ // its shadow memory and the limits exclude each other
     limits::Set(MostMemory);
-#endif
     confinement::Enter({});
+#endif
     const std::unique_ptr<PcmSource> source = OpenSound(voice, BytesOf(file), font);
     return source && SendSound(*source) ? Whole : NoSound;
 }

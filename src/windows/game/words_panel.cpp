@@ -71,6 +71,7 @@ WordsPanel::WordsPanel(QWidget* parent)
     list->setRootIsDecorated(false);
     list->setUniformRowHeights(true);
     list->setAllColumnsShowFocus(true);
+    list->setTextElideMode(Qt::ElideMiddle); // the line stands at the end
     list->setModel(&Words());
     list->header()->setStretchLastSection(true);
     auto* column = new QVBoxLayout(this);

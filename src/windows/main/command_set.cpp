@@ -1,9 +1,10 @@
 #include "windows/main/command_set.h"
 
+#include "frame/settings/shortcuts.h"
+#include "windows/main/command_keys.h"
 #include "windows/parts/help_subject.h"
 #include "windows/parts/icons.h"
 
-#include <QKeySequence>
 #include <QWidget>
 
 CommandSet::CommandSet(QWidget* window) : QObject(window)
@@ -14,10 +15,10 @@ CommandSet::CommandSet(QWidget* window) : QObject(window)
             Pair pair;
             pair.Row = shown;
             pair.Menu = Make(row, QString::fromLatin1(row.Caption));
-            if (*row.Shortcut) {
-                pair.Menu->setShortcut(QKeySequence(QString::fromLatin1(row.Shortcut), QKeySequence::PortableText));
-                window->addAction(pair.Menu);
-            }
+            window->addAction(pair.Menu);
+            pair.Unnamed = new QAction(this);
+            window->addAction(pair.Unnamed);
+            connect(pair.Unnamed, &QAction::triggered, pair.Menu, &QAction::trigger);
             if (row.Strip != ToolStrip::None) {
                 pair.Button = Make(row, ToolTipOf(row));
                 pair.Button->setToolTip(ToolTipOf(row));
@@ -25,6 +26,24 @@ CommandSet::CommandSet(QWidget* window) : QObject(window)
             pairs.insert(QString::fromLatin1(row.Control), pair);
         }
     }
+    TakeKeys();
+}
+
+void CommandSet::TakeKeys()
+{
+    for (const Pair& pair : std::as_const(pairs)) {
+        const QList<QKeySequence> shipped = ShippedKeys(*pair.Row);
+        const QList<QKeySequence> keys = KeysInForce(QString::fromLatin1(pair.Row->Control), shipped);
+        const bool unnamed = !*pair.Row->Shortcut && keys == shipped;
+        pair.Menu->setShortcuts(unnamed ? QList<QKeySequence>() : keys);
+        pair.Unnamed->setShortcuts(unnamed ? keys : QList<QKeySequence>());
+    }
+}
+
+QList<QKeySequence> CommandSet::KeysOf(const QString& control) const
+{
+    const Pair pair = pairs.value(control);
+    return pair.Menu ? pair.Menu->shortcuts() + pair.Unnamed->shortcuts() : QList<QKeySequence>();
 }
 
 QAction* CommandSet::Make(const CommandRow& row, const QString& text)

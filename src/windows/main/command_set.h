@@ -21,6 +21,10 @@ public:
     QAction* Button(const QString& control) const; ///< null if the row has no button
     QAction* MenuOf(void (*action)()) const;       ///< of the row with this action; null if none shows
 
+    /// Gives every command the keys that are in force for it.
+    void TakeKeys();
+    QList<QKeySequence> KeysOf(const QString& control) const; ///< named in the menu or not
+
     /// Enables, shows and ticks every command by its row.
     void Update(const CommandFacts& now, const SettingsRecord& settings);
     void ShowMenuIcons(bool on);
@@ -34,6 +38,7 @@ private:
         const CommandRow* Row = nullptr;
         QAction* Menu = nullptr;
         QAction* Button = nullptr;
+        QAction* Unnamed = nullptr; ///< has the shipped keys that the menu does not name
     };
     QAction* Make(const CommandRow& row, const QString& text);
 

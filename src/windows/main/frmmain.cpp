@@ -12,6 +12,7 @@
 #include "frame/recovery/recovery.h"
 #include "frame/run_scope.h"
 #include "frame/vocabulary.h"
+#include "macro/start_macro.h"
 #include "platform/lock_keys.h"
 #include "platform/paths.h"
 #include "platform/processes.h"
@@ -21,6 +22,7 @@
 #include "windows/lists/block_list.h"
 #include "windows/lists/comment_tree.h"
 #include "windows/lists/recent_popup.h"
+#include "windows/macro/macro_buttons.h"
 #include "windows/main/dialog_keys.h"
 #include "windows/main/dropped_files.h"
 #include "windows/main/line_hints_view.h"
@@ -88,7 +90,8 @@ frmmain::frmmain()
       subject(new HelpSubject(this)),
       hints(new LineHintsView(this)),
       keys(new WindowKeys(this)),
-      runs(new RunWatch(this, *panels))
+      runs(new RunWatch(this, *panels)),
+      buttons(new MacroButtons(this))
 {
     setObjectName(QStringLiteral("frmmain"));
     setWindowTitle(QStringLiteral("Gemforge"));
@@ -158,6 +161,8 @@ void frmmain::ConnectParts()
     for (const QAction* entry : menuBar()->actions())
         connect(entry->menu(), &QMenu::aboutToHide, this, &frmmain::LeaveMenuBar, Qt::QueuedConnection);
     connect(new DialogKeys(this), &DialogKeys::HelpPressed, this, HelpForWord);
+    keys->TakesAlt = [this](QChar key) { return !MacroOfKey(key).isEmpty() && !locked; };
+    connect(keys, &WindowKeys::AltPressed, this, &frmmain::RunMacroOfKey);
     connect(keys, &WindowKeys::InsertPressed, this, &frmmain::ToggleInsert);
     connect(keys, &WindowKeys::LocksChanged, this, &frmmain::ReadLocks);
     connect(keys, &WindowKeys::MenuPressed, this, [this](QWidget* part) {
@@ -168,9 +173,9 @@ void frmmain::ConnectParts()
 
 void frmmain::ClaimKeys()
 {
-    const auto claim = [this](const QKeySequence& sequence, auto&& run, bool everywhere = true) {
+    const auto claim = [this](const QKeySequence& sequence, auto&& run) {
         connect(new QShortcut(sequence, this), &QShortcut::activated, this, run);
-        keys->Claim(sequence, everywhere);
+        keys->Claim(sequence);
     };
     for (const auto forward : {Qt::CTRL | Qt::Key_Tab, Qt::CTRL | Qt::Key_PageDown})
         claim(forward, [this] { strip->SelectNext(1); });
@@ -178,24 +183,18 @@ void frmmain::ClaimKeys()
         claim(back, [this] { strip->SelectNext(-1); });
     claim(QKeySequence(Qt::Key_F6), [this] { MoveFocus(); });
     claim(QKeySequence(Qt::Key_F10), [this] { menuBar()->setActiveAction(menuBar()->actions().constFirst()); });
-
-    for (const MenuRow& menu : MainMenus())
-        for (const auto& [row, apart] : ShownRows(menu))
-            ClaimKeysOf(*row);
+    TakeCommandKeys();
 }
 
-void frmmain::ClaimKeysOf(const CommandRow& row)
+void frmmain::TakeCommandKeys()
 {
-    QAction* action = commands.Menu(QString::fromLatin1(row.Control));
-    const QKeySequence shortcut = action->shortcut();
-    if (!shortcut.isEmpty())
-        keys->Claim(shortcut, row.Flags & EverywhereKey);
-    const auto others = QString::fromLatin1(row.OtherKeys).split(QStringLiteral("; "), Qt::SkipEmptyParts);
-    for (const QString& other : others) {
-        const QKeySequence sequence(other, QKeySequence::PortableText);
-        connect(new QShortcut(sequence, this), &QShortcut::activated, action, &QAction::trigger);
-        keys->Claim(sequence, false);
-    }
+    commands.TakeKeys();
+    QSet<QKeySequence> overText, overAll;
+    for (const MenuRow& menu : MainMenus())
+        for (const auto& [row, apart] : ShownRows(menu))
+            for (const QKeySequence& key : commands.KeysOf(QString::fromLatin1(row->Control)))
+                (row->Flags & EverywhereKey ? overAll : overText).insert(key);
+    keys->ClaimForCommands(std::move(overText), std::move(overAll));
 }
 
 EditorPane& frmmain::Pane(int tab)
@@ -366,7 +365,9 @@ void frmmain::Activated()
     if (Frame.StartingUp)
         return;
     RefreshLists();
-    CheckChangedOutside();
+    buttons->Look();
+    if (RunningWork() == 0) // what runs works on the text
+        CheckChangedOutside();
 }
 
 bool frmmain::event(QEvent* event)
@@ -440,6 +441,7 @@ void frmmain::RestorePosition()
 void frmmain::ShowStarted()
 {
     split->LayoutMainWindow();
+    LoadMacroButtons();
     commands.ShowMenuIcons(Frame.Settings.MenuIcons == 1);
     UpdateCommands();
     setWindowTitle(windowTitle() + QStringLiteral("  (Startup Time MS = %1)").arg(Frame.StartTicks.elapsed()));

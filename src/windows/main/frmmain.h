@@ -17,6 +17,7 @@ class CommentTree;
 class FloatingList;
 class HelpSubject;
 class LineHintsView;
+class MacroButtons;
 class MediaTabs;
 class MediaWatch;
 class PaneSplit;
@@ -82,6 +83,7 @@ public:
     BlockList& ListOfBlocks() const { return *blocks; }
     WordsPanel& WordsOfGame() const { return *words; }
     QString HelpId() const;
+    QString SelectedMedia() const; ///< full path of what is selected in the media list in front
 
 protected:
     bool event(QEvent* event) override;
@@ -94,7 +96,7 @@ private:
     void LayOut();
     void ConnectParts();
     void ClaimKeys();
-    void ClaimKeysOf(const CommandRow& row);
+    void TakeCommandKeys();
     void ConnectPane(int tab, EditorPane& pane);
     void PanePressed(Qt::MouseButton button, Qt::KeyboardModifiers keys);
     void PaneTextChanged(int tab);
@@ -113,6 +115,9 @@ private:
     void Activated();
     void AddMediaLists();
     void LeaveLists();
+    void RunMacroFile(const QString& path);
+    bool RunMacroOfKey(QChar key); ///< false: no macro has it
+    void LoadMacroButtons();
     void TakeDrag(QDropEvent& event) const;
     void RefreshLists();
     void MouseOver(const QString& helpId);
@@ -136,6 +141,7 @@ private:
     LineHintsView* hints;
     WindowKeys* keys;
     RunWatch* runs;
+    MacroButtons* buttons;
     std::array<std::unique_ptr<EditorPane>, 8> panes;
     std::unique_ptr<EditorPane> buffer;
     bool overtype = false;

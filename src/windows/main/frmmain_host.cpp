@@ -14,6 +14,7 @@
 #include "windows/lists/block_list.h"
 #include "windows/lists/comment_tree.h"
 #include "windows/lists/recent_popup.h"
+#include "windows/main/command_keys.h"
 #include "windows/main/status_panels.h"
 #include "windows/main/tab_strip.h"
 #include "windows/options/frm_options.h"
@@ -50,6 +51,7 @@ void frmmain::Listen(FrameEvents& events)
         if (recent->isVisible())
             recent->Fill();
     });
+    connect(&events, &FrameEvents::ShortcutsChanged, this, &frmmain::TakeCommandKeys);
     connect(&events, &FrameEvents::MediaChanged, this, &frmmain::MediaChanged);
     connect(&events, &FrameEvents::MediaLooksChanged, this, &frmmain::StyleMediaLists);
     connect(&events, &FrameEvents::WorkChanged, this, &frmmain::WorkChanged);
@@ -107,7 +109,7 @@ void frmmain::OpenTool(ToolWindow tool)
     if (tool == ToolWindow::About)
         frmAbout::Run({[this](const QByteArray& tune) { PlayModule(tune); }, [this] { StopPlayers(); }}, this);
     if (tool == ToolWindow::Options) {
-        RunOptionsWindow({[this] { bars.SaveCoolbar(); }, [this] { StorePosition(*this); }}, this);
+        RunOptionsWindow({[this] { bars.SaveCoolbar(); }, [this] { StorePosition(*this); }, CommandShortcuts}, this);
         FocusPane();
     }
     if (tool == ToolWindow::PCXLab)

@@ -5,8 +5,10 @@
 #include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/media/media_lists.h"
+#include "macro/start_macro.h"
 #include "platform/audio.h"
 #include "platform/paths.h"
+#include "windows/macro/macro_buttons.h"
 #include "windows/main/dropped_files.h"
 #include "windows/main/line_hints_view.h"
 #include "windows/main/pane_split.h"
@@ -19,6 +21,7 @@
 #include "windows/media/media_watch.h"
 
 #include <QDir>
+#include <QTimer>
 
 // The lists beside the text.
 
@@ -38,6 +41,7 @@ void frmmain::AddMediaLists()
     connect(&ssML->Extra(), &ExtraPage::DriveChosen, this, &frmmain::FocusPane);
     connect(&ssML->Extra(), &ExtraPage::InjectWanted, this, InsertInjectPath);
     connect(&ssML->Macros(), &MacroTree::Pressed, this, &frmmain::LeaveLists);
+    connect(&ssML->Macros(), &MacroTree::Started, this, &frmmain::RunMacroFile, Qt::QueuedConnection);
     connect(
         &ssML->Macros(), &MacroTree::Opened, this, [](const QString& path) { OpenDroppedFiles({path}); },
         Qt::QueuedConnection);
@@ -48,6 +52,7 @@ void frmmain::AddMediaLists()
         if (!isActiveWindow())
             ssML->SaveSelection(); // its files stand elsewhere now
     });
+    connect(buttons, &MacroButtons::Wanted, this, &frmmain::RunMacroFile, Qt::QueuedConnection);
     split->SetMedia(ssML);
     audio::OnTrouble(ShowNotice);
 }
@@ -67,7 +72,42 @@ void frmmain::MediaChanged()
         return;
     }
     ssML->ShowLists();
+    buttons->Look();
     watch->Follow({Frame.Media.BaseFolder, Frame.Media.ExtraFolder, Frame.Media.RndFolder, Frame.MacrosFolder});
+}
+
+/// After the click or the key: dialogs may open.
+void frmmain::RunMacroFile(const QString& path)
+{
+    HideLists();
+    StartMacro(path);
+}
+
+bool frmmain::RunMacroOfKey(QChar key)
+{
+    const QString path = locked || !key.isLetterOrNumber() ? QString() : MacroOfKey(key);
+    if (path.isEmpty())
+        return false;
+    QTimer::singleShot(0, this, [this, path] { RunMacroFile(path); });
+    return true;
+}
+
+void frmmain::LoadMacroButtons()
+{
+    buttons->Load(*menus.Find(QStringLiteral("mnuExtra")), *bars.Bar(ToolStrip::tbExtra));
+}
+
+QString frmmain::SelectedMedia() const
+{
+    const QWidget* front = ssML->currentWidget();
+    if (front->isAncestorOf(&ssML->Macros()) || front == &ssML->Macros())
+        return ssML->Macros().SelectedPath();
+    for (const MediaSource source : {MediaSource::PCXBrowser, MediaSource::Extra, MediaSource::Rnd}) {
+        const MediaView& view = ssML->View(source);
+        if (front == &view || front->isAncestorOf(&view))
+            return view.Path();
+    }
+    return {};
 }
 
 void frmmain::StyleMediaLists()

@@ -10,10 +10,12 @@
 #include "game/scratch_home.h"
 #include "graphics/picks.h"
 #include "platform/beside_notes.h"
+#include "macro/macro_ports.h"
 #include "platform/close_requests.h"
 #include "platform/signals.h"
 #include "platform/single_instance.h"
 #include "windows/files/frm_recover.h"
+#include "windows/macro/macro_windows.h"
 #include "windows/main/frmmain.h"
 #include "windows/main/guarded_application.h"
 #include "windows/messages/window_asker.h"
@@ -47,6 +49,9 @@ int Run(QApplication& application, const StartFolders& folders)
     frmmain window;
     WindowAsker asker(&window);
     InstallHost(window, asker);
+    BringMacroWindows(asker, &window);
+    MacroWindows.SelectedMedia = [&window] { return window.SelectedMedia(); };
+    MacroWindows.KnownFile = folders.StateFolder + QStringLiteral("known_macros.txt");
     Picks.Sheet = [&window](const SheetRequest& request) { return frmPCX::Run(&window, request); };
     Frame.Keeper = &keeper;
     std::atexit(KeepAtExit);
@@ -77,6 +82,7 @@ int Run(QApplication& application, const StartFolders& folders)
     ResetGame(); // a game that plays a copy ends with the program
     window.Finish();
     ResetPicks();
+    ResetMacroPorts();
     Frame.Keeper = nullptr;
     beside::ForgetNotes();
     return code;

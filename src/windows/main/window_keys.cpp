@@ -12,15 +12,22 @@ WindowKeys::WindowKeys(QWidget* watchedWindow) : QObject(watchedWindow), window(
     QCoreApplication::instance()->installEventFilter(this);
 }
 
-void WindowKeys::Claim(const QKeySequence& keys, bool everywhere)
+void WindowKeys::Claim(const QKeySequence& key)
 {
-    (everywhere ? claimedEverywhere : claimed).insert(keys);
+    claimed.insert(key);
+}
+
+void WindowKeys::ClaimForCommands(QSet<QKeySequence> overText, QSet<QKeySequence> overAll)
+{
+    claimedOverText = std::move(overText);
+    claimedOverAll = std::move(overAll);
 }
 
 bool WindowKeys::IsClaimed(const QWidget* part, const QKeyEvent& key) const
 {
     const QKeySequence pressed(key.keyCombination());
-    return claimedEverywhere.contains(pressed) || (HelpSubjectOf(part) == TextSubject && claimed.contains(pressed));
+    return claimed.contains(pressed) || claimedOverAll.contains(pressed) ||
+           (claimedOverText.contains(pressed) && HelpSubjectOf(part) == TextSubject);
 }
 
 bool WindowKeys::eventFilter(QObject* watched, QEvent* event)
@@ -41,6 +48,10 @@ bool WindowKeys::eventFilter(QObject* watched, QEvent* event)
         return true;
     }
     const auto& key = *static_cast<QKeyEvent*>(event);
+    if (type == QEvent::ShortcutOverride && !AltKey(key).isNull()) {
+        event->accept(); // else the letter would open a menu
+        return true;
+    }
     if (type == QEvent::ShortcutOverride && IsClaimed(part, key)) {
         event->ignore();
         return true;
@@ -53,8 +64,21 @@ bool WindowKeys::eventFilter(QObject* watched, QEvent* event)
     return true;
 }
 
+QChar WindowKeys::AltKey(const QKeyEvent& key) const
+{
+    const int code = key.key();
+    const bool character = code > Qt::Key_Space && code <= 0xFF; // Latin-1 keys are their characters
+    if (key.modifiers() != Qt::AltModifier || !character || !TakesAlt || !TakesAlt(QChar(code)))
+        return {};
+    return QChar(code);
+}
+
 bool WindowKeys::Pressed(QWidget* part, const QKeyEvent& key)
 {
+    if (const QChar alt = AltKey(key); !alt.isNull()) {
+        emit AltPressed(alt);
+        return true;
+    }
     if (key.key() == Qt::Key_Escape) {
         if (qobject_cast<QMenuBar*>(part)) // gives the keyboard back
             return false;

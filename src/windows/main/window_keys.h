@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QSet>
 #include <QWidget>
+#include <functional>
 
 /// The main window sees every key before the part that has the focus, also while it is disabled.
 class WindowKeys : public QObject
@@ -14,13 +15,20 @@ class WindowKeys : public QObject
 public:
     explicit WindowKeys(QWidget* window);
 
-    /// Keys of the window that the text pane must not claim for itself. `everywhere`: nor any other part.
-    void Claim(const QKeySequence& keys, bool everywhere);
+    /// A key of the window that no part must claim for itself.
+    void Claim(const QKeySequence& key);
+    /// Keys of commands that the text pane must not claim for itself, and those that no part must; in place of those
+    /// before.
+    void ClaimForCommands(QSet<QKeySequence> overText, QSet<QKeySequence> overAll);
+
+    /// Does Alt with this character start a macro? Then it comes before menus.
+    std::function<bool(QChar)> TakesAlt;
 
 signals:
-    void EscapePressed(); ///< eaten
-    void HelpPressed();   ///< F1 with any shift state, eaten
-    void InsertPressed(); ///< Insert alone, eaten
+    void EscapePressed();       ///< eaten
+    void AltPressed(QChar key); ///< one that TakesAlt, eaten
+    void HelpPressed();         ///< F1 with any shift state, eaten
+    void InsertPressed();       ///< Insert alone, eaten
     void LocksChanged();
     void MenuPressed(QWidget* part); ///< the key that opens the menu of the part with the focus
 
@@ -30,7 +38,8 @@ protected:
 private:
     bool Pressed(QWidget* part, const QKeyEvent& key);
     bool IsClaimed(const QWidget* part, const QKeyEvent& key) const;
+    QChar AltKey(const QKeyEvent& key) const; ///< null: none that starts a macro
 
     QPointer<QWidget> window;
-    QSet<QKeySequence> claimed, claimedEverywhere;
+    QSet<QKeySequence> claimed, claimedOverText, claimedOverAll;
 };

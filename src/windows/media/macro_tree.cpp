@@ -65,10 +65,17 @@ void MacroTree::SelectRow(int row)
         setCurrentItem(node);
 }
 
-void MacroTree::OpenSelected()
+QString MacroTree::SelectedPath() const
 {
-    if (const QTreeWidgetItem* node = topLevelItem(SelectedRow()))
-        emit Opened(Frame.MacrosFolder + node->data(0, TagRole).toString());
+    const QTreeWidgetItem* node = topLevelItem(SelectedRow());
+    const QString tag = node ? node->data(0, TagRole).toString() : QString();
+    return tag.isEmpty() ? QString() : Frame.MacrosFolder + tag;
+}
+
+void MacroTree::StartSelected()
+{
+    if (const QString path = SelectedPath(); !path.isEmpty())
+        emit Started(path);
 }
 
 void MacroTree::mousePressEvent(QMouseEvent* event)
@@ -76,21 +83,21 @@ void MacroTree::mousePressEvent(QMouseEvent* event)
     setCurrentItem(itemAt(event->position().toPoint()));
     event->accept();
     emit Pressed();
-    if (event->button() == Qt::RightButton)
-        OpenSelected();
+    if (const QString path = SelectedPath(); event->button() == Qt::RightButton && !path.isEmpty())
+        emit Opened(path);
 }
 
 void MacroTree::mouseDoubleClickEvent(QMouseEvent* event)
 {
     setCurrentItem(itemAt(event->position().toPoint()));
     if (event->button() == Qt::LeftButton)
-        OpenSelected();
+        StartSelected();
 }
 
 void MacroTree::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        OpenSelected();
+        StartSelected();
     else
         QTreeWidget::keyPressEvent(event);
 }

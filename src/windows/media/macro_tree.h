@@ -12,12 +12,14 @@ public:
 
     void BuildMacroTree(); ///< from the list of macro files; the selected macro stays selected
     void SetStyle();
-    int SelectedRow() const; ///< -1: none
+    int SelectedRow() const;      ///< -1: none
+    QString SelectedPath() const; ///< of the selected macro's file; empty: none
     void SelectRow(int row);
 
 signals:
     void Pressed();
-    void Opened(const QString& path); ///< double click, right button or Enter
+    void Started(const QString& path); ///< double click or Enter: it is to run
+    void Opened(const QString& path);  ///< right button: it is to be looked at
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
@@ -26,5 +28,5 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void OpenSelected();
+    void StartSelected();
 };

@@ -10,10 +10,10 @@
 
 std::optional<QString> AskForGame(const QString& known)
 {
-    return Ask().OpenFile({QStringLiteral("Locate Rocks'n'Diamonds Executable"),
-                           QStringLiteral("Rocks'n'Diamond's EXE (*)|*"),
-                           paths::FolderOfPath(known),
-                           {}});
+    return AskText(FileQuestion{.Title = QStringLiteral("Locate Rocks'n'Diamonds Executable"),
+                                .Filter = QStringLiteral("Rocks'n'Diamond's EXE (*)|*"),
+                                .Folder = paths::FolderOfPath(known),
+                                .Preset = {}});
 }
 
 bool IsTheGame(const QString& program)

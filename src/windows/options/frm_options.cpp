@@ -2,6 +2,7 @@
 
 #include "windows/options/colours_page.h"
 #include "windows/options/general_page.h"
+#include "windows/options/shortcut_page.h"
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/help_subject.h"
 #include "windows/parts/window_position.h"
@@ -25,6 +26,7 @@ frmOptions::frmOptions(const OptionsPorts& ports, QWidget* owner)
     tabs->setObjectName(QStringLiteral("SSTab"));
     AddPage(new GeneralPage(0, ports, tabs));
     AddPage(new ColoursPage(1, tabs));
+    AddPage(new ShortcutPage(3, ports.Shortcuts(), tabs));
     auto* column = new QVBoxLayout(this);
     column->addWidget(tabs);
     setMinimumSize(Pixels(*this, LeastSize.width()), Pixels(*this, LeastSize.height()));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "frame/settings/shortcuts.h"
+
 #include <functional>
 
 /// What the options ask of the main window.
@@ -7,4 +9,5 @@ struct OptionsPorts
 {
     std::function<void()> SaveCoolbar;
     std::function<void()> SaveWindowPosition;
+    std::function<ShortcutTable()> Shortcuts; ///< of all commands, as they are in force
 };

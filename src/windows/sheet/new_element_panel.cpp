@@ -14,7 +14,6 @@
 
 namespace {
 
-
 /// The entry of `words` that is selected in their list; empty for none.
 QString ChosenIn(const QListWidget& list, const QStringList& words)
 {

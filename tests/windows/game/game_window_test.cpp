@@ -139,7 +139,7 @@ TEST_F(GameWindowTest, GamesAreAddedUsedAndNamed)
 {
     const QString other = Place.Game.Path(QStringLiteral("second"));
     QFile::copy(QFile::symLinkTarget(Place.Program()), other);
-    Run.Scope.Answers.Next = {QStringLiteral("/bin/true"), other, Place.Program(), other};
+    Run.Scope.Answers.Next = {QStringLiteral("/bin/true"), Pressed{}, other, Place.Program(), other};
     QTimer::singleShot(0, [&] {
         auto* window = QApplication::activeModalWidget();
         ASSERT_TRUE(window);

@@ -1,3 +1,4 @@
+#include "game/stand_in_place.h"
 #include "windows/options/find_game.h"
 #include "windows/options/options_fixture.h"
 
@@ -173,10 +174,12 @@ TEST_F(GeneralPageTest, TheGameIsProvenAndItsFoldersAreLookedFor)
     const TestFolder game;
     const QString program = game.Write(QStringLiteral("bin/game"), "game");
     const QString graphics = game.Path(QStringLiteral("bin/graphics/gfx_classic/"));
-    EXPECT_FALSE(IsTheGame(program, [](const QString& path) { return Result<>(Fail(path, QStringLiteral("no"))); }));
-    ASSERT_EQ(Run.Scope.Answers.Shown.size(), 1U);
-    EXPECT_EQ(Run.Scope.Answers.Shown[0].MessageTitle, QStringLiteral("Not RND!"));
-    EXPECT_TRUE(IsTheGame(program, [](const QString&) { return Result<>(); }));
+    EXPECT_FALSE(IsTheGame(program));
+    const auto told = Run.Scope.Answers.AskedFor<MessageQuestion>();
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_EQ(told[0].Record.MessageTitle, QStringLiteral("Not RND!"));
+    const StandInPlace real;
+    EXPECT_TRUE(IsTheGame(real.Program()));
 
     Run.TakeMessages();
     ShowGameFolders(program);

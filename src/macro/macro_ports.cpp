@@ -1,0 +1,8 @@
+#include "macro/macro_ports.h"
+
+MacroPorts MacroWindows;
+
+void ResetMacroPorts()
+{
+    MacroWindows = {};
+}

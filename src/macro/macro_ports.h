@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <functional>
+
+/// What a macro can do beyond changing the text, told from its source.
+enum MacroPower : int {
+    TouchesFiles = 1,
+    StartsPrograms = 2,
+    SendsKeys = 4, ///< keys and mouse, to whatever program
+    SteersWindows = 8,
+    WritesLevels = 16,
+    UsesRegistry = 32
+};
+
+/// A macro that has not run here yet.
+struct NewMacro
+{
+    QString Name;         ///< of its file
+    int Powers = 0;       ///< of MacroPower
+    bool CanCopy = false; ///< it may run on a copy of the text first
+};
+enum class NewMacroChoice { Run, RunOnCopy, Cancel };
+
+/// A text before and after a run on a copy.
+struct MacroChanges
+{
+    QString Name;
+    QByteArray Before, After; ///< UTF-8
+};
+
+/// What the windows do for a start of a macro. What is not installed is answered with Run, and with a text taken.
+struct MacroPorts
+{
+    std::function<NewMacroChoice(const NewMacro&)> AskAboutNew;
+    std::function<bool(const MacroChanges&)> TakeChanges;
+    std::function<QString()> SelectedMedia; ///< full path of the selected entry of the media list in front
+    QString KnownFile;                      ///< where the hashes of macros stand that may run; empty: nowhere
+};
+extern MacroPorts MacroWindows;
+void ResetMacroPorts();

@@ -1,0 +1,112 @@
+#include "macro/pane_stage.h"
+
+#include "frame/editor_pane.h"
+#include "frame/frame_state.h"
+#include "frame/host_ports.h"
+#include "macro/macro_ports.h"
+
+#include <QClipboard>
+#include <QCoreApplication>
+#include <QGuiApplication>
+
+QString SystemClipboard::Text() const
+{
+    return QGuiApplication::clipboard()->text();
+}
+
+void SystemClipboard::SetText(const QString& text)
+{
+    QGuiApplication::clipboard()->setText(text);
+}
+
+PaneStage::PaneStage(EditorPane& ofRun) : pane(ofRun), copy(clipboard)
+{
+    copy.CopyFrom(pane);
+    FindOptions options = pane.CurrentFindOptions();
+    options.Wrap = false; // a macro that looks for all hits must come to an end
+    copy.SetFindOptions(options);
+    constexpr int PlainTab = 4;
+    copy.SetTabSize(Frame.Settings.SuperTab ? Frame.Settings.SpacerWidth - 1 : PlainTab);
+    copy.SetPageLines(PageLines());
+}
+
+void PaneStage::WriteBack()
+{
+    copy.WriteChangesTo(pane);
+    pane.SetSel(pane.GetSel(false), true); // into view
+}
+
+void PaneStage::ShowTarget(bool visible)
+{
+    if (visible && !apart)
+        WriteBack();
+}
+
+void PaneStage::ShowNow()
+{
+    ShowTarget(true);
+    QCoreApplication::processEvents();
+}
+
+void PaneStage::ReportError(const MacroError& error)
+{
+    Busy().SetEnabled(true);
+    ShowMessage(message::BasicError, error.Text, QString::number(error.Line));
+}
+
+QString PaneStage::SelectedMedia() const
+{
+    return MacroWindows.SelectedMedia ? MacroWindows.SelectedMedia() : QString();
+}
+
+QString PaneStage::FontName() const
+{
+    return pane.FontName();
+}
+
+double PaneStage::FontSize() const
+{
+    return pane.FontSize();
+}
+
+void PaneStage::SetFont(const QString& name, double points)
+{
+    pane.SetPaneFont(name, points);
+}
+
+void PaneStage::SetColor(int slot, int bgr)
+{
+    pane.SetColor(slot, bgr);
+}
+
+int PaneStage::GetColor(int slot) const
+{
+    return pane.GetColor(slot);
+}
+
+int PaneStage::PageLines() const
+{
+    const LineSpan shown = pane.VisibleLines();
+    return qMax(1, shown.Last - shown.First);
+}
+
+void PaneStage::Show(int most)
+{
+    maximum = most;
+    progress = qMin(progress, most);
+    barShown = true;
+    Busy().ShowProgress(maximum, progress);
+}
+
+void PaneStage::SetValue(int value)
+{
+    progress = value;
+    if (barShown)
+        Busy().ShowProgress(maximum, progress);
+}
+
+void PaneStage::Hide()
+{
+    if (std::exchange(barShown, false))
+        Busy().HideProgress();
+}
