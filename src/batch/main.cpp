@@ -2,6 +2,8 @@
 #include "batch/batch_host.h"
 #include "batch/prepare_tools.h"
 #include "batch/verbs.h"
+#include "platform/beside_notes.h"
+#include "platform/signals.h"
 
 #include <QCoreApplication>
 #include <cerrno>
@@ -10,6 +12,7 @@
 
 int main(int argc, char** argv)
 {
+    OutliveFileLimits();
     const QCoreApplication application(argc, argv);
     QTextStream out(stdout), err(stderr);
     BatchHost host;
@@ -19,6 +22,7 @@ int main(int argc, char** argv)
     const Result<> ready = PrepareTools(OrdinaryFolders(QCoreApplication::applicationDirPath()));
     const VerbResult result =
         ready ? RunVerb(QCoreApplication::arguments().mid(1), streams) : Failed(ready.error(), streams);
+    beside::ForgetNotes();
     out.flush();
     // What nobody could read is not done: a full disk after ">" for one.
     if (out.status() == QTextStream::Ok && std::fflush(stdout) == 0)

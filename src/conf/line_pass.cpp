@@ -5,6 +5,7 @@
 #include "frame/host_ports.h"
 #include "frame/run_scope.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -25,6 +26,21 @@ QByteArrayView WholeLines(const DocumentText& pane, int first, int last)
     if (to > from && all.at(to - 1) == '\r')
         --to;
     return all.sliced(from, to - from);
+}
+
+/// The first line feed or carriage return, or the end. In short stretches: a text may have one kind of them alone, and
+/// looking for the other one then would run to its end with every line.
+const char* BreakFrom(const char* at, const char* end)
+{
+    constexpr std::ptrdiff_t Stretch = 256;
+    for (; at < end; at += Stretch) {
+        const auto size = size_t(std::min(Stretch, end - at));
+        const auto* feed = static_cast<const char*>(std::memchr(at, '\n', size));
+        const auto* back = static_cast<const char*>(std::memchr(at, '\r', feed ? size_t(feed - at) : size));
+        if (back || feed)
+            return back ? back : feed;
+    }
+    return end;
 }
 
 } // namespace
@@ -48,12 +64,7 @@ ByteLine TakeLine(QByteArrayView bytes, qsizetype& from)
         return {};
     const char* start = bytes.data() + from;
     const char* end = bytes.data() + bytes.size();
-    const auto* feed = static_cast<const char*>(std::memchr(start, '\n', size_t(end - start)));
-    const auto* stop = feed ? feed : end;
-    // A lone carriage return ends a line too; the common case is that none stands before the line feed.
-    const auto* back = static_cast<const char*>(std::memchr(start, '\r', size_t(stop - start)));
-    if (back)
-        stop = back;
+    const char* stop = BreakFrom(start, end);
     const char* next = stop;
     if (next < end && *next == '\r')
         ++next;

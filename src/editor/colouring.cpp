@@ -4,6 +4,7 @@
 
 #include <Qsci/qsciscintilla.h>
 #include <algorithm>
+#include <utility>
 
 using Sci = QsciScintillaBase;
 
@@ -35,8 +36,14 @@ void Colouring::Reset()
     printed = false;
 }
 
+/// Until the tail of a very long line that comes is hidden, nothing plain is measured: it would take its time.
 void Colouring::BeforeEdit(qsizetype start, qsizetype removed, qsizetype added)
 {
+    if (added > LongestShown) {
+        ShowPlain(false);
+        fresh = fresh.Start < fresh.End ? Span{std::min(fresh.Start, start), std::max(fresh.End, start) + added}
+                                        : Span{start, start + added};
+    }
     if (done.Spans().empty())
         return;
     const Span lines{text.LineStart(text.LineOf(start)), text.LineStart(text.LineOf(start + removed) + 1)};
@@ -69,21 +76,68 @@ void Colouring::ColourView()
 
 void Colouring::ColourSpan(Span span)
 {
-    QByteArray styles(span.End - span.Start, StyleNormal);
-    for (qsizetype at = span.Start; on && at < span.End;) {
+    for (qsizetype at = span.Start; at < span.End;) {
         const int line = text.LineOf(at);
-        const qsizetype end = std::min(text.LineEnd(line), at + LongestColoured);
-        const QByteArrayView bytes = text.Piece(at, end);
-        colours.Colour({bytes.data(), size_t(bytes.size())}, styles.data() + (at - span.Start));
-        at = text.LineStart(line + 1);
+        const qsizetype end = text.LineEnd(line), next = text.LineStart(line + 1);
+        if (end - at <= LongestShown) {
+            ColourLine({at, next});
+        } else {
+            ColourLine({at, at + LongestShown});
+            HideTail({at + LongestShown, next});
+        }
+        at = next;
     }
-    for (qsizetype at = span.Start; printed && at < span.End; ++at) {
+}
+
+/// With its break, if that is shown.
+void Colouring::ColourLine(Span shown)
+{
+    QByteArray styles(shown.End - shown.Start, StyleNormal);
+    if (on) {
+        const QByteArrayView bytes = text.Piece(shown.Start, std::min(shown.End, shown.Start + LongestColoured));
+        const auto end = std::find_if(bytes.begin(), bytes.end(), [](char c) { return c == '\n' || c == '\r'; });
+        colours.Colour({bytes.data(), size_t(end - bytes.begin())}, styles.data());
+    }
+    for (qsizetype at = shown.Start; printed && at < shown.End; ++at) {
         const long style = text.Send(Sci::SCI_GETSTYLEAT, at) & 0xFF;
         if (style >= StyleFirstPrint)
-            styles[at - span.Start] = char(style);
+            styles[at - shown.Start] = char(style);
     }
-    text.Send(Sci::SCI_STARTSTYLING, span.Start);
+    text.Send(Sci::SCI_STARTSTYLING, shown.Start);
     text.Send(Sci::SCI_SETSTYLINGEX, styles.size(), styles.constData());
+}
+
+void Colouring::HideTail(Span tail)
+{
+    text.Send(Sci::SCI_STARTSTYLING, tail.Start);
+    text.Send(Sci::SCI_SETSTYLING, tail.End - tail.Start, long(StyleUnseen));
+}
+
+void Colouring::ShowPlain(bool wanted)
+{
+    if (bool(text.Send(Sci::SCI_STYLEGETVISIBLE, long(StyleNormal))) != wanted)
+        text.Send(Sci::SCI_STYLESETVISIBLE, long(StyleNormal), long(wanted));
+}
+
+void Colouring::AfterEdit()
+{
+    if (fresh.Start >= fresh.End)
+        return;
+    // A line as long as that cannot stand between two of these places.
+    constexpr qsizetype Stride = LongestShown / 2;
+    const Span came = std::exchange(fresh, {0, 0});
+    bool told = false;
+    for (qsizetype at = came.Start; at < std::min(came.End, text.Length()); at += Stride) {
+        const int line = text.LineOf(at);
+        const qsizetype start = text.LineStart(line), end = text.LineEnd(line);
+        if (end - start <= LongestShown)
+            continue;
+        HideTail({start + LongestShown, text.LineStart(line + 1)});
+        if (!std::exchange(told, true) && Cut)
+            Cut(line, end - start);
+        at = end;
+    }
+    ShowPlain(true);
 }
 
 void Colouring::Print(Span bytes, char style)

@@ -18,6 +18,7 @@ enum PaneStyle : char {
     StyleOperator,
     StyleNumber,
     StyleString,
+    StyleUnseen,          ///< behind what is shown of a line that is very long
     StyleFirstPrint = 40, ///< from here on the colours of PrintStyled
 };
 

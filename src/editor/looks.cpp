@@ -127,6 +127,7 @@ void Looks::ApplyAll()
               long(fontPoints * double(Sci::SC_FONT_SIZE_MULTIPLIER)));
     ApplyPlain();
     text.Send(Sci::SCI_STYLECLEARALL);
+    text.Send(Sci::SCI_STYLESETVISIBLE, long(StyleUnseen), 0L);
     for (const Kind& kind : Kinds)
         Apply(kind);
     for (size_t i = 0; i < printColors.size(); ++i) {

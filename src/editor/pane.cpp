@@ -11,6 +11,7 @@ ScintillaPane::ScintillaPane(QWidget* parent)
     SetLineEnd(lineEnd);
     SetTabSize(4);
     ConnectComponent();
+    colouring.Cut = [this](int line, qsizetype length) { emit LineCut(line, length); };
     ClearComponentKeys();
     text.Widget()->installEventFilter(this);
     text.Widget()->viewport()->installEventFilter(this);
@@ -73,6 +74,7 @@ void ScintillaPane::Settle()
     if (working > 0 || batches > 0)
         return;
     settlePosted = false;
+    colouring.AfterEdit();
     looks.FitMargin();
     looks.ShowHighlight();
     marks->AfterEdit();

@@ -14,6 +14,7 @@ class QDropEvent;
 class QHelpEvent;
 class QKeyEvent;
 class QMouseEvent;
+class RunScope;
 
 /// The one implementation of EditorPane. Its parts stand in several files: texts, selection, files, search, undo,
 /// commands, keys.
@@ -51,7 +52,7 @@ public:
     QString CurrentWord() const override;
 
     Result<> OpenFile(const QString& path) override;
-    Result<> SaveFile(const QString& path, bool flag) override;
+    Result<> SaveFile(const QString& path, bool flag, const std::function<Result<>()>& before = {}) override;
     Result<> InsertFile(const QString& path, const Range& at) override;
     void LoadBytes(const QByteArray& bytes) override;
     QByteArray FileBytes() const override;
@@ -221,7 +222,10 @@ private:
     Span CurrentWordSpan() const;
 
     bool Find(const Search& search, bool forward, bool wrap);
-    qsizetype ReplaceIn(const Search& search, Span range);
+    struct SearchPiece;
+    SearchPiece PieceFrom(const Search& search, qsizetype at, qsizetype end) const;
+    bool ReplaceIn(const Search& search, Span& range, RunScope& run);
+    bool ReplaceAllIn(const Search& search, QList<Span>& pieces);
     Search StartSearch(bool replacing);
 
     Component text;

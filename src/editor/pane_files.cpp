@@ -62,13 +62,13 @@ Result<> ScintillaPane::OpenFile(const QString& path)
     return {};
 }
 
-Result<> ScintillaPane::SaveFile(const QString& path, bool)
+Result<> ScintillaPane::SaveFile(const QString& path, bool, const std::function<Result<>()>& before)
 {
     if (!FitsEncoding())
         return Fail(path, QStringLiteral("The text has characters that Windows-1252 cannot hold."));
     const bool plain = encoding == FileEncoding::Utf8;
     const QByteArray file = plain ? QByteArray() : FileBytes();
-    return paths::WriteWhole(path, plain ? Bytes() : QByteArrayView(file)).map([this] { SetModified(false); });
+    return paths::WriteWhole(path, plain ? Bytes() : QByteArrayView(file), before).map([this] { SetModified(false); });
 }
 
 Result<> ScintillaPane::InsertFile(const QString& path, const Range& at)
@@ -121,6 +121,7 @@ void ScintillaPane::BeginWholeText(qsizetype size)
 
 void ScintillaPane::EndWholeText()
 {
+    colouring.AfterEdit();
     text.Send(Sci::SCI_SETUNDOCOLLECTION, undoLimit != 0);
     text.Send(Sci::SCI_EMPTYUNDOBUFFER);
     groupSelections.clear();

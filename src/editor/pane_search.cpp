@@ -1,9 +1,19 @@
 #include "editor/pane.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
+#include "frame/run_scope.h"
 
 #include <Qsci/qsciscintilla.h>
 
+#include <algorithm>
+
 using Sci = QsciScintillaBase;
+
+namespace {
+
+constexpr qsizetype SearchedAtOnce = 8192; ///< bytes
+
+} // namespace
 
 bool ScintillaPane::TakeFindText(const QVariant& argument)
 {
@@ -75,43 +85,91 @@ bool ScintillaPane::ReplaceFound()
     return Find(search, true, findOptions.Wrap) || replaceCount > 0;
 }
 
-/// Replaces in one undo step; gives back the bytes that stand in the range's place.
-qsizetype ScintillaPane::ReplaceIn(const Search& search, Span range)
+/// What is looked through at once from `at` on, and the bytes around it that the search must see.
+struct ScintillaPane::SearchPiece
 {
-    const Replaced replaced = search.ReplaceAll(Bytes(), range, replaceText);
-    if (replaced.Count > 0)
-        Write(range.Start, range.End, replaced.Bytes);
-    replaceCount += replaced.Count;
-    return replaced.Bytes.size();
+    Span Window, Seen;
+};
+
+ScintillaPane::SearchPiece ScintillaPane::PieceFrom(const Search& search, qsizetype at, qsizetype end) const
+{
+    const qsizetype upTo = std::min(at + SearchedAtOnce, end);
+    if (!search.RunsByLine())
+        return {{at, upTo}, {std::max<qsizetype>(at - 1, 0), std::min(upTo + search.Reach() + 1, text.Length())}};
+    const int last = text.LineOf(upTo);
+    return {{at, std::min(std::max(text.LineEnd(last), at), end)},
+            {text.LineStart(text.LineOf(at)), text.LineEnd(last)}};
+}
+
+/// Replaces piece by piece, so that neither the text nor its history is in memory once more than need be: a piece
+/// without a hit costs nothing, one with hits what lies between its first and its last. False: `run` was stopped.
+/// `range` becomes what stands in its place.
+bool ScintillaPane::ReplaceIn(const Search& search, Span& range, RunScope& run)
+{
+    for (qsizetype at = range.Start; search.CanRun();) {
+        const SearchPiece piece = PieceFrom(search, at, range.End);
+        const qsizetype from = piece.Seen.Start;
+        const Span wanted{at - from,
+                          std::min(search.RunsByLine() ? piece.Window.End : piece.Seen.End, range.End) - from};
+        const Replaced replaced =
+            search.ReplaceAll(text.Piece(piece.Seen.Start, piece.Seen.End), wanted, replaceText, piece.Window.End - at);
+        const qsizetype upTo = from + replaced.End;
+        if (replaced.Count > 0)
+            Write(at, upTo, replaced.Bytes);
+        replaceCount += replaced.Count;
+        range.End += replaced.Bytes.size() - (upTo - at);
+        at += replaced.Bytes.size();
+        if (at >= range.End)
+            break;
+        if (search.RunsByLine())
+            at = std::min(text.LineStart(text.LineOf(at) + 1), range.End); // behind the break
+        if (!run.Turn())
+            return false;
+    }
+    return true;
+}
+
+/// One undo step; a stop takes it back where it can.
+bool ScintillaPane::ReplaceAllIn(const Search& search, QList<Span>& pieces)
+{
+    replaceCount = 0;
+    RunScope run(RunKind::Pass, QStringLiteral("Replace All"));
+    text.Send(Sci::SCI_BEGINUNDOACTION);
+    bool whole = true;
+    for (auto piece = pieces.rbegin(); whole && piece != pieces.rend(); ++piece)
+        whole = ReplaceIn(search, *piece, run);
+    text.Send(Sci::SCI_ENDUNDOACTION);
+    if (whole)
+        return replaceCount > 0;
+    if (groups == 0 && undoLimit != 0 && replaceCount > 0)
+        text.Send(Sci::SCI_UNDO);
+    replaceCount = 0;
+    ShowNotice(QStringLiteral("Replace All was stopped"));
+    return false;
 }
 
 bool ScintillaPane::ReplaceAllInDocument(const QVariant&)
 {
-    replaceCount = 0;
     Range kept = GetSel(false);
-    ReplaceIn(StartSearch(true), {0, text.Length()});
+    QList<Span> all = {{0, text.Length()}};
+    const bool replaced = ReplaceAllIn(StartSearch(true), all);
     kept.StartLine = qMin(kept.StartLine, text.Lines() - 1);
     kept.EndLine = qMin(kept.EndLine, text.Lines() - 1);
     SetSel(kept, false);
-    return replaceCount > 0;
+    return replaced;
 }
 
 bool ScintillaPane::ReplaceAllInSelection(const QVariant&)
 {
-    replaceCount = 0;
     const Search search = StartSearch(true);
     const RawSelection selected = text.Selection();
     const Range kept = GetSel(false);
-    const QList<Span> pieces = text.SelectedPieces();
-    qsizetype size = 0;
-    text.Send(Sci::SCI_BEGINUNDOACTION);
-    for (auto piece = pieces.rbegin(); piece != pieces.rend(); ++piece)
-        size = ReplaceIn(search, *piece);
-    text.Send(Sci::SCI_ENDUNDOACTION);
-    const qsizetype start = selected.Start(), end = start + size;
-    if (selected.Columns)
+    QList<Span> pieces = text.SelectedPieces();
+    if (!ReplaceAllIn(search, pieces) || selected.Columns) {
         SetSel(kept, false);
-    else
-        text.Select(selected.Anchor == start ? start : end, selected.Anchor == start ? end : start);
-    return replaceCount > 0;
+        return replaceCount > 0;
+    }
+    const qsizetype start = selected.Start(), end = pieces.constFirst().End;
+    text.Select(selected.Anchor == start ? start : end, selected.Anchor == start ? end : start);
+    return true;
 }

@@ -49,6 +49,7 @@ qsizetype ScintillaPane::PositionOf(int line, int column) const
 void ScintillaPane::Write(qsizetype start, qsizetype end, QByteArrayView bytes)
 {
     text.Replace(start, end, bytes);
+    colouring.AfterEdit();
     blank = false;
 }
 

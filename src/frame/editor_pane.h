@@ -73,8 +73,9 @@ public:
     std::function<bool(const QStringList& paths)> LeaveNames; ///< would files that are dragged leave their names?
 
 signals:
-    void FindWanted(FindKind kind); ///< a command asks for a dialog beside this text
-    void ViewMoved();               ///< other lines are in view
+    void FindWanted(FindKind kind);           ///< a command asks for a dialog beside this text
+    void LineCut(int line, qsizetype length); ///< a line has come that is too long to be shown whole
+    void ViewMoved();                         ///< other lines are in view
     void MouseMoved();
     void FocusGained();
     void MousePressed(Qt::MouseButton button, Qt::KeyboardModifiers keys);

@@ -7,6 +7,7 @@
 
 namespace {
 
+const QString NoEntry = QStringLiteral("[NOT FOUND]");
 constexpr int LargestList = 100'000; ///< a broken count must not keep the start busy
 
 /// Where the two first kinds of a mode come from.
@@ -48,11 +49,33 @@ QString TableOf(const QString& section)
     return QStringLiteral("lg_other");
 }
 
-QStringList WordsOf(const LanguageRow& row, int kind)
+bool HasOwnWords(const LanguageRow& row, int kind)
 {
     const bool shared = kind == KindElements || kind == KindActions;
-    const QStringList own =
-        shared && row.Names == Source::Graphics ? QStringList() : ReadWordList(SectionName(row, kind));
+    return !shared || row.Names != Source::Graphics;
+}
+
+/// A list that is meant to be empty says so; one whose word is missing keeps its place, by which others are counted.
+bool IsWhole(const QStringList& words)
+{
+    return !words.isEmpty() && !words.contains(NoEntry);
+}
+
+void NoteDamage(const QString& section, const QStringList& words, QStringList& damaged)
+{
+    if (!IsWhole(words))
+        damaged << TableOf(section) + QStringLiteral(".ini  [") + section + u']';
+}
+
+QStringList WordsOf(const LanguageRow& row, int kind, QStringList& damaged)
+{
+    const bool shared = kind == KindElements || kind == KindActions;
+    QStringList own;
+    if (HasOwnWords(row, kind)) {
+        const QString section = SectionName(row, kind);
+        own = ReadWordList(section);
+        NoteDamage(section, own, damaged);
+    }
     return shared && row.Names != Source::Own ? Frame.WordLists[ModeGfx].at(kind) + own : own;
 }
 
@@ -100,12 +123,17 @@ QStringList ReadWordList(const QString& section)
 
 void MakeLanguages()
 {
+    QStringList damaged;
     for (const LanguageRow& row : LanguageRows)
         for (int kind = 0; kind < WordKindCount; ++kind)
-            Frame.WordLists.at(row.Mode).at(kind) = WordsOf(row, kind);
+            Frame.WordLists.at(row.Mode).at(kind) = WordsOf(row, kind, damaged);
     Frame.Globals.UnregisterAllLanguages();
     for (const LanguageRow& row : LanguageRows)
         Frame.Globals.RegisterLanguage(QString::fromLatin1(Modes().at(row.Mode).Language), LanguageOf(row));
+    for (const auto& section : {QStringLiteral("AnimModes"), QStringLiteral("AnimModifiers")})
+        NoteDamage(section, ReadWordList(section), damaged);
+    if (!damaged.isEmpty())
+        ShowMessage(message::WordListsDamaged, damaged.join(u'^'));
 }
 
 namespace {
@@ -133,6 +161,7 @@ QStringList CodeListWords(int mode, const QString& before)
         if (Frame.Settings.AutoCompleteTemplate.at(kind) == 1)
             words += Frame.WordLists.at(mode).at(kind);
     words.removeAll(NoWords);
+    words.removeAll(NoEntry);
     return words;
 }
 

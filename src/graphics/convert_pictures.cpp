@@ -36,7 +36,7 @@ Result<> ConvertInto(const QString& from, const QString& to, const ConversionPla
 
 Result<> ConvertPicture(const QString& from, const QString& to, const ConversionPlan& plan, const Turn& turn)
 {
-    const Result<images::Picture> picture = images::LoadAny(from);
+    const Result<images::Picture> picture = images::LoadAny(from, turn);
     if (!picture)
         return tl::unexpected(picture.error());
     const Result<QImage> pixels = Prepared(*picture, plan, turn);

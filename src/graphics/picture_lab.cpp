@@ -88,9 +88,9 @@ QString SaveCaption(PcxDepth tag)
     return QStringLiteral("Save PCX (%1 Bit)").arg(int(tag));
 }
 
-Result<> LoadAnyImage(const QString& path)
+Result<> LoadAnyImage(const QString& path, const Turn& turn)
 {
-    const Result<images::Picture> picture = images::LoadAny(path);
+    const Result<images::Picture> picture = images::LoadAny(path, turn);
     if (!picture)
         return tl::unexpected(picture.error());
     PcxLab.Loaded = *picture;

@@ -40,7 +40,7 @@ PaletteSize PaletteSizeOf(const QString& text);
 QString SaveCaption(PcxDepth tag);
 
 /// Decodes a picture of any kind onto both sides. A file that cannot be read changes nothing. Failure: path and reason.
-[[nodiscard]] Result<> LoadAnyImage(const QString& path);
+[[nodiscard]] Result<> LoadAnyImage(const QString& path, const Turn& turn = {});
 
 /// Takes the setting; both sides are as after loading.
 void SetSeeThroughBlack(bool on);

@@ -18,6 +18,7 @@ struct SheetState
     int EndIndex = -1;                         ///< tile of the end mark; -1: there is none
     std::optional<QPoint> Start, End, InStart; ///< tiles (column, row) of the marks on show
     QString ImageWarnings;                     ///< each ends with two line breaks
+    bool Reading = false;                      ///< the picture of the next one is waited for
 };
 extern SheetState Sheet;
 void ResetSheet();

@@ -1,6 +1,7 @@
 #include "help/page_text.h"
 
 #include <QHash>
+#include <algorithm>
 
 namespace {
 
@@ -143,23 +144,55 @@ private:
     bool inTitle = false, inHeading = false, inLink = false;
 };
 
+/// Calls `text` and `tag` in turn with what stands between the tags and inside them.
+template <class TakeText, class TakeTag>
+void WalkPage(QStringView all, TakeText text, TakeTag tag)
+{
+    for (qsizetype at = 0; at < all.size();) {
+        const qsizetype open = all.indexOf(QLatin1Char('<'), at);
+        const qsizetype close = open < 0 ? -1 : all.indexOf(QLatin1Char('>'), open);
+        if (close < 0) {
+            text(all.mid(at));
+            return;
+        }
+        text(all.mid(at, open - at));
+        tag(all.mid(open + 1, close - open - 1));
+        at = close + 1;
+    }
+}
+
+/// Tags without an end, or whose end may be left out.
+bool MayStayOpen(QStringView name)
+{
+    static const QStringList names{QStringLiteral("br"), QStringLiteral("hr"),    QStringLiteral("img"),
+                                   QStringLiteral("p"),  QStringLiteral("input"), QStringLiteral("meta"),
+                                   QStringLiteral("li"), QStringLiteral("link"),  QStringLiteral("!doctype"),
+                                   QStringLiteral("dt"), QStringLiteral("dd"),    QStringLiteral("td"),
+                                   QStringLiteral("th"), QStringLiteral("tr")};
+    return names.contains(name.toString(), Qt::CaseInsensitive);
+}
+
 } // namespace
+
+int DeepestNesting(const QString& html)
+{
+    int depth = 0, deepest = 0;
+    WalkPage(
+        html, [](QStringView) {},
+        [&](QStringView inside) {
+            const Tag tag = ReadTag(inside);
+            if (MayStayOpen(tag.Name) || inside.endsWith(QLatin1Char('/')))
+                return;
+            depth = tag.Closes ? std::max(0, depth - 1) : depth + 1;
+            deepest = std::max(deepest, depth);
+        });
+    return deepest;
+}
 
 PageText ReadPage(const QString& html)
 {
     Reader reader;
-    const QStringView all(html);
-    qsizetype at = 0;
-    while (at < all.size()) {
-        const qsizetype open = all.indexOf(QLatin1Char('<'), at);
-        const qsizetype close = open < 0 ? -1 : all.indexOf(QLatin1Char('>'), open);
-        if (close < 0) {
-            reader.Take(all.mid(at));
-            break;
-        }
-        reader.Take(all.mid(at, open - at));
-        reader.Take(ReadTag(all.mid(open + 1, close - open - 1)));
-        at = close + 1;
-    }
+    WalkPage(
+        html, [&](QStringView text) { reader.Take(text); }, [&](QStringView inside) { reader.Take(ReadTag(inside)); });
     return reader.Finished();
 }

@@ -27,5 +27,8 @@ struct PageText
     QStringList Anchors; ///< of `name` and `id` attributes, in order
 };
 
+/// How many tags stand inside each other at most; those that nobody needs to close do not count.
+int DeepestNesting(const QString& html);
+
 /// Reads a page. Unclosed tags and unknown entities are taken as text, never a failure.
 PageText ReadPage(const QString& html);

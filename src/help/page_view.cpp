@@ -2,6 +2,7 @@
 
 #include "help/help_book.h"
 #include "help/page_style.h"
+#include "help/page_text.h"
 
 #include <QEvent>
 #include <QImage>
@@ -12,6 +13,26 @@
 namespace {
 
 constexpr QLatin1StringView Scheme("help");
+constexpr int MostNesting = 100; ///< tags; the toolkit takes its time, and its stack, for pages that are nested deeper
+
+/// For a picture that is not in the book: without one the toolkit takes the address for the path of a file.
+QImage NoPicture()
+{
+    QImage dot(1, 1, QImage::Format_ARGB32);
+    dot.fill(Qt::transparent);
+    return dot;
+}
+
+/// What a page says, without its form.
+QString PlainPage(const QString& html)
+{
+    const PageText page = ReadPage(html);
+    QString plain = QStringLiteral("<h1>") + page.Title.toHtmlEscaped() + QStringLiteral("</h1>");
+    for (const PageSection& section : page.Sections)
+        plain += QStringLiteral("<h2>") + section.Title.toHtmlEscaped() + QStringLiteral("</h2><p>") +
+                 section.Text.toHtmlEscaped() + QStringLiteral("</p>");
+    return plain;
+}
 
 QUrl LinkTo(const HelpPlace& place)
 {
@@ -102,9 +123,12 @@ bool PageView::Find(const QString& text, bool backward, bool fromHere)
 QVariant PageView::loadResource(int type, const QUrl& name)
 {
     const QByteArray bytes = book.Bytes(FileOf(name));
-    if (type == QTextDocument::ImageResource)
-        return QImage::fromData(bytes);
-    return QString::fromUtf8(bytes);
+    if (type == QTextDocument::ImageResource) {
+        const QImage picture = QImage::fromData(bytes);
+        return picture.isNull() ? NoPicture() : picture;
+    }
+    const QString text = QString::fromUtf8(bytes);
+    return type == QTextDocument::HtmlResource && DeepestNesting(text) > MostNesting ? PlainPage(text) : text;
 }
 
 void PageView::doSetSource(const QUrl& link, QTextDocument::ResourceType)

@@ -1,5 +1,7 @@
 #include "platform/beside_file.h"
 
+#include "platform/beside_notes.h"
+
 #include <QByteArray>
 #include <QByteArrayList>
 #include <QRandomGenerator>
@@ -79,10 +81,16 @@ void SweepFolder(const QByteArray& path)
 
 } // namespace
 
+QByteArray HiddenPrefix(pid_t process)
+{
+    return Prefix + QByteArray::number(process) + '-';
+}
+
 QByteArray NameBeside(const QByteArray& path)
 {
-    return FolderOf(path) + Prefix + QByteArray::number(getpid()) + '-' +
-           QByteArray::number(QRandomGenerator::system()->generate64(), 16);
+    const QByteArray folder = FolderOf(path);
+    beside::Note(folder);
+    return folder + HiddenPrefix(getpid()) + QByteArray::number(QRandomGenerator::system()->generate64(), 16);
 }
 
 bool IsLeftover(int folder, QByteArrayView name, mode_t kind)

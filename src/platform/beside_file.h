@@ -37,6 +37,9 @@ private:
     off_t size = 0;
 };
 
+/// How the hidden names of a process begin.
+QByteArray HiddenPrefix(pid_t process);
+
 /// A hidden name of this process's own for something beside `path` that stands there only for a while.
 QByteArray NameBeside(const QByteArray& path);
 

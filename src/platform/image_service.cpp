@@ -54,17 +54,25 @@ bool IsOld(const FileState& file)
     return std::abs(qint64(quint64(now.tv_sec) * SecondNs) + now.tv_nsec - file.Time) > TooYoung;
 }
 
-/// Waits, after the first moments with windows that repaint.
-template <class Value>
-Value Await(std::future<Value> future)
+/// For a wait that nobody can end: the windows repaint.
+bool Repaint()
 {
     const auto* const application = QCoreApplication::instance();
-    if (future.wait_for(Still) != std::future_status::ready && application &&
-        QThread::currentThread() == application->thread()) {
-        while (future.wait_for(EventsEvery) != std::future_status::ready)
-            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
-    }
-    return future.get();
+    if (application && QThread::currentThread() == application->thread())
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
+    return true;
+}
+
+/// Waits, after the first moments in turns. False: a turn said that it is enough.
+template <class Value>
+bool Await(const std::future<Value>& future, const Turn& turn)
+{
+    if (future.wait_for(Still) == std::future_status::ready)
+        return true;
+    while (future.wait_for(EventsEvery) != std::future_status::ready)
+        if (!turn())
+            return false;
+    return true;
 }
 
 QString ReasonOf(const DecoderProcess::Reply& reply)
@@ -84,7 +92,7 @@ size_t qHash(const FileState& state, size_t seed)
 }
 
 Service::Service(ServicePlan plan_)
-    : plan(std::move(plan_)), kept(plan.KeptBytes), helper(plan.Decoder, ending), worker([this] { Work(); })
+    : plan(std::move(plan_)), kept(plan.KeptBytes), helper(plan.Decoder, givenUp), worker([this] { Work(); })
 {
     if (const auto* const application = QCoreApplication::instance())
         postbox.moveToThread(application->thread());
@@ -94,7 +102,7 @@ Service::~Service()
 {
     {
         const std::lock_guard lock(mutex);
-        ending = true;
+        ending = givenUp = true;
     }
     changed.notify_all();
     worker.join();
@@ -102,14 +110,14 @@ Service::~Service()
         job.Done(Fail(job.File.Path, CannotBeRead()));
 }
 
-Result<Picture> Service::Load(const QString& path, int kind)
+Result<Picture> Service::Load(const QString& path, int kind, const Turn& turn)
 {
     const Result<FileState> file = StateOf(path, kind);
     if (!file)
         return tl::unexpected(file.error());
     if (auto picture = Look(*file))
         return *picture;
-    return WaitFor(*file, decoder::Task::Pixels).map([](const Decoded& decoded) { return decoded.Image; });
+    return WaitFor(*file, decoder::Task::Pixels, turn).map([](const Decoded& decoded) { return decoded.Image; });
 }
 
 void Service::LoadLater(const QString& path, int kind, QObject* context, PictureReady ready)
@@ -139,14 +147,14 @@ std::optional<Picture> Service::Kept(const QString& path, int kind)
     return file ? Look(*file) : std::nullopt;
 }
 
-Result<Header> Service::ReadHeader(const QString& path, int kind)
+Result<Header> Service::ReadHeader(const QString& path, int kind, const Turn& turn)
 {
     const Result<FileState> file = StateOf(path, kind);
     if (!file)
         return tl::unexpected(file.error());
     if (const auto picture = Look(*file))
         return Header{picture->Size(), picture->Kind, picture->Bits};
-    return WaitFor(*file, decoder::Task::Header).map([](const Decoded& decoded) {
+    return WaitFor(*file, decoder::Task::Header, turn).map([](const Decoded& decoded) {
         return Header{decoded.Size, decoded.Image.Kind, decoded.Image.Bits};
     });
 }
@@ -160,21 +168,37 @@ void Service::Warm()
     changed.notify_one();
 }
 
-Result<Service::Decoded> Service::WaitFor(const FileState& file, decoder::Task what)
+Result<Service::Decoded> Service::WaitFor(const FileState& file, decoder::Task what, const Turn& turn)
 {
     const auto promise = std::make_shared<std::promise<Result<Decoded>>>();
-    Queue({file, what, [promise](Result<Decoded> result) { promise->set_value(std::move(result)); }}, true);
-    return Await(promise->get_future());
+    const quint32 job =
+        Queue({file, what, [promise](Result<Decoded> result) { promise->set_value(std::move(result)); }}, true);
+    std::future<Result<Decoded>> future = promise->get_future();
+    if (Await(future, turn ? turn : Repaint))
+        return future.get();
+    GiveUp(job);
+    return Fail(file.Path, QStringLiteral("The reading was stopped."));
+}
+
+/// A helper that is at it is ended; what waits in the queue goes.
+void Service::GiveUp(quint32 job)
+{
+    const std::lock_guard lock(mutex);
+    givenUp = givenUp || jobAtHand == job;
+    std::erase_if(jobs, [job](const Job& waiting) { return waiting.Number == job; });
 }
 
 /// Who waits comes before those that asked for later.
-void Service::Queue(Job job, bool first)
+quint32 Service::Queue(Job job, bool first)
 {
+    quint32 number = 0;
     {
         const std::lock_guard lock(mutex);
+        number = job.Number = ++lastJob;
         jobs.insert(first ? jobs.begin() : jobs.end(), std::move(job));
     }
     changed.notify_one();
+    return number;
 }
 
 std::optional<Picture> Service::Look(const FileState& file)
@@ -208,14 +232,17 @@ void Service::Work()
         }
         const Job job = std::move(jobs.front());
         jobs.pop_front();
+        jobAtHand = job.Number;
+        givenUp = false;
         lock.unlock();
         job.Done(Carry(job));
         lock.lock();
+        jobAtHand = 0;
     }
 }
 
 Result<Service::Decoded> Service::Carry(const Job& job)
-{
+try {
     if (const auto picture = Look(job.File)) // the same image may have stood twice in the queue
         return Decoded{*picture, picture->Size()};
     const RegularFile file(job.File.Path, decoder::MostFileBytes);
@@ -236,6 +263,9 @@ Result<Service::Decoded> Service::Carry(const Job& job)
     if (job.What == decoder::Task::Pixels)
         Keep(job.File, decoded.Image);
     return decoded;
+} catch (const std::bad_alloc&) {
+    helper.Stop(); // it may be in the midst of an answer
+    return Fail(job.File.Path, CannotBeRead());
 }
 
 /// A helper that has served before may have died of something else than this image: then a fresh one tries once more,

@@ -42,10 +42,10 @@ public:
     Service(const Service&) = delete;
     Service& operator=(const Service&) = delete;
 
-    Result<Picture> Load(const QString& path, int kind);
+    Result<Picture> Load(const QString& path, int kind, const Turn& turn = {});
     void LoadLater(const QString& path, int kind, QObject* context, PictureReady ready);
     std::optional<Picture> Kept(const QString& path, int kind);
-    Result<Header> ReadHeader(const QString& path, int kind);
+    Result<Header> ReadHeader(const QString& path, int kind, const Turn& turn = {});
     void Warm();
 
 private:
@@ -60,15 +60,17 @@ private:
         FileState File;
         decoder::Task What = decoder::Task::Pixels;
         std::function<void(Result<Decoded>)> Done;
+        quint32 Number = 0;
     };
 
-    Result<Decoded> WaitFor(const FileState& file, decoder::Task what);
+    Result<Decoded> WaitFor(const FileState& file, decoder::Task what, const Turn& turn);
+    void GiveUp(quint32 job);
     std::optional<Picture> Look(const FileState& file);
     void Keep(const FileState& file, const Picture& picture);
     void Work();
     Result<Decoded> Carry(const Job& job);
     Result<DecoderProcess::Reply> AskHelper(const Job& job, int file);
-    void Queue(Job job, bool first);
+    quint32 Queue(Job job, bool first); ///< its number
 
     ServicePlan plan;
     std::mutex mutex;
@@ -76,7 +78,9 @@ private:
     std::deque<Job> jobs;
     bool warmWanted = false;
     QCache<FileState, Picture> kept;
-    std::atomic<bool> ending = false;
+    bool ending = false;
+    std::atomic<bool> givenUp = false; ///< nobody waits for the job at hand any more
+    quint32 lastJob = 0, jobAtHand = 0;
     quint32 serial = 0;
     QObject postbox; ///< lives in the main thread; what is ready goes there
     DecoderProcess helper;

@@ -23,14 +23,14 @@ Service& TheService()
 
 } // namespace
 
-Result<Picture> Load(const QString& path, int kind)
+Result<Picture> Load(const QString& path, int kind, const Turn& turn)
 {
-    return TheService().Load(path, kind);
+    return TheService().Load(path, kind, turn);
 }
 
-Result<Picture> LoadAny(const QString& path)
+Result<Picture> LoadAny(const QString& path, const Turn& turn)
 {
-    return Load(path, ImageKindOfFile(path));
+    return Load(path, ImageKindOfFile(path), turn);
 }
 
 void LoadLater(const QString& path, QObject* context, PictureReady ready, int kind)
@@ -43,9 +43,9 @@ std::optional<Picture> Kept(const QString& path, int kind)
     return Platform.Images ? Platform.Images->Kept(path, kind) : std::nullopt;
 }
 
-Result<Header> ReadHeader(const QString& path, int kind)
+Result<Header> ReadHeader(const QString& path, int kind, const Turn& turn)
 {
-    return TheService().ReadHeader(path, kind);
+    return TheService().ReadHeader(path, kind, turn);
 }
 
 void Warm()

@@ -2,6 +2,7 @@
 
 #include "platform/image_kinds.h"
 #include "platform/result.h"
+#include "platform/turn.h"
 
 #include <QImage>
 #include <functional>
@@ -36,12 +37,13 @@ struct Header
 using PictureReady = std::function<void(const Result<Picture>& picture)>;
 
 /// The image, decoded as `kind` or, without one, as its name's ending says. Waits for it: a few milliseconds for a
-/// sheet. From a fifth of a second on the windows repaint and timers fire, while keys, mouse and signals wait. Failure:
-/// path, and the system's reason or why it cannot be read.
-[[nodiscard]] Result<Picture> Load(const QString& path, int kind = -1);
+/// sheet. From a fifth of a second on `turn` is called again and again; when it says no, the wait ends with a failure.
+/// Without one the windows repaint and timers fire, while keys, mouse and signals wait. Failure: path, and the system's
+/// reason or why it cannot be read.
+[[nodiscard]] Result<Picture> Load(const QString& path, int kind = -1, const Turn& turn = {});
 
 /// The same; a file whose ending no kind has is told by its bytes.
-[[nodiscard]] Result<Picture> LoadAny(const QString& path);
+[[nodiscard]] Result<Picture> LoadAny(const QString& path, const Turn& turn = {});
 
 /// Load without waiting: calls `ready` from the event loop, always later, unless `context` is gone by then.
 void LoadLater(const QString& path, QObject* context, PictureReady ready, int kind = -1);
@@ -50,7 +52,7 @@ void LoadLater(const QString& path, QObject* context, PictureReady ready, int ki
 std::optional<Picture> Kept(const QString& path, int kind = -1);
 
 /// Size, kind and depth, for tips; waits as Load does. Pixels are not decoded unless the kind needs it.
-[[nodiscard]] Result<Header> ReadHeader(const QString& path, int kind = -1);
+[[nodiscard]] Result<Header> ReadHeader(const QString& path, int kind = -1, const Turn& turn = {});
 
 /// Starts the helper in the background, so that the first image need not wait for it.
 void Warm();

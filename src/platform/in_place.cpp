@@ -117,7 +117,7 @@ Outcome Finish(const Kept& kept)
     return whole ? Outcome::Finished : Outcome::Later;
 }
 
-Result<> WriteOver(const QString& path, qint64 at, QByteArrayView bytes)
+Result<> WriteOver(const QString& path, qint64 at, QByteArrayView bytes, const std::function<Result<>()>& before)
 {
     const auto old = Stands(path, at, bytes.size());
     if (!old)
@@ -126,6 +126,10 @@ Result<> WriteOver(const QString& path, qint64 at, QByteArrayView bytes)
     if (!copy)
         return Fail(path, QStringLiteral("The file can only be written in place, and no safety copy could be made: ") +
                               copy.error().Path);
+    if (Result<> ready = before ? before() : Result<>(); !ready) {
+        Remove(*copy);
+        return ready;
+    }
     const int file = Persist([&] { return Steps().Open(QFile::encodeName(path), O_WRONLY | O_NOFOLLOW, 0); });
     if (file < 0) {
         const int error = errno;
@@ -152,14 +156,14 @@ QString Folder()
     return folders::State() + QLatin1String("overwritten/");
 }
 
-Result<> Write(const QString& path, QByteArrayView bytes)
+Result<> Write(const QString& path, QByteArrayView bytes, const std::function<Result<>()>& before)
 {
-    return WriteOver(path, Whole, bytes);
+    return WriteOver(path, Whole, bytes, before);
 }
 
 Result<> WriteAt(const QString& path, qint64 at, QByteArrayView bytes)
 {
-    return WriteOver(path, at, bytes);
+    return WriteOver(path, at, bytes, {});
 }
 
 QStringList FinishInterrupted()

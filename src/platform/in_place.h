@@ -4,6 +4,7 @@
 
 #include <QByteArrayView>
 #include <QStringList>
+#include <functional>
 
 /// Writing over a file's own bytes, for a file that may be written in a folder that may not (or whose owner could not
 /// be kept). Old and new bytes are first kept together in the user's state folder. The old ones go back if the write
@@ -11,7 +12,8 @@
 namespace in_place {
 
 /// The file consists of `bytes` afterwards. `path`: the file itself, no link to it.
-[[nodiscard]] Result<> Write(const QString& path, QByteArrayView bytes);
+/// `before` runs when both states are kept and the file was not touched yet; its failure ends the write.
+[[nodiscard]] Result<> Write(const QString& path, QByteArrayView bytes, const std::function<Result<>()>& before = {});
 
 /// `bytes` stand from `at` on, what is around them stays; `at` may be the file's end.
 [[nodiscard]] Result<> WriteAt(const QString& path, qint64 at, QByteArrayView bytes);

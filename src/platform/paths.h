@@ -3,6 +3,7 @@
 #include "platform/result.h"
 
 #include <QByteArrayView>
+#include <functional>
 
 /// Every look at a path or a file's bytes goes through here. Inside the program "/" parts folders; text from a
 /// macro, an ini or a conf file may hold "\" or "/". Folder texts end with "/" wherever they are stored.
@@ -47,7 +48,9 @@ QString Native(const QString& path);
 /// Writes a file whole or leaves the old one: link resolved, bytes beside the target, every step checked and
 /// synced, permissions, owner and extended attributes kept, renamed over, folder synced. A folder without write
 /// permission whose file is writable is written in place, see in_place.h. Failure: path and the system's reason.
-[[nodiscard]] Result<> WriteWhole(const QString& path, QByteArrayView bytes);
+/// `before` runs when the new bytes lie safely elsewhere and no old one was touched yet; its failure ends the write.
+using BeforeReplace = std::function<Result<>()>;
+[[nodiscard]] Result<> WriteWhole(const QString& path, QByteArrayView bytes, const BeforeReplace& before = {});
 
 /// The same for what is nobody else's business, such as recovery copies: mode 0600, missing folders made with 0700.
 [[nodiscard]] Result<> WriteWholePrivate(const QString& path, QByteArrayView bytes);

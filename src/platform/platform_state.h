@@ -2,8 +2,12 @@
 
 #include "platform/file_steps.h"
 
+#include <QByteArray>
 #include <atomic>
+#include <functional>
 #include <memory>
+#include <mutex>
+#include <set>
 #include <vector>
 
 namespace images {
@@ -34,6 +38,11 @@ struct PlatformState
     /// None before the first window of another program. Shared, so that this file, which every program has, brings
     /// no X11 with it.
     std::shared_ptr<X11Connection> Windows;
+    std::mutex NotesGuard;             ///< around what follows: threads write files too
+    std::set<QByteArray> NotedFolders; ///< where this process has put hidden files; see beside_notes.h
+    int NotedBy = 0;                   ///< the process
+    void* Reserve = nullptr;           ///< of memory; see memory_reserve.h
+    std::atomic<bool> ReserveSpent{false};
     std::function<void(const QString& words)> SoundTrouble; ///< who is told that a sound could not be played
 };
 

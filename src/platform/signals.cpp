@@ -19,6 +19,11 @@ void Handle(int number)
 
 } // namespace
 
+void OutliveFileLimits()
+{
+    std::signal(SIGXFSZ, SIG_IGN);
+}
+
 EndSignals::EndSignals(QObject* parent) : QObject(parent)
 {
     if (pipe2(pipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)

@@ -4,6 +4,9 @@
 #include <array>
 #include <csignal>
 
+/// A file that would grow beyond the user's limit is a write that fails with its reason, not the end of the program.
+void OutliveFileLimits();
+
 /// The system's wish that the program ends (SIGTERM, SIGHUP, SIGINT) as a signal of the event loop. One object at a
 /// time; with its end the former handlers come back.
 class EndSignals : public QObject

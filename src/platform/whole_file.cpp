@@ -7,6 +7,7 @@
 #include <QFile>
 #include <cerrno>
 #include <limits.h>
+#include <utility>
 
 namespace {
 
@@ -92,9 +93,18 @@ WholeFile::Attempt WholeFile::Place()
     }
     if (const int error = beside.Settle())
         return {error};
+    if (const Result<> ready = RunBefore(); !ready)
+        return {.Error = ECANCELED, .Refused = ready.error()};
     if (const int error = beside.MoveOver())
         return {error, FolderStandsInWay(error)};
     return {SyncFolderOf(target), false, true};
+}
+
+/// Once, whatever way the write takes.
+Result<> WholeFile::RunBefore()
+{
+    const auto before = std::exchange(Before, {});
+    return before ? before() : Result<>();
 }
 
 /// `bytes`: the whole, where it is at hand.
@@ -104,6 +114,8 @@ Result<> WholeFile::Settle(std::optional<QByteArrayView> bytes)
         const Attempt attempt = Place();
         if (!attempt.Error)
             return {};
+        if (attempt.Refused)
+            return tl::unexpected(*attempt.Refused);
         if (!attempt.ElseInPlace || !facts)
             return Fail(path, qt_error_string(attempt.Error) +
                                   (attempt.Replaced ? QStringLiteral(" (written, but its folder could not be synced)")
@@ -111,9 +123,10 @@ Result<> WholeFile::Settle(std::optional<QByteArrayView> bytes)
     }
     const QString file = QFile::decodeName(target);
     if (bytes || beside.Name().isEmpty()) // nothing was put
-        return in_place::Write(file, bytes.value_or(QByteArrayView()));
+        return in_place::Write(file, bytes.value_or(QByteArrayView()), [this] { return RunBefore(); });
     return paths::ReadWhole(QFile::decodeName(beside.Name()), paths::LargestDocument)
-        .and_then([&](const QByteArray& whole) { return in_place::Write(file, whole); });
+        .and_then(
+            [&](const QByteArray& whole) { return in_place::Write(file, whole, [this] { return RunBefore(); }); });
 }
 
 Result<> WholeFile::Commit()

@@ -3,6 +3,7 @@
 #include "platform/beside_file.h"
 #include "platform/result.h"
 
+#include <functional>
 #include <optional>
 
 /// A file written piece by piece that takes its target's place only when it is whole, as paths::WriteWhole does with
@@ -19,17 +20,21 @@ public:
     /// Put and Commit for a file that consists of these bytes.
     [[nodiscard]] Result<> CommitAs(QByteArrayView bytes);
 
+    std::function<Result<>()> Before; ///< runs when all bytes lie safely elsewhere; its failure ends the write
+
 private:
     struct Attempt
     {
         int Error = 0;
-        bool ElseInPlace = false; ///< only the folder, or an owner that cannot be kept, stood in the way
-        bool Replaced = false;    ///< the new bytes are there, what failed came after
+        bool ElseInPlace = false;            ///< only the folder, or an owner that cannot be kept, stood in the way
+        bool Replaced = false;               ///< the new bytes are there, what failed came after
+        std::optional<Failure> Refused = {}; ///< by Before
     };
 
     int Look();
     int OpenSpool();
     Attempt Place();
+    Result<> RunBefore();
     Result<> Settle(std::optional<QByteArrayView> bytes);
 
     QString path;                   ///< as the user knows it

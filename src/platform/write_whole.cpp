@@ -8,9 +8,10 @@
 
 namespace {
 
-Result<> Written(const QString& path, QByteArrayView bytes, mode_t mode)
+Result<> Written(const QString& path, QByteArrayView bytes, mode_t mode, const paths::BeforeReplace& before = {})
 {
     WholeFile file;
+    file.Before = before;
     return file.Open(path, mode).and_then([&] { return file.CommitAs(bytes); });
 }
 
@@ -40,9 +41,9 @@ Result<> AppendScratch(const QString& path, QByteArrayView bytes)
     return Unsynced(path, bytes, O_APPEND);
 }
 
-Result<> WriteWhole(const QString& path, QByteArrayView bytes)
+Result<> WriteWhole(const QString& path, QByteArrayView bytes, const BeforeReplace& before)
 {
-    return Written(path, bytes, 0666);
+    return Written(path, bytes, 0666, before);
 }
 
 Result<> WriteWholePrivate(const QString& path, QByteArrayView bytes)

@@ -11,6 +11,7 @@
 #include <QObject>
 #include <QString>
 #include <QVariant>
+#include <functional>
 
 /// A document's text as every tool sees it: bytes, lines, selection, undo groups, search, numbered commands, files. It
 /// needs no view; EditorPane adds what a person sees. Callers of Text and SelText see CR LF whatever the file has;
@@ -56,7 +57,9 @@ public:
     // Files
     /// A file that cannot be read changes nothing; one that fails half-way costs the undo history.
     [[nodiscard]] virtual Result<> OpenFile(const QString& path) = 0;
-    [[nodiscard]] virtual Result<> SaveFile(const QString& path, bool flag) = 0;
+    /// `before` runs when the new bytes lie safely beside the file, see paths::WriteWhole.
+    [[nodiscard]] virtual Result<> SaveFile(const QString& path, bool flag,
+                                            const std::function<Result<>()>& before = {}) = 0;
     [[nodiscard]] virtual Result<> InsertFile(const QString& path, const Range& at) = 0;
     /// As OpenFile does with a file's bytes. Inside an undo group both are edits of the group, which undo brings back.
     virtual void LoadBytes(const QByteArray& bytes) = 0;

@@ -292,11 +292,11 @@ Result<> LineText::OpenFile(const QString& path)
     return paths::ReadWhole(path, paths::LargestDocument).map([this](const QByteArray& file) { LoadBytes(file); });
 }
 
-Result<> LineText::SaveFile(const QString& path, bool)
+Result<> LineText::SaveFile(const QString& path, bool, const std::function<Result<>()>& before)
 {
     if (!FitsEncoding())
         return Fail(path, QStringLiteral("The text has characters that Windows-1252 cannot hold."));
-    return paths::WriteWhole(path, FileBytes()).map([this] { SetModified(false); });
+    return paths::WriteWhole(path, FileBytes(), before).map([this] { SetModified(false); });
 }
 
 Result<> LineText::InsertFile(const QString& path, const Range& at)

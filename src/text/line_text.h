@@ -71,7 +71,7 @@ public:
     QString CurrentWord() const override;
 
     Result<> OpenFile(const QString& path) override;
-    Result<> SaveFile(const QString& path, bool flag) override;
+    Result<> SaveFile(const QString& path, bool flag, const std::function<Result<>()>& before = {}) override;
     Result<> InsertFile(const QString& path, const Range& at) override;
     void LoadBytes(const QByteArray& bytes) override;
     QByteArray FileBytes() const override;

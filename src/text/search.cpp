@@ -277,15 +277,15 @@ QByteArray Search::Replacement(const Hit& hit, const QString& text) const
 }
 
 /// Copies the text up to the hit, then what takes the hit's place.
-void Search::Put(Replaced& result, QByteArrayView bytes, qsizetype& kept, const Hit& hit, const QString& text) const
+void Search::Put(Replaced& result, QByteArrayView bytes, qsizetype& kept, Span hit, QByteArrayView replacement)
 {
-    result.Bytes.append(bytes.sliced(kept, hit.At.Start - kept));
-    result.Bytes.append(Replacement(hit, text));
-    kept = hit.At.End;
+    result.Bytes.append(bytes.sliced(kept, hit.Start - kept));
+    result.Bytes.append(replacement);
+    kept = hit.End;
     ++result.Count;
 }
 
-Replaced Search::ReplaceAll(QByteArrayView bytes, Span range, const QString& text) const
+Replaced Search::ReplaceAll(QByteArrayView bytes, Span range, const QString& text, qsizetype most) const
 {
     Replaced result;
     qsizetype kept = range.Start;
@@ -294,15 +294,20 @@ Replaced Search::ReplaceAll(QByteArrayView bytes, Span range, const QString& tex
             EachInLine(bytes, line, range, [&](const Hit& hit) {
                 const bool behindLast = hit.At.Start == hit.At.End && hit.At.Start == kept && kept > line.Start;
                 if (!behindLast || result.Count == 0)
-                    Put(result, bytes, kept, hit, text);
+                    Put(result, bytes, kept, hit.At, Replacement(hit, text));
                 return true;
             });
             return true;
         });
+        result.End = range.End;
     } else {
-        for (std::optional<Hit> hit = Next(bytes, range); hit; hit = Next(bytes, {kept, range.End}))
-            Put(result, bytes, kept, *hit, text);
+        const QByteArray plain = FromText(text, lineEnd);
+        const qsizetype begins = range.End - range.Start > most ? range.Start + most : range.End;
+        const auto next = [&] { return Next(bytes, {kept, std::min(range.End, begins + Reach() - 1)}); };
+        for (std::optional<Hit> hit = next(); hit; hit = next())
+            Put(result, bytes, kept, hit->At, plain);
+        result.End = std::max(kept, begins);
     }
-    result.Bytes.append(bytes.sliced(kept, range.End - kept));
+    result.Bytes.append(bytes.sliced(kept, result.End - kept));
     return result;
 }

@@ -6,6 +6,7 @@
 
 #include <QRegularExpression>
 #include <array>
+#include <limits>
 #include <optional>
 
 /// Where a search text stands. Match holds the groups of a regular expression.
@@ -20,6 +21,7 @@ struct Replaced
 {
     QByteArray Bytes;
     int Count = 0;
+    qsizetype End = 0; ///< they stand for what lies between the range's start and here
 };
 
 /// One search text with its options, made ready to run over the bytes of a document. Plain texts run over the bytes
@@ -41,8 +43,15 @@ public:
 
     /// What takes a hit's place: the text, in regular expressions with \1 or $1 for groups and \n, \t.
     QByteArray Replacement(const Hit& hit, const QString& text) const;
-    /// The range's bytes with every hit replaced.
-    Replaced ReplaceAll(QByteArrayView bytes, Span range, const QString& text) const;
+    /// The range's bytes with every hit replaced, up to `most` of them and the hit that stands across that place: a
+    /// large text is taken piece by piece. What runs by lines takes the whole range.
+    Replaced ReplaceAll(QByteArrayView bytes, Span range, const QString& text, qsizetype most = LargestPiece) const;
+
+    bool RunsByLine() const { return byLine; }
+    /// How many bytes behind a place may belong to a hit that begins in front of it.
+    qsizetype Reach() const { return needle.size(); }
+
+    static constexpr qsizetype LargestPiece = std::numeric_limits<qsizetype>::max();
 
 private:
     void TakePlain(const QString& text);
@@ -56,7 +65,7 @@ private:
     std::optional<Hit> PreviousInLines(QByteArrayView bytes, Span range) const;
     template <class Visit>
     void EachInLine(QByteArrayView bytes, Span line, Span range, Visit visit) const;
-    void Put(Replaced& result, QByteArrayView bytes, qsizetype& kept, const Hit& hit, const QString& text) const;
+    static void Put(Replaced& result, QByteArrayView bytes, qsizetype& kept, Span hit, QByteArrayView replacement);
 
     LineBreak lineEnd;
     bool byLine = false, expressionText = false, folded = false, wholeWord = false;

@@ -1,5 +1,6 @@
 #include "pane_fixture.h"
 
+#include "editor/colouring.h"
 #include "editor/line_colours.h"
 
 using Sci = QsciScintillaBase;
@@ -126,6 +127,49 @@ TEST_F(ColouringTest, OnlyLinesInViewAreColoured)
     EXPECT_EQ(Styles(0), "----");
     pane->ExecuteCmd(CmdDocumentStart);
     EXPECT_EQ(Styles(0), "AAAA");
+}
+
+// Catches: a very long line that is laid out whole, whichever way it comes; one of whose text something is lost or
+// stays unseen when it is short again; nobody who is told.
+TEST_F(ColouringTest, OfAVeryLongLineTheFrontIsShown)
+{
+    const auto unseen = [&](qsizetype at) {
+        return Component()->SendScintilla(Sci::SCI_GETSTYLEAT, long(at)) == StyleUnseen;
+    };
+    const auto plainIsShown = [&] {
+        return Component()->SendScintilla(Sci::SCI_STYLEGETVISIBLE, long(StyleNormal)) != 0;
+    };
+    EXPECT_EQ(Component()->SendScintilla(Sci::SCI_STYLEGETVISIBLE, long(StyleUnseen)), 0);
+    QList<std::pair<int, qsizetype>> cut;
+    QObject::connect(pane.get(), &EditorPane::LineCut, [&](int line, qsizetype length) { cut.append({line, length}); });
+    constexpr qsizetype Shown = Colouring::LongestShown;
+    const QByteArray longLine(3 * Shown, 'x'), edge(Shown, 'y');
+    const QByteArray text = "left: 1\n" + edge + '\n' + longLine + "\nlast";
+    pane->LoadBytes(text);
+    EXPECT_EQ(cut, (QList<std::pair<int, qsizetype>>{{2, 3 * Shown}}));
+    EXPECT_TRUE(plainIsShown());
+    const qsizetype start = pane->LineStart(2);
+    EXPECT_FALSE(unseen(start - 2) || unseen(start + Shown - 1) || unseen(pane->LineStart(3)));
+    EXPECT_TRUE(unseen(start + Shown) && unseen(start + 3 * Shown - 1));
+    EXPECT_EQ(Styles(0), "AAAA.-N");
+    pane->ExecuteCmd(CmdDocumentEnd);
+    Styles(3);
+    EXPECT_TRUE(unseen(start + Shown)) << "coloured in view";
+    EXPECT_EQ(pane->FileBytes(), text);
+
+    pane->ReplaceLines(2, 2, "short");
+    EXPECT_FALSE(unseen(start + 3));
+    pane->ExecuteCmd(CmdUndo);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(unseen(start + Shown) && plainIsShown());
+    EXPECT_EQ(pane->FileBytes(), text);
+    EXPECT_EQ(cut.size(), 2);
+    pane->SetSel({2, int(Shown + 5), 2, int(3 * Shown)}, false);
+    pane->ReplaceSel(u"\n"_s);
+    Styles(3);
+    EXPECT_EQ(pane->GetLine(3), QString());
+    pane->InsertText(u"seen"_s, {3, 0, 3, 0});
+    EXPECT_EQ(Styles(3), "----");
 }
 
 // Catches: printed colours wiped by the next colouring, by an edit beside or by the switch.

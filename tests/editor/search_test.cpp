@@ -1,8 +1,10 @@
 #include "pane_fixture.h"
 
+#include "frame/run_scope.h"
 #include "text/search.h"
 
 #include <QRandomGenerator>
+#include <QTimer>
 
 namespace {
 
@@ -143,6 +145,61 @@ TEST_F(SearchTest, ReplaceAllInSelection)
     EXPECT_EQ(pane->LastReplaceCount(), 2);
     pane->ExecuteCmd(CmdUndo);
     EXPECT_EQ(pane->Text(), u"aaa\r\naaa\r\naaa"_s);
+}
+
+// Catches: a hit across the edge of two pieces that is missed, replaced twice or seen without its neighbours; an empty
+// hit that counts at the end of one piece and at the start of the next; text that moves when hits grow or shrink.
+TEST_F(SearchTest, ReplaceAllIsTheSameInPieces)
+{
+    const struct
+    {
+        QString Wanted, With;
+        bool Expression;
+    } rows[] = {{u"ab"_s, u"X"_s, false},        {u"a"_s, u"aaa"_s, false}, {u"b\nb"_s, {}, false},
+                {u"^"_s, u"> "_s, true},         {u"a*"_s, u"-"_s, true},   {u"b$"_s, u"\\n"_s, true},
+                {u"(a)(b)"_s, u"\\2\\1"_s, true}};
+    QRandomGenerator random(7);
+    for (const auto& row : rows)
+        for (const bool words : {false, true}) {
+            SCOPED_TRACE(row.Wanted.toStdString() + (words ? ", words" : ""));
+            const FindOptions options{.WholeWord = words, .RegularExpression = row.Expression};
+            QString text;
+            while (text.size() < 40'000)
+                text += random.bounded(200) == 0 ? u"\n"_s : QString(u"abb a."_s[random.bounded(6)]);
+            text.replace(u"bb."_s, u"b\nb."_s);
+            pane->SetText(text);
+            pane->SetFindText(row.Wanted);
+            pane->SetReplaceText(row.With);
+            pane->SetFindOptions(options);
+            const QByteArray before = pane->Bytes().toByteArray();
+            const Replaced whole =
+                Search(row.Wanted, options, pane->LineEnd()).ReplaceAll(before, {0, before.size()}, row.With);
+            EXPECT_EQ(pane->ExecuteCmd(CmdReplaceAll), whole.Count > 0);
+            EXPECT_EQ(pane->LastReplaceCount(), whole.Count);
+            EXPECT_GT(whole.Count, 0);
+            EXPECT_TRUE(pane->Bytes() == whole.Bytes);
+            if (whole.Bytes != before)
+                pane->ExecuteCmd(CmdUndo);
+            EXPECT_TRUE(pane->Bytes() == before) << "one step back";
+        }
+}
+
+// Catches: a stop that leaves half of the hits replaced.
+TEST_F(SearchTest, AStoppedReplaceAllLeavesTheTextAsItWas)
+{
+    const QByteArray line = "abcdefghij\n";
+    pane->LoadBytes(line.repeated(400'000));
+    pane->SetFindText(u"a"_s);
+    pane->SetReplaceText(u"bb"_s);
+    QTimer stop;
+    QObject::connect(&stop, &QTimer::timeout, [] { StopRuns(StopReason::Esc); });
+    stop.start(0);
+    EXPECT_FALSE(pane->ExecuteCmd(CmdReplaceAll));
+    EXPECT_EQ(pane->LastReplaceCount(), 0);
+    EXPECT_TRUE(pane->Bytes() == line.repeated(400'000));
+    stop.stop();
+    EXPECT_TRUE(pane->ExecuteCmd(CmdReplaceAll));
+    EXPECT_EQ(pane->LastReplaceCount(), 400'000);
 }
 
 // Catches: a first press that replaces what only happens to be selected, a count that is not the press's own.

@@ -41,6 +41,19 @@ TEST_F(Vocabulary, EachModeHasItsLists)
     EXPECT_TRUE(Frame.WordLists[ModeLvl][KindElements].isEmpty());
 }
 
+// Catches: lists that are damaged or empty and nobody is told, or told of lists that are meant to be so; a word that is
+// missing offered by the code list.
+TEST_F(Vocabulary, DamagedListsAreTold)
+{
+    const QString told = Run.TakeMessages().join(u'|');
+    for (const char* damaged :
+         {"lg_other.ini  [SFXComs]", "[SFXSpecial]", "[MUSElements]", "[LVLElements]", "[TXTComs]"})
+        EXPECT_TRUE(told.contains(QLatin1String(damaged))) << damaged;
+    for (const char* whole : {"[Special]", "[HLTElements]", "[SFXElements]", "[HLTComs]"})
+        EXPECT_FALSE(told.contains(QLatin1String(whole))) << whole;
+    EXPECT_FALSE(CodeListWords(ModeSfx).contains(QStringLiteral("[NOT FOUND]")));
+}
+
 // Catches: an element of the sounds coloured in graphics, comments in plain text, strings coloured outside graphics.
 TEST_F(Vocabulary, LanguagesFollowTheLists)
 {

@@ -106,6 +106,39 @@ TEST_F(HelpWindowTest, ShowsPlacesGoesBackAndStaysInside)
     EXPECT_EQ(File(window), QStringLiteral("words_graphics_info.html"));
 }
 
+// Catches: a page that shows a file of the disk by the address of an image; pages whose tags are nested so deep that
+// the window stands still.
+TEST_F(HelpWindowTest, AForeignPageReachesNothingAndEnds)
+{
+    QImage wide(3000, 10, QImage::Format_RGB32);
+    wide.fill(Qt::red);
+    const QString outside = folder.filePath(QStringLiteral("wide.png"));
+    ASSERT_TRUE(wide.save(outside));
+    QByteArray images = "<h1>Images</h1>";
+    for (const QString& address : {outside, QStringLiteral("file://") + outside, QStringLiteral("help:/../") + outside})
+        images += "<p><img src=\"" + QFile::encodeName(address) + "\"></p>";
+    QHash<QString, QByteArray> files = ShippedFiles();
+    files.insert(QStringLiteral("images.html"), images);
+    for (const char* tag : {"div", "b", "table", "ul", "blockquote"}) {
+        const QByteArray open = '<' + QByteArray(tag) + '>', close = "</" + QByteArray(tag) + '>';
+        files.insert(QStringLiteral("deep_%1.html").arg(QLatin1String(tag)),
+                     "<title>Deep</title>" + open.repeated(30'000) + "at the bottom" + close.repeated(30'000));
+    }
+    const TestArchive archive(files);
+    const HelpBook book = HelpBook::Open(archive.Path()).value();
+    PageView view(book);
+    view.resize(400, 300);
+    view.show();
+    view.ShowPlace({QStringLiteral("images.html"), {}});
+    QApplication::processEvents();
+    EXPECT_LT(view.document()->idealWidth(), 1000);
+    for (const char* tag : {"div", "b", "table", "ul", "blockquote"}) {
+        view.ShowPlace({QStringLiteral("deep_%1.html").arg(QLatin1String(tag)), {}});
+        QApplication::processEvents();
+        EXPECT_TRUE(view.toPlainText().contains(QLatin1String("at the bottom"))) << tag;
+    }
+}
+
 // Catches: a search that needs the mouse.
 TEST_F(HelpWindowTest, SearchIsAllKeyboard)
 {

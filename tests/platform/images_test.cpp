@@ -169,6 +169,32 @@ TEST(Images, FaultsOfTheHelperCostOneImage)
     EXPECT_EQ(none.Load(path, -1).error().Path, folder.Path(QStringLiteral("none")));
 }
 
+// Catches: a wait for a hung helper that nobody can end, that holds keys and mouse back, or whose end hangs the next
+// image; a queued image that is read although nobody waits for it any more.
+TEST(Images, AWaitEndsWhenItIsGivenUp)
+{
+    const TestFolder folder;
+    const QString path = folder.Write(QStringLiteral("a.png"), Png({60, 60}, qRgb(9, 8, 7)));
+    const QString other = folder.Write(QStringLiteral("b.png"), Png({60, 60}, qRgb(1, 2, 3)));
+    const OddHelper helper("exec sleep 60");
+    images::Service service({.Decoder = helper.Program, .Patience = 60'000});
+    int turns = 0;
+    bool inner = false;
+    const auto stopped = service.Load(path, -1, [&] {
+        if (++turns == 2)
+            inner = service.ReadHeader(other, -1, [] { return false; }).has_value();
+        return turns < 4;
+    });
+    ASSERT_FALSE(stopped);
+    EXPECT_EQ(stopped.error().Path, path);
+    EXPECT_EQ(turns, 4);
+    EXPECT_FALSE(inner);
+    const auto next = service.Load(other, -1);
+    ASSERT_TRUE(next) << next.error().Reason;
+    EXPECT_EQ(next->Pixels.pixel(0, 0), qRgb(1, 2, 3));
+    EXPECT_EQ(helper.Started().size(), 2);
+}
+
 // A helper that somebody else ended between two images is no fault of the second.
 TEST(Images, AHelperKilledWhileIdleIsReplaced)
 {

@@ -1,13 +1,17 @@
 #include "fault_steps.h"
+#include "platform/beside_notes.h"
 #include "platform/in_place.h"
 #include "platform/paths.h"
+#include "platform/signals.h"
 #include "platform/standard_folders.h"
 #include "test_support.h"
 
 #include <QDir>
 #include <QFile>
+#include <csignal>
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <sys/xattr.h>
 
@@ -137,7 +141,8 @@ TEST_F(WriteWhole, AnyFailingStepLeavesAllOldOrAllNew)
     }
 }
 
-// A process that ends between two steps: the file must be whole, in place at the latest after the next start.
+// A process that ends between two steps: the file must be whole, in place at the latest after the next start, and
+// nothing be left beside it.
 TEST_F(WriteWhole, EndOfProcessAtAnyStepLeavesAllOldOrAllNew)
 {
     for (const Way& way : Ways) {
@@ -154,6 +159,8 @@ TEST_F(WriteWhole, EndOfProcessAtAnyStepLeavesAllOldOrAllNew)
             ASSERT_TRUE(WIFEXITED(status));
             SCOPED_TRACE(std::string(way.Name) + ", step " + std::to_string(nth));
             in_place::FinishInterrupted();
+            beside::SweepNoted();
+            EXPECT_EQ(Strays(), QStringList());
             const QByteArray before = way.Exists ? Old : QByteArray("<no such file>");
             EXPECT_TRUE(Found() == before || Found() == New) << Found().constData();
             EXPECT_NE(WEXITSTATUS(status), 2) << "too few steps seen";
@@ -199,6 +206,57 @@ TEST_F(WriteWhole, BothTextsSurviveADiskThatStaysFull)
     EXPECT_TRUE(in_place::FinishInterrupted().isEmpty());
     EXPECT_EQ(folder.Read(QStringLiteral("file")), "mended by hand");
     EXPECT_TRUE(Strays().isEmpty());
+}
+
+// Catches: a backup that is made before the new bytes are safe, from bytes that are no longer the old ones, twice, or
+// not at all on one of the ways; a refusal that is passed over.
+TEST_F(WriteWhole, WhatComesBeforeSeesTheOldFileAndMayRefuse)
+{
+    for (const Way& way : Ways) {
+        SCOPED_TRACE(way.Name);
+        const QByteArray old = way.Exists ? Old : QByteArray("<no such file>");
+        const QString path = Prepare(way);
+        const FileStepsScope scope(Table(way));
+        int calls = 0;
+        const auto look = [&](bool agrees) {
+            return [&, agrees]() -> Result<> {
+                ++calls;
+                EXPECT_EQ(Found(), old);
+                EXPECT_EQ(Strays().size(), 1) << "the new bytes";
+                return agrees ? Result<>() : Result<>(Fail(QStringLiteral("backup"), QStringLiteral("no")));
+            };
+        };
+        const auto refused = paths::WriteWhole(path, New, look(false));
+        ASSERT_FALSE(refused);
+        EXPECT_EQ(refused.error().Path, QStringLiteral("backup"));
+        EXPECT_EQ(Found(), old);
+        EXPECT_EQ(Strays(), QStringList());
+        EXPECT_TRUE(paths::WriteWhole(path, New, look(true)));
+        EXPECT_EQ(Found(), New);
+        EXPECT_EQ(calls, 2);
+        const FileSizeLimit full(3);
+        EXPECT_FALSE(paths::WriteWhole(path, Old, look(true)));
+        EXPECT_EQ(calls, 2) << "nothing was safe yet";
+    }
+}
+
+// Catches: a limit of the user's on the size of files that ends the program in the middle of a save.
+TEST_F(WriteWhole, AFileLimitIsAFailureThatIsTold)
+{
+    const QString path = Prepare(Ways[0]);
+    const pid_t child = fork();
+    if (child == 0) {
+        std::signal(SIGXFSZ, SIG_DFL);
+        OutliveFileLimits();
+        const rlimit limit{100, 100};
+        setrlimit(RLIMIT_FSIZE, &limit);
+        const auto written = paths::WriteWhole(path, QByteArray(1000, 'x'));
+        _exit(!written && written.error().Reason == qt_error_string(EFBIG) ? 7 : 8);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 7) << status;
+    EXPECT_EQ(Found(), Old);
 }
 
 // A real full disk (no hook), and interrupted and short calls, which are no failures.
@@ -318,7 +376,8 @@ TEST_F(WriteWhole, AnothersFileStaysAnothers)
     EXPECT_EQ(Found(), New);
 }
 
-// Catches: a file of a save that still runs, or of no save at all, taken away.
+// Catches: a file of a save that still runs, or of no save at all, taken away; one that a killed save left in a folder
+// to which nobody saves again.
 TEST_F(WriteWhole, SweepsWhatKilledSavesHaveLeft)
 {
     const pid_t gone = fork();
@@ -337,6 +396,15 @@ TEST_F(WriteWhole, SweepsWhatKilledSavesHaveLeft)
     ASSERT_TRUE(paths::WriteWhole(folder.Path(QStringLiteral("a.conf")), New));
     EXPECT_FALSE(QFile::exists(dead));
     EXPECT_TRUE(QFile::exists(fresh) && QFile::exists(living) && QFile::exists(other));
+
+    // What is noted was written here, so that it needs no age.
+    const QString elsewhere = folder.Path(), parents = leave(getppid(), true);
+    for (const pid_t process : {gone, getppid()})
+        state.Write(QStringLiteral("gemforge/beside/%1").arg(process),
+                    QByteArray(QByteArray("/no/such/folder/\0", 17) + QFile::encodeName(elsewhere) + '\0'));
+    beside::SweepNoted();
+    EXPECT_FALSE(QFile::exists(fresh) || QFile::exists(state.Path(QStringLiteral("gemforge/beside/%1").arg(gone))));
+    EXPECT_TRUE(QFile::exists(living) && QFile::exists(parents) && QFile::exists(other));
 }
 
 // Files of a temporary folder: written over at will, but never through a link to what somebody keeps.

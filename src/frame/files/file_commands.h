@@ -17,9 +17,6 @@ void SaveCommand();
 void SaveDocumentAs();
 /// True if the file was written.
 bool SaveDocument(const QString& path);
-/// Copies the file on disk to the first free numbered backup. False if there is a file and it could not be copied,
-/// and the user does not want to save without.
-bool BackupCurrentFile();
 void ApplyInjectPath(const QString& text);
 /// Applies the inject path that line 0 of the current pane holds, if it does.
 void ApplyStoredInjectPath();

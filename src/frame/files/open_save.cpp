@@ -7,6 +7,7 @@
 #include "platform/paths.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 namespace {
@@ -91,24 +92,70 @@ bool MayWrite(const QString& path, bool ownPath, bool asNamed)
     return true;
 }
 
+/// Copies the file on disk to the first free numbered backup; its path, empty if there is no file.
+Result<QString> MakeBackup(const QString& path)
+{
+    if (!paths::FileExists(path))
+        return QString();
+    for (int n = 0;; ++n) {
+        const QString backup = path + QStringLiteral("_%1.GemforgeBackup").arg(n, 3, 10, QLatin1Char('0'));
+        if (!QFileInfo::exists(backup))
+            return paths::CopyFileTo(path, backup).map([&] { return backup; });
+    }
+}
+
+/// The backup of one save: made when the new bytes lie safely beside, taken away again if the save fails all the same.
+class SaveBackup
+{
+public:
+    Result<> Make(const QString& path)
+    {
+        const Result<QString> backup = MakeBackup(path);
+        refused = !backup && !Confirmed(message::NoBackup, backup.error().Text());
+        made = backup.value_or(QString());
+        return refused ? Result<>(tl::unexpected(backup.error())) : Result<>();
+    }
+    bool Refused() const { return refused; } ///< by the user, who knows why
+    void TakeAway() const
+    {
+        if (!made.isEmpty())
+            QFile::remove(made);
+    }
+
+private:
+    QString made;
+    bool refused = false;
+};
+
+/// The current text into its file; what stands in the way was told.
+bool Write(const QString& path, bool withBackup)
+{
+    SaveBackup backup;
+    const auto before = [&] { return withBackup ? backup.Make(path) : Result<>(); };
+    const Result<> written = CurrentPane().SaveFile(path, false, before);
+    if (written)
+        return true;
+    backup.TakeAway();
+    if (!backup.Refused())
+        ShowFailure(written.error());
+    return false;
+}
+
 bool Save(const QString& told, bool backup)
 {
     const QString path = Absolute(paths::ForWriting(told));
     const int holder = TabWithFile(path);
     const bool ownPath = holder == Frame.CurrentTab;
     const bool asNamed = paths::FileNameOfPath(path) == paths::FileNameOfPath(told);
-    if (!MayWrite(path, ownPath, asNamed) || (backup && !BackupCurrentFile()))
+    if (!MayWrite(path, ownPath, asNamed))
         return false;
     const bool givesWay = !ownPath && holder >= 0;
     const bool unsaved = givesWay && Panes().Pane(holder).Modified();
     if (givesWay && !KeepText(holder))
         return false;
     // Written before anything gives way, so that a failure leaves every tab as it was.
-    const Result<> written = CurrentPane().SaveFile(path, false);
-    if (!written) {
-        ShowFailure(written.error());
+    if (!Write(path, backup))
         return false;
-    }
     if (!ownPath) {
         if (givesWay)
             EmptySlot(holder);
@@ -165,18 +212,4 @@ void SaveCommand()
 bool SaveDocument(const QString& path)
 {
     return Save(path, false);
-}
-
-bool BackupCurrentFile()
-{
-    const QString path = Frame.CurrentFolder + Frame.CurrentFile;
-    if (!paths::FileExists(path))
-        return true;
-    for (int n = 0;; ++n) {
-        const QString backup = path + QStringLiteral("_%1.GemforgeBackup").arg(n, 3, 10, QLatin1Char('0'));
-        if (QFileInfo::exists(backup))
-            continue;
-        const Result<> copied = paths::CopyFileTo(path, backup);
-        return copied || Confirmed(message::NoBackup, copied.error().Text());
-    }
 }

@@ -78,6 +78,8 @@ enum Number : int {
     NoBackup = 305,         ///< text: path and reason
     TextNotKept = 306,      ///< text: path and reason
     OverwriteChanged = 307, ///< text: the file, changed since it was loaded
+    OutOfMemory = 308,      ///< text: what became of unsaved text
+    WordListsDamaged = 309, ///< text: the sections
     PutBack = 320,          ///< text: what was put back after a fast test
     Welcome = 999,
 };

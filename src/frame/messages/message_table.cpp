@@ -134,6 +134,11 @@ constexpr MessageRow Rows[] = {
     {message::OverwriteChanged, -1, "File Was Changed", 2, "whi", "Cancel_Overwrite", 0,
      "Another program has changed this file since it was loaded or saved here:-^^%1^^Do you want to overwrite it with "
      "the text you have here?"},
+    {message::OutOfMemory, -1, "Out Of Memory", 4, "red", "OK", 0,
+     "There is no memory left, so Gemforge has to end.^^%1"},
+    {message::WordListsDamaged, -1, "Word Lists Damaged", 4, "whi", "OK", 0,
+     "These lists of words are damaged or empty:-^^%1^^Colours, code list and hints lack their words. Install Gemforge "
+     "anew, or put the files back from a backup."},
     {message::PutBack, -1, "Put Back", 1, "whi", "OK", 0, "%1"},
     {message::Welcome, -1, "Welcome", 8, "bro", "OK_Read Help_Options_Don't Show This Again", 1,
      "Welcome To Gemforge.^^No Help at the moment! Just set your RND path (in options) and it should be "

@@ -17,12 +17,17 @@ constexpr qint64 Never = -1;
 struct WaitingTab
 {
     qint64 FirstEdit = Never, LastEdit = Never; ///< without a copy yet
+    qint64 Again = Never;                       ///< when a copy that failed is tried once more
     bool HasCopy = false;
+
+    bool Waits() const { return FirstEdit != Never || Again != Never; }
 };
+
+const QString TabCopies = QStringLiteral("tab-");
 
 QString CopyName(int tab)
 {
-    return QStringLiteral("tab-%1").arg(tab);
+    return TabCopies + QString::number(tab);
 }
 
 recovery::CopyFacts FactsOf(int tab, const DocumentText& pane)
@@ -37,18 +42,23 @@ recovery::CopyFacts FactsOf(int tab, const DocumentText& pane)
     return facts;
 }
 
-/// As the file would be written; a text that does not fit its encoding, as UTF-8.
-QByteArray BytesOf(const DocumentText& pane)
+/// As the file would be written; a text that does not fit its encoding, as UTF-8. Where the bytes need not outlive the
+/// next edit they are the pane's own: a large text is then not in memory once more.
+QByteArray BytesOf(const DocumentText& pane, bool untilWritten)
 {
-    return pane.FitsEncoding() ? pane.FileBytes() : pane.Bytes().toByteArray();
+    const bool own = pane.Encoding() == FileEncoding::Utf8 || !pane.FitsEncoding();
+    if (!own)
+        return pane.FileBytes();
+    const QByteArrayView bytes = pane.Bytes();
+    return untilWritten ? QByteArray::fromRawData(bytes.data(), bytes.size()) : bytes.toByteArray();
 }
 
 } // namespace
 
 struct Recovery::Private
 {
-    Private(const QString& folder, const QString& spare, RecoveryPace pace, std::function<void(const Failure&)> failed)
-        : Folder(folder), Spare(spare), Pace(pace), Worker(folder, spare, std::move(failed))
+    Private(const QString& folder, const QString& spare, RecoveryPace pace, recovery::Worker::Done done)
+        : Folder(folder), Spare(spare), Pace(pace), Worker(folder, spare, std::move(done))
     {
         Clock.start();
     }
@@ -56,20 +66,33 @@ struct Recovery::Private
     qint64 DueAt(int tab) const
     {
         const WaitingTab& waiting = Tabs.at(tab);
+        if (waiting.FirstEdit == Never)
+            return waiting.Again;
         const bool large = Panes().Pane(tab).Bytes().size() > LargeText;
         return std::min(waiting.LastEdit + Pace.Quiet, waiting.FirstEdit + (large ? Pace.MostLarge : Pace.Most));
     }
 
-    void Keep(int tab, const QString& name)
+    /// `untilWritten`: the caller waits for the worker and lets nothing change meanwhile.
+    void Keep(int tab, const QString& name, bool untilWritten)
     {
         const DocumentText& pane = Panes().Pane(tab);
-        Worker.Write(name, FactsOf(tab, pane), BytesOf(pane));
+        Worker.Write(name, FactsOf(tab, pane), BytesOf(pane, untilWritten));
     }
 
-    void KeepTab(int tab)
+    void KeepTab(int tab, bool untilWritten)
     {
-        Keep(tab, CopyName(tab));
-        Tabs.at(tab) = {Never, Never, true};
+        Keep(tab, CopyName(tab), untilWritten);
+        Tabs.at(tab) = {.HasCopy = true};
+    }
+
+    /// A full disk may have room again although nobody types.
+    void TryAgain(const QString& name)
+    {
+        if (!name.startsWith(TabCopies))
+            return;
+        Tabs.at(name.mid(TabCopies.size()).toInt()).Again = Clock.elapsed() + Pace.Most;
+        if (!Timer.isActive())
+            Timer.start(Pace.Most);
     }
 
     QString Folder, Spare; ///< Spare may be empty
@@ -85,16 +108,12 @@ struct Recovery::Private
 Recovery::Recovery(const QString& stateFolder, QObject* parent, RecoveryPace pace, const QString& spareFolder)
     : QObject(parent)
 {
-    const auto tell = [this](const Failure& failure) {
-        if (!std::exchange(d->FailureTold, true) && Frame.Host)
-            ShowNotice(QStringLiteral("Unsaved text can not be kept for recovery: ") + failure.Reason);
-    };
-    const auto failed = [this, tell](const Failure& failure) {
+    const auto done = [this](const QString& name, const Result<>& written) {
         QMetaObject::invokeMethod(
-            this, [tell, failure] { tell(failure); }, Qt::QueuedConnection);
+            this, [this, name, written] { Written(name, written); }, Qt::QueuedConnection);
     };
     d = std::make_unique<Private>(paths::Closed(stateFolder) + QStringLiteral("recovery/"), paths::Closed(spareFolder),
-                                  pace, failed);
+                                  pace, done);
     for (const QString& each : {d->Folder, d->Spare})
         recovery::Sweep(each, QDateTime::currentMSecsSinceEpoch());
     d->Timer.setSingleShot(true);
@@ -102,13 +121,13 @@ Recovery::Recovery(const QString& stateFolder, QObject* parent, RecoveryPace pac
         const qint64 now = d->Clock.elapsed();
         qint64 next = Never;
         for (int tab = 0; tab < 8; ++tab) {
-            if (d->Tabs.at(tab).FirstEdit == Never)
+            if (!d->Tabs.at(tab).Waits())
                 continue;
             const qint64 due = d->DueAt(tab);
             if (due > now)
                 next = next == Never ? due : std::min(next, due);
             else if (Panes().Pane(tab).Modified())
-                d->KeepTab(tab);
+                d->KeepTab(tab, false);
             else
                 TextSettled(tab);
         }
@@ -118,6 +137,16 @@ Recovery::Recovery(const QString& stateFolder, QObject* parent, RecoveryPace pac
 }
 
 Recovery::~Recovery() = default;
+
+void Recovery::Written(const QString& name, const Result<>& written)
+{
+    if (!written)
+        d->TryAgain(name);
+    if (std::exchange(d->FailureTold, !written.has_value()) == d->FailureTold || !Frame.Host)
+        return;
+    ShowNotice(written ? QStringLiteral("Unsaved text is kept for recovery again.")
+                       : QStringLiteral("Unsaved text can not be kept for recovery: ") + written.error().Reason);
+}
 
 void Recovery::TextEdited(int tab)
 {
@@ -140,7 +169,7 @@ void Recovery::TextSettled(int tab)
 Result<> Recovery::KeepApart(int tab)
 {
     const QString name = QStringLiteral("apart-%1").arg(++d->Apart);
-    d->Keep(tab, name);
+    d->Keep(tab, name, true);
     return d->Worker.Settled(name);
 }
 
@@ -148,15 +177,15 @@ Result<> Recovery::KeepAllNow()
 {
     for (int tab = 0; tab < 8; ++tab) {
         if (Frame.Documents.at(tab).Face.Visible && Panes().Pane(tab).Modified())
-            d->KeepTab(tab);
+            d->KeepTab(tab, true);
         else
             TextSettled(tab);
     }
+    WaitForWorker();
     for (int tab = 0; tab < 8; ++tab)
         if (d->Tabs.at(tab).HasCopy)
             if (const Result<> kept = d->Worker.Settled(CopyName(tab)); !kept)
                 return kept;
-    WaitForWorker();
     return {};
 }
 

@@ -59,6 +59,8 @@ public:
     void Forget(const RecoveredText& text);
 
 private:
+    void Written(const QString& name, const Result<>& written);
+
     struct Private;
     std::unique_ptr<Private> d;
 };

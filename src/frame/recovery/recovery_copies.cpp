@@ -24,7 +24,7 @@ const QString HeaderName = QStringLiteral("copy.json");
 constexpr int Form = 1;
 constexpr qint64 LargestHeader = 1 << 20;
 
-QString HashOf(const QByteArray& bytes)
+QString HashOf(QByteArrayView bytes)
 {
     return QString::fromLatin1(QCryptographicHash::hash(bytes, QCryptographicHash::Blake2b_256).toHex());
 }
@@ -123,7 +123,7 @@ std::optional<RecoveredText> ReadCopy(const QString& copy)
     return text;
 }
 
-QByteArray HeaderOf(const recovery::CopyFacts& facts, const QString& data, const QByteArray& bytes)
+QByteArray HeaderOf(const recovery::CopyFacts& facts, const QString& data, QByteArrayView bytes)
 {
     const QJsonObject header = {
         {QStringLiteral("form"), Form},
@@ -159,65 +159,88 @@ void RemoveIfEmpty(const QString& run)
 
 namespace recovery {
 
+RunFolder::RunFolder(const QString& base, const QString& spare)
+{
+    for (const QString& folder : {base, spare})
+        if (!folder.isEmpty())
+            places.push_back({folder});
+}
+
 RunFolder::~RunFolder()
 {
-    if (lock < 0)
-        return;
-    RemoveIfEmpty(own);
-    close(lock);
-}
-
-Result<> RunFolder::Open()
-{
-    Result<> opened;
-    for (const QString& folder : folders) {
-        if (lock >= 0 || folder.isEmpty())
-            break;
-        const Result<> tried = OpenIn(folder);
-        if (opened)
-            opened = tried; // the first reason counts
+    for (const Place& place : places) {
+        if (place.Lock < 0)
+            continue;
+        RemoveIfEmpty(place.Own);
+        close(place.Lock);
     }
-    return lock >= 0 ? Result<>() : opened;
 }
 
-Result<> RunFolder::OpenIn(const QString& folder)
+Result<> RunFolder::Open(Place& place)
 {
+    if (place.Lock >= 0)
+        return {};
     const QString id = QStringLiteral("%1-%2")
                            .arg(QDateTime::currentMSecsSinceEpoch())
                            .arg(QRandomGenerator::global()->generate(), 8, 16, QLatin1Char('0'));
-    own = folder + id + u'/';
-    const bool made = folders::MakePrivate(own);
+    place.Own = place.Folder + id + u'/';
+    const bool made = folders::MakePrivate(place.Own);
     const int error = errno;
-    if (made && !IsOurs(folder))
-        return Fail(folder, QStringLiteral("The folder is open to others."));
+    if (made && !IsOurs(place.Folder))
+        return Fail(place.Folder, QStringLiteral("The folder is open to others."));
     if (made)
-        lock = LockRun(own, O_CREAT);
-    return lock >= 0 ? Result<>() : Fail(own, qt_error_string(made ? errno : error));
+        place.Lock = LockRun(place.Own, O_CREAT);
+    return place.Lock >= 0 ? Result<>() : Fail(place.Own, qt_error_string(made ? errno : error));
 }
 
-Result<> RunFolder::Write(const QString& name, const CopyFacts& facts, const QByteArray& bytes)
+/// In the first place that takes it; a folder that was full may have room again. What an earlier one holds is older.
+Result<> RunFolder::Write(const QString& name, const CopyFacts& facts, QByteArrayView bytes)
 {
-    Result<> opened = Open();
-    if (!opened)
+    Result<> written;
+    for (Place& place : places) {
+        const Result<> tried = WriteIn(place, name, facts, bytes);
+        if (!tried) {
+            written = written ? tried : written; // the first reason counts
+            continue;
+        }
+        for (const Place& other : places)
+            if (&other != &place)
+                RemoveFrom(other, name);
+        return {};
+    }
+    return written;
+}
+
+Result<> RunFolder::WriteIn(Place& place, const QString& name, const CopyFacts& facts, QByteArrayView bytes)
+{
+    if (Result<> opened = Open(place); !opened)
         return opened;
-    const QString copy = own + name + u'/';
+    const QString copy = place.Own + name + u'/';
     const QString data = QStringLiteral("text-%1").arg(++generation);
     Result<> text = paths::WriteWholePrivate(copy + data, bytes);
     if (!text)
         return text;
     Result<> mark = paths::WriteWholePrivate(copy + HeaderName, HeaderOf(facts, data, bytes));
-    if (!mark)
+    if (!mark) {
+        QFile::remove(copy + data); // a full folder needs the room
         return mark;
+    }
     for (const QString& old : QDir(copy).entryList({QStringLiteral("text-*")}, QDir::Files))
         if (old != data)
             QFile::remove(copy + old);
     return {};
 }
 
+void RunFolder::RemoveFrom(const Place& place, const QString& name)
+{
+    if (place.Lock >= 0)
+        QDir(place.Own + name).removeRecursively();
+}
+
 void RunFolder::Remove(const QString& name)
 {
-    if (lock >= 0)
-        QDir(own + name).removeRecursively();
+    for (const Place& place : places)
+        RemoveFrom(place, name);
 }
 
 std::vector<RecoveredText> CopiesOfEndedRuns(const QString& folder)

@@ -3,6 +3,8 @@
 #include "frame/recovery/recovery.h"
 #include "platform/result.h"
 
+#include <vector>
+
 /// Files of the recovery folder. Each run has a folder of its own, which it holds locked while it lives; each copy in
 /// it is a folder with the text and a header, the header written last. All of it deals in bytes and paths only.
 namespace recovery {
@@ -20,27 +22,35 @@ struct CopyFacts
 /// Copies older than this are of no use to anybody.
 constexpr qint64 StaleAfter = qint64(60) * 24 * 60 * 60 * 1000;
 
-/// The folder of the living run, made with the first copy. What is left of it at the end are its copies.
+/// The folder of the living run, made with the first copy; a second one beside the spare folder's as soon as the first
+/// takes a copy no longer. What is left of them at the end are its copies.
 class RunFolder
 {
 public:
-    /// `spare`: used when nothing can be written in `base`; empty: none.
-    RunFolder(QString base, QString spare) : folders{std::move(base), std::move(spare)} {}
+    /// `spare`: for what cannot be written in `base`; empty: none.
+    RunFolder(const QString& base, const QString& spare);
     ~RunFolder();
     RunFolder(const RunFolder&) = delete;
     RunFolder& operator=(const RunFolder&) = delete;
 
-    /// Replaces the copy of that name; until the new one is whole, the old one counts.
-    [[nodiscard]] Result<> Write(const QString& name, const CopyFacts& facts, const QByteArray& bytes);
+    /// Replaces the copy of that name; until the new one is whole, the old one counts. Failure: why the base could not
+    /// take it, if the spare could not either.
+    [[nodiscard]] Result<> Write(const QString& name, const CopyFacts& facts, QByteArrayView bytes);
     void Remove(const QString& name);
 
 private:
-    Result<> Open();
-    Result<> OpenIn(const QString& folder);
+    struct Place
+    {
+        QString Folder;
+        QString Own = {}; ///< of this run, in Folder
+        int Lock = -1;    ///< -1: not made yet
+    };
+    static Result<> Open(Place& place);
+    Result<> WriteIn(Place& place, const QString& name, const CopyFacts& facts, QByteArrayView bytes);
+    static void RemoveFrom(const Place& place, const QString& name);
 
-    QStringList folders;
-    QString own;
-    int lock = -1, generation = 0;
+    std::vector<Place> places;
+    int generation = 0;
 };
 
 /// Whole copies of runs that have ended, the newest first.

@@ -2,8 +2,8 @@
 
 namespace recovery {
 
-Worker::Worker(const QString& folder, const QString& spare, std::function<void(const Failure&)> onFailure)
-    : run(folder, spare), failed(std::move(onFailure)), thread([this] { Run(); })
+Worker::Worker(const QString& folder, const QString& spare, Done onDone)
+    : run(folder, spare), done(std::move(onDone)), thread([this] { Run(); })
 {
 }
 
@@ -77,10 +77,16 @@ Result<> Worker::Carry(const QString& name, const std::optional<Copy>& copy)
         run.Remove(name);
         return {};
     }
-    const Result<> written = run.Write(name, copy->Facts, copy->Bytes);
-    if (!written)
-        failed(written.error());
+    const Result<> written = Written(name, *copy);
+    done(name, written);
     return written;
+}
+
+Result<> Worker::Written(const QString& name, const Copy& copy)
+try {
+    return run.Write(name, copy.Facts, copy.Bytes);
+} catch (const std::bad_alloc&) {
+    return Fail(name, QStringLiteral("There is not enough memory."));
 }
 
 } // namespace recovery

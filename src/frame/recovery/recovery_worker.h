@@ -16,8 +16,9 @@ namespace recovery {
 class Worker
 {
 public:
-    /// `onFailure` is called in the worker's thread.
-    Worker(const QString& folder, const QString& spare, std::function<void(const Failure&)> onFailure);
+    using Done = std::function<void(const QString& name, const Result<>& written)>;
+    /// `onDone` is called in the worker's thread, behind each Write.
+    Worker(const QString& folder, const QString& spare, Done onDone);
     ~Worker();
     Worker(const Worker&) = delete;
     Worker& operator=(const Worker&) = delete;
@@ -37,9 +38,10 @@ private:
     void Order(const QString& name, std::optional<Copy> copy);
     void Run();
     Result<> Carry(const QString& name, const std::optional<Copy>& copy);
+    Result<> Written(const QString& name, const Copy& copy);
 
     RunFolder run;
-    std::function<void(const Failure&)> failed;
+    Done done;
     std::mutex guard;
     std::condition_variable changed;
     std::map<QString, std::optional<Copy>> orders; ///< nothing: remove

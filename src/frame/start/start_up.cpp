@@ -6,6 +6,7 @@
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
 #include "frame/settings/settings_table.h"
+#include "platform/beside_notes.h"
 #include "platform/in_place.h"
 #include "platform/paths.h"
 
@@ -81,6 +82,7 @@ bool PrepareStart(const StartFolders& folders, const QStringList& arguments)
     Frame.StartingUp = true;
     // Before any file is read: what an earlier run began to write in place and could not end.
     Frame.FinishedWrites = in_place::FinishInterrupted();
+    beside::SweepNoted();
     Frame.PutBack = name_swap::FinishAll();
     Frame.MacrosFolder = Frame.ProgramFolder + QStringLiteral("Macros/");
     if (!paths::FolderExists(Frame.MacrosFolder))

@@ -4,6 +4,7 @@
 #include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
 #include "frame/messages/asker.h"
+#include "frame/run_scope.h"
 #include "graphics/picture_lab.h"
 #include "platform/paths.h"
 #include "windows/images/frm_many_pictures.h"
@@ -58,8 +59,11 @@ void frmPCXLab::AskForPicture()
 void frmPCXLab::Load(const QString& path)
 {
     Busy().BusyPointer(true);
-    const Result<> done = LoadAnyImage(path);
+    RunScope run(RunKind::Pass, QStringLiteral("Reading ") + paths::FileNameOfPath(path));
+    const Result<> done = LoadAnyImage(path, [&run] { return run.Turn(); });
     Busy().BusyPointer(false);
+    if (!done && run.Stopped())
+        return;
     if (!done) {
         if (paths::Canonical(done.error().Path) == paths::Canonical(path))
             ShowMessage(message::BadImage);

@@ -6,6 +6,7 @@
 #include "frame/documents/documents.h"
 #include "frame/files/file_commands.h"
 #include "frame/files/recent_list.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
 #include "frame/recovery/recovery.h"
@@ -43,6 +44,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLocale>
 #include <QMenu>
 #include <QMenuBar>
 #include <QShortcut>
@@ -235,6 +237,11 @@ void frmmain::ConnectPane(int tab, EditorPane& pane)
     });
     connect(&pane, &EditorPane::TextChanged, this, [this, tab] { PaneTextChanged(tab); });
     connect(&pane, &EditorPane::FindWanted, this, [this, &pane](FindKind kind) { ShowFindDialog(this, pane, kind); });
+    connect(&pane, &EditorPane::LineCut, this, [](int line, qsizetype length) {
+        ShowNotice(QStringLiteral("Line %1 is %2 bytes long; only its front is shown")
+                       .arg(line + 1)
+                       .arg(QLocale().toString(qlonglong(length))));
+    });
     connect(&pane, &EditorPane::MousePressed, this, &frmmain::PanePressed);
     hints->Watch(pane);
     pane.LeaveNames = AnyLeavesItsName;

@@ -9,6 +9,7 @@
 #include "game/game_state.h"
 #include "game/scratch_home.h"
 #include "graphics/picks.h"
+#include "platform/beside_notes.h"
 #include "macro/macro_ports.h"
 #include "platform/close_requests.h"
 #include "platform/signals.h"
@@ -16,6 +17,7 @@
 #include "windows/files/frm_recover.h"
 #include "windows/macro/macro_windows.h"
 #include "windows/main/frmmain.h"
+#include "windows/main/guarded_application.h"
 #include "windows/messages/window_asker.h"
 #include "windows/parts/close_guard.h"
 #include "windows/parts/screen_reader.h"
@@ -82,6 +84,7 @@ int Run(QApplication& application, const StartFolders& folders)
     ResetPicks();
     ResetMacroPorts();
     Frame.Keeper = nullptr;
+    beside::ForgetNotes();
     return code;
 }
 
@@ -89,7 +92,8 @@ int Run(QApplication& application, const StartFolders& folders)
 
 int StartProgram(int argc, char** argv)
 {
-    QApplication application(argc, argv);
+    OutliveFileLimits();
+    GuardedApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("gemforge"));
     QGuiApplication::setDesktopFileName(QStringLiteral("gemforge"));
 

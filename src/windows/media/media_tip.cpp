@@ -30,7 +30,11 @@ QString SizeOf(const QString& path)
 {
     if (!HasSheetName(path, Frame.Settings.SheetKinds))
         return {};
-    const auto header = images::ReadHeader(path);
+    // A tip is not worth a wait.
+    bool slow = false;
+    const auto header = images::ReadHeader(path, -1, [&slow] { return !(slow = true); });
+    if (slow)
+        return {};
     return header ? QStringLiteral("%1 x %2 pixels").arg(header->Size.width()).arg(header->Size.height())
                   : QStringLiteral("The image cannot be read");
 }

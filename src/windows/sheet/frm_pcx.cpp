@@ -1,9 +1,11 @@
 #include "windows/sheet/frm_pcx.h"
 
 #include "conf/element_record.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
+#include "frame/run_scope.h"
 #include "graphics/animation.h"
 #include "graphics/sheet.h"
 #include "graphics/sheet_answer.h"
@@ -37,6 +39,24 @@ constexpr int MarkPhases = 10;
 constexpr int RedrawDelay = 100; // a preview with a longer delay is drawn again by the marks' timer
 constexpr QPoint NewElementPlace{60, 54};
 
+/// Keys and mouse go on while a sheet is slow to read. Esc stops the reading, and so does whatever leaves the block for
+/// which it is read.
+Result<images::Picture> ReadSheet(const QString& path, bool& stopped)
+{
+    RunScope run(RunKind::Child, QStringLiteral("Reading ") + paths::FileNameOfPath(path));
+    QObject here;
+    const auto leave = [&run] { run.Stop(StopReason::Break); };
+    QObject::connect(&CurrentPane(), &DocumentText::TextChanged, &here, leave);
+    QObject::connect(&Events(), &FrameEvents::ModeChanged, &here, leave);
+    Busy().BusyPointer(true);
+    Sheet.Reading = true;
+    const auto picture = images::Load(path, -1, [&run] { return run.Turn(); });
+    Sheet.Reading = false;
+    Busy().BusyPointer(false);
+    stopped = !picture && run.Stopped();
+    return picture;
+}
+
 QStringList KnownModes()
 {
     return Frame.Settings.AnimModes + ReadWordList(QStringLiteral("AnimModifiers"));
@@ -46,11 +66,16 @@ QStringList KnownModes()
 
 SheetAnswer frmPCX::Run(QWidget* owner, const SheetRequest& request)
 {
+    if (Sheet.Reading) {
+        ShowNotice(QStringLiteral("Another sheet is being read"));
+        return {};
+    }
     TakeElement(request, CurrentPane());
     const QString path = PathOf(request.Source, request.File);
-    Busy().BusyPointer(true);
-    const auto picture = images::Load(path);
-    Busy().BusyPointer(false);
+    bool stopped = false;
+    const auto picture = ReadSheet(path, stopped);
+    if (stopped)
+        return {};
     if (!picture) {
         const QString failed = picture.error().Path;
         if (failed == path || failed == paths::Existing(path)) // which may have other letter cases
@@ -305,12 +330,13 @@ void frmPCX::ReadAgain()
 {
     watcher.removePath(path); // another file may stand there now
     watcher.addPath(path);
-    const auto picture = images::Load(path);
-    if (!picture)
-        return; // a program is still at it
-    ReplacePicture(picture->Pixels);
-    picScroll->PictureChanged();
-    preview->Redraw();
+    images::LoadLater(path, this, [this](const Result<images::Picture>& picture) {
+        if (!picture)
+            return; // a program is still at it
+        ReplacePicture(picture->Pixels);
+        picScroll->PictureChanged();
+        preview->Redraw();
+    });
 }
 
 void frmPCX::OpenInEditor()

@@ -1,4 +1,5 @@
 #include "frame/program_scope.h"
+#include "platform/file_steps.h"
 
 #include "frame/media/media_lists.h"
 
@@ -124,7 +125,7 @@ TEST_F(FileCommands, EachSaveBacksUpTheStateBeforeIt)
 }
 
 // Catches: a full disk that costs the old file, clears Modified, or moves the tab to a path that was never written;
-// and another tab emptied for a file that it still holds.
+// another tab emptied for a file that it still holds; a numbered backup for each attempt of a save that fails.
 TEST_F(FileCommands, AFailedSaveChangesNothing)
 {
     const QString other = Open(QStringLiteral("other.conf"), "the other\n");
@@ -137,8 +138,18 @@ TEST_F(FileCommands, AFailedSaveChangesNothing)
         EXPECT_FALSE(SaveDocument(other));
         EXPECT_FALSE(SaveDocument(Run.Work.Path(QStringLiteral("no/such/folder.conf"))) && true);
     }
+    {
+        FileSteps steps = FileSteps::OfSystem();
+        steps.Rename = [](const char*, const char*) {
+            errno = EIO;
+            return -1;
+        };
+        const FileStepsScope broken(steps);
+        SaveCommand();
+    }
     const QStringList told = Run.TakeMessages();
     EXPECT_TRUE(told[0].contains(QStringLiteral("a.conf"))) << told[0];
+    EXPECT_EQ(Run.Work.Read(QStringLiteral("a.conf_000.GemforgeBackup")), "<no such file>");
     EXPECT_EQ(Run.Work.Read(QStringLiteral("a.conf")), "old\n");
     EXPECT_EQ(Run.Work.Read(QStringLiteral("other.conf")), "the other\n");
     EXPECT_TRUE(CurrentPane().Modified());

@@ -245,6 +245,61 @@ TEST_F(RecoveryTest, ATakenTextIsUnsavedTextOfItsFile)
     EXPECT_EQ(keeper->FindRecovered().size(), 1U) << "the taken text is unsaved still";
 }
 
+// Catches: a state folder that fills up during a session, and copies that fail from then on although a spare folder has
+// room; an old copy that stays beside the new one; a copy that is left where there is room again.
+TEST_F(RecoveryTest, AFolderThatFillsUpGoesOverToTheSpare)
+{
+    const QString base = Run.State.Path(QStringLiteral("base/")), spare = Run.State.Path(QStringLiteral("spare/"));
+    const auto bytes = [](const QString& folder) {
+        QByteArrayList all;
+        for (const RecoveredText& text : recovery::CopiesOfEndedRuns(folder))
+            all << text.Bytes;
+        return all.join(',');
+    };
+    {
+        recovery::RunFolder run(base, spare);
+        ASSERT_TRUE(run.Write(QStringLiteral("tab-0"), {}, "first"));
+        ASSERT_TRUE(run.Write(QStringLiteral("tab-1"), {}, "other"));
+        FileSteps full = FileSteps::OfSystem();
+        full.Open = [open = full.Open, here = QFile::encodeName(base)](const char* path, int flags, mode_t mode) {
+            if ((flags & O_CREAT) == 0 || !QByteArray(path).startsWith(here))
+                return open(path, flags, mode);
+            errno = ENOSPC;
+            return -1;
+        };
+        const FileStepsScope scope(full);
+        EXPECT_TRUE(run.Write(QStringLiteral("tab-0"), {}, "second"));
+    }
+    EXPECT_EQ(bytes(base), "other");
+    EXPECT_EQ(bytes(spare), "second");
+    {
+        recovery::RunFolder run(base, spare);
+        ASSERT_TRUE(run.Write(QStringLiteral("tab-0"), {}, "third"));
+        run.Remove(QStringLiteral("tab-0"));
+    }
+    EXPECT_EQ(bytes(base), "other");
+}
+
+// Catches: a copy that failed and is tried again only with the next edit; a failure told at each attempt, and an end of
+// it that is not.
+TEST_F(RecoveryTest, AFailedCopyIsTriedAgainWithoutAnEdit)
+{
+    Edit(QStringLiteral("x"));
+    {
+        const FileSizeLimit full(0);
+        EXPECT_FALSE(keeper->KeepAllNow());
+        EXPECT_TRUE(WaitUntil([&] { return Window.Notices.size() == 1; }));
+        for (int turn = 0; turn < 50; ++turn) {
+            QCoreApplication::processEvents();
+            QThread::msleep(10);
+        }
+        EXPECT_EQ(Window.Notices.size(), 1);
+        EXPECT_EQ(CopyFiles(QStringLiteral("copy.json")), QStringList());
+    }
+    EXPECT_TRUE(WaitUntil([&] { return CopyFiles(QStringLiteral("copy.json")).size() == 1; }));
+    EXPECT_TRUE(WaitUntil([&] { return Window.Notices.size() == 2; }));
+}
+
 // Catches: a state folder that cannot be written and a crash, a message at every copy, or a close that hangs.
 TEST_F(RecoveryTest, AFolderThatCannotBeWrittenIsToldOnce)
 {
