@@ -11,7 +11,7 @@ void ReadToolSettings()
 {
     SettingsReader reader;
     for (const char* key : {"SpacerWidth", "SuperTab", "LineCommentLineChar", "LineCommentSearchChar", "RNDPath"})
-        reader.Read(SettingOf(QLatin1StringView("Misc"), QLatin1StringView(key)));
+        reader.Read(SettingOf(QLatin1StringView("Misc"), QLatin1StringView(key)), Frame.Settings);
     ReadDumpCommands();
     DeriveGameFolders();
 }

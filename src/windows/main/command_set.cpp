@@ -28,8 +28,13 @@ CommandSet::CommandSet(QWidget* window) : QObject(window)
 
 void CommandSet::TakeKeys()
 {
-    for (const Pair& pair : std::as_const(pairs))
-        pair.Menu->setShortcuts(KeysInForce(QString::fromLatin1(pair.Row->Control), ShippedKeys(*pair.Row)));
+    for (const Pair& pair : std::as_const(pairs)) {
+        const QList<QKeySequence> shipped = ShippedKeys(*pair.Row);
+        QList<QKeySequence> inForce = KeysInForce(QString::fromLatin1(pair.Row->Control), shipped);
+        if (inForce == shipped && !*pair.Row->Shortcut)
+            inForce.prepend({}); // as shipped, the menu names none of them
+        pair.Menu->setShortcuts(inForce);
+    }
 }
 
 QAction* CommandSet::Make(const CommandRow& row, const QString& text)

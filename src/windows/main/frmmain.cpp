@@ -186,7 +186,8 @@ void frmmain::TakeCommandKeys()
     for (const MenuRow& menu : MainMenus())
         for (const auto& [row, apart] : ShownRows(menu))
             for (const QKeySequence& key : commands.Menu(QString::fromLatin1(row->Control))->shortcuts())
-                (row->Flags & EverywhereKey ? overAll : overText).insert(key);
+                if (!key.isEmpty())
+                    (row->Flags & EverywhereKey ? overAll : overText).insert(key);
     keys->ClaimForCommands(std::move(overText), std::move(overAll));
 }
 

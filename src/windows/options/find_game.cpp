@@ -10,10 +10,11 @@
 
 std::optional<QString> AskForGame(const QString& known)
 {
-    return Ask().OpenFile({QStringLiteral("Locate Rocks'n'Diamonds Executable"),
-                           QStringLiteral("Rocks'n'Diamond's EXE (*)|*"),
-                           paths::FolderOfPath(known),
-                           {}});
+    return AskText(FileQuestion{FileQuestion::Open,
+                                QStringLiteral("Locate Rocks'n'Diamonds Executable"),
+                                QStringLiteral("Rocks'n'Diamond's EXE (*)|*"),
+                                paths::FolderOfPath(known),
+                                {}});
 }
 
 bool IsTheGame(const QString& program)
