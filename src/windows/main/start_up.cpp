@@ -1,6 +1,7 @@
 #include "windows/main/start_up.h"
 
 #include "conf/help_for_word.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/recovery/recovery.h"
 #include "frame/settings/settings.h"
@@ -10,6 +11,7 @@
 #include "game/scratch_home.h"
 #include "graphics/picks.h"
 #include "platform/close_requests.h"
+#include "platform/desktop/program_looks.h"
 #include "platform/signals.h"
 #include "platform/single_instance.h"
 #include "windows/files/frm_recover.h"
@@ -22,6 +24,7 @@
 #include <QApplication>
 #include <QSessionManager>
 #include <QTimer>
+#include <algorithm>
 #include <cstdlib>
 
 namespace {
@@ -39,12 +42,26 @@ void KeepAtExit()
         static_cast<void>(Frame.Keeper->KeepAllNow());
 }
 
-int Run(QApplication& application, const StartFolders& folders)
+/// Panes, lists and windows of one form: the desktop's, or the one that the user has fixed.
+void FollowForm(ProgramLooks& looks)
+{
+    const auto formOf = [](bool dark) { return dark ? LookForm::Dark : LookForm::Light; };
+    const int chosen = ReadIni(QStringLiteral("Misc"), QStringLiteral("ColourForm")).toInt();
+    looks.Choose(ProgramLooks::Choice(std::clamp<int>(chosen, FollowDesktop, AlwaysDark)));
+    QCoreApplication::processEvents(); // the desktop's answer may have come
+    SetDesktopForm(formOf(looks.DesktopIsDark()));
+    QObject::connect(&looks, &ProgramLooks::DesktopChanged, &looks, [=](bool dark) { SetDesktopForm(formOf(dark)); });
+    QObject::connect(&Events(), &FrameEvents::ColourFormChanged, &looks,
+                     [&looks] { looks.Choose(ProgramLooks::Choice(Frame.Settings.ColourForm)); });
+}
+
+int Run(QApplication& application, const StartFolders& folders, ProgramLooks& looks)
 {
     Recovery keeper(folders.StateFolder, nullptr, {}, SpareRecoveryFolder());
     frmmain window;
     WindowAsker asker(&window);
     InstallHost(window, asker);
+    FollowForm(looks);
     Picks.Sheet = [&window](const SheetRequest& request) { return frmPCX::Run(&window, request); };
     Frame.Keeper = &keeper;
     std::atexit(KeepAtExit);
@@ -86,6 +103,7 @@ int StartProgram(int argc, char** argv)
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("gemforge"));
     QGuiApplication::setDesktopFileName(QStringLiteral("gemforge"));
+    ProgramLooks looks;
 
     WindowAsker asker(nullptr);
     Frame.Ask = &asker;
@@ -103,5 +121,5 @@ int StartProgram(int argc, char** argv)
     if (!PrepareStart(folders, QCoreApplication::arguments().mid(1)))
         return 1;
     const ScreenReader reader(ReadIni(QStringLiteral("Misc"), QStringLiteral("ScreenReader")).toInt());
-    return Run(application, folders);
+    return Run(application, folders, looks);
 }
