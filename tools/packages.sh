@@ -7,7 +7,7 @@ build_packages="g++ cmake ninja-build pkg-config git mold ccache
   libfluidsynth-dev fonts-liberation"
 run_packages="libqt6svg6 timgm6mb-soundfont xvfb openbox xdotool imagemagick x11-utils"
 test_packages="libgtest-dev timgm6mb-soundfont clang-format xvfb openbox xdotool xterm
-  shared-mime-info desktop-file-utils xdg-utils libglib2.0-bin"
+  shared-mime-info desktop-file-utils xdg-utils libglib2.0-bin dbus"
 
 install_missing() {
     local missing=() package

@@ -1,5 +1,6 @@
 #include "help/help_window.h"
 #include "help/running_window.h"
+#include "platform/desktop/program_looks.h"
 
 #include <QApplication>
 
@@ -9,6 +10,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Gemforge Help"));
     QApplication::setDesktopFileName(QStringLiteral("gemforge"));
+    const ProgramLooks looks;
 
     const QString id = QApplication::arguments().mid(1).join(QLatin1Char(' '));
     const QString folder = QApplication::applicationDirPath();

@@ -56,8 +56,8 @@ void ShowStrips()
 
 void ShowColourForm()
 {
+    emit Events().ColourFormChanged(); // the windows' palette is a part of the lists' looks
     GiveLookToAll();
-    emit Events().ColourFormChanged();
 }
 
 constexpr SettingRow TableRows[] = {

@@ -1,6 +1,7 @@
 #include "windows/main/start_up.h"
 
 #include "conf/help_for_word.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/recovery/recovery.h"
 #include "frame/settings/settings.h"
@@ -9,9 +10,10 @@
 #include "game/game_state.h"
 #include "game/scratch_home.h"
 #include "graphics/picks.h"
-#include "platform/beside_notes.h"
 #include "macro/macro_ports.h"
+#include "platform/beside_notes.h"
 #include "platform/close_requests.h"
+#include "platform/desktop/program_looks.h"
 #include "platform/signals.h"
 #include "platform/single_instance.h"
 #include "windows/files/frm_recover.h"
@@ -26,6 +28,7 @@
 #include <QApplication>
 #include <QSessionManager>
 #include <QTimer>
+#include <algorithm>
 #include <cstdlib>
 
 namespace {
@@ -43,7 +46,20 @@ void KeepAtExit()
         static_cast<void>(Frame.Keeper->KeepAllNow());
 }
 
-int Run(QApplication& application, const StartFolders& folders)
+/// Panes, lists and windows of one form: the desktop's, or the one that the user has fixed.
+void FollowForm(ProgramLooks& looks)
+{
+    const auto formOf = [](bool dark) { return dark ? LookForm::Dark : LookForm::Light; };
+    const int chosen = ReadIni(QStringLiteral("Misc"), QStringLiteral("ColourForm")).toInt();
+    looks.Choose(ProgramLooks::Choice(std::clamp<int>(chosen, FollowDesktop, AlwaysDark)));
+    QCoreApplication::processEvents(); // the desktop's answer may have come
+    SetDesktopForm(formOf(looks.DesktopIsDark()));
+    QObject::connect(&looks, &ProgramLooks::DesktopChanged, &looks, [=](bool dark) { SetDesktopForm(formOf(dark)); });
+    QObject::connect(&Events(), &FrameEvents::ColourFormChanged, &looks,
+                     [&looks] { looks.Choose(ProgramLooks::Choice(Frame.Settings.ColourForm)); });
+}
+
+int Run(QApplication& application, const StartFolders& folders, ProgramLooks& looks)
 {
     Recovery keeper(folders.StateFolder, nullptr, {}, SpareRecoveryFolder());
     frmmain window;
@@ -52,6 +68,7 @@ int Run(QApplication& application, const StartFolders& folders)
     BringMacroWindows(asker, &window);
     MacroWindows.SelectedMedia = [&window] { return window.SelectedMedia(); };
     MacroWindows.KnownFile = folders.StateFolder + QStringLiteral("known_macros.txt");
+    FollowForm(looks);
     Picks.Sheet = [&window](const SheetRequest& request) { return frmPCX::Run(&window, request); };
     Frame.Keeper = &keeper;
     std::atexit(KeepAtExit);
@@ -96,6 +113,7 @@ int StartProgram(int argc, char** argv)
     GuardedApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("gemforge"));
     QGuiApplication::setDesktopFileName(QStringLiteral("gemforge"));
+    ProgramLooks looks;
 
     WindowAsker asker(nullptr);
     Frame.Ask = &asker;
@@ -113,5 +131,5 @@ int StartProgram(int argc, char** argv)
     if (!PrepareStart(folders, QCoreApplication::arguments().mid(1)))
         return 1;
     const ScreenReader reader(ReadIni(QStringLiteral("Misc"), QStringLiteral("ScreenReader")).toInt());
-    return Run(application, folders);
+    return Run(application, folders, looks);
 }

@@ -167,38 +167,56 @@ TEST_F(GeneralPageTest, KeysLeaveTheSettingsAlone)
     EXPECT_EQ(Run.UserIni(), before);
 }
 
-// Catches: a program that is taken without its proof, a path that a failed proof changes, folders that are missing
-// without a word, a list that keeps the folder of a game that was not applied.
-TEST_F(GeneralPageTest, TheGameIsProvenAndItsFoldersAreLookedFor)
+namespace {
+
+/// A game that the machine may have is not found beside another.
+class GamePathTest : public OptionsWindow
 {
-    const TestFolder game;
-    const QString program = game.Write(QStringLiteral("bin/game"), "game");
-    const QString graphics = game.Path(QStringLiteral("bin/graphics/gfx_classic/"));
-    EXPECT_FALSE(IsTheGame(program));
-    const auto told = Run.Scope.Answers.AskedFor<MessageQuestion>();
-    ASSERT_EQ(told.size(), 1U);
-    EXPECT_EQ(told[0].Record.MessageTitle, QStringLiteral("Not RND!"));
-    const StandInPlace real;
-    EXPECT_TRUE(IsTheGame(real.Program()));
+protected:
+    GamePathTest()
+    {
+        QByteArray compat = Run.Program.Read(QStringLiteral("data/compat.ini"));
+        Run.Program.Write(QStringLiteral("data/compat.ini"), compat.replace("GameFolder2=", "Elsewhere="));
+    }
+};
+
+} // namespace
+
+// Catches: a program that is taken without its proof, folders that are missing without a word or told although they are
+// there, a list that keeps the folder of a game that was not applied.
+TEST_F(GamePathTest, TheGameIsProvenAndItsFoldersAreLookedFor)
+{
+    const StandInPlace place;
+    const QString script = place.Home.Write(QStringLiteral("bin/other"), "#!/bin/sh\necho 1.0\n");
+    QFile::setPermissions(script, QFile::ReadOwner | QFile::ExeOwner);
+    EXPECT_FALSE(IsTheGame(script));
+    const auto shown = Run.Scope.Answers.AskedFor<MessageQuestion>();
+    ASSERT_EQ(shown.size(), 1U);
+    EXPECT_EQ(shown[0].Record.Number, message::NotTheGame);
+    EXPECT_TRUE(IsTheGame(place.Program()));
 
     Run.TakeMessages();
-    ShowGameFolders(program);
+    ShowGameFolders(script);
     const QStringList missing = Run.TakeMessages();
     ASSERT_EQ(missing.size(), 2);
     EXPECT_TRUE(missing[0].contains(QStringLiteral("graphics/gfx_classic")));
     EXPECT_EQ(Frame.Media.RndFolder, QString());
-    game.Write(QStringLiteral("bin/graphics/gfx_classic/x.png"), "");
-    game.Write(QStringLiteral("bin/levels/readme"), "");
-    ShowGameFolders(program);
-    EXPECT_EQ(Run.TakeMessages(), QStringList());
-    EXPECT_EQ(Frame.Media.RndFolder, graphics);
 
-    DeriveGameFolders();
     Options([&](frmOptions& window) {
-        Type(window, "txtRndPath", program.toLatin1().constData());
+        Run.Scope.Answers.Next.emplace_back(place.Program());
+        Click(window, "cmdGetRnDPath");
+        EXPECT_EQ(TextOf(window, "txtRndPath"), place.Program());
+        EXPECT_EQ(Frame.Media.RndFolder, place.Game.Path(QStringLiteral("graphics/gfx_classic/")));
+        Click(window, "cmdCancel0");
+    });
+    EXPECT_EQ(Run.TakeMessages(), QStringList());
+    EXPECT_EQ(Frame.Media.RndFolder, QString()) << "not applied";
+    EXPECT_EQ(Frame.Settings.RNDPath, QString());
+    Options([&](frmOptions& window) {
+        Type(window, "txtRndPath", place.Program().toLatin1().constData());
         Click(window, "cmblApply0");
     });
-    EXPECT_EQ(Frame.Settings.RNDPath, program);
-    EXPECT_EQ(Frame.Settings.LevelsFolder, game.Path(QStringLiteral("bin/levels/")));
-    EXPECT_EQ(Frame.Media.RndFolder, graphics);
+    EXPECT_EQ(Frame.Settings.RNDPath, place.Program());
+    EXPECT_EQ(Frame.Settings.LevelsFolder, place.Game.Path(QStringLiteral("levels/")));
+    EXPECT_EQ(Frame.Media.RndFolder, place.Game.Path(QStringLiteral("graphics/gfx_classic/")));
 }

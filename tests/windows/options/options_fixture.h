@@ -25,6 +25,8 @@ protected:
         });
         MenuOf("mnuOptions")->trigger();
         EXPECT_TRUE(ran);
+        Window->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(Window.get()));
     }
 
     static void Click(QWidget& window, const char* name) { Part<QAbstractButton>(window, name).click(); }
