@@ -115,7 +115,8 @@ TEST_F(HelpWindowTest, AForeignPageReachesNothingAndEnds)
     const QString outside = folder.filePath(QStringLiteral("wide.png"));
     ASSERT_TRUE(wide.save(outside));
     QByteArray images = "<h1>Images</h1>";
-    for (const QString& address : {outside, QStringLiteral("file://") + outside, QStringLiteral("help:/../") + outside})
+    for (const QString& address :
+         QStringList({outside, QStringLiteral("file://") + outside, QStringLiteral("help:/../") + outside}))
         images += "<p><img src=\"" + QFile::encodeName(address) + "\"></p>";
     QHash<QString, QByteArray> files = ShippedFiles();
     files.insert(QStringLiteral("images.html"), images);
