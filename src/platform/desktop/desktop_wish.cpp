@@ -1,6 +1,5 @@
 #include "platform/desktop/desktop_wish.h"
 
-#include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
@@ -39,7 +38,7 @@ DesktopWish::DesktopWish(const QDBusConnection& bus, QObject* parent) : QObject(
         return;
     QDBusConnection listening = bus;
     listening.connect(Service, Place, Interface, QStringLiteral("SettingChanged"), this,
-                      SLOT(TakeSetting(QString, QString, QDBusVariant)));
+                      SLOT(TakeSetting(QDBusMessage)));
 
     QDBusMessage question = QDBusMessage::createMethodCall(Service, Place, Interface, QStringLiteral("Read"));
     question << Group << Key;
@@ -52,10 +51,11 @@ DesktopWish::DesktopWish(const QDBusConnection& bus, QObject* parent) : QObject(
     });
 }
 
-void DesktopWish::TakeSetting(const QString& group, const QString& key, const QDBusVariant& value)
+void DesktopWish::TakeSetting(const QDBusMessage& setting)
 {
-    if (group == Group && key == Key)
-        Take(value.variant());
+    const QVariantList parts = setting.arguments(); // group, key, value
+    if (parts.size() == 3 && parts[0] == Group && parts[1] == Key)
+        Take(parts[2]);
 }
 
 void DesktopWish::Take(const QVariant& value)

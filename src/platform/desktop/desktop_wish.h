@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QDBusConnection>
-#include <QDBusVariant> // a slot takes one
+#include <QDBusMessage> // a slot takes one
 #include <QObject>
 #include <optional>
 
@@ -24,7 +24,8 @@ signals:
     void Changed();
 
 private slots:
-    void TakeSetting(const QString& group, const QString& key, const QDBusVariant& value);
+    /// A slot with a variant among its parameters is found only once the bus library knows the type.
+    void TakeSetting(const QDBusMessage& setting);
 
 private:
     void Take(const QVariant& value);
