@@ -1,5 +1,5 @@
 // Plays on a device that throws away what it gets, in the time it takes to hear it.
-#include "platform/audio.h"
+#include "platform/sound/audio.h"
 
 #include <QCoreApplication>
 #include <QDir>

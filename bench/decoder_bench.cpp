@@ -2,7 +2,7 @@
 // image in it once, with what the decoder says and, for PCX, whether a second reader sees the same pixels.
 #include "decoder/pcx_files.h"
 #include "decoder/sample_images.h"
-#include "platform/image_service.h"
+#include "platform/images/image_service.h"
 
 #include <FreeImage.h>
 #include <QCoreApplication>

@@ -8,7 +8,7 @@
 #include "game/game_state.h"
 #include "game/game_words.h"
 #include "game/prepared_set.h"
-#include "platform/name_swap.h"
+#include "platform/files/name_swap.h"
 #include "windows/game/words_panel.h"
 
 #include <QApplication>

@@ -3,9 +3,9 @@
 #include "decoder/film_files.h"
 #include "graphics/convert_pictures.h"
 #include "graphics/make_film_sheet.h"
-#include "platform/bitmap_file.h"
-#include "platform/images.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
+#include "platform/images/bitmap_file.h"
+#include "platform/images/images.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

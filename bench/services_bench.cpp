@@ -1,5 +1,5 @@
 // Archives beside the commands "zip" and "unzip" on the same folder, sums, the registry, single bytes of a large file.
-#include "platform/byte_file.h"
+#include "platform/files/byte_file.h"
 #include "services/archive_tool.h"
 #include "services/crc.h"
 #include "services/registry.h"

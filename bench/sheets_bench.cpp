@@ -3,7 +3,7 @@
 #include "conf/element_record.h"
 #include "graphics/animation.h"
 #include "graphics/sheet.h"
-#include "platform/images.h"
+#include "platform/images/images.h"
 #include "windows/sheet/animation_preview.h"
 #include "windows/sheet/sheet_view.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/file_steps.h"
+#include "platform/files/file_steps.h"
 
 #include <memory>
 #include <unistd.h>

@@ -5,7 +5,7 @@
 #include "conf/conf_lines.h"
 #include "conf/line_pass.h"
 #include "frame/frame_state.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "text/encoding.h"
 
 #include <QJsonArray>

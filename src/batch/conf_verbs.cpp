@@ -4,7 +4,7 @@
 #include "conf/comments.h"
 #include "conf/tidy_up.h"
 #include "frame/frame_state.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "text/encoding.h"
 
 #include <QDir>

@@ -10,7 +10,7 @@
 #include "game/games.h"
 #include "game/launcher.h"
 #include "game/set_under_work.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "text/encoding.h"
 
 #include <QDir>

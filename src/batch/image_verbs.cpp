@@ -2,9 +2,9 @@
 
 #include "graphics/convert_pictures.h"
 #include "graphics/make_film_sheet.h"
-#include "platform/bitmap_file.h"
-#include "platform/image_kinds.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
+#include "platform/images/bitmap_file.h"
+#include "platform/images/image_kinds.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -2,8 +2,8 @@
 #include "batch/batch_host.h"
 #include "batch/prepare_tools.h"
 #include "batch/verbs.h"
-#include "platform/beside_notes.h"
-#include "platform/signals.h"
+#include "platform/files/beside_notes.h"
+#include "platform/processes/signals.h"
 
 #include <QCoreApplication>
 #include <cerrno>

@@ -3,7 +3,7 @@
 #include "frame/frame_state.h"
 #include "frame/settings/settings_table.h"
 #include "frame/settings/shipped_settings.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include "frame/run_scope.h"
 #include "macro/plain_stage.h"
 #include "macro/run_macro.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -3,7 +3,7 @@
 #include "frame/documents/documents.h"
 #include "frame/editor_pane.h"
 #include "frame/frame_state.h"
-#include "platform/processes.h"
+#include "platform/processes/processes.h"
 
 #include <iterator>
 

@@ -1,7 +1,7 @@
 #include "editor/looks.h"
 
 #include "editor/line_colours.h"
-#include "platform/contrast.h"
+#include "platform/images/contrast.h"
 
 #include <QFontDatabase>
 #include <Qsci/qsciscintilla.h>

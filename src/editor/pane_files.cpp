@@ -1,5 +1,5 @@
 #include "editor/pane.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "text/encoding.h"
 
 #include <Qsci/qsciscintilla.h>

@@ -38,6 +38,11 @@ void ShowNotice(const QString& text)
     emit Events().Noticed(text);
 }
 
+EditorPane& CurrentPane()
+{
+    return Panes().Pane(Frame.CurrentTab);
+}
+
 PanePort& Panes()
 {
     Q_ASSERT(Frame.Host);

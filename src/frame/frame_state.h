@@ -6,7 +6,7 @@
 #include "frame/messages/messages.h"
 #include "frame/settings/settings.h"
 #include "frame/vocabulary.h"
-#include "platform/name_swap.h"
+#include "platform/files/name_swap.h"
 
 #include <QElapsedTimer>
 #include <array>

@@ -65,5 +65,6 @@ public:
 };
 
 PanePort& Panes();
+EditorPane& CurrentPane(); ///< the pane of the tab in front
 BusyPort& Busy();
 ToolPort& Tools();

@@ -8,7 +8,7 @@
 #include "frame/recovery/recovery.h"
 #include "game/game_folders.h"
 #include "game/launcher.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 namespace {
 

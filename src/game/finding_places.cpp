@@ -1,7 +1,7 @@
 #include "game/finding_places.h"
 
 #include "conf/line_pass.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <algorithm>
 #include <map>

@@ -1,9 +1,9 @@
 #include "game/game_folders.h"
 
 #include "frame/frame_state.h"
-#include "platform/ini_file.h"
-#include "platform/paths.h"
-#include "platform/standard_folders.h"
+#include "platform/files/ini_file.h"
+#include "platform/files/paths.h"
+#include "platform/files/standard_folders.h"
 
 #include <QDir>
 #include <QFile>

@@ -2,7 +2,7 @@
 
 #include "conf/line_pass.h"
 #include "frame/settings/settings.h"
-#include "platform/ini_file.h"
+#include "platform/files/ini_file.h"
 #include "text/encoding.h"
 
 #include <QSet>

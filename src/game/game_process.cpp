@@ -1,8 +1,8 @@
 #include "game/game_process.h"
 
-#include "platform/console.h"
-#include "platform/paths.h"
-#include "platform/session_windows.h"
+#include "platform/files/paths.h"
+#include "platform/processes/console.h"
+#include "platform/screen/session_windows.h"
 
 #include <QDir>
 #include <QFileInfo>

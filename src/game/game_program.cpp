@@ -7,7 +7,7 @@
 #include "game/game_folders.h"
 #include "game/run_game.h"
 #include "game/scratch_home.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QDir>
 #include <QFileInfo>

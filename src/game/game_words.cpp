@@ -1,4 +1,5 @@
 #include "game/game_words.h"
+#include "frame/files/tab_commands.h"
 
 #include "frame/editor_pane.h"
 #include "frame/files/file_commands.h"
@@ -6,7 +7,7 @@
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
 #include "game/game_state.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "text/encoding.h"
 
 #include <QFileInfo>

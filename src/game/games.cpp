@@ -3,8 +3,8 @@
 #include "frame/frame_state.h"
 #include "frame/settings/ini_store.h"
 #include "game/launcher.h"
-#include "platform/ini_file.h"
-#include "platform/paths.h"
+#include "platform/files/ini_file.h"
+#include "platform/files/paths.h"
 
 #include <algorithm>
 

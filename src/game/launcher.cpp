@@ -10,7 +10,7 @@
 #include "game/game_words.h"
 #include "game/games.h"
 #include "game/scratch_home.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QFile>
 #include <array>

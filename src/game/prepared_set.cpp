@@ -5,7 +5,7 @@
 #include "frame/frame_state.h"
 #include "game/finding_places.h"
 #include "game/game_folders.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QDir>
 #include <QFile>

@@ -8,7 +8,7 @@
 #include "game/game_words.h"
 #include "game/games.h"
 #include "game/set_under_work.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "game/scratch_home.h"
 
 #include "game/game_folders.h"
-#include "platform/file_steps.h"
-#include "platform/standard_folders.h"
+#include "platform/files/file_steps.h"
+#include "platform/files/standard_folders.h"
 
 #include <QDir>
 #include <QFile>

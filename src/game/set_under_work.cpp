@@ -8,7 +8,7 @@
 #include "game/finding_places.h"
 #include "game/game_folders.h"
 #include "game/game_state.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QRegularExpression>
 #include <algorithm>

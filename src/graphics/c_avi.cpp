@@ -1,6 +1,6 @@
 #include "graphics/c_avi.h"
 
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QtEndian>
 #include <cstring>

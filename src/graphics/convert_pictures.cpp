@@ -2,8 +2,8 @@
 
 #include "frame/media/media_lists.h"
 #include "graphics/see_through.h"
-#include "platform/images.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
+#include "platform/images/images.h"
 
 #include <QDir>
 #include <QFileInfo>

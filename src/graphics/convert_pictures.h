@@ -1,7 +1,7 @@
 #pragma once
 
 #include "graphics/picture_files.h"
-#include "platform/image_making.h"
+#include "platform/images/image_making.h"
 
 #include <QStringList>
 #include <optional>

@@ -1,7 +1,7 @@
 #include "graphics/make_film_sheet.h"
 
 #include "graphics/see_through.h"
-#include "platform/images.h"
+#include "platform/images/images.h"
 
 #include <QtEndian>
 #include <algorithm>

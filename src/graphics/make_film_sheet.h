@@ -1,7 +1,7 @@
 #pragma once
 
 #include "graphics/film_sheet.h"
-#include "platform/films.h"
+#include "platform/images/films.h"
 
 #include <QStringList>
 #include <vector>

@@ -1,6 +1,6 @@
 #include "graphics/pcx_writer.h"
 
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QHash>
 #include <QtEndian>

@@ -1,7 +1,7 @@
 #include "graphics/picture_files.h"
 
-#include "platform/image_kinds.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
+#include "platform/images/image_kinds.h"
 
 #include <QBuffer>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "graphics/pcx_writer.h"
-#include "platform/turn.h"
+#include "platform/processes/turn.h"
 
 /// The forms in which the game reads its pictures.
 enum class PictureForm { Pcx, Png };

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "graphics/picture_files.h"
-#include "platform/image_making.h"
-#include "platform/images.h"
+#include "platform/images/image_making.h"
+#include "platform/images/images.h"
 
 /// The Lab: any picture on one side, what becomes of it on the other.
 struct LabState

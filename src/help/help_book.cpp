@@ -1,6 +1,6 @@
 #include "help/help_book.h"
 
-#include "platform/zip_archive.h"
+#include "platform/archives/zip_archive.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "help/page_style.h"
 
-#include "platform/contrast.h"
+#include "platform/images/contrast.h"
 
 QString PageStyle(const QPalette& palette)
 {

@@ -1,7 +1,7 @@
 #include "help/window_memory.h"
 
-#include "platform/ini_file.h"
-#include "platform/standard_folders.h"
+#include "platform/files/ini_file.h"
+#include "platform/files/standard_folders.h"
 
 namespace {
 

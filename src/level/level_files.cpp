@@ -2,7 +2,7 @@
 
 #include "level/level_bytes.h"
 #include "level/level_header.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
 #include "macro/known_macros.h"
 
 #include "macro/macro_ports.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QCryptographicHash>
 

@@ -3,7 +3,7 @@
 #include "frame/run_scope.h"
 #include "macro/language/run_loop.h"
 #include "macro/language/run_state.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "services/archive_tool.h"
 
 #include <QFile>

@@ -10,7 +10,7 @@
 #include "macro/macro_powers.h"
 #include "macro/pane_stage.h"
 #include "macro/run_macro.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QFileInfo>
 

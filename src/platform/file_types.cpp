@@ -1,9 +1,9 @@
 #include "platform/file_types.h"
 
-#include "platform/ini_file.h"
-#include "platform/paths.h"
-#include "platform/processes.h"
-#include "platform/standard_folders.h"
+#include "platform/files/ini_file.h"
+#include "platform/files/paths.h"
+#include "platform/files/standard_folders.h"
+#include "platform/processes/processes.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,8 +1,8 @@
 #include "platform/platform_state.h"
 
-#include "platform/image_service.h"
-#include "platform/picture_maker.h"
-#include "platform/player_process.h"
+#include "platform/images/image_service.h"
+#include "platform/images/picture_maker.h"
+#include "platform/sound/player_process.h"
 
 PlatformState Platform;
 

@@ -1,7 +1,7 @@
 #include "services/archive_parts.h"
 
-#include "platform/byte_file.h"
-#include "platform/paths.h"
+#include "platform/files/byte_file.h"
+#include "platform/files/paths.h"
 
 #include <QHash>
 #include <algorithm>

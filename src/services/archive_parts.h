@@ -1,8 +1,8 @@
 #pragma once
 
+#include "platform/archives/zip_archive.h"
+#include "platform/archives/zip_writer.h"
 #include "platform/result.h"
-#include "platform/zip_archive.h"
-#include "platform/zip_writer.h"
 
 #include <optional>
 #include <vector>

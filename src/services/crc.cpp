@@ -1,6 +1,6 @@
 #include "services/crc.h"
 
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <array>
 #include <limits>

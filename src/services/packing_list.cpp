@@ -1,6 +1,6 @@
 #include "services/packing_list.h"
 
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QDir>
 #include <QFileInfo>

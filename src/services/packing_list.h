@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/counted_turn.h"
+#include "platform/archives/zip_writer.h"
+#include "platform/processes/counted_turn.h"
 #include "platform/result.h"
-#include "platform/zip_writer.h"
 #include "services/unpacking.h"
 
 #include <vector>

@@ -1,8 +1,8 @@
 #include "services/registry_store.h"
 
-#include "platform/file_steps.h"
-#include "platform/paths.h"
-#include "platform/standard_folders.h"
+#include "platform/files/file_steps.h"
+#include "platform/files/paths.h"
+#include "platform/files/standard_folders.h"
 
 #include <QFile>
 #include <QScopeGuard>

@@ -1,8 +1,8 @@
 #include "services/unpacking.h"
 
-#include "platform/beside_file.h"
-#include "platform/paths.h"
-#include "platform/zip_archive.h"
+#include "platform/archives/zip_archive.h"
+#include "platform/files/beside_file.h"
+#include "platform/files/paths.h"
 
 #include <QFile>
 #include <QSet>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/counted_turn.h"
+#include "platform/processes/counted_turn.h"
 #include "platform/result.h"
 
 #include <QtGlobal>

@@ -1,6 +1,6 @@
 #include "services/write_resource.h"
 
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QFile>
 

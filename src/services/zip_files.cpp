@@ -1,4 +1,4 @@
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "services/archive_parts.h"
 #include "services/archive_tool.h"
 #include "services/packing_list.h"

@@ -1,6 +1,6 @@
 #include "text/line_text.h"
 
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <algorithm>
 

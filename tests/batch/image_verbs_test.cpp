@@ -2,8 +2,8 @@
 #include "decoder/film_files.h"
 #include "decoder/pcx_files.h"
 #include "host_scope.h"
-#include "platform/bitmap_file.h"
-#include "platform/images.h"
+#include "platform/images/bitmap_file.h"
+#include "platform/images/images.h"
 
 #include <QDir>
 #include <QSet>

@@ -1,7 +1,7 @@
 #include "conf/line_pass.h"
 #include "conf/tidy_up.h"
 #include "frame/run_scope.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include "host_scope.h"
 

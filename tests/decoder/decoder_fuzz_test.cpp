@@ -6,7 +6,7 @@
 #include "decoder/pcx_walk.h"
 #include "decoder/sample_images.h"
 #include "mutated.h"
-#include "platform/images.h"
+#include "platform/images/images.h"
 #include "test_support.h"
 
 #include <gtest/gtest.h>

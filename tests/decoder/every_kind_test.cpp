@@ -1,7 +1,7 @@
 #include "decoder/decode_here.h"
 #include "decoder/program/reduce_image.h"
 #include "decoder/sample_images.h"
-#include "platform/images.h"
+#include "platform/images/images.h"
 #include "test_support.h"
 
 #include <gtest/gtest.h>

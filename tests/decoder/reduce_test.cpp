@@ -1,7 +1,7 @@
 #include "decoder/decode_here.h"
 #include "decoder/program/reduce_image.h"
-#include "platform/bitmap_file.h"
-#include "platform/image_kinds.h"
+#include "platform/images/bitmap_file.h"
+#include "platform/images/image_kinds.h"
 
 #include <QRandomGenerator>
 #include <QSet>

@@ -1,5 +1,5 @@
 #include "pane_fixture.h"
-#include "platform/file_steps.h"
+#include "platform/files/file_steps.h"
 
 #include <cerrno>
 #include <unistd.h>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "frame/files/file_commands.h"
+#include "frame/files/tab_commands.h"
 #include "frame/frame_state.h"
 #include "frame/start/start_up.h"
 #include "host_scope.h"

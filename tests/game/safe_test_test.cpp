@@ -1,3 +1,4 @@
+#include "frame/files/tab_commands.h"
 #include "game/safe_test.h"
 
 #include "frame/media/media_lists.h"

@@ -1,8 +1,8 @@
 #include "graphics/convert_pictures.h"
 
 #include "decoder/pcx_files.h"
-#include "platform/bitmap_file.h"
-#include "platform/images.h"
+#include "platform/images/bitmap_file.h"
+#include "platform/images/images.h"
 #include "test_support.h"
 
 #include <QDir>

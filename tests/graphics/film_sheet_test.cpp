@@ -1,8 +1,8 @@
 #include "graphics/make_film_sheet.h"
 
 #include "decoder/film_files.h"
-#include "platform/bitmap_file.h"
-#include "platform/images.h"
+#include "platform/images/bitmap_file.h"
+#include "platform/images/images.h"
 #include "test_support.h"
 
 #include <QFile>

@@ -2,7 +2,7 @@
 
 #include "decoder/pcx_files.h"
 #include "decoder/pcx_walk.h"
-#include "platform/images.h"
+#include "platform/images/images.h"
 #include "test_support.h"
 
 #include <QRandomGenerator>

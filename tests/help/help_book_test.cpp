@@ -1,6 +1,6 @@
 #include "help/page_style.h"
 #include "help_test_support.h"
-#include "platform/contrast.h"
+#include "platform/images/contrast.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include "frame/frame_state.h"
 #include "level_builder.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "test_support.h"
 
 #include <QFileInfo>

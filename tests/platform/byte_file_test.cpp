@@ -1,6 +1,6 @@
 #include "fault_steps.h"
-#include "platform/byte_file.h"
-#include "platform/in_place.h"
+#include "platform/files/byte_file.h"
+#include "platform/files/in_place.h"
 #include "test_support.h"
 
 #include <QDir>

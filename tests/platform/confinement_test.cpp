@@ -1,5 +1,5 @@
 #include "decoder/channel.h"
-#include "platform/helper_start.h"
+#include "platform/processes/helper_start.h"
 #include "test_support.h"
 
 #include <QCoreApplication>

@@ -1,7 +1,7 @@
 #include "platform/file_types.h"
 
-#include "platform/paths.h"
-#include "platform/processes.h"
+#include "platform/files/paths.h"
+#include "platform/processes/processes.h"
 #include "test_support.h"
 
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "platform/films.h"
+#include "platform/images/films.h"
 
 #include "decoder/film_files.h"
 #include "test_support.h"

@@ -1,4 +1,4 @@
-#include "platform/folder_watch.h"
+#include "platform/files/folder_watch.h"
 
 #include "test_support.h"
 

@@ -1,6 +1,6 @@
-#include "platform/bitmap_file.h"
-#include "platform/images.h"
-#include "platform/picture_maker.h"
+#include "platform/images/bitmap_file.h"
+#include "platform/images/images.h"
+#include "platform/images/picture_maker.h"
 #include "test_support.h"
 
 #include <QCoreApplication>

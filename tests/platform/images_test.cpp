@@ -1,4 +1,4 @@
-#include "platform/image_service.h"
+#include "platform/images/image_service.h"
 #include "test_support.h"
 
 #include <QBuffer>

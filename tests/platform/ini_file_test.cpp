@@ -1,6 +1,6 @@
 #include "fault_steps.h"
-#include "platform/ini_file.h"
-#include "platform/ini_text.h"
+#include "platform/files/ini_file.h"
+#include "platform/files/ini_text.h"
 #include "test_support.h"
 
 #include <QElapsedTimer>

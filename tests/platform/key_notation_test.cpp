@@ -1,4 +1,4 @@
-#include "platform/key_notation.h"
+#include "platform/screen/key_notation.h"
 #include "test_support.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 #include "fault_steps.h"
-#include "platform/name_swap.h"
+#include "platform/files/name_swap.h"
 #include "test_support.h"
 
 #include <QDir>

@@ -1,7 +1,7 @@
-#include "platform/other_windows.h"
 #include "platform/platform_state.h"
-#include "platform/process_tree.h"
-#include "platform/x11_connection.h"
+#include "platform/processes/process_tree.h"
+#include "platform/screen/other_windows.h"
+#include "platform/screen/x11_connection.h"
 #include "test_support.h"
 
 #include <QElapsedTimer>

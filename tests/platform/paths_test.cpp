@@ -1,5 +1,5 @@
-#include "platform/paths.h"
-#include "platform/standard_folders.h"
+#include "platform/files/paths.h"
+#include "platform/files/standard_folders.h"
 #include "test_support.h"
 
 #include <QDir>

@@ -1,7 +1,7 @@
-#include "platform/lock_keys.h"
-#include "platform/processes.h"
-#include "platform/signals.h"
-#include "platform/single_instance.h"
+#include "platform/processes/processes.h"
+#include "platform/processes/signals.h"
+#include "platform/processes/single_instance.h"
+#include "platform/screen/lock_keys.h"
 #include "test_support.h"
 
 #include <QElapsedTimer>

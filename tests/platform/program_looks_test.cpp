@@ -1,6 +1,6 @@
 #include "platform/desktop/program_looks.h"
 
-#include "platform/contrast.h"
+#include "platform/images/contrast.h"
 
 #include <QApplication>
 #include <QDBusMessage>

@@ -1,7 +1,7 @@
 #include "recorder.h"
 
 #include "platform/platform_state.h"
-#include "platform/player_process.h"
+#include "platform/sound/player_process.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/audio.h"
-#include "platform/player_protocol.h"
+#include "platform/sound/audio.h"
+#include "platform/sound/player_protocol.h"
 #include "test_support.h"
 
 #include <QList>

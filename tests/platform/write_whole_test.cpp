@@ -1,9 +1,9 @@
 #include "fault_steps.h"
-#include "platform/beside_notes.h"
-#include "platform/in_place.h"
-#include "platform/paths.h"
-#include "platform/signals.h"
-#include "platform/standard_folders.h"
+#include "platform/files/beside_notes.h"
+#include "platform/files/in_place.h"
+#include "platform/files/paths.h"
+#include "platform/files/standard_folders.h"
+#include "platform/processes/signals.h"
 #include "test_support.h"
 
 #include <QDir>

@@ -1,5 +1,5 @@
 #include "fault_steps.h"
-#include "platform/standard_folders.h"
+#include "platform/files/standard_folders.h"
 #include "services/registry.h"
 #include "services/registry_store.h"
 #include "test_support.h"

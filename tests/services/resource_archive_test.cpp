@@ -1,4 +1,4 @@
-#include "platform/zip_archive.h"
+#include "platform/archives/zip_archive.h"
 #include "services/archive_tool.h"
 #include "services/made_archive.h"
 #include "test_support.h"

@@ -1,6 +1,6 @@
 #include "fault_steps.h"
 #include "mutated.h"
-#include "platform/zip_archive.h"
+#include "platform/archives/zip_archive.h"
 #include "services/archive_tool.h"
 #include "services/made_archive.h"
 #include "test_support.h"

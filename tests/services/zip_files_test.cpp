@@ -1,4 +1,4 @@
-#include "platform/file_steps.h"
+#include "platform/files/file_steps.h"
 #include "services/archive_tool.h"
 #include "services/made_archive.h"
 #include "services/wildcard.h"

@@ -1,11 +1,11 @@
 #include "frame/documents/documents.h"
 
-#include "frame/files/file_commands.h"
 #include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
+#include "frame/media/inject_path.h"
 #include "frame/media/media_lists.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 const std::array<ModeRow, ModeCount>& Modes()
 {
@@ -36,11 +36,6 @@ int ModeFromFileName(const QString& name)
         if (Frame.ConfNames.at(i) == name)
             mode = i;
     return mode;
-}
-
-EditorPane& CurrentPane()
-{
-    return Panes().Pane(Frame.CurrentTab);
 }
 
 void ShowTab(int tab)

@@ -48,9 +48,6 @@ int ModeFromFileName(const QString& name);
 void SetMode(int mode);
 void UpdateCaretStatus(EditorPane& pane);
 void ActivateTab();
-void OpenNewTab();
-void CloseTab();
-void CloseAllTabs();
 void StopPreview();
 
 /// Does the slot hold a document with a file?
@@ -58,9 +55,6 @@ bool HasFile(const Document& document);
 
 /// The tab that holds a file, by whatever spelling or link; -1 for none.
 int TabWithFile(const QString& path);
-
-/// Empties a slot: text, undo history and Modified too. All but tab 0 are hidden.
-void EmptySlot(int tab);
 
 int ModifiedTabs(); ///< visible tabs with unsaved text
 
@@ -73,8 +67,6 @@ void ShowCurrentPath();
 /// Starts the flash of a tab: nine phases of 200 ms, four of them dark.
 void FlashTabCaption(int tab);
 bool FlashTick(); ///< one phase; true while there are more. Runs by itself.
-
-EditorPane& CurrentPane();
 
 /// Shows what Documents[tab].Face says.
 void ShowTab(int tab);

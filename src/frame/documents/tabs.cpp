@@ -1,9 +1,7 @@
 #include "frame/documents/documents.h"
-#include "frame/files/file_commands.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
-#include "frame/recovery/recovery.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QTimer>
 #include <utility>
@@ -27,12 +25,6 @@ void TickLater()
     });
 }
 
-void SelectFirstTab()
-{
-    Panes().SelectTab(0);
-    Frame.CurrentTab = 0;
-}
-
 } // namespace
 
 bool HasFile(const Document& document)
@@ -51,25 +43,6 @@ int TabWithFile(const QString& path)
     return -1;
 }
 
-void EmptySlot(int tab)
-{
-    DocumentText& pane = Panes().Pane(tab);
-    pane.SetText({});
-    // SetText keeps both, and the slot's next document is a new one.
-    pane.SetEncoding(FileEncoding::Utf8);
-    pane.SetLineEnd(LineBreak::CrLf);
-    pane.ClearUndoBuffer();
-    pane.SetModified(false);
-    Document fresh;
-    fresh.Face.Visible = tab == 0;
-    fresh.Face.Caption = EmptyCaption;
-    fresh.Face.Picture = fresh.Mode + 1;
-    Frame.Documents.at(tab) = fresh;
-    ShowTab(tab);
-    if (Frame.Keeper)
-        Frame.Keeper->TextSettled(tab);
-}
-
 int ModifiedTabs()
 {
     int count = 0;
@@ -82,46 +55,6 @@ int ModifiedTabs()
 bool MayGiveUp(DocumentText& pane)
 {
     return !pane.Modified() || Confirmed(message::CloseChanged);
-}
-
-void OpenNewTab()
-{
-    for (int tab = 1; tab < 8; ++tab) {
-        Document& document = Frame.Documents.at(tab);
-        if (document.Face.Visible)
-            continue;
-        document.Face.Visible = true;
-        document.Face.Caption = EmptyCaption;
-        document.Mode = ModeGfx;
-        ShowTab(tab);
-        Panes().SelectTab(tab);
-        return;
-    }
-}
-
-void CloseTab()
-{
-    const int tab = Frame.CurrentTab;
-    if (tab == 0) {
-        NewDocument(Frame.CurrentMode);
-    } else {
-        if (!MayGiveUp(CurrentPane()))
-            return;
-        EmptySlot(tab);
-        Panes().SelectTab(0);
-    }
-    ActivateTab();
-}
-
-void CloseAllTabs()
-{
-    if (ModifiedTabs() > 0 && !Confirmed(message::CloseAllChanged))
-        return;
-    for (int tab = 1; tab < 8; ++tab)
-        EmptySlot(tab);
-    SelectFirstTab();
-    CurrentPane().SetModified(false);
-    NewDocument(Frame.CurrentMode);
 }
 
 void FlashTabCaption(int tab)

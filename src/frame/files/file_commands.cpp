@@ -6,11 +6,9 @@
 #include "frame/messages/asker.h"
 #include "frame/recovery/recovery.h"
 #include "frame/run_scope.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QCoreApplication>
-
-#include <QDir>
 
 namespace {
 
@@ -148,31 +146,6 @@ void SaveDocumentAs()
         AskFile(FileQuestion::Save, QStringLiteral("Save file as"), Frame.ConfNames.at(Frame.CurrentMode));
     if (!name.isEmpty())
         SaveDocument(name);
-}
-
-void ApplyInjectPath(const QString& text)
-{
-    const QString told = paths::Inside(QString(text).replace(u'*', u'/'));
-    const QString whole = QDir::isAbsolutePath(told) ? told : QDir::cleanPath(Frame.CurrentFolder + told);
-    const QString folder = told.isEmpty() ? QString() : paths::Existing(whole);
-    if (!folder.isEmpty() && paths::FolderExists(folder))
-        SetExtraFolder(paths::Closed(folder));
-}
-
-void ApplyStoredInjectPath()
-{
-    const QString line = CurrentPane().GetLine(0);
-    if (line.startsWith(QLatin1StringView("#!*")))
-        ApplyInjectPath(line.mid(3));
-}
-
-void InsertInjectPath()
-{
-    QString folder = Frame.Media.ExtraFolder;
-    if (folder.size() > 1 && folder.endsWith(u'/'))
-        folder.chop(1);
-    CurrentPane().InsertLine(0, QStringLiteral("#!*") + folder.replace(u'/', u'*'));
-    Panes().FocusPane();
 }
 
 QString UniqueName(const QString& base, bool folder)

@@ -17,11 +17,6 @@ void SaveCommand();
 void SaveDocumentAs();
 /// True if the file was written.
 bool SaveDocument(const QString& path);
-void ApplyInjectPath(const QString& text);
-/// Applies the inject path that line 0 of the current pane holds, if it does.
-void ApplyStoredInjectPath();
-/// The button "<- Inject Path": the Extra folder as a new first line.
-void InsertInjectPath();
 QString UniqueName(const QString& base, bool folder);
 
 /// Notes size and time of a tab's file, so that a change by another program is seen.

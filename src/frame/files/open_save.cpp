@@ -1,10 +1,12 @@
 #include "frame/files/file_commands.h"
 #include "frame/files/put_back.h"
+#include "frame/files/tab_commands.h"
 #include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
+#include "frame/media/inject_path.h"
 #include "frame/recovery/recovery.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QDir>
 #include <QFile>

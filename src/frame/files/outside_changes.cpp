@@ -3,7 +3,7 @@
 #include "frame/host_ports.h"
 #include "frame/recovery/recovery.h"
 #include "frame/run_scope.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QFileInfo>
 #include <vector>

@@ -1,4 +1,5 @@
 #include "frame/files/projects.h"
+#include "frame/files/tab_commands.h"
 
 #include "frame/files/file_commands.h"
 #include "frame/frame_state.h"
@@ -6,8 +7,8 @@
 #include "frame/messages/asker.h"
 #include "frame/run_scope.h"
 #include "frame/settings/ini_store.h"
-#include "platform/ini_text.h"
-#include "platform/paths.h"
+#include "platform/files/ini_text.h"
+#include "platform/files/paths.h"
 
 #include <QSet>
 #include <algorithm>

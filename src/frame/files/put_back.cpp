@@ -1,7 +1,7 @@
 #include "frame/files/put_back.h"
 
 #include "frame/messages/messages.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 namespace {
 

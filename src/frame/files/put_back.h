@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/name_swap.h"
+#include "platform/files/name_swap.h"
 
 /// Tells what was put back after a fast test that had not ended properly, under which names foreign texts were kept,
 /// and what could not be put back yet. Nothing if all is as it should be.

@@ -5,7 +5,7 @@
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
 #include "frame/settings/ini_store.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <algorithm>
 

@@ -3,7 +3,7 @@
 #include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QFile>
 #include <algorithm>

@@ -4,7 +4,7 @@
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
 #include "frame/recovery/recovery_worker.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QElapsedTimer>
 #include <QTimer>

@@ -65,9 +65,5 @@ private:
     std::unique_ptr<Private> d;
 };
 
-/// Opens a recovered text as unsaved text of its file, in the tab that has the file, an empty tab or a new one. Its
-/// old copy goes once a new one is written. False if all tabs are taken; the text stays on offer.
-bool TakeRecovered(const RecoveredText& text);
-
 /// A spare folder for an ordinary run: below the temporary folder, the user's own, open to nobody else.
 QString SpareRecoveryFolder();

@@ -1,7 +1,7 @@
 #include "frame/recovery/recovery_copies.h"
 
-#include "platform/paths.h"
-#include "platform/standard_folders.h"
+#include "platform/files/paths.h"
+#include "platform/files/standard_folders.h"
 
 #include <QCoreApplication>
 #include <QCryptographicHash>

@@ -1,8 +1,8 @@
 #include "frame/frame_state.h"
 #include "frame/media/media_lists.h"
 #include "frame/settings/settings.h"
-#include "platform/ini_file.h"
-#include "platform/paths.h"
+#include "platform/files/ini_file.h"
+#include "platform/files/paths.h"
 
 #include <QDir>
 

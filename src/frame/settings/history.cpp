@@ -1,7 +1,7 @@
 #include "frame/settings/history.h"
 
 #include "frame/frame_state.h"
-#include "platform/ini_file.h"
+#include "platform/files/ini_file.h"
 
 namespace {
 

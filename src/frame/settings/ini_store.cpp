@@ -1,7 +1,7 @@
 #include "frame/settings/ini_store.h"
 
 #include "frame/frame_state.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ini_file.h"
+#include "platform/files/ini_file.h"
 
 #include <map>
 

@@ -8,7 +8,7 @@
 #include "frame/settings/history.h"
 #include "frame/settings/settings_table.h"
 #include "frame/settings/shipped_settings.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 namespace {
 

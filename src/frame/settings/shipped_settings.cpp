@@ -2,8 +2,8 @@
 
 #include "frame/frame_state.h"
 #include "frame/settings/settings_table.h"
-#include "platform/ini_file.h"
-#include "platform/paths.h"
+#include "platform/files/ini_file.h"
+#include "platform/files/paths.h"
 
 #include <QFile>
 #include <QLocale>

@@ -1,7 +1,7 @@
 #include "frame/settings/shortcuts.h"
 
 #include "frame/settings/settings.h"
-#include "platform/ini_file.h"
+#include "platform/files/ini_file.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "frame/start/start_up.h"
-#include "platform/paths.h"
-#include "platform/standard_folders.h"
+#include "platform/files/paths.h"
+#include "platform/files/standard_folders.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -6,9 +6,9 @@
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
 #include "frame/settings/settings_table.h"
-#include "platform/beside_notes.h"
-#include "platform/in_place.h"
-#include "platform/paths.h"
+#include "platform/files/beside_notes.h"
+#include "platform/files/in_place.h"
+#include "platform/files/paths.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -5,7 +5,7 @@
 #include "macro/language/run_state.h"
 #include "macro/language/waiting.h"
 #include "macro/run_stage.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QDeadlineTimer>
 #include <QEventLoop>

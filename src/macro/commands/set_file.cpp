@@ -1,7 +1,7 @@
 #include "macro/set_file.h"
 #include "macro/commands/families.h"
 #include "macro/language/run_state.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 #include "macro/language/run_paths.h"
 
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QDir>
 

@@ -3,8 +3,8 @@
 #include "macro/language/run_state.h"
 #include "macro/run_stage.h"
 #include "macro/tags/families.h"
-#include "platform/file_attributes.h"
-#include "platform/paths.h"
+#include "platform/files/file_attributes.h"
+#include "platform/files/paths.h"
 #include "services/crc.h"
 
 #include <QDateTime>

@@ -1,8 +1,9 @@
 #include "windows/files/frm_recover.h"
+#include "frame/files/take_recovered.h"
 
 #include "frame/documents/documents.h"
 #include "frame/recovery/recovery.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "windows/files/recovery_view.h"
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/help_subject.h"

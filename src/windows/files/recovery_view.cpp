@@ -1,7 +1,7 @@
 #include "windows/files/recovery_view.h"
 
 #include "frame/recovery/line_diff.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "text/encoding.h"
 
 namespace {

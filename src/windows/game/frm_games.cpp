@@ -5,7 +5,7 @@
 #include "game/game_program.h"
 #include "game/games.h"
 #include "game/launcher.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/help_subject.h"
 #include "windows/parts/icons.h"

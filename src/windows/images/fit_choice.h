@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/films.h"
+#include "platform/images/films.h"
 
 #include <QSize>
 #include <QWidget>

@@ -5,7 +5,7 @@
 #include "frame/messages/asker.h"
 #include "graphics/convert_pictures.h"
 #include "graphics/picture_lab.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "windows/images/work_strip.h"
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/dropped_paths.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/image_making.h"
+#include "platform/images/image_making.h"
 
 #include <QStringList>
 

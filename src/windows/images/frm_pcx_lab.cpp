@@ -6,7 +6,7 @@
 #include "frame/messages/asker.h"
 #include "frame/run_scope.h"
 #include "graphics/picture_lab.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "windows/images/frm_many_pictures.h"
 #include "windows/images/picture_viewer.h"
 #include "windows/images/work_strip.h"

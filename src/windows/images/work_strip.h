@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/turn.h"
+#include "platform/processes/turn.h"
 
 #include <QElapsedTimer>
 #include <QWidget>

@@ -1,7 +1,7 @@
 #include "windows/lists/recent_popup.h"
 
 #include "frame/frame_state.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "windows/parts/help_subject.h"
 #include "windows/parts/icons.h"
 

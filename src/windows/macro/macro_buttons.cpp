@@ -1,7 +1,7 @@
 #include "windows/macro/macro_buttons.h"
 
 #include "frame/frame_state.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/help_subject.h"
 #include "windows/parts/icons.h"

@@ -1,11 +1,12 @@
 #include "windows/main/dropped_files.h"
+#include "frame/files/tab_commands.h"
 
 #include "frame/documents/documents.h"
 #include "frame/files/file_commands.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QFileInfo>
 #include <algorithm>

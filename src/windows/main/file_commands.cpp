@@ -1,6 +1,7 @@
 #include "frame/files/file_commands.h"
 #include "frame/documents/documents.h"
 #include "frame/files/recent_list.h"
+#include "frame/files/tab_commands.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
 #include "windows/main/command_table.h"

@@ -1,4 +1,5 @@
 #include "windows/main/frmmain.h"
+#include "frame/files/tab_commands.h"
 
 #include "conf/block_outline.h"
 #include "conf/help_for_word.h"
@@ -13,9 +14,9 @@
 #include "frame/run_scope.h"
 #include "frame/vocabulary.h"
 #include "macro/start_macro.h"
-#include "platform/lock_keys.h"
-#include "platform/paths.h"
-#include "platform/processes.h"
+#include "platform/files/paths.h"
+#include "platform/processes/processes.h"
+#include "platform/screen/lock_keys.h"
 #include "windows/find/find_box.h"
 #include "windows/find/find_dialogs.h"
 #include "windows/game/words_panel.h"

@@ -3,7 +3,7 @@
 #include "frame/editor_pane.h"
 #include "frame/frame_events.h"
 #include "frame/host_ports.h"
-#include "platform/audio.h"
+#include "platform/sound/audio.h"
 #include "windows/main/command_set.h"
 #include "windows/main/cool_bar.h"
 #include "windows/main/menu_tree.h"

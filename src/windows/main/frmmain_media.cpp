@@ -1,3 +1,4 @@
+#include "frame/media/inject_path.h"
 #include "windows/main/frmmain.h"
 
 #include "frame/documents/documents.h"
@@ -6,8 +7,8 @@
 #include "frame/frame_state.h"
 #include "frame/media/media_lists.h"
 #include "macro/start_macro.h"
-#include "platform/audio.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
+#include "platform/sound/audio.h"
 #include "windows/macro/macro_buttons.h"
 #include "windows/main/dropped_files.h"
 #include "windows/main/line_hints_view.h"

@@ -3,7 +3,7 @@
 #include "frame/frame_state.h"
 #include "frame/messages/messages.h"
 #include "frame/recovery/recovery.h"
-#include "platform/memory_reserve.h"
+#include "platform/processes/memory_reserve.h"
 #include "windows/parts/close_guard.h"
 
 #include <QThread>

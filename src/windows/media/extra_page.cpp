@@ -1,7 +1,7 @@
 #include "windows/media/extra_page.h"
 
 #include "frame/media/media_lists.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "windows/media/folder_tree.h"
 #include "windows/media/media_style.h"
 #include "windows/media/media_view.h"

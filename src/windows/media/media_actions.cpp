@@ -6,9 +6,9 @@
 #include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
 #include "frame/settings/settings.h"
-#include "platform/audio.h"
-#include "platform/paths.h"
-#include "platform/processes.h"
+#include "platform/files/paths.h"
+#include "platform/processes/processes.h"
+#include "platform/sound/audio.h"
 #include "windows/media/media_view.h"
 #include "windows/sheet/frm_pcx.h"
 

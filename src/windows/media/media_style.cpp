@@ -1,7 +1,7 @@
 #include "windows/media/media_style.h"
 
 #include "frame/frame_state.h"
-#include "platform/contrast.h"
+#include "platform/images/contrast.h"
 
 #include <QFontDatabase>
 #include <QGuiApplication>

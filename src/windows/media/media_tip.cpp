@@ -1,8 +1,8 @@
 #include "windows/media/media_tip.h"
 
 #include "frame/frame_state.h"
-#include "platform/images.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
+#include "platform/images/images.h"
 
 #include <QFile>
 #include <QFileInfo>

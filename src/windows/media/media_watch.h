@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/folder_watch.h"
+#include "platform/files/folder_watch.h"
 
 #include <QElapsedTimer>
 #include <QTimer>

@@ -1,7 +1,7 @@
 #include "windows/media/thumbnails.h"
 
 #include "frame/frame_state.h"
-#include "platform/images.h"
+#include "platform/images/images.h"
 #include "windows/media/media_view.h"
 #include "windows/parts/dialog_help.h"
 

@@ -1,6 +1,6 @@
 #include "windows/media/volumes.h"
 
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,6 +1,6 @@
 #include "windows/options/colour_square.h"
 
-#include "platform/contrast.h"
+#include "platform/images/contrast.h"
 #include "windows/parts/dialog_help.h"
 
 #include <QColorDialog>

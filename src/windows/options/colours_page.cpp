@@ -3,7 +3,7 @@
 #include "frame/editor_pane.h"
 #include "frame/frame_state.h"
 #include "frame/settings/settings_table.h"
-#include "platform/contrast.h"
+#include "platform/images/contrast.h"
 #include "windows/options/colour_square.h"
 #include "windows/options/font_choice.h"
 #include "windows/parts/frame_columns.h"

@@ -6,7 +6,7 @@
 #include "frame/messages/messages.h"
 #include "frame/settings/settings.h"
 #include "game/game_program.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 std::optional<QString> AskForGame(const QString& known)
 {

@@ -2,7 +2,7 @@
 
 #include "editor/make_pane.h"
 #include "frame/frame_state.h"
-#include "platform/contrast.h"
+#include "platform/images/contrast.h"
 #include "windows/media/media_style.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include "frame/frame_state.h"
 #include "frame/messages/messages.h"
 #include "frame/settings/option_limits.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "services/file_associations.h"
 #include "services/registry_store.h"
 #include "windows/options/find_game.h"

@@ -4,7 +4,7 @@
 #include "frame/frame_events.h"
 #include "frame/messages/asker.h"
 #include "frame/messages/messages.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "windows/options/key_line.h"
 
 #include <QGridLayout>

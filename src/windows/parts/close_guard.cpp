@@ -5,7 +5,7 @@
 #include "frame/recovery/recovery.h"
 #include "frame/run_scope.h"
 #include "frame/settings/settings.h"
-#include "platform/processes.h"
+#include "platform/processes/processes.h"
 #include "windows/parts/dialog_help.h"
 
 #include <QCoreApplication>

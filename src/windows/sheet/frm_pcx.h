@@ -1,7 +1,7 @@
 #pragma once
 
 #include "graphics/sheet_opening.h"
-#include "platform/folder_watch.h"
+#include "platform/files/folder_watch.h"
 
 #include <QDialog>
 #include <QFileSystemWatcher>

@@ -5,7 +5,7 @@
 #include "frame/frame_state.h"
 #include "frame/media/media_lists.h"
 #include "graphics/sheet.h"
-#include "platform/images.h"
+#include "platform/images/images.h"
 
 #include <QAbstractScrollArea>
 #include <QCoreApplication>

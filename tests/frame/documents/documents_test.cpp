@@ -1,4 +1,5 @@
 #include "frame/documents/documents.h"
+#include "frame/files/tab_commands.h"
 #include "frame/program_scope.h"
 
 class Documents : public FrameTest

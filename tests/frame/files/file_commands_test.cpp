@@ -1,5 +1,7 @@
+#include "frame/files/tab_commands.h"
+#include "frame/media/inject_path.h"
 #include "frame/program_scope.h"
-#include "platform/file_steps.h"
+#include "platform/files/file_steps.h"
 
 #include "frame/media/media_lists.h"
 

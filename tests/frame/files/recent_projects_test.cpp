@@ -1,7 +1,8 @@
 #include "frame/files/projects.h"
 #include "frame/files/recent_list.h"
+#include "frame/files/tab_commands.h"
 #include "frame/program_scope.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <QFile>
 

@@ -1,4 +1,6 @@
 #include "fault_steps.h"
+#include "frame/files/tab_commands.h"
+#include "frame/files/take_recovered.h"
 #include "frame/host_ports.h"
 #include "frame/program_scope.h"
 #include "frame/recovery/recovery.h"

@@ -3,7 +3,7 @@
 #include "editor/looks.h"
 #include "frame/program_scope.h"
 #include "frame/settings/settings_table.h"
-#include "platform/contrast.h"
+#include "platform/images/contrast.h"
 
 namespace {
 

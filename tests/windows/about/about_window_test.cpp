@@ -1,5 +1,5 @@
 #include "frame/run_scope.h"
-#include "platform/audio.h"
+#include "platform/sound/audio.h"
 #include "windows/about/frm_about.h"
 #include "windows/main/main_window_test.h"
 

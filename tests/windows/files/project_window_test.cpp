@@ -1,3 +1,4 @@
+#include "frame/files/tab_commands.h"
 #include "windows/files/frm_project.h"
 
 #include "frame/files/projects.h"

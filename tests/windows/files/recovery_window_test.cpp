@@ -1,3 +1,4 @@
+#include "frame/files/tab_commands.h"
 #include "windows/files/frm_recover.h"
 
 #include "frame/host_ports.h"

@@ -1,3 +1,4 @@
+#include "frame/files/tab_commands.h"
 #include "windows/find/find_dialogs.h"
 
 #include "editor/make_pane.h"

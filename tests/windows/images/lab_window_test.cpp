@@ -6,7 +6,7 @@
 #include "frame/run_scope.h"
 #include "graphics/picture_lab.h"
 #include "mutated.h"
-#include "platform/bitmap_file.h"
+#include "platform/images/bitmap_file.h"
 #include "windows/images/drop_files.h"
 #include "windows/images/picture_viewer.h"
 #include "windows/parts/dialog_support.h"

@@ -1,3 +1,4 @@
+#include "frame/files/tab_commands.h"
 #include "frame/host_ports.h"
 #include "main_window_test.h"
 

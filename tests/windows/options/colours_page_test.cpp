@@ -1,7 +1,7 @@
 #include "editor/make_pane.h"
 #include "frame/settings/colour_styles.h"
 #include "frame/settings/form_looks.h"
-#include "platform/contrast.h"
+#include "platform/images/contrast.h"
 #include "windows/options/colours_page.h"
 #include "windows/options/options_fixture.h"
 
