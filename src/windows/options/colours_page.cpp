@@ -33,6 +33,15 @@ int BackOfKind(const FormLook& look, int kind, const QWidget& page)
     return back < 0 ? ToBgr(page.palette().color(QPalette::Window)) : back;
 }
 
+const char* KeyOfSquare(bool back, int index)
+{
+    constexpr const char* Others[] = {"WindowColour", "MediaListColour", "HighlightedLineColour"};
+    const auto at = size_t(index), kinds = SyntaxKeys().size();
+    if (at < kinds)
+        return back ? SyntaxKeys()[at].BackKey : SyntaxKeys()[at].ColourKey;
+    return back ? "MediaListBackColour" : Others[at - kinds];
+}
+
 QString KindTitle(int kind)
 {
     return QString::fromLatin1(KindTitles[kind]);
@@ -82,6 +91,7 @@ ColourSquare* ColoursPage::MakeSquare(bool back, int index, const QString& meani
     const QString name = back ? QStringLiteral("picBackColour") : QStringLiteral("picFontColour");
     auto* square = new ColourSquare(name + QString::number(index), meaning, parent);
     (back ? picBackColour : picFontColour).at(size_t(index)) = square;
+    NameSetting(*square, KeyOfSquare(back, index));
     connect(square, &ColourSquare::Chosen, this, [this, back, index](int bgr) {
         if (back)
             TakeBackColour(index, bgr);
@@ -101,6 +111,7 @@ QGroupBox* ColoursPage::MakeKind(int kind, QWidget* parent)
         auto* box = new QCheckBox(QString::fromLatin1(caption), frame);
         box->setObjectName(QString::fromLatin1(name) + QString::number(kind));
         box->setAccessibleDescription(KindTitle(kind));
+        NameSetting(*box, SyntaxKeys()[size_t(kind)].StyleKey);
         connect(box, &QCheckBox::clicked, this, [this, kind] { TakeStyle(kind); });
         row->addWidget(box);
         return box;
@@ -120,6 +131,7 @@ QGroupBox* ColoursPage::MakeWindow(QWidget* parent)
     row->addWidget(MakeSquare(false, WindowSquare, QStringLiteral("Background of texts"), frame));
     cmdFont = new QPushButton(QStringLiteral("Font"), frame);
     cmdFont->setObjectName(QStringLiteral("cmdFont"));
+    NameSetting(*cmdFont, "MainFont MainFontSize");
     cmdFont->setAutoDefault(false);
     connect(cmdFont, &QPushButton::clicked, this, &ColoursPage::ChooseMainFont);
     row->addWidget(cmdFont, 1);
@@ -135,6 +147,7 @@ QGroupBox* ColoursPage::MakeMedia(QWidget* parent)
     row->addWidget(MakeSquare(true, MediaSquare, QStringLiteral("Media lists, background"), frame));
     Command1 = new QPushButton(QStringLiteral("Font"), frame);
     Command1->setObjectName(QStringLiteral("Command1"));
+    NameSetting(*Command1, "MediaListFontName MediaListFontSize MediaListFontBold MediaListFontItalic");
     Command1->setAutoDefault(false);
     connect(Command1, &QPushButton::clicked, this, &ColoursPage::ChooseMediaFont);
     row->addWidget(Command1, 1);
@@ -181,6 +194,7 @@ QGroupBox* ColoursPage::MakeForms(QWidget* parent)
     cmbColourForm = new QComboBox(frame);
     cmbColourForm->setObjectName(QStringLiteral("cmbColourForm"));
     cmbColourForm->setAccessibleName(QStringLiteral("Colours of Gemforge"));
+    NameSetting(*cmbColourForm, "ColourForm");
     cmbColourForm->setToolTip(QStringLiteral("Which colours Gemforge uses"));
     cmbColourForm->addItems(
         {QStringLiteral("As the desktop"), QStringLiteral("Always light"), QStringLiteral("Always dark")});
