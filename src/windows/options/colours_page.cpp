@@ -4,6 +4,8 @@
 #include "frame/frame_state.h"
 #include "frame/settings/settings_table.h"
 #include "platform/images/contrast.h"
+#include "platform/screen/text_family.h"
+#include "windows/media/media_style.h"
 #include "windows/options/colour_square.h"
 #include "windows/options/font_choice.h"
 #include "windows/parts/frame_columns.h"
@@ -255,7 +257,7 @@ void ColoursPage::ShowFonts()
 {
     const LookFonts fonts = light->Fonts();
     QFont shown = cmdFont->font();
-    shown.setFamily(fonts.MainFont);
+    shown.setFamilies({fonts.MainFont, TextFamily(fonts.MainFont)});
     if (fonts.MainFontSize > 0 && fonts.MainFontSize <= LargestOnButton)
         shown.setPointSizeF(fonts.MainFontSize);
     cmdFont->setFont(shown);
@@ -353,7 +355,8 @@ void ColoursPage::SetFonts(const LookFonts& fonts)
 void ColoursPage::ChooseMainFont()
 {
     LookFonts fonts = light->Fonts();
-    const std::optional<FontChoice> chosen = AskFont({fonts.MainFont, fonts.MainFontSize}, this);
+    const std::optional<FontChoice> chosen =
+        AskFont({fonts.MainFont, fonts.MainFontSize}, TextFamily(fonts.MainFont), this);
     if (!chosen || (chosen->Name == fonts.MainFont && chosen->Points == fonts.MainFontSize))
         return;
     fonts.MainFont = chosen->Name;
@@ -364,8 +367,9 @@ void ColoursPage::ChooseMainFont()
 void ColoursPage::ChooseMediaFont()
 {
     LookFonts fonts = light->Fonts();
-    const std::optional<FontChoice> chosen = AskFont(
-        {fonts.MediaListFontName, fonts.MediaListFontSize, fonts.MediaListFontBold, fonts.MediaListFontItalic}, this);
+    const std::optional<FontChoice> chosen =
+        AskFont({fonts.MediaListFontName, fonts.MediaListFontSize, fonts.MediaListFontBold, fonts.MediaListFontItalic},
+                MediaListFont(fonts).family(), this);
     if (!chosen)
         return;
     fonts.MediaListFontName = chosen->Name;
