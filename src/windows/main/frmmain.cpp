@@ -97,7 +97,7 @@ frmmain::frmmain()
     setObjectName(QStringLiteral("frmmain"));
     setWindowTitle(QStringLiteral("Gemforge"));
     setWindowIcon(CommandIcon(QStringLiteral("app")));
-    setMinimumSize(LeastSize);
+    setMinimumSize(OnScreen(QRect(QPoint(), LeastSize), {}).size()); // a large scale leaves less
     setContextMenuPolicy(Qt::NoContextMenu);
     setAcceptDrops(true);
     LayOut();
