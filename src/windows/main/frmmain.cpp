@@ -371,8 +371,17 @@ void frmmain::Activated()
         return;
     RefreshLists();
     buttons->Look();
+    ShowMenuIcons();
     if (RunningWork() == 0) // what runs works on the text
         CheckChangedOutside();
+}
+
+void frmmain::ShowMenuIcons()
+{
+    const bool on = Frame.Settings.MenuIcons == 1;
+    commands.ShowMenuIcons(on);
+    for (QAction* macro : buttons->Entries())
+        macro->setIconVisibleInMenu(on);
 }
 
 bool frmmain::event(QEvent* event)
@@ -447,7 +456,7 @@ void frmmain::ShowStarted()
 {
     split->LayoutMainWindow();
     LoadMacroButtons();
-    commands.ShowMenuIcons(Frame.Settings.MenuIcons == 1);
+    ShowMenuIcons();
     UpdateCommands();
     setWindowTitle(windowTitle() + QStringLiteral("  (Startup Time MS = %1)").arg(Frame.StartTicks.elapsed()));
 }

@@ -118,6 +118,7 @@ private:
     void RunMacroFile(const QString& path);
     bool RunMacroOfKey(QChar key); ///< false: no macro has it
     void LoadMacroButtons();
+    void ShowMenuIcons();
     void TakeDrag(QDropEvent& event) const;
     void RefreshLists();
     void MouseOver(const QString& helpId);
