@@ -145,9 +145,11 @@ VerbResult Finish(const QString& out, const FilmReport& report, VerbStreams& str
                 << " by " << report.Sheet.height() << '\n';
     if (report.Full)
         streams.Err << out << ": the sheet is full, further frames are left out\n";
+    if (report.EndsEarly)
+        streams.Err << out << ": the film ends early, it tells of " << report.Told.Length << " frames\n";
     if (report.How == films::End::Broken)
         streams.Err << out << ": the film breaks off\n";
-    return report.Full || report.How == films::End::Broken ? VerbFound : VerbDone;
+    return report.Full || report.EndsEarly || report.How == films::End::Broken ? VerbFound : VerbDone;
 }
 
 constexpr auto SheetKinds = {WindowsBitmapKind, PaintbrushKind, NetworkGraphicsKind};

@@ -107,6 +107,14 @@ TEST_F(ImageVerbs, FilmsAndPicturesBecomeSheets)
     ASSERT_EQ(sheet.size(), QSize(96, 64));
     EXPECT_EQ(sheet.copy(0, 32, 32, 32), frames[3]);
 
+    const QByteArray whole = Read("a.avi");
+    folder.Write(QStringLiteral("cut.avi"), whole.first(whole.indexOf("movi") + 4 + 3 * (8 + 32 * 32 * 3) + 100));
+    const Spoken cut = Call("film @cut.avi @out.bmp");
+    EXPECT_EQ(cut.Code, VerbFound);
+    EXPECT_EQ(cut.Err, Path("out.bmp") + QStringLiteral(": the film ends early, it tells of 6 frames\n"));
+    EXPECT_EQ(QImage(Path("out.bmp")).size(), QSize(512, 32));
+    EXPECT_TRUE(Call("film @a.avi @none.bmp --fit 40,40,8,8").Err.contains(QStringLiteral("outside of the picture")));
+
     ASSERT_TRUE(QDir(folder.Path()).mkdir(QStringLiteral("tiles")));
     for (const int i : {10, 9, 1})
         folder.Write(QStringLiteral("tiles/%1.bmp").arg(i), BitmapFile(FilmFrames(11)[i]));

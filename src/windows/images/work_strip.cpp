@@ -24,6 +24,7 @@ WorkStrip::WorkStrip(QWidget* window)
 {
     setObjectName(QStringLiteral("workStrip"));
     label->setTextFormat(Qt::PlainText);
+    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a long name takes no room from others
     cmdStop->setObjectName(QStringLiteral("cmdStop"));
     cmdStop->setAutoDefault(false);
     cmdStop->setFocusPolicy(Qt::NoFocus);
