@@ -84,6 +84,10 @@ bool AddPicture(const QString& path, const films::Plan& plan, FrameDoor& door, F
         report.Refused.push_back(picture.error());
         return true;
     }
+    if (report.Told.Width == 0) {
+        report.Told.Width = quint32(picture->Size().width());
+        report.Told.Height = quint32(picture->Size().height());
+    }
     const bool whole = plan.How == films::Fit::TilesOnly;
     if (whole && !IsOfTiles(picture->Size())) {
         report.Refused.push_back({path, QStringLiteral("The picture isn't of tiles of 32 by 32 pixels.")});

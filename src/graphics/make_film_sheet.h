@@ -17,8 +17,8 @@ struct FilmPlan
 struct FilmReport
 {
     films::End How = films::End::NotOpened;
-    QString Reason; ///< of a film that was not opened, where it is known
-    films::Facts Told;
+    QString Reason;               ///< of a film that was not opened, where it is known
+    films::Facts Told;            ///< of pictures only the size, the first one's
     QImage Sheet;                 ///< null for what was not read at all
     int Tiles = 0, Frames = 0;    ///< laid out, and read
     bool Full = false;            ///< the sheet had no room for all of them

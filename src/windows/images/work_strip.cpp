@@ -31,7 +31,7 @@ WorkStrip::WorkStrip(QWidget* window)
     cmdStop->setToolTip(QStringLiteral("Stop (Esc)"));
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins({});
-    row->addWidget(label, 1);
+    row->addWidget(label, 2);
     row->addWidget(bar, 1);
     row->addWidget(cmdStop);
     QSizePolicy policy = sizePolicy();
@@ -62,7 +62,7 @@ bool WorkStrip::Run(const QString& what, int most, const std::function<void(cons
 void WorkStrip::Tell(int done, const QString& what)
 {
     bar->setValue(done);
-    label->setText(what);
+    label->setText(label->fontMetrics().elidedText(what, Qt::ElideMiddle, label->width()));
 }
 
 void WorkStrip::Tell(int done, int most)

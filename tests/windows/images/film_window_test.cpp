@@ -196,6 +196,8 @@ TEST_F(FilmWindow, TakesDroppedFilmsAndPictures)
     const TestFolder pictures;
     for (int i = 0; i < 12; ++i)
         ASSERT_TRUE(frames[i].save(pictures.Path(QStringLiteral("p%1.png").arg(i)), "PNG"));
+    const QString wide = folder.Path(QStringLiteral("wide.png"));
+    ASSERT_TRUE(FilmFrames(1, {64, 48})[0].save(wide));
     Open([&](QWidget& window) {
         ASSERT_TRUE(DropFiles(window, {film}));
         QCoreApplication::processEvents();
@@ -211,5 +213,11 @@ TEST_F(FilmWindow, TakesDroppedFilmsAndPictures)
         const int held = player.Tile();
         QTest::qWait(150);
         EXPECT_EQ(player.Tile(), held);
+        Part<QComboBox>(window, "cmbFit").setCurrentIndex(3);
+        ASSERT_TRUE(DropFiles(window, {wide}));
+        QCoreApplication::processEvents();
+        EXPECT_EQ(Part<QSpinBox>(window, "spnX").maximum(), 63) << "the part lies in the picture";
+        EXPECT_EQ(Part<PictureViewer>(window, "picBMP").Picture().copy(0, 0, 32, 32),
+                  FilmFrames(1, {64, 48})[0].copy(16, 8, 32, 32));
     });
 }
