@@ -41,7 +41,6 @@ ViewerTools::ViewerTools(QString kept, std::vector<PictureViewer*> shown, QWidge
             button->setFocusPolicy(Qt::TabFocus);
     for (PictureViewer* viewer : viewers)
         connect(viewer, &PictureViewer::ZoomWanted, this, &ViewerTools::StepZoom);
-    bar->setMinimumWidth(bar->sizeHint().width()); // what stands beside it gives way
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins({});
     row->addWidget(bar);

@@ -1,6 +1,7 @@
 #include "windows/images/work_strip.h"
 
 #include "frame/run_scope.h"
+#include "windows/parts/dialog_help.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -13,6 +14,7 @@
 namespace {
 
 constexpr qint64 Moment = 300; ///< ms after which the strip shows
+constexpr int LeastBar = 60;   ///< pixels at 96 dpi
 
 } // namespace
 
@@ -25,6 +27,7 @@ WorkStrip::WorkStrip(QWidget* window)
     setObjectName(QStringLiteral("workStrip"));
     label->setTextFormat(Qt::PlainText);
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a long name takes no room from others
+    bar->setMinimumWidth(Pixels(*this, LeastBar));
     cmdStop->setObjectName(QStringLiteral("cmdStop"));
     cmdStop->setAutoDefault(false);
     cmdStop->setFocusPolicy(Qt::NoFocus);
