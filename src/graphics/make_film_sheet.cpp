@@ -124,8 +124,8 @@ FilmReport SheetFromFilm(const QString& path, const FilmPlan& plan, const FilmTu
     report.Reason = reading.Reason;
     report.Told = reading.Told;
     report.Tiles = sheet.Tiles();
-    report.EndsEarly = reading.How == films::End::Whole && !report.Full && reading.Told.Counted &&
-                       quint32(report.Frames) < reading.Told.Length;
+    report.Incomplete = reading.How == films::End::Whole && !report.Full && reading.Told.Counted &&
+                        quint32(report.Frames) < reading.Told.Length;
     if (reading.Told.How == film::Outcome::Reads && report.Frames > 0)
         report.Sheet = sheet.Picture();
     else if (reading.How == films::End::Whole || reading.How == films::End::Broken) { // of no frame at all

@@ -22,7 +22,7 @@ struct FilmReport
     QImage Sheet;                 ///< null for what was not read at all
     int Tiles = 0, Frames = 0;    ///< laid out, and read
     bool Full = false;            ///< the sheet had no room for all of them
-    bool EndsEarly = false;       ///< fewer frames were read than the film tells of
+    bool Incomplete = false;      ///< fewer frames were read than the film tells of
     std::vector<Failure> Refused; ///< pictures that gave no tile, and why
 };
 

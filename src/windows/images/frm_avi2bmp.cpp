@@ -202,8 +202,8 @@ void frmAVI2BMP::ShowSheet(const FilmReport& report)
                           .arg(pictures.isEmpty() ? QStringLiteral("frames") : QStringLiteral("pictures"))};
     if (report.Full)
         lines << QStringLiteral("The sheet is full: what follows is left out.");
-    if (report.EndsEarly)
-        lines << QStringLiteral("The film ends early: it tells of %1 frames.").arg(report.Told.Length);
+    if (report.Incomplete)
+        lines << QStringLiteral("The film tells of %1 frames: not all can be read.").arg(report.Told.Length);
     if (report.How == films::End::Stopped)
         lines << QStringLiteral("Stopped.");
     lblResult->setText(lines.join(QLatin1Char('\n')));
