@@ -74,10 +74,9 @@ RunWatch::RunWatch(QWidget* mainWindow, StatusPanels& panels)
 
 void RunWatch::WorkChanged()
 {
-    const bool runs = RunInFront() || (RunningWork() > 0 && panel->isVisible());
-    if (runs && !panel->isVisible() && !soon.isActive())
+    if (RunInFront() && !panel->isVisible() && !soon.isActive())
         soon.start();
-    if (RunningWork() > 0)
+    if (AnyRun())
         return;
     soon.stop();
     refresh.stop();
