@@ -195,6 +195,10 @@ void frmmain::TakeCommandKeys()
         for (const auto& [row, apart] : ShownRows(menu))
             for (const QKeySequence& key : commands.KeysOf(QString::fromLatin1(row->Control)))
                 (row->Flags & EverywhereKey ? overAll : overText).insert(key);
+    buttons->TakeKeys();
+    for (const QAction* macro : buttons->Entries())
+        for (const QKeySequence& key : macro->shortcuts())
+            overText.insert(key);
     keys->ClaimForCommands(std::move(overText), std::move(overAll));
 }
 
