@@ -33,6 +33,8 @@ public:
     TextClipboard& Clipboard() override { return clipboard; }
     void SetTurn(std::function<bool()> give) override { copy.SetTurn(std::move(give)); }
     bool HasWindow() const override { return true; }
+    void TextCameFrom(const QString& path) override;
+    Result<> SaveTarget(const QString& path) override;
     void ReportError(const MacroError& error) override;
     QString SelectedMedia() const override;
 

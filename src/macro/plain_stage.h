@@ -1,5 +1,6 @@
 #pragma once
 
+#include "frame/files/file_commands.h"
 #include "macro/run_stage.h"
 #include "text/line_text.h"
 
@@ -32,6 +33,7 @@ public:
     TextClipboard& Clipboard() override { return passedOn; }
     void SetTurn(std::function<bool()> give) override { text.SetTurn(std::move(give)); }
     bool HasWindow() const override { return false; }
+    Result<> SaveTarget(const QString& path) override { return WriteWithBackup(text, path); }
     void ReportError(const MacroError& error) override
     {
         if (OnError)

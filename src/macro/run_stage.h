@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/result.h"
+
 #include <QString>
 #include <functional>
 #include <optional>
@@ -52,6 +54,9 @@ public:
     virtual TextClipboard& Clipboard() = 0;
     virtual void SetTurn(std::function<bool()>) {} ///< for operations on the target that take long
     virtual bool HasWindow() const = 0;            ///< false: commands on windows, mouse and keys fail
+    virtual void TextCameFrom(const QString&) {}   ///< the target holds the text of this file now
+    /// The target into this file, which is its document's from now on. A failure that was told comes back as none.
+    virtual Result<> SaveTarget(const QString& path) = 0;
 
     virtual void ReportError(const MacroError& error) = 0; ///< shows it; the run is over
     virtual QString SelectedMedia() const = 0;             ///< full path of what is selected in the media lists

@@ -18,3 +18,6 @@ std::span<const CommandWord> ScreenCommands();
 std::span<const CommandWord> DialogCommands();
 std::span<const CommandWord> ProgressCommands();
 std::span<const CommandWord> SetFileCommands();
+std::span<const CommandWord> FileWorkCommands();
+std::span<const CommandWord> DocumentFileCommands();
+std::span<const CommandWord> ByteCommands();

@@ -4,6 +4,7 @@
 #include "macro/language/group_items.h"
 #include "macro/language/run_state.h"
 #include "macro/language/source_text.h"
+#include "platform/files/byte_file.h"
 #include "text/document_text.h"
 
 #include <QDir>
@@ -92,6 +93,15 @@ void RunWatchedLines(RunState& run)
         if (!more)
             return;
     } while (!run.StopRequested);
+}
+
+/// Bytes that were poked, safe on the disk. False: they are not, and the run has failed.
+bool SettleBytes(RunState& run)
+{
+    if (!run.SetBytes || run.SetBytes->Sync())
+        return true;
+    run.Fail("Couldn't Poke at file, it's possibly locked or shared.");
+    return false;
 }
 
 /// What a run borrows of the screen and puts back.
@@ -248,7 +258,7 @@ std::optional<MacroError> RunProgram(RunState& run, const PreparedSource& source
             RunLines(run);
     }
     std::optional<MacroError> error;
-    if (run.Failed())
+    if (run.Failed() || !SettleBytes(run))
         error = Report(run, {run.CurrentLine, run.ErrorText, false});
     RemoveWorkingLevels();
     return error;

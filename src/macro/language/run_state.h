@@ -9,7 +9,9 @@
 #include "conf/element_record.h"
 
 #include <array>
+#include <memory>
 
+class ByteFile;
 class DocumentText;
 class RunScope;
 class RunStage;
@@ -34,6 +36,9 @@ struct SubFrame
 struct RunState
 {
     RunState(RunStage& stage, RunScope& scope);
+    ~RunState();
+    RunState(const RunState&) = delete;
+    RunState& operator=(const RunState&) = delete;
 
     RunStage& Stage;
     RunScope& Scope;
@@ -68,6 +73,9 @@ struct RunState
     QString Author;
     bool Overtype = false;
     bool FileProtection = true;
+    qint64 PeekOffset = 0;              ///< added to the address of every peek and poke
+    std::unique_ptr<ByteFile> SetBytes; ///< of the set file, while peek and poke work on it
+    QString SetBytesPath;
     bool SafeSystem = true; ///< as the setting is
     QString ClipboardBackup;
     QString PrintedLine; ///< by the `print` under way
