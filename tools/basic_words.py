@@ -13,7 +13,8 @@ ROOM = Path(__file__).resolve().parent.parent / "src" / "macro"
 COMMANDS = {"BranchRows": "Conditions", "LoopRows": "Loops", "JumpRows": "Jumps and subs", "VariableRows": "Variables",
             "TextValueRows": "Pieces of texts", "RandomRows": "Random values and words", "ListRows": "The list",
             "GroupRows": "Groups", "DialogRows": "Dialogs", "ProgressRows": "Progress", "SetFileRows": "Files", "FileWorkRows": "Copying, moving, deleting",
-            "DocumentFileRows": "The document and files", "ByteRows": "Bytes of files"}
+            "DocumentFileRows": "The document and files", "ByteRows": "Bytes of files", "FileDialogRows": "Asking for files",
+            "ArchiveRows": "Archives"}
 TEXT_COMMANDS = {"ScreenRows": "The text as a screen", "CursorRows": "Moving and selecting", "EditingRows": "Editing"}
 TAGS = {"EditingTagRows": "Text and caret", "ResultRows": "Results", "PathRows": "Paths, documents, time",
         "ElementRows": "The element picked from a sheet"}

@@ -21,3 +21,5 @@ std::span<const CommandWord> SetFileCommands();
 std::span<const CommandWord> FileWorkCommands();
 std::span<const CommandWord> DocumentFileCommands();
 std::span<const CommandWord> ByteCommands();
+std::span<const CommandWord> FileDialogCommands();
+std::span<const CommandWord> ArchiveCommands();

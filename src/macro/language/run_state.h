@@ -88,6 +88,8 @@ struct RunState
     void Fail(const char* text) { Fail(QString::fromLatin1(text)); }
     void RequestStop() { StopRequested = Attention = true; }
     void WantTurn() { TurnWanted = Attention = true; }
+    /// What the dialogs leave in [lastmessageresult].
+    void SetOutcome(bool ok) { Last.MessageResult = Value(ok ? QStringLiteral("ok") : QStringLiteral("cancel")); }
     bool Failed() const { return !ErrorText.isEmpty(); }
 
     /// False in a branch of an If or a Case that does not hold.

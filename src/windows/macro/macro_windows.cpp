@@ -7,13 +7,19 @@
 #include "windows/macro/frm_macro_new.h"
 #include "windows/macro/frm_macro_pause.h"
 #include "windows/messages/window_asker.h"
+#include "windows/parts/dialog_help.h"
+#include "windows/parts/frm_zip.h"
 
 void BringMacroWindows(WindowAsker& asker, QWidget* owner)
 {
     asker.Bring<ChoiceQuestion>([](const ChoiceQuestion& question, QWidget* parent) {
         return question.AsMenu ? ChooseFromMenu(question, parent) : frmMacroMulti::Ask(question, parent);
     });
+    asker.Bring<ZipEntryQuestion>(frmMacroMulti::AskEntry);
     asker.Bring<PauseQuestion>(frmMacroPause::Ask);
+    MacroWindows.UnderZipWindow = [owner](ArchiveUse use, const ArchiveWork& work) {
+        return frmZip::Run(use == ArchiveUse::Zip ? frmZip::Zip : frmZip::Unzip, work, DialogParent(owner));
+    };
     MacroWindows.AskAboutNew = [owner](const NewMacro& macro) { return frmMacroNew::Ask(macro, owner); };
     MacroWindows.TakeChanges = [owner](const MacroChanges& changes) { return frmMacroCopy::Ask(changes, owner); };
 }
