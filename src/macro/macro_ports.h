@@ -4,8 +4,11 @@
 #include "platform/result.h"
 
 #include <QByteArray>
+#include <QPoint>
 #include <QString>
 #include <functional>
+
+class EditorPane;
 
 /// What a macro can do beyond changing the text, told from its source.
 enum MacroPower : int {
@@ -43,8 +46,11 @@ struct MacroPorts
     std::function<bool(const MacroChanges&)> TakeChanges;
     /// Does the work on an archive under a window that asks for patience. Not installed: without one.
     std::function<Result<>(ArchiveUse use, const ArchiveWork& work)> UnderZipWindow;
-    std::function<QString()> SelectedMedia; ///< full path of the selected entry of the media list in front
-    QString KnownFile;                      ///< where the hashes of macros stand that may run; empty: nowhere
+    std::function<quint64()> MainWindow; ///< its handle
+    std::function<void(bool)> ShowMainWindow;
+    std::function<QPoint(EditorPane&)> TextOrigin; ///< of a pane's text on the screen, in pixels
+    std::function<QString()> SelectedMedia;        ///< full path of the selected entry of the media list in front
+    QString KnownFile;                             ///< where the hashes of macros stand that may run; empty: nowhere
 };
 extern MacroPorts MacroWindows;
 void ResetMacroPorts();

@@ -71,6 +71,22 @@ Result<> PaneStage::SaveTarget(const QString& path)
     return {};
 }
 
+quint64 PaneStage::MainWindow() const
+{
+    return MacroWindows.MainWindow ? MacroWindows.MainWindow() : 0;
+}
+
+void PaneStage::ShowMainWindow(bool visible)
+{
+    if (MacroWindows.ShowMainWindow)
+        MacroWindows.ShowMainWindow(visible);
+}
+
+QPoint PaneStage::TextOrigin() const
+{
+    return MacroWindows.TextOrigin ? MacroWindows.TextOrigin(pane) : QPoint();
+}
+
 QString PaneStage::SelectedMedia() const
 {
     return MacroWindows.SelectedMedia ? MacroWindows.SelectedMedia() : QString();

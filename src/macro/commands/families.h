@@ -23,3 +23,7 @@ std::span<const CommandWord> DocumentFileCommands();
 std::span<const CommandWord> ByteCommands();
 std::span<const CommandWord> FileDialogCommands();
 std::span<const CommandWord> ArchiveCommands();
+std::span<const CommandWord> ProgramCommands();
+std::span<const CommandWord> WindowCommands();
+std::span<const CommandWord> MouseAndKeyCommands();
+std::span<const CommandWord> RegistryCommands();

@@ -12,7 +12,7 @@ void RunPaths::SetFolder(const QString& path)
 
 QString RunPaths::Resolve(const QString& told) const
 {
-    if (told.isEmpty())
+    if (told.isEmpty() || told.contains(QChar(u'\0'))) // the system would see a shorter name
         return {};
     const QString inner = paths::Inside(told);
     const QString kept = trueCase.value(inner);
@@ -34,7 +34,7 @@ QString RunPaths::ResolveToRemove(const QString& told) const
     while (inner.size() > 1 && inner.endsWith(u'/'))
         inner.chop(1);
     const QString last = paths::FileNameOfPath(inner);
-    if (last.isEmpty() || last == QLatin1String(".") || last == QLatin1String(".."))
+    if (told.contains(QChar(u'\0')) || last.isEmpty() || last == QLatin1String(".") || last == QLatin1String(".."))
         return {};
     if (told.startsWith(u'\\')) {
         while (inner.startsWith(u'/'))

@@ -76,6 +76,11 @@ struct RunState
     qint64 PeekOffset = 0;              ///< added to the address of every peek and poke
     std::unique_ptr<ByteFile> SetBytes; ///< of the set file, while peek and poke work on it
     QString SetBytesPath;
+    QString CurrentAlias;      ///< the one chosen last
+    quint64 CurrentWindow = 0; ///< chosen or started last
+    int CurrentEntry = 0;      ///< place of CurrentAlias among the started windows
+    bool MainHidden = false;
+    int ButtonsDown = 0;    ///< mouse buttons that the macro holds, 1 << mouse::Button
     bool SafeSystem = true; ///< as the setting is
     QString ClipboardBackup;
     QString PrintedLine; ///< by the `print` under way

@@ -68,6 +68,7 @@ constexpr PlainTag ResultRows[] = {
     {"lastrandom", "Left by random: the number.", Kept<&RunResults::Random>},
     {"lastrandomword", "Left by randomword: the word.", Kept<&RunResults::RandomWord>},
     {"newrandom", "Another number between the bounds of the last random.", NewRandom},
+    {"lastkeyget", "Left by keyget: the key's name, or nothing.", Kept<&RunResults::KeyGet>},
     {"lastfileinzip", "Left by ziplist: the entry chosen.", Kept<&RunResults::FileInZip>},
     {"lastpeek", "Left by peek: the value, -1 if it failed.", Kept<&RunResults::Peek>},
     {"lastdircount", "Left by dir: the number of entries.", DirCount},
