@@ -10,7 +10,7 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <algorithm>
+#include <map>
 
 namespace {
 
@@ -50,14 +50,32 @@ void WaitForEnd(RunState& run, const processes::StartedProgram& program)
         WaitFor(run.Scope, LookEvery);
 }
 
-/// A window that came since `before`: of the program's own, or of any other but ours.
-other_windows::Handle NewWindow(const std::vector<other_windows::Handle>& before,
-                                const std::vector<other_windows::Handle>& now)
+/// Windows and whose they are: a window's number may be given again as soon as it is gone.
+using WindowsByProcess = std::map<other_windows::Handle, qint64>;
+
+WindowsByProcess WindowsNow()
 {
-    for (const other_windows::Handle window : now) {
-        const bool isNew = std::find(before.begin(), before.end(), window) == before.end();
-        if (isNew && other_windows::ProcessOf(window) != QCoreApplication::applicationPid() &&
-            other_windows::IsVisible(window))
+    WindowsByProcess windows;
+    for (const other_windows::Handle window : other_windows::All())
+        windows[window] = other_windows::ProcessOf(window);
+    return windows;
+}
+
+other_windows::Handle OwnWindow(const processes::StartedProgram& program)
+{
+    for (const other_windows::Handle window : other_windows::OfProcessTree(program.Process()))
+        if (other_windows::IsVisible(window))
+            return window;
+    return 0;
+}
+
+/// A window that came since `before`, of any program but ours.
+other_windows::Handle NewWindow(const WindowsByProcess& before)
+{
+    for (const auto& [window, process] : WindowsNow()) {
+        const auto known = before.find(window);
+        const bool isNew = known == before.end() || known->second != process;
+        if (isNew && process != QCoreApplication::applicationPid() && other_windows::IsVisible(window))
             return window;
     }
     return 0;
@@ -65,17 +83,17 @@ other_windows::Handle NewWindow(const std::vector<other_windows::Handle>& before
 
 /// Waits for the window of a started program; 0 if there is none to be waited for, or a stop is wanted.
 other_windows::Handle WaitForWindow(RunState& run, const processes::StartedProgram& program,
-                                    const std::vector<other_windows::Handle>& before)
+                                    const WindowsByProcess& before)
 {
     QElapsedTimer waited;
     waited.start();
     while (other_windows::Available() && run.Scope.Turn()) {
         const bool ended = program.HasEnded(); // asked first: what it leaves behind is there by then
-        if (const auto own = NewWindow(before, other_windows::OfProcessTree(program.Process())))
+        if (const auto own = OwnWindow(program))
             return own;
         // Some hand over to a program that runs already, and end.
         const bool late = waited.hasExpired(AnyWindowAfter);
-        if (const auto any = late ? NewWindow(before, other_windows::All()) : 0)
+        if (const auto any = late ? NewWindow(before) : 0)
             return any;
         if (ended && late)
             return 0;
@@ -112,7 +130,7 @@ void Execute(RunState& run, Arguments& in)
         run.Fail(QStringLiteral("Alias already exists: ") + third);
         return;
     }
-    const std::vector<other_windows::Handle> before = waits ? decltype(before)() : other_windows::All();
+    const WindowsByProcess before = waits ? WindowsByProcess() : WindowsNow();
     const auto program = processes::StartedProgram::Start(path, SplitArguments(arguments), run.Paths.Folder());
     if (!program) {
         run.Fail(program.error().Text());
