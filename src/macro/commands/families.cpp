@@ -7,7 +7,7 @@ std::span<const std::span<const CommandWord>> CommandFamilies()
         RandomCommands(),       ListCommands(),        GroupCommands(),      CursorCommands(),   EditingCommands(),
         ScreenCommands(),       DialogCommands(),      ProgressCommands(),   SetFileCommands(),  FileWorkCommands(),
         DocumentFileCommands(), ByteCommands(),        FileDialogCommands(), ArchiveCommands(),  ProgramCommands(),
-        WindowCommands(),       MouseAndKeyCommands(), RegistryCommands(),
+        WindowCommands(),       MouseAndKeyCommands(), RegistryCommands(),   SoundCommands(),
     };
     return families;
 }

@@ -27,3 +27,4 @@ std::span<const CommandWord> ProgramCommands();
 std::span<const CommandWord> WindowCommands();
 std::span<const CommandWord> MouseAndKeyCommands();
 std::span<const CommandWord> RegistryCommands();
+std::span<const CommandWord> SoundCommands();
