@@ -1,6 +1,10 @@
 #pragma once
 
+#include "platform/result.h"
+
 #include <QString>
+
+class DocumentText;
 
 /// Title of the file dialogs' filter, one for open, save and insert.
 QString DocumentFilter();
@@ -17,6 +21,10 @@ void SaveCommand();
 void SaveDocumentAs();
 /// True if the file was written.
 bool SaveDocument(const QString& path);
+/// The same with the backup that the setting wants, and without the question for a file that stands there.
+bool SaveDocumentOver(const QString& path);
+/// A text that is no document into a file, with a backup if the setting wants one.
+[[nodiscard]] Result<> WriteWithBackup(DocumentText& text, const QString& path);
 QString UniqueName(const QString& base, bool folder);
 
 /// Notes size and time of a tab's file, so that a change by another program is seen.

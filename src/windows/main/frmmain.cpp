@@ -1,5 +1,6 @@
 #include "windows/main/frmmain.h"
 #include "frame/files/tab_commands.h"
+#include "macro/started_windows.h"
 
 #include "conf/block_outline.h"
 #include "conf/help_for_word.h"
@@ -393,6 +394,8 @@ void frmmain::closeEvent(QCloseEvent* event)
         return;
     }
     finished = MayClose();
+    if (finished)
+        StartedWindows.CloseAll();
     event->setAccepted(finished);
 }
 
@@ -429,8 +432,10 @@ void frmmain::WorkChanged()
 
 void frmmain::Finish()
 {
-    if (!finished)
+    if (!finished) {
+        StartedWindows.CloseAll();
         static_cast<void>(KeepEverything()); // the loop has ended; there is nobody left to ask
+    }
     finished = true;
 }
 
