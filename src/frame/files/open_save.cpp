@@ -94,7 +94,8 @@ bool MayWrite(const QString& path, bool ownPath, bool asNamed)
     return true;
 }
 
-/// Copies the file on disk to the first free numbered backup; its path, empty if there is no file.
+} // namespace
+
 Result<QString> MakeBackup(const QString& path)
 {
     if (!paths::FileExists(path))
@@ -105,6 +106,8 @@ Result<QString> MakeBackup(const QString& path)
             return paths::CopyFileTo(path, backup).map([&] { return backup; });
     }
 }
+
+namespace {
 
 /// The backup of one save: made when the new bytes lie safely beside, taken away again if the save fails all the same.
 class SaveBackup

@@ -18,3 +18,7 @@ std::span<const CommandWord> ScreenCommands();
 std::span<const CommandWord> DialogCommands();
 std::span<const CommandWord> ProgressCommands();
 std::span<const CommandWord> SetFileCommands();
+std::span<const CommandWord> LevelFileCommands();
+std::span<const CommandWord> LevelPaintCommands();
+std::span<const CommandWord> LevelReplaceCommands();
+std::span<const CommandWord> LevelShowCommands();

@@ -1,13 +1,11 @@
 #include "macro/language/run_loop.h"
 
 #include "frame/run_scope.h"
+#include "level/level_files.h"
 #include "macro/language/group_items.h"
 #include "macro/language/run_state.h"
 #include "macro/language/source_text.h"
 #include "text/document_text.h"
-
-#include <QDir>
-#include <QFile>
 
 namespace {
 
@@ -131,12 +129,6 @@ private:
     const int print, ground;
 };
 
-void RemoveWorkingLevels()
-{
-    for (const char* name : {"tmp.level", "tmp.cust"})
-        QFile::remove(QDir::tempPath() + QLatin1Char('/') + QLatin1String(name));
-}
-
 MacroError Report(RunState& run, const MacroError& error)
 {
     run.RequestStop();
@@ -233,6 +225,7 @@ void RunForTheFirstTime(RunState& run, ProgramLine& line)
 std::optional<MacroError> RunProgram(RunState& run, const PreparedSource& source)
 {
     const BorrowedScreen borrowed(run.Stage);
+    CloseLevel();
     if (!source.ErrorText.isEmpty())
         return Report(run, {source.ErrorLine, source.ErrorText, true});
     run.Code.Take(source.Lines);
@@ -250,6 +243,6 @@ std::optional<MacroError> RunProgram(RunState& run, const PreparedSource& source
     std::optional<MacroError> error;
     if (run.Failed())
         error = Report(run, {run.CurrentLine, run.ErrorText, false});
-    RemoveWorkingLevels();
+    CloseLevel();
     return error;
 }
