@@ -3,8 +3,6 @@
 #include "frame/frame_state.h"
 #include "platform/files/paths.h"
 
-#include <QHash>
-
 namespace {
 
 /// Copies one cell, row by row, which is many times faster than a painter.
@@ -14,16 +12,6 @@ void CopyCell(const QImage& from, const QPoint& fromAt, QImage& to, const QPoint
         const auto* source = reinterpret_cast<const QRgb*>(from.constScanLine(fromAt.y() + row)) + fromAt.x();
         std::copy_n(source, side, reinterpret_cast<QRgb*>(to.scanLine(toAt.y() + row)) + toAt.x());
     }
-}
-
-/// The palette with cells of `side` pixels.
-QImage Scaled(const QImage& palette, int side)
-{
-    const QImage plain = palette.convertToFormat(QImage::Format_RGB32);
-    if (side == PaletteCell || plain.isNull())
-        return plain;
-    return plain.scaled(plain.size() * side / PaletteCell, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-        .convertToFormat(QImage::Format_RGB32);
 }
 
 /// `palette` is one with cells of `side` pixels.
@@ -65,14 +53,42 @@ QString FindPalette(const QString& name)
     return own.isEmpty() ? paths::Existing(DefaultPalette()) : own;
 }
 
-QImage MapPicture(const LevelMap& map, const QImage& palette)
+MapPainter::MapPainter(const QImage& ofPalette) : palette(ofPalette.convertToFormat(QImage::Format_RGB32)) {}
+
+const QImage& MapPainter::Scaled(int side) const
 {
-    return Drawn(map, Scaled(palette, PaletteCell), PaletteCell);
+    if (side == PaletteCell || palette.isNull())
+        return palette;
+    QImage& kept = scaled[side];
+    if (!kept.isNull())
+        return kept;
+    const QSize size = palette.size() / PaletteCell * side;
+    // Enlarged cells keep their pixels; shrunk ones are smoothed.
+    kept = palette.scaled(size, Qt::IgnoreAspectRatio,
+                          side > PaletteCell ? Qt::FastTransformation : Qt::SmoothTransformation);
+    kept = kept.convertToFormat(QImage::Format_RGB32);
+    return kept;
 }
 
-QImage SmallMapPicture(const LevelMap& map, const QImage& palette, const QSize& room)
+QImage MapPainter::Picture(const LevelMap& map, int side) const
 {
-    const int side = std::clamp(
-        std::min(room.width() / std::max(map.Width(), 1), room.height() / std::max(map.Height(), 1)), 1, PaletteCell);
-    return Drawn(map, Scaled(palette, side), side);
+    return Drawn(map, Scaled(side), side);
+}
+
+QImage MapPainter::Small(const LevelMap& map, const QSize& room) const
+{
+    const int fits = std::min(room.width() / std::max(map.Width(), 1), room.height() / std::max(map.Height(), 1));
+    return Picture(map, std::clamp(fits, 1, PaletteCell));
+}
+
+QImage MapPainter::Cell(int element) const
+{
+    LevelMap one(1, 1);
+    one.At(0, 0) = element;
+    return Picture(one);
+}
+
+QImage MapPicture(const LevelMap& map, const QImage& palette)
+{
+    return MapPainter(palette).Picture(map);
 }

@@ -121,10 +121,10 @@ TEST(LevelPalette, MapsAreDrawnCellByCell)
     EXPECT_EQ(picture.pixel(8, 24), MissingCell);
     EXPECT_EQ(picture.pixel(24, 24), MissingCell);
     EXPECT_EQ(MapPicture(map, QImage()).pixel(0, 0), MissingCell);
-    const QImage small = SmallMapPicture(map, palette, {20, 100});
+    const QImage small = MapPainter(palette).Small(map, {20, 100});
     EXPECT_EQ(small.size(), QSize(18, 12));
     EXPECT_EQ(small.pixel(15, 3), qRgb(0, 200, 0));
-    EXPECT_EQ(SmallMapPicture(LevelMap(128, 128), palette, {32, 32}).size(), QSize(128, 128))
+    EXPECT_EQ(MapPainter(palette).Small(LevelMap(128, 128), {32, 32}).size(), QSize(128, 128))
         << "a pixel a cell at least";
 }
 
