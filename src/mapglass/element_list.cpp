@@ -36,8 +36,7 @@ ElementList::ElementList(QWidget* parent) : QTreeWidget(parent)
 {
     setObjectName(QStringLiteral("elements"));
     setAccessibleName(QStringLiteral("Elements used"));
-    setHeaderLabels(
-        {QStringLiteral("Element"), QStringLiteral("No."), QStringLiteral("Count"), QStringLiteral("Set draws")});
+    setHeaderLabels({QStringLiteral("Element"), QStringLiteral("No."), QStringLiteral("Count"), QStringLiteral("Set")});
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);
@@ -49,6 +48,8 @@ ElementList::ElementList(QWidget* parent) : QTreeWidget(parent)
     header()->setSectionResizeMode(NameColumn, QHeaderView::Stretch);
     for (const int column : {NumberColumn, CountColumn, SetColumn})
         header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
+    headerItem()->setToolTip(SetColumn, QStringLiteral("Does the set draw it?"));
+    header()->setMinimumSectionSize(fontMetrics().averageCharWidth() * 5);
     setColumnHidden(SetColumn, true);
     connect(this, &QTreeWidget::itemSelectionChanged, this, &ElementList::MarksChanged);
 }

@@ -14,7 +14,7 @@ namespace {
 constexpr qint64 SliceMs = 12; ///< of one turn of work: the window stays alive
 
 /// The picture in the middle of a tile of fixed size, so that all rows stand alike.
-QPixmap Framed(const QImage& picture, const QSize& size)
+QIcon Framed(const QImage& picture, const QSize& size)
 {
     QPixmap tile(size);
     tile.fill(QColor(24, 20, 32));
@@ -22,7 +22,9 @@ QPixmap Framed(const QImage& picture, const QSize& size)
     QPainter painter(&tile);
     painter.drawImage((size.width() - fitted.width()) / 2, (size.height() - fitted.height()) / 2, picture, 0, 0,
                       fitted.width(), fitted.height());
-    return tile;
+    QIcon icon(tile);
+    icon.addPixmap(tile, QIcon::Selected); // a style would tint it
+    return icon;
 }
 
 /// A map too large for a pixel a cell is shown thinned out.
@@ -98,8 +100,7 @@ void LevelStripModel::Make(int row)
 {
     Thumb& thumb = thumbs[size_t(row)];
     const Result<LevelFile> level = ReadLevelFile(Path(row));
-    const double ratio = 1;
-    thumb.Picture = Framed(level ? Thumbnail(level->Record.Map, painter, Picture * ratio) : QImage(), Picture);
+    thumb.Picture = Framed(level ? Thumbnail(level->Record.Map, painter, Picture) : QImage(), Picture);
     thumb.Title = level ? level->Record.Info.Cavename : level.error().Reason;
     thumb.Made = true;
     ++made;

@@ -3,8 +3,8 @@
 #include "level/level_palette.h"
 
 #include <QAbstractListModel>
+#include <QIcon>
 #include <QListView>
-#include <QPixmap>
 #include <QTimer>
 
 /// The levels of a folder with small pictures, which are made in between, those in view first.
@@ -30,7 +30,7 @@ public:
 private:
     struct Thumb
     {
-        QPixmap Picture;
+        QIcon Picture;
         QString Title;
         bool Made = false;
     };

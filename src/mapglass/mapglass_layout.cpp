@@ -81,7 +81,7 @@ void MapglassWindow::LayOut()
     statusBar()->addWidget(cellText, 1);
     statusBar()->addPermanentWidget(zoomText);
     resize(QSize(1180, 760).boundedTo(screen()->availableSize() * 0.9));
-    split->setSizes({146, 780, 270});
+    split->setSizes({146, 700, 330});
     const WindowMemory memory = RecallWindow();
     restoreGeometry(memory.Geometry);
     split->restoreState(memory.Split);

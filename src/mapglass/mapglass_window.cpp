@@ -98,6 +98,7 @@ void MapglassWindow::TakePalettes()
     const bool own = !found.isEmpty() && found != paths::Existing(DefaultPalette());
     const bool set = !GraphicsConfOf(folder).isEmpty();
     palettes->clear();
+    setPaletteOf.clear();
     if (own)
         palettes->addItem(QStringLiteral("Palette of Its Own"), OwnPalette);
     if (set)

@@ -31,8 +31,9 @@ protected:
         qputenv("XDG_CONFIG_HOME", QFile::encodeName(folder.Path(u"config"_s)));
         Frame.ProgramFolder = folder.Path();
         Frame.DataFolder = ProjectFile(u"data/"_s);
-        folder.Write(u"previews/other.gif"_s, {});
-        QFile::copy(ProjectFile(u"previews/gfx_classic.gif"_s), folder.Path(u"previews/gfx_classic.gif"_s));
+        QFile palette(ProjectFile(u"previews/gfx_classic.gif"_s));
+        EXPECT_TRUE(palette.open(QIODevice::ReadOnly));
+        folder.Write(u"previews/gfx_classic.gif"_s, palette.readAll());
         window.resize(1000, 700);
     }
     ~MapglassTest() override
