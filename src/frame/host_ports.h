@@ -39,7 +39,7 @@ public:
     virtual void BusyPointer(bool busy) = 0;
 };
 
-enum class ToolWindow { Project, About, Options, PCXLab, AVI2BMP, Games };
+enum class ToolWindow { Project, About, Options, PCXLab, AVI2BMP, Games, MakePreview };
 enum class ListKind { Recent, Comments, Blocks, GameWords };
 
 /// Windows and players that a routine opens by name.

@@ -25,6 +25,8 @@ bool SaveDocument(const QString& path);
 bool SaveDocumentOver(const QString& path);
 /// A text that is no document into a file, with a backup if the setting wants one.
 [[nodiscard]] Result<> WriteWithBackup(DocumentText& text, const QString& path);
+/// Copies the file on disk to the first free numbered backup; its path, empty if there is no file.
+[[nodiscard]] Result<QString> MakeBackup(const QString& path);
 QString UniqueName(const QString& base, bool folder);
 
 /// Notes size and time of a tab's file, so that a change by another program is seen.

@@ -95,7 +95,8 @@ bool MayWrite(const QString& path, bool ownPath, bool asNamed, bool sure)
     return true;
 }
 
-/// Copies the file on disk to the first free numbered backup; its path, empty if there is no file.
+} // namespace
+
 Result<QString> MakeBackup(const QString& path)
 {
     if (!paths::FileExists(path))
@@ -106,6 +107,8 @@ Result<QString> MakeBackup(const QString& path)
             return paths::CopyFileTo(path, backup).map([&] { return backup; });
     }
 }
+
+namespace {
 
 /// The backup of one save: made when the new bytes lie safely beside, taken away again if the save fails all the same.
 class SaveBackup

@@ -11,6 +11,7 @@
 #include "windows/game/words_panel.h"
 #include "windows/images/frm_avi2bmp.h"
 #include "windows/images/frm_pcx_lab.h"
+#include "windows/levels/frm_make_preview.h"
 #include "windows/lists/block_list.h"
 #include "windows/lists/comment_tree.h"
 #include "windows/lists/recent_popup.h"
@@ -119,6 +120,8 @@ void frmmain::OpenTool(ToolWindow tool)
         frmPCXLab::Run(this);
     if (tool == ToolWindow::AVI2BMP)
         frmAVI2BMP::Run(this);
+    if (tool == ToolWindow::MakePreview)
+        frmMakePreview::Run(this);
     if (tool == ToolWindow::Games)
         RunGamesWindow(this);
 }
