@@ -254,6 +254,26 @@ TEST_F(SafeTestOfSet, AKillLeavesAHomeThatIsSweptOnceNobodyHoldsIt)
     EXPECT_EQ(ScratchHomes(), 0);
 }
 
+// Catches: a game that cannot be asked by a user without a home that can be written, or in another user's folder.
+TEST_F(SafeTestOfSet, WithoutAHomeTheTemporaryFilesServe)
+{
+    Scope.Home.Write(QStringLiteral("file"), "no folder");
+    const QString temporary = Scope.Home.Path(QStringLiteral("temporary"));
+    QDir().mkpath(temporary);
+    qputenv("XDG_CACHE_HOME", QFile::encodeName(Scope.Home.Path(QStringLiteral("file"))));
+    qputenv("TMPDIR", QFile::encodeName(temporary));
+    const QString spare = QStringLiteral("%1/gemforge-%2").arg(temporary).arg(geteuid());
+    {
+        const auto home = ScratchHome::Make();
+        ASSERT_TRUE(home) << home.error().Text();
+        EXPECT_TRUE(home->Folder().startsWith(spare + u'/'));
+    }
+    QDir(spare).removeRecursively();
+    QFile::link(Scope.Home.Path(), spare);
+    EXPECT_FALSE(ScratchHome::Make());
+    qunsetenv("TMPDIR");
+}
+
 // Catches: a check that waits for the limit, in the user's home, with the saved text, whose rows name the copy.
 TEST_F(SafeTestOfSet, CheckWithTheGameShowsItsWords)
 {

@@ -48,6 +48,7 @@ private:
     void AddGame();
     void FindGames();
     void UseSelected();
+    void UseIfNone(const QString& program);
     void Use(const QString& program);
     void RemoveSelected();
 
@@ -74,11 +75,11 @@ frmGames::frmGames(QWidget* owner) : QDialog(DialogParent(owner))
         made->setAutoDefault(false); // Enter belongs to the list
         return made;
     };
-    cmdAdd = button("cmdAdd", "Add...");
-    cmdFind = button("cmdFind", "Find");
-    cmdUse = button("cmdUse", "Use");
-    cmdRemove = button("cmdRemove", "Remove");
-    cmdClose = button("cmdClose", "Close");
+    cmdAdd = button("cmdAdd", "&Add...");
+    cmdFind = button("cmdFind", "&Find");
+    cmdUse = button("cmdUse", "&Use");
+    cmdRemove = button("cmdRemove", "&Remove");
+    cmdClose = button("cmdClose", "C&lose");
     txtName = new QLineEdit(this);
     txtName->setObjectName(QStringLiteral("txtName"));
     txtArguments = new QLineEdit(this);
@@ -239,8 +240,7 @@ void frmGames::AddGame()
     item->setText(VersionColumn, *version);
     treeGames->setCurrentItem(item);
     Save();
-    if (!paths::FileExists(Frame.Settings.RNDPath))
-        Use(program);
+    UseIfNone(program);
 }
 
 void frmGames::FindGames()
@@ -257,6 +257,7 @@ void frmGames::FindGames()
         QTreeWidgetItem* item = AddRow({QStringLiteral("Rocks'n'Diamonds ") + *version, program, {}});
         item->setText(VersionColumn, *version);
         treeGames->setCurrentItem(item);
+        UseIfNone(program);
     }
     if (treeGames->topLevelItemCount() == before)
         ShowNotice(QStringLiteral("No game was found that is not listed."));
@@ -276,6 +277,12 @@ void frmGames::UseSelected()
         Use(program);
     else
         ShowMessage(message::NotTheGame);
+}
+
+void frmGames::UseIfNone(const QString& program)
+{
+    if (!paths::FileExists(Frame.Settings.RNDPath))
+        Use(program);
 }
 
 void frmGames::Use(const QString& program)

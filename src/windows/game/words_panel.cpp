@@ -138,6 +138,23 @@ void WordsPanel::ShowColumns()
         list->resizeColumnToContents(column);
         list->setColumnWidth(column, qMin(list->columnWidth(column), most));
     }
+    FitText();
+}
+
+/// The text takes the room that is left; where that is too little, one scrolls to it.
+void WordsPanel::FitText()
+{
+    const int all = list->viewport()->width();
+    const bool fits = all - list->header()->sectionPosition(GameWords::TextColumn) >= all / 3;
+    list->header()->setStretchLastSection(fits);
+    if (!fits)
+        list->resizeColumnToContents(GameWords::TextColumn);
+}
+
+void WordsPanel::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    FitText();
 }
 
 void WordsPanel::ShowList()
