@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QSplitter>
 #include <QStyle>
+#include <QStyledItemDelegate>
 #include <QToolButton>
 #include <QTreeView>
 #include <QVBoxLayout>
@@ -27,6 +28,28 @@ QString CountText(int all, int fresh)
         return count + u'.';
     return count + (fresh == 0 ? QStringLiteral(", nothing new.") : QStringLiteral(", %1 of them new.").arg(fresh));
 }
+
+/// A mark in front of each row for how bad it is.
+class SeverityMarks : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        const PlacedFinding* row = Words().At(index.row());
+        if (!row)
+            return;
+        const bool warns = row->Finding.Severity == GameSeverity::Warning;
+        const QStyle& style = *option->widget->style();
+        option->icon = style.standardIcon(warns ? QStyle::SP_MessageBoxWarning : QStyle::SP_MessageBoxCritical);
+        const int side = qMin(option->fontMetrics.height(), style.pixelMetric(QStyle::PM_SmallIconSize));
+        option->decorationSize = QSize(side, side);
+        option->features |= QStyleOptionViewItem::HasDecoration;
+    }
+};
 
 QToolButton* BarButton(QWidget* bar, const char* name)
 {
@@ -73,6 +96,7 @@ WordsPanel::WordsPanel(QWidget* parent)
     list->setAllColumnsShowFocus(true);
     list->setTextElideMode(Qt::ElideMiddle); // the line stands at the end
     list->setModel(&Words());
+    list->setItemDelegateForColumn(GameWords::KeyColumn, new SeverityMarks(list));
     list->header()->setStretchLastSection(true);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -114,6 +138,23 @@ void WordsPanel::ShowColumns()
         list->resizeColumnToContents(column);
         list->setColumnWidth(column, qMin(list->columnWidth(column), most));
     }
+    FitText();
+}
+
+/// The text takes the room that is left; where that is too little, one scrolls to it.
+void WordsPanel::FitText()
+{
+    const int all = list->viewport()->width();
+    const bool fits = all - list->header()->sectionPosition(GameWords::TextColumn) >= all / 3;
+    list->header()->setStretchLastSection(fits);
+    if (!fits)
+        list->resizeColumnToContents(GameWords::TextColumn);
+}
+
+void WordsPanel::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    FitText();
 }
 
 void WordsPanel::ShowList()

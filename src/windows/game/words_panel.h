@@ -27,10 +27,14 @@ public:
 signals:
     void Left(); ///< the keyboard goes back to the text
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     void Spoken(int all, int fresh);
     void SetListVisible(bool visible);
     void ShowColumns();
+    void FitText();
 
     QWidget* bar;
     QLabel *picture, *text;

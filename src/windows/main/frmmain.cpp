@@ -372,7 +372,7 @@ void frmmain::Activated()
         return;
     RefreshLists();
     buttons->Look();
-    if (RunningWork() == 0) // what runs works on the text
+    if (!IsWorkHeldUp()) // what runs works on the text
         CheckChangedOutside();
 }
 
