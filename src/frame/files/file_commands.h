@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/result.h"
+
 #include <QString>
 
 /// Title of the file dialogs' filter, one for open, save and insert.
@@ -18,6 +20,8 @@ void SaveDocumentAs();
 /// True if the file was written.
 bool SaveDocument(const QString& path);
 QString UniqueName(const QString& base, bool folder);
+/// Copies a file to the first free numbered backup; its path, empty if there is no file.
+[[nodiscard]] Result<QString> MakeBackup(const QString& path);
 
 /// Notes size and time of a tab's file, so that a change by another program is seen.
 void NoteDiskState(int tab);

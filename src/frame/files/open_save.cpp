@@ -94,18 +94,6 @@ bool MayWrite(const QString& path, bool ownPath, bool asNamed)
     return true;
 }
 
-/// Copies the file on disk to the first free numbered backup; its path, empty if there is no file.
-Result<QString> MakeBackup(const QString& path)
-{
-    if (!paths::FileExists(path))
-        return QString();
-    for (int n = 0;; ++n) {
-        const QString backup = path + QStringLiteral("_%1.GemforgeBackup").arg(n, 3, 10, QLatin1Char('0'));
-        if (!QFileInfo::exists(backup))
-            return paths::CopyFileTo(path, backup).map([&] { return backup; });
-    }
-}
-
 /// The backup of one save: made when the new bytes lie safely beside, taken away again if the save fails all the same.
 class SaveBackup
 {
@@ -173,6 +161,17 @@ bool Save(const QString& told, bool backup)
 }
 
 } // namespace
+
+Result<QString> MakeBackup(const QString& path)
+{
+    if (!paths::FileExists(path))
+        return QString();
+    for (int n = 0;; ++n) {
+        const QString backup = path + QStringLiteral("_%1.GemforgeBackup").arg(n, 3, 10, QLatin1Char('0'));
+        if (!QFileInfo::exists(backup))
+            return paths::CopyFileTo(path, backup).map([&] { return backup; });
+    }
+}
 
 bool OpenDocument(const QString& told, bool force)
 {
