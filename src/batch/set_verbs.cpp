@@ -13,6 +13,7 @@
 #include <QFileInfo>
 #include <algorithm>
 #include <map>
+#include <optional>
 
 namespace {
 
@@ -31,34 +32,34 @@ QString AbsoluteFolder(const QString& told)
     return QFileInfo(existing.isEmpty() ? told : existing).absoluteFilePath();
 }
 
-/// The values of a call's options, each of which may stand once; false: what is wrong was told.
-bool TakeValues(const char* verb, const QStringList& arguments, std::map<QString, QString>& values,
-                VerbStreams& streams)
+/// Options of a call and their values, as far as they are given.
+using Values = std::map<QString, std::optional<QString>>;
+
+/// Each option may stand once; false: what is wrong was told.
+bool TakeValues(const char* verb, const QStringList& arguments, Values& values, VerbStreams& streams)
 {
-    QStringList seen;
     for (qsizetype i = 0; i < arguments.size(); i += 2) {
         const auto value = values.find(arguments.at(i));
-        if (value == values.end() || i + 1 == arguments.size() || seen.contains(arguments.at(i))) {
+        if (value == values.end() || i + 1 == arguments.size() || value->second) {
             WrongUsage(verb, arguments.at(i) + QStringLiteral(": unknown, twice or without its value"), streams);
             return false;
         }
-        seen << arguments.at(i);
         value->second = arguments.at(i + 1);
     }
     return true;
 }
 
 /// Ticks what the words of "--with" name; the word that names nothing, or an empty text.
-QString TakeExtras(const QString& words, NewSet& set)
+QString TakeExtras(const std::optional<QString>& words, NewSet& set)
 {
     const auto& rows = SetExtras();
-    if (words.isNull()) {
+    if (!words) {
         std::transform(rows.begin(), rows.end(), set.Extras.begin(),
                        [](const SetExtraRow& row) { return row.DumpIndex == 0; });
         return {};
     }
     set.Extras.fill(false);
-    for (const QString& word : words.split(u',', Qt::SkipEmptyParts)) {
+    for (const QString& word : words->split(u',', Qt::SkipEmptyParts)) {
         const auto row = std::find_if(rows.begin(), rows.end(), [&](const SetExtraRow& one) {
             return word.trimmed() == QLatin1String(one.Word);
         });
@@ -95,10 +96,10 @@ Result<std::map<int, QByteArray>> PrintDumps(const NewSet& set, const QString& p
 
 VerbResult SetNewVerb(const QStringList& arguments, VerbStreams& streams)
 {
-    std::map<QString, QString> told;
+    Values told;
     for (const char* option : {"--title", "--short", "--author", "--in", "--with", "--game"})
-        told[QString::fromLatin1(option)] = QString();
-    const auto value = [&](const char* option) { return told[QString::fromLatin1(option)]; };
+        told[QString::fromLatin1(option)] = std::nullopt;
+    const auto value = [&](const char* option) { return told[QString::fromLatin1(option)].value_or(QString()); };
     if (!TakeValues("set new", arguments, told, streams))
         return VerbFailed;
     NewSet set;
@@ -108,7 +109,7 @@ VerbResult SetNewVerb(const QStringList& arguments, VerbStreams& streams)
     set.Path = value("--in").isEmpty() ? QString() : AbsoluteFolder(value("--in"));
     if (!set.IsFinished())
         return WrongUsage("set new", QStringLiteral("--title, --short, --author and --in are wanted"), streams);
-    if (const QString word = TakeExtras(value("--with"), set); !word.isEmpty())
+    if (const QString word = TakeExtras(told[QStringLiteral("--with")], set); !word.isEmpty())
         return WrongUsage("set new", word + QStringLiteral(": there is no such extra"), streams);
     const QString program = value("--game").isEmpty() ? Frame.Settings.RNDPath : AbsoluteFolder(value("--game"));
     if (!value("--game").isEmpty())

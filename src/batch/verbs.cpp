@@ -106,12 +106,15 @@ constexpr Verb AllVerbs[] = {
      "Ends with 1 if nothing was made, and tells why; with 2 after a wrong call.\n",
      SetNewVerb},
     {"set list", "FOLDER",
-     "Prints a line for each level set below FOLDER: \"folder\" or \"zip\", its path and its name as the Level Manager\n"
+     "Prints a line for each level set below FOLDER: \"folder\" or \"zip\", its path and its name as the Level "
+     "Manager\n"
      "shows it, parted by tabs.\n",
      SetListVerb},
     {"set zip", "FOLDER",
-     "Packs a level set into FOLDER.levzip, removes the folder once the archive was read again and compared, and prints\n"
-     "the archive's path. Ends with 1 and the reason if nothing has changed, such as where that archive stands already;\n"
+     "Packs a level set into FOLDER.levzip, removes the folder once the archive was read again and compared, and "
+     "prints\n"
+     "the archive's path. Ends with 1 and the reason if nothing has changed, such as where that archive stands "
+     "already;\n"
      "with 2 if FOLDER is none, or stays beside its archive.\n",
      SetZipVerb},
     {"set unzip", "FILE",

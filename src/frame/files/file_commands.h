@@ -11,7 +11,8 @@ void NewDocument(int mode);
 void MakeTemplate(int mode);
 void OpenCommand();
 /// Opens a file in the current tab, or shows the tab that has it unless `force` is set. True if a tab shows it now;
-/// otherwise the reason was told and tab, path and text are as they were.
+/// otherwise the reason was told and tab, path and text are as they were. A zipped
+/// level set opens in the Level Manager instead.
 bool OpenDocument(const QString& path, bool force);
 void RevertDocument();
 void InsertFileAtCaret();

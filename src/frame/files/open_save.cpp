@@ -179,6 +179,10 @@ bool OpenDocument(const QString& told, bool force)
     const BusyScope busy;
     const QString existing = paths::Existing(told);
     const QString path = Absolute(existing.isEmpty() ? paths::Inside(told) : existing);
+    if (path.endsWith(QLatin1String(".levzip"), Qt::CaseInsensitive) && !existing.isEmpty()) {
+        Tools().ShowZippedSet(path);
+        return false;
+    }
     const int holder = force ? -1 : TabWithFile(path);
     if (holder >= 0) {
         Panes().SelectTab(holder);

@@ -1,5 +1,6 @@
 #include "windows/macro/frm_macro_multi.h"
 
+#include "windows/macro/zip_page.h"
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/help_subject.h"
 
@@ -11,11 +12,12 @@
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QStringListModel>
+#include <QTreeWidget>
 #include <QVBoxLayout>
 
 namespace {
 
-enum Page { ListPage, WordsPage, ZipPage };
+enum MultiPage { ListPage, WordsPage, ArchivePage };
 
 constexpr int ListWidth = 240, ListHeight = 260; ///< pixels of a 96-dpi screen
 
@@ -27,17 +29,43 @@ frmMacroMulti::frmMacroMulti(const ChoiceQuestion& question, QWidget* parent)
       pages(new QStackedWidget(this)),
       preview(new QLineEdit(this))
 {
-    setObjectName(QStringLiteral("frmMacroMulti"));
-    setWindowTitle(question.Title);
-    SetHelpSubject(this, QStringLiteral("macros"));
-    pages->setObjectName(QStringLiteral("SSMultiPage"));
-    for (int page = ListPage; page <= ZipPage; ++page)
+    setWindowTitle(question.Title); // a list is called by it
+    for (int page = ListPage; page <= ArchivePage; ++page)
         pages->addWidget(page == (ofWords ? WordsPage : ListPage) ? MakePage(question) : new QWidget(pages));
     pages->setCurrentIndex(ofWords ? WordsPage : ListPage);
     preview->setObjectName(QStringLiteral("txtPreview"));
     preview->setAccessibleName(QStringLiteral("Chosen"));
     preview->setReadOnly(true);
     preview->setVisible(ofWords);
+    LayOut();
+    if (!ofWords)
+        lists.front()->setCurrentIndex(lists.front()->model()->index(0, 0));
+    ChoiceChanged();
+    lists.front()->setFocus();
+}
+
+frmMacroMulti::frmMacroMulti(const ZipEntryQuestion& question, QWidget* parent)
+    : QDialog(parent), ofWords(false), pages(new QStackedWidget(this)), preview(new QLineEdit(this))
+{
+    setWindowTitle(question.Title);
+    zip = new ZipPage(question.Entries, pages);
+    for (int page = ListPage; page <= ArchivePage; ++page)
+        pages->addWidget(page == ArchivePage ? zip : new QWidget(pages));
+    pages->setCurrentIndex(ArchivePage);
+    preview->hide();
+    LayOut();
+    ok->setEnabled(false);
+    connect(zip, &ZipPage::Changed, this, [this] { ok->setEnabled(!zip->Chosen().isEmpty()); });
+    connect(zip, &ZipPage::Activated, ok, &QPushButton::click);
+    zip->lstZipTree()->setFocus();
+}
+
+/// Pages, line and buttons below each other.
+void frmMacroMulti::LayOut()
+{
+    setObjectName(QStringLiteral("frmMacroMulti"));
+    SetHelpSubject(this, QStringLiteral("macros"));
+    pages->setObjectName(QStringLiteral("SSMultiPage"));
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     ok = buttons->button(QDialogButtonBox::Ok);
     ok->setText(QStringLiteral("OK"));
@@ -46,10 +74,6 @@ frmMacroMulti::frmMacroMulti(const ChoiceQuestion& question, QWidget* parent)
     auto* column = new QVBoxLayout(this);
     for (QWidget* part : std::initializer_list<QWidget*>{pages, preview, buttons})
         column->addWidget(part);
-    if (!ofWords)
-        lists.front()->setCurrentIndex(lists.front()->model()->index(0, 0));
-    ChoiceChanged();
-    lists.front()->setFocus();
 }
 
 QWidget* frmMacroMulti::MakePage(const ChoiceQuestion& question)
@@ -120,4 +144,11 @@ Answer frmMacroMulti::Ask(const ChoiceQuestion& question, QWidget* parent)
     const ModalScope scope;
     frmMacroMulti dialog(question, parent);
     return dialog.exec() == QDialog::Accepted ? dialog.Chosen() : Answer(Cancelled{});
+}
+
+Answer frmMacroMulti::AskZip(const ZipEntryQuestion& question, QWidget* parent)
+{
+    const ModalScope scope;
+    frmMacroMulti dialog(question, parent);
+    return dialog.exec() == QDialog::Accepted ? Answer(dialog.zip->Chosen()) : Answer(Cancelled{});
 }

@@ -13,6 +13,7 @@ void BringMacroWindows(WindowAsker& asker, QWidget* owner)
     asker.Bring<ChoiceQuestion>([](const ChoiceQuestion& question, QWidget* parent) {
         return question.AsMenu ? ChooseFromMenu(question, parent) : frmMacroMulti::Ask(question, parent);
     });
+    asker.Bring<ZipEntryQuestion>(frmMacroMulti::AskZip);
     asker.Bring<PauseQuestion>(frmMacroPause::Ask);
     MacroWindows.AskAboutNew = [owner](const NewMacro& macro) { return frmMacroNew::Ask(macro, owner); };
     MacroWindows.TakeChanges = [owner](const MacroChanges& changes) { return frmMacroCopy::Ask(changes, owner); };

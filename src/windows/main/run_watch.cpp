@@ -1,5 +1,6 @@
 #include "windows/main/run_watch.h"
 
+#include "frame/frame_state.h"
 #include "frame/run_scope.h"
 #include "windows/main/status_panels.h"
 #include "windows/parts/dialog_help.h"
@@ -77,7 +78,8 @@ void RunWatch::WorkChanged()
     const bool runs = RunInFront() || (RunningWork() > 0 && panel->isVisible());
     if (runs && !panel->isVisible() && !soon.isActive())
         soon.start();
-    if (RunningWork() > 0)
+    // A question that a run asks leaves its panel; a window from which runs are started does not keep it.
+    if (std::any_of(Frame.Work.begin(), Frame.Work.end(), [](const RunScope* scope) { return scope != nullptr; }))
         return;
     soon.stop();
     refresh.stop();
