@@ -4,6 +4,7 @@
 #include "frame/frame_state.h"
 
 #include <QCoreApplication>
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -70,6 +71,11 @@ void StopRuns(StopReason reason)
 RunScope* RunInFront()
 {
     return Frame.Work.empty() ? nullptr : Frame.Work.back();
+}
+
+bool AnyRun()
+{
+    return std::any_of(Frame.Work.begin(), Frame.Work.end(), [](const RunScope* scope) { return scope != nullptr; });
 }
 
 WorkScope::WorkScope()

@@ -52,6 +52,9 @@ void StopRuns(StopReason reason);
 /// The innermost run if nothing modal stands above it; else null.
 RunScope* RunInFront();
 
+/// Whether there is a run at all, also below a modal window.
+bool AnyRun();
+
 /// Counts one modal window as running work for its scope: a close waits for it, and Esc belongs to it.
 class WorkScope
 {

@@ -3,6 +3,7 @@
 #include "macro/macro_ports.h"
 #include "platform/files/paths.h"
 
+#include <QList>
 #include <QCryptographicHash>
 
 namespace {

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+class DocumentText;
+
 /// Title of the file dialogs' filter, one for open, save and insert.
 QString DocumentFilter();
 
@@ -20,6 +22,10 @@ void SaveCommand();
 void SaveDocumentAs();
 /// True if the file was written.
 bool SaveDocument(const QString& path);
+/// The same with the backup that the setting wants, and without the question for a file that stands there.
+bool SaveDocumentOver(const QString& path);
+/// A text that is no document into a file, with a backup if the setting wants one.
+[[nodiscard]] Result<> WriteWithBackup(DocumentText& text, const QString& path);
 QString UniqueName(const QString& base, bool folder);
 /// Copies a file to the first free numbered backup; its path, empty if there is no file.
 [[nodiscard]] Result<QString> MakeBackup(const QString& path);

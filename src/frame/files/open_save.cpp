@@ -74,14 +74,15 @@ bool KeepText(int tab)
     return kept.has_value();
 }
 
-/// The questions before a save; false: the user does not want it. `asNamed`: the user named the file just so.
-bool MayWrite(const QString& path, bool ownPath, bool asNamed)
+/// The questions before a save; false: the user does not want it. `asNamed`: the user named the file just so. `sure`:
+/// another file may be written over.
+bool MayWrite(const QString& path, bool ownPath, bool asNamed, bool sure)
 {
     const Document& document = Frame.Documents.at(Frame.CurrentTab);
     if (ownPath && !document.ForeignText && ChangedOnDisk(Frame.CurrentTab)) {
         if (!Confirmed(message::OverwriteChanged, paths::Native(path)))
             return false;
-    } else if ((!ownPath || !asNamed || document.ForeignText) && paths::FileExists(path) &&
+    } else if (!sure && (!ownPath || !asNamed || document.ForeignText) && paths::FileExists(path) &&
                !Confirmed(message::OverwriteFile)) {
         return false;
     }
@@ -131,13 +132,13 @@ bool Write(const QString& path, bool withBackup)
     return false;
 }
 
-bool Save(const QString& told, bool backup)
+bool Save(const QString& told, bool backup, bool sure = false)
 {
     const QString path = Absolute(paths::ForWriting(told));
     const int holder = TabWithFile(path);
     const bool ownPath = holder == Frame.CurrentTab;
     const bool asNamed = paths::FileNameOfPath(path) == paths::FileNameOfPath(told);
-    if (!MayWrite(path, ownPath, asNamed))
+    if (!MayWrite(path, ownPath, asNamed, sure))
         return false;
     const bool givesWay = !ownPath && holder >= 0;
     const bool unsaved = givesWay && Panes().Pane(holder).Modified();
@@ -217,4 +218,19 @@ void SaveCommand()
 bool SaveDocument(const QString& path)
 {
     return Save(path, false);
+}
+
+bool SaveDocumentOver(const QString& path)
+{
+    return Save(path, Frame.Settings.BackupOnSave == 1, true);
+}
+
+Result<> WriteWithBackup(DocumentText& text, const QString& path)
+{
+    SaveBackup backup;
+    const auto before = [&] { return Frame.Settings.BackupOnSave == 1 ? backup.Make(path) : Result<>(); };
+    Result<> written = text.SaveFile(path, false, before);
+    if (!written)
+        backup.TakeAway();
+    return written;
 }

@@ -2,7 +2,8 @@
 
 std::span<const std::span<const PlainTag>> PlainTagFamilies()
 {
-    static const std::span<const PlainTag> families[] = {EditingTags(), ResultTags(), PathTags(), ElementTags()};
+    static const std::span<const PlainTag> families[] = {EditingTags(), ResultTags(), PathTags(), ElementTags(),
+                                                         WindowTags()};
     return families;
 }
 

@@ -1,5 +1,6 @@
 #include "windows/main/frmmain.h"
 #include "frame/files/tab_commands.h"
+#include "macro/started_windows.h"
 
 #include "conf/block_outline.h"
 #include "conf/help_for_word.h"
@@ -195,6 +196,10 @@ void frmmain::TakeCommandKeys()
         for (const auto& [row, apart] : ShownRows(menu))
             for (const QKeySequence& key : commands.KeysOf(QString::fromLatin1(row->Control)))
                 (row->Flags & EverywhereKey ? overAll : overText).insert(key);
+    buttons->TakeKeys();
+    for (const QAction* macro : buttons->Entries())
+        for (const QKeySequence& key : macro->shortcuts())
+            overText.insert(key);
     keys->ClaimForCommands(std::move(overText), std::move(overAll));
 }
 
@@ -389,6 +394,8 @@ void frmmain::closeEvent(QCloseEvent* event)
         return;
     }
     finished = MayClose();
+    if (finished)
+        StartedWindows.CloseAll();
     event->setAccepted(finished);
 }
 
@@ -425,8 +432,10 @@ void frmmain::WorkChanged()
 
 void frmmain::Finish()
 {
-    if (!finished)
+    if (!finished) {
+        StartedWindows.CloseAll();
         static_cast<void>(KeepEverything()); // the loop has ended; there is nobody left to ask
+    }
     finished = true;
 }
 

@@ -14,6 +14,7 @@
 #include "windows/lists/block_list.h"
 #include "windows/lists/comment_tree.h"
 #include "windows/lists/recent_popup.h"
+#include "windows/macro/macro_buttons.h"
 #include "windows/main/command_keys.h"
 #include "windows/main/dropped_files.h"
 #include "windows/main/status_panels.h"
@@ -113,7 +114,9 @@ void frmmain::OpenTool(ToolWindow tool)
     if (tool == ToolWindow::About)
         frmAbout::Run({[this](const QByteArray& tune) { PlayModule(tune); }, [this] { StopPlayers(); }}, this);
     if (tool == ToolWindow::Options) {
-        RunOptionsWindow({[this] { bars.SaveCoolbar(); }, [this] { StorePosition(*this); }, CommandShortcuts}, this);
+        RunOptionsWindow({[this] { bars.SaveCoolbar(); }, [this] { StorePosition(*this); },
+                          [this] { return CommandShortcuts(buttons->Entries()); }},
+                         this);
         FocusPane();
     }
     if (tool == ToolWindow::PCXLab)

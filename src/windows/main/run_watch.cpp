@@ -1,6 +1,5 @@
 #include "windows/main/run_watch.h"
 
-#include "frame/frame_state.h"
 #include "frame/run_scope.h"
 #include "windows/main/status_panels.h"
 #include "windows/parts/dialog_help.h"
@@ -75,11 +74,9 @@ RunWatch::RunWatch(QWidget* mainWindow, StatusPanels& panels)
 
 void RunWatch::WorkChanged()
 {
-    const bool runs = RunInFront() || (RunningWork() > 0 && panel->isVisible());
-    if (runs && !panel->isVisible() && !soon.isActive())
+    if (RunInFront() && !panel->isVisible() && !soon.isActive())
         soon.start();
-    // A question that a run asks leaves its panel; a window from which runs are started does not keep it.
-    if (std::any_of(Frame.Work.begin(), Frame.Work.end(), [](const RunScope* scope) { return scope != nullptr; }))
+    if (AnyRun())
         return;
     soon.stop();
     refresh.stop();

@@ -6,6 +6,7 @@
 #include "windows/media/media_view.h"
 
 #include <QLineEdit>
+#include <QToolButton>
 
 using WindowKeysTest = MainWindowTest;
 
@@ -67,6 +68,25 @@ TEST_F(WindowKeysTest, EscapeClosesWhatFloatsBeforeItStops)
     QTest::keyClick(Window->windowHandle(), Qt::Key_Escape);
     EXPECT_EQ(inner.Why(), StopReason::Esc);
     Busy().SetEnabled(true);
+}
+
+// Catches: a panel that tells of work which is over while a window stands open, one that goes while the work asks.
+TEST_F(WindowKeysTest, RunPanelStaysAsLongAsTheRun)
+{
+    const auto shown = [this] {
+        const auto buttons = Window->findChildren<QToolButton*>();
+        return std::ranges::any_of(buttons, [](const QToolButton* button) {
+            return button->text() == QStringLiteral("Stop") && button->isVisible();
+        });
+    };
+    const WorkScope window;
+    {
+        const RunScope run(RunKind::Pass, QStringLiteral("test"));
+        EXPECT_TRUE(QTest::qWaitFor(shown));
+        const WorkScope question;
+        EXPECT_TRUE(shown());
+    }
+    EXPECT_FALSE(shown());
 }
 
 // Catches: overtype in one pane only, a panel that does not follow the key.

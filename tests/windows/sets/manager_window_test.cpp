@@ -2,8 +2,6 @@
 #include "platform/files/paths.h"
 #include "services/archive_tool.h"
 #include "sets/set_tree.h"
-#include "windows/macro/frm_macro_multi.h"
-#include "windows/macro/zip_page.h"
 #include "windows/main/main_window_test.h"
 
 #include <QApplication>
@@ -14,7 +12,6 @@
 #include <QPushButton>
 #include <QTimer>
 #include <QTreeView>
-#include <QTreeWidget>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -159,25 +156,4 @@ TEST_F(ManagerWindowTest, AZippedSetOpensInTheManager)
     EXPECT_TRUE(WaitUntil([&] { return !selected.isEmpty(); }));
     EXPECT_EQ(selected, QStringLiteral("box.levzip"));
     EXPECT_EQ(CurrentPane().Text(), before);
-}
-
-// Catches: an entry under the wrong parent, a path that is told otherwise than shown, an answer before a choice.
-TEST(ZipContents, AreATreeToChooseFrom)
-{
-    const ZipEntryQuestion question{
-        QStringLiteral("a.zip"),
-        {QStringLiteral("Set/"), QStringLiteral("Set/graphics/a.pcx"), QStringLiteral("Set/b")}};
-    QTimer::singleShot(0, [&] {
-        auto& dialog = static_cast<frmMacroMulti&>(*QApplication::activeModalWidget());
-        auto* tree = dialog.findChild<QTreeWidget*>(QStringLiteral("lstZipTree"));
-        auto* line = dialog.findChild<QLineEdit*>(QStringLiteral("txtZipFile"));
-        EXPECT_FALSE(dialog.cmdOK()->isEnabled());
-        EXPECT_EQ(tree->topLevelItemCount(), 1);
-        tree->setCurrentItem(tree->topLevelItem(0)->child(0));
-        EXPECT_EQ(line->text(), QStringLiteral("Set\\graphics\\"));
-        tree->setCurrentItem(tree->topLevelItem(0)->child(0)->child(0));
-        EXPECT_EQ(line->text(), QStringLiteral("Set\\graphics\\a.pcx"));
-        dialog.cmdOK()->click();
-    });
-    EXPECT_EQ(frmMacroMulti::AskZip(question, nullptr), Answer(QStringLiteral("Set/graphics/a.pcx")));
 }
