@@ -68,6 +68,7 @@ public:
     bool CanPreview(int mode) const override;
     void PreviewMedia(const MediaRequest& request) override;
     void StopPlayers() override { audio::Stop(); }
+    void ShowZippedSet(const QString& archive) override;
     void PlayModule(const QByteArray& bytes) { audio::PlayModule(bytes); }
     void Listen(FrameEvents& events) override;
 
@@ -119,6 +120,7 @@ private:
     bool RunMacroOfKey(QChar key); ///< false: no macro has it
     void LoadMacroButtons();
     void TakeDrag(QDropEvent& event) const;
+    void ManageLevels(const QString& archive);
     void RefreshLists();
     void MouseOver(const QString& helpId);
     void HideLists();
