@@ -40,7 +40,7 @@ public:
 };
 
 enum class ToolWindow { Project, About, Options, PCXLab, AVI2BMP, Games };
-enum class ListKind { Recent, Comments, Blocks, GameWords };
+enum class ListKind { Recent, Comments, Blocks, GameWords, Marks };
 
 /// Windows and players that a routine opens by name.
 class ToolPort

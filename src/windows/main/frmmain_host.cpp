@@ -13,6 +13,7 @@
 #include "windows/images/frm_pcx_lab.h"
 #include "windows/lists/block_list.h"
 #include "windows/lists/comment_tree.h"
+#include "windows/lists/marks_panel.h"
 #include "windows/lists/recent_popup.h"
 #include "windows/main/command_keys.h"
 #include "windows/main/status_panels.h"
@@ -132,6 +133,8 @@ void frmmain::ShowList(ListKind list)
         blocks->OpenOver(area);
     if (list == ListKind::GameWords)
         words->ShowList();
+    if (list == ListKind::Marks)
+        marks->ShowList();
 }
 
 void frmmain::CloseLists()
