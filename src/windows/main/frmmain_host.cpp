@@ -14,6 +14,7 @@
 #include "windows/levels/frm_make_preview.h"
 #include "windows/lists/block_list.h"
 #include "windows/lists/comment_tree.h"
+#include "windows/lists/marks_panel.h"
 #include "windows/lists/recent_popup.h"
 #include "windows/macro/macro_buttons.h"
 #include "windows/main/command_keys.h"
@@ -160,6 +161,8 @@ void frmmain::ShowList(ListKind list)
         blocks->OpenOver(area);
     if (list == ListKind::GameWords)
         words->ShowList();
+    if (list == ListKind::Marks)
+        marks->ShowList();
 }
 
 void frmmain::CloseLists()
