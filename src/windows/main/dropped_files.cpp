@@ -1,4 +1,5 @@
 #include "windows/main/dropped_files.h"
+#include "frame/files/closed_tabs.h"
 #include "frame/files/tab_commands.h"
 
 #include "frame/documents/documents.h"
@@ -42,7 +43,7 @@ void OpenDroppedFiles(const QStringList& files)
     for (const QString& file : files) {
         const QFileInfo facts(file);
         const bool fails = !facts.isFile() || !facts.isReadable(); // and takes no tab
-        if (fails || IsHeld(file) || MakeRoom())
+        if (fails || !OpensInTab(file) || IsHeld(file) || MakeRoom())
             OpenDocument(file, false);
     }
 }
