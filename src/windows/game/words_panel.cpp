@@ -7,6 +7,7 @@
 #include "windows/parts/help_subject.h"
 #include "windows/parts/icons.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -97,7 +98,8 @@ WordsPanel::WordsPanel(QWidget* parent)
     list->setTextElideMode(Qt::ElideMiddle); // the line stands at the end
     list->setModel(&Words());
     list->setItemDelegateForColumn(GameWords::KeyColumn, new SeverityMarks(list));
-    list->header()->setStretchLastSection(true);
+    list->header()->setStretchLastSection(false); // see FitText
+    list->viewport()->installEventFilter(this);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
@@ -105,6 +107,10 @@ WordsPanel::WordsPanel(QWidget* parent)
     column->addWidget(list, 1);
 
     connect(list, &QTreeView::activated, this, [](const QModelIndex& index) { GoToGameWord(index.row()); });
+    connect(list->header(), &QHeaderView::sectionResized, this, [this](int resized) {
+        if (resized != GameWords::TextColumn)
+            FitText();
+    });
     connect(cmdShow, &QToolButton::toggled, this, &WordsPanel::SetListVisible);
     connect(cmdClose, &QToolButton::clicked, this, [this] {
         hide();
@@ -145,16 +151,18 @@ void WordsPanel::ShowColumns()
 void WordsPanel::FitText()
 {
     const int all = list->viewport()->width();
-    const bool fits = all - list->header()->sectionPosition(GameWords::TextColumn) >= all / 3;
-    list->header()->setStretchLastSection(fits);
-    if (!fits)
+    const int room = all - list->header()->sectionPosition(GameWords::TextColumn);
+    if (room >= all / 3)
+        list->setColumnWidth(GameWords::TextColumn, room);
+    else
         list->resizeColumnToContents(GameWords::TextColumn);
 }
 
-void WordsPanel::resizeEvent(QResizeEvent* event)
+bool WordsPanel::eventFilter(QObject* watched, QEvent* event)
 {
-    QWidget::resizeEvent(event);
-    FitText();
+    if (watched == list->viewport() && event->type() == QEvent::Resize)
+        FitText();
+    return QWidget::eventFilter(watched, event);
 }
 
 void WordsPanel::ShowList()

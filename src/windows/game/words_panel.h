@@ -28,7 +28,7 @@ signals:
     void Left(); ///< the keyboard goes back to the text
 
 protected:
-    void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void Spoken(int all, int fresh);
