@@ -81,6 +81,11 @@ RunScope* RunInFront()
     return Frame.Work.empty() ? nullptr : Frame.Work.back();
 }
 
+bool AnyRun()
+{
+    return std::any_of(Frame.Work.begin(), Frame.Work.end(), [](const RunScope* scope) { return scope != nullptr; });
+}
+
 WorkScope::WorkScope()
 {
     Frame.Work.push_back(nullptr);
@@ -100,9 +105,4 @@ int RunningWork()
 bool IsWorkHeldUp()
 {
     return std::any_of(Frame.Work.begin(), Frame.Work.end(), [](const RunScope* scope) { return !IsBeside(scope); });
-}
-
-bool AnyRuns()
-{
-    return std::any_of(Frame.Work.begin(), Frame.Work.end(), [](const RunScope* scope) { return scope != nullptr; });
 }

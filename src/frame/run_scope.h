@@ -54,6 +54,9 @@ void StopRuns(StopReason reason);
 /// The innermost run if nothing modal stands above it; else null.
 RunScope* RunInFront();
 
+/// Whether there is a run at all, also below a modal window.
+bool AnyRun();
+
 /// Counts one modal window as running work for its scope: a close waits for it, and Esc belongs to it.
 class WorkScope
 {
@@ -63,10 +66,3 @@ public:
     WorkScope(const WorkScope&) = delete;
     WorkScope& operator=(const WorkScope&) = delete;
 };
-
-/// How many runs and modal windows are under way.
-int RunningWork();
-/// Does a run or a modal window hold up the user's work? What runs beside it does not.
-bool IsWorkHeldUp();
-/// Does anything run, be it behind a modal window?
-bool AnyRuns();

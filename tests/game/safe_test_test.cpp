@@ -196,7 +196,7 @@ TEST_F(SafeTestOfSet, OtherWorkGoesOnBesideIt)
         EXPECT_EQ(RunInFront(), &earlier);
     }
     EXPECT_FALSE(IsWorkHeldUp());
-    EXPECT_TRUE(AnyRuns());
+    EXPECT_TRUE(AnyRun());
     ASSERT_TRUE(WaitUntil([] { return ScopeSays(QStringLiteral("ready")); }));
     for (const StopReason reason : {StopReason::Esc, StopReason::Break}) {
         RunScope front(RunKind::Macro, QStringLiteral("front"));

@@ -58,11 +58,14 @@ std::vector<Case> CasesOf(const QString& file)
 QStringList Done(const Case& one)
 {
     MacroScope scope;
+    Frame.DataFolder = ProjectFile(QStringLiteral("data/"));
     scope.Folder.Write(QStringLiteral("Plain.txt"), "12345");
     scope.Folder.Write(QStringLiteral("Sub/Inner.txt"), "");
     QDir(scope.Folder.Path()).mkpath(QStringLiteral("Sub/Deep"));
     Frame.Settings.LineCommentSearchChar = QStringLiteral("~");
     Frame.Settings.LineCommentLineChar = QStringLiteral("-");
+    if (one.Name.contains(QLatin1String("[saved]")))
+        scope.Path = scope.Folder.Path(QStringLiteral("Saved.gfb"));
     scope.AllowFiles = one.Name.contains(QLatin1String("[files]"));
     Frame.WordLists[ModeGfx][KindElements] = {QStringLiteral("bd_wall"), QStringLiteral("yamyam")};
     Frame.WordLists[ModeGfx][KindActions] = {QStringLiteral("left"), QStringLiteral("right"), QStringLiteral("up"),

@@ -77,7 +77,7 @@ void RunWatch::WorkChanged()
 {
     if (RunInFront() && !panel->isVisible() && !soon.isActive())
         soon.start();
-    if (AnyRuns())
+    if (AnyRun())
         return;
     soon.stop();
     refresh.stop();

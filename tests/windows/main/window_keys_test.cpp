@@ -72,6 +72,25 @@ TEST_F(WindowKeysTest, EscapeClosesWhatFloatsBeforeItStops)
     Busy().SetEnabled(true);
 }
 
+// Catches: a panel that tells of work which is over while a window stands open, one that goes while the work asks.
+TEST_F(WindowKeysTest, RunPanelStaysAsLongAsTheRun)
+{
+    const auto shown = [this] {
+        const auto buttons = Window->findChildren<QToolButton*>();
+        return std::ranges::any_of(buttons, [](const QToolButton* button) {
+            return button->text() == QStringLiteral("Stop") && button->isVisible();
+        });
+    };
+    const WorkScope window;
+    {
+        const RunScope run(RunKind::Pass, QStringLiteral("test"));
+        EXPECT_TRUE(QTest::qWaitFor(shown));
+        const WorkScope question;
+        EXPECT_TRUE(shown());
+    }
+    EXPECT_FALSE(shown());
+}
+
 // Catches: a window that keeps open at Esc because a game runs beside the work, or a game that ends with it; a panel
 // that stays under a message when nothing runs any more.
 TEST_F(WindowKeysTest, EscapeOfAWindowIsItsOwnBesideAGame)
