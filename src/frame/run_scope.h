@@ -66,3 +66,8 @@ public:
     WorkScope(const WorkScope&) = delete;
     WorkScope& operator=(const WorkScope&) = delete;
 };
+
+/// How many runs and modal windows are under way.
+int RunningWork();
+/// Does a run or a modal window hold up the user's work? What runs beside it does not.
+bool IsWorkHeldUp();
