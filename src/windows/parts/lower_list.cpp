@@ -29,7 +29,7 @@ QToolButton* BarButton(QWidget* bar, const QString& name)
 
 } // namespace
 
-LowerList::LowerList(const LowerListLook& look, QAbstractItemModel& model, QWidget* parent)
+LowerList::LowerList(const LowerListLook& look, QWidget* parent)
     : QWidget(parent),
       bar(new QWidget(this)),
       picture(new QLabel(bar)),
@@ -61,20 +61,14 @@ LowerList::LowerList(const LowerListLook& look, QAbstractItemModel& model, QWidg
     list->setRootIsDecorated(false);
     list->setUniformRowHeights(true);
     list->setAllColumnsShowFocus(true);
-    list->setTextElideMode(Qt::ElideMiddle); // the line stands at the end
-    list->setModel(&model);
+    list->setTextElideMode(Qt::ElideMiddle);      // the line stands at the end
     list->header()->setStretchLastSection(false); // see FitText
-    list->viewport()->installEventFilter(this);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(bar);
     column->addWidget(list, 1);
 
-    connect(list->header(), &QHeaderView::sectionResized, this, [this](int resized) {
-        if (resized + 1 < list->model()->columnCount())
-            FitText();
-    });
     connect(cmdShow, &QToolButton::toggled, this, &LowerList::SetListVisible);
     connect(cmdClose, &QToolButton::clicked, this, [this] {
         hide();
@@ -82,6 +76,16 @@ LowerList::LowerList(const LowerListLook& look, QAbstractItemModel& model, QWidg
     });
     SetListVisible(false);
     hide();
+}
+
+void LowerList::SetModel(QAbstractItemModel& model)
+{
+    list->setModel(&model);
+    list->viewport()->installEventFilter(this);
+    connect(list->header(), &QHeaderView::sectionResized, this, [this](int resized) {
+        if (resized + 1 < list->model()->columnCount())
+            FitText();
+    });
 }
 
 void LowerList::SetBarText(const QString& said)
