@@ -43,6 +43,12 @@ QString Unknown(const QString& what, QByteArrayView word, const QStringList& kno
     return near.isEmpty() ? said : said + QStringLiteral(" Did you mean \"") + near + QStringLiteral("\"?");
 }
 
+bool IsLevelNumber(QByteArrayView part)
+{
+    constexpr qsizetype Digits = 3;
+    return part.size() == Digits && std::all_of(part.begin(), part.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
 /// Each part of the key must be a word of the mode: the first an element, the others anything that may follow one.
 QStringList UnknownWords(QByteArrayView key, const HintWords& words)
 {
@@ -53,7 +59,7 @@ QStringList UnknownWords(QByteArrayView key, const HintWords& words)
     if (!words.ElementSet.contains(parts.first()))
         messages << Unknown(QStringLiteral("The element"), parts.first(), words.Elements);
     for (const QByteArray& part : parts.mid(1))
-        if (!words.PartSet.contains(part))
+        if (!words.PartSet.contains(part) && !(words.LevelNumbers && IsLevelNumber(part)))
             messages << Unknown(QStringLiteral("The word"), part, words.Parts);
     return messages;
 }

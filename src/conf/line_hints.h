@@ -25,6 +25,7 @@ struct HintWords
 {
     QStringList Elements, Parts; ///< first parts; further parts of a key
     QSet<QByteArray> ElementSet, PartSet;
+    bool LevelNumbers = false; ///< music: a part of three digits is the number of a level
 };
 HintWords MakeHintWords(const std::array<QStringList, WordKindCount>& lists);
 

@@ -57,6 +57,7 @@ const HintContext& LineHintsView::Context()
         context->Repeats = Frame.CurrentMode == ModeHla;
         context->Check = CurrentCheckContext();
         context->Words = MakeHintWords(Frame.WordLists.at(mode));
+        context->Words.LevelNumbers = mode == ModeMus;
     }
     return *context;
 }

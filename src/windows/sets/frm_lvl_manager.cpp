@@ -148,8 +148,13 @@ void frmLVLManager::Scan()
 
 void frmLVLManager::ShowNode(int node)
 {
-    if (node < 0)
+    if (node < 0) {
+        txtSelected->clear();
+        txtSel2->clear();
+        for (QLabel* fact : facts)
+            fact->clear();
         return;
+    }
     if (!filter.IndexOf(node).isValid())
         txtFilter->clear();
     if (filter.NodeOf(treeLVL->currentIndex()) != node)
@@ -200,6 +205,7 @@ void frmLVLManager::ShowFacts()
 
 void frmLVLManager::ShowBusy(const QString& text)
 {
+    busyText = text;
     cmdZipmess->setText(text);
     for (QWidget* part :
          {static_cast<QWidget*>(cmdZipmess), static_cast<QWidget*>(bar), static_cast<QWidget*>(cmdStop)})
@@ -210,10 +216,13 @@ void frmLVLManager::ShowBusy(const QString& text)
 
 void frmLVLManager::ShowProgress(int done, int of)
 {
+    constexpr int EveryFolders = 100;
     if (bar->maximum() != of)
         bar->setMaximum(of);
     if (of > 0)
         bar->setValue(done);
+    else if (done % EveryFolders == 0)
+        cmdZipmess->setText(busyText + QStringLiteral(": %1 folders").arg(done));
 }
 
 void frmLVLManager::OpenConfs()

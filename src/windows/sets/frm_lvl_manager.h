@@ -59,6 +59,7 @@ private:
     QString hinders; ///< why the window cannot open
     SetFilter filter;
     QStringList wanted; ///< files to open when the window has closed
+    QString busyText;
     bool closing = false;
     QTimer soon; ///< facts are read when the selection rests
 
