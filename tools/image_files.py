@@ -64,3 +64,51 @@ def png(sheet):
             + chunk(b"PLTE", b"".join(bytes(colour) for colour in sheet.palette))
             + chunk(b"tRNS", b"\0")
             + chunk(b"IDAT", zlib.compress(lines, 9)) + chunk(b"IEND", b""))
+
+
+def _code_stream(pixels, depth):
+    """The codes of a GIF's compression, packed from the lowest bit on."""
+    clear = 1 << depth
+    out, held, bits = bytearray(), 0, 0
+    width, table = depth + 1, {bytes([i]): i for i in range(clear)}
+    found = b""
+    fresh = clear + 2
+
+    def put(code):
+        nonlocal held, bits
+        held |= code << bits
+        bits += width
+        while bits >= 8:
+            out.append(held & 255)
+            held >>= 8
+            bits -= 8
+
+    put(clear)
+    for pixel in pixels:
+        longer = found + bytes([pixel])
+        if longer in table:
+            found = longer
+            continue
+        put(table[found])
+        if fresh < 4096:
+            table[longer] = fresh
+            width = max(width, fresh.bit_length())
+            fresh += 1
+        else:
+            put(clear)
+            width, table, fresh = depth + 1, {bytes([i]): i for i in range(clear)}, clear + 2
+        found = bytes([pixel])
+    put(table[found])
+    put(clear + 1)
+    out.append(held & 255)
+    return bytes(out)
+
+
+def gif(sheet):
+    """GIF of the palette's indices, none of them see-through."""
+    depth = max(2, (len(sheet.palette) - 1).bit_length())
+    colours = b"".join(bytes(colour) for colour in sheet.palette).ljust(3 << depth, b"\0")
+    codes = _code_stream(b"".join(bytes(row) for row in sheet.rows), depth)
+    blocks = b"".join(bytes([len(codes[at:at + 255])]) + codes[at:at + 255] for at in range(0, len(codes), 255))
+    return (b"GIF87a" + struct.pack("<HHBBB", sheet.width, sheet.height, 0x80 | 7 << 4 | depth - 1, 0, 0) + colours
+            + b"," + struct.pack("<HHHHB", 0, 0, sheet.width, sheet.height, 0) + bytes([depth]) + blocks + b"\0;")

@@ -41,6 +41,27 @@ constexpr Verb AllVerbs[] = {
      "Prints the map, a row a line, as decimal element numbers with blanks between them.\n"
      "A file that is no level ends with 2.\n",
      LevelMapVerb},
+    {"level picture", "FILE OUT.png [--palette GIF] [--set FOLDER]",
+     "Draws a level's map, 16 by 16 pixels a cell, with a palette: the one given, one made from the graphicsinfo.conf "
+     "and\n"
+     "the sheets of a level set, or else that of the level's folder in previews/, or the default one.\n"
+     "What cannot be read or written ends with 2.\n",
+     LevelPictureVerb},
+    {"level list", "FOLDER",
+     "Prints a line for each level of a folder, its columns parted by tabs: number, name, author, width, height, time, "
+     "count,\n"
+     "form. A tab in a text is printed as a blank. Files that are no level are told on standard error, and it ends "
+     "with "
+     "1.\n"
+     "A folder that cannot be read ends with 2.\n",
+     LevelListVerb},
+    {"level diff", "A B",
+     "Prints what tells two levels apart: FIELD: OLD -> NEW, with the fields of level info, and X,Y: OLD -> NEW for "
+     "each\n"
+     "cell that both maps have, X and Y from 1. settings are header bytes that are no field, customs what stands after "
+     "the\n"
+     "map. Ends with 1 if there is any difference, with 2 if a file is no level.\n",
+     LevelDiffVerb},
     {"level verify", "FILE...",
      "Loads each file and saves it to memory, and compares the two. Prints a line for each file that is not the same:\n"
      "FILE: differs from byte N on (N from 0), or FILE: no level: REASON. The last line counts:\n"

@@ -39,8 +39,8 @@ public:
     virtual void BusyPointer(bool busy) = 0;
 };
 
-enum class ToolWindow { Project, About, Options, PCXLab, AVI2BMP, Games, Wizard, LevelManager };
-enum class ListKind { Recent, Comments, Blocks, GameWords };
+enum class ToolWindow { Project, About, Options, PCXLab, AVI2BMP, Games, MakePreview, Wizard, LevelManager };
+enum class ListKind { Recent, Comments, Blocks, GameWords, Marks };
 
 /// Windows and players that a routine opens by name.
 class ToolPort

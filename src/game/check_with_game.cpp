@@ -24,8 +24,9 @@ public:
 
     bool operator()(QByteArrayView printed)
     {
-        if (HasGivenUp(printed, marks))
+        if (HasGivenUp(printed.sliced(seen), marks))
             return true;
+        seen = printed.lastIndexOf('\n') + 1;
         if (!inMenu.isValid() && set.IsInMenu())
             inMenu.start();
         return inMenu.isValid() && inMenu.elapsed() >= AfterMenu;
@@ -34,6 +35,7 @@ public:
 private:
     const PreparedSet& set;
     GameMarks marks;
+    qsizetype seen = 0; ///< whole lines of what was printed
     QElapsedTimer inMenu;
 };
 
@@ -81,10 +83,8 @@ Result<GameCheck> CheckSet(const QString& program, const QStringList& arguments,
     if (!report)
         return tl::unexpected(report.error());
     std::vector<GameFinding> findings = FindingsOf(report->Printed, CurrentGameMarks());
-    for (GameFinding& finding : findings) {
-        finding.File = set->PathInSet(finding.File);
-        finding.Picture = set->PathInSet(finding.Picture);
-    }
+    for (GameFinding& finding : findings)
+        set->LeadBack(finding);
     AddEnd(*report, findings);
     return GameCheck{PlaceFindings(std::move(findings), wish.Folder, text), report->End};
 }

@@ -37,11 +37,6 @@ TEST(HintsForLines, TellsUnknownWordsWithTheNearest)
               QStringList{QStringLiteral("The element \"yamyma\" is not known. Did you mean \"yamyam\"?")});
     EXPECT_EQ(Said("custom_1.qqqq: 1", 0), QStringList{QStringLiteral("The word \"qqqq\" is not known.")});
     EXPECT_EQ(Said("anything.goes: 1", 0, HintContext{}), QStringList());
-    HintContext music = Context();
-    music.Words.LevelNumbers = true;
-    EXPECT_EQ(Said("custom_1.EDITOR.001: 1", 0, music), QStringList());
-    EXPECT_EQ(Said("custom_1.01: 1", 0, music).size(), 1);
-    EXPECT_EQ(Said("custom_1.001: 1", 0).size(), 1);
     EXPECT_EQ(NearestWord(QStringLiteral("xy"), {QStringLiteral("ab")}), QString());
 }
 

@@ -31,7 +31,7 @@ std::span<const CommandRow> ExtraCommands()
         CommandRow{"mnuRndWizard", "Game Structure Wizard", "", tbExtra, "game_structure_wizard", nullptr, NoFlags,
                    WizardCommand},
         CommandRow{"mnuRNDLevPal", "Make Level Preview Palette", "", tbExtra, "make_level_palette", nullptr, NoFlags,
-                   NotThere, InMode(ModeGfx), InMode(ModeGfx)},
+                   OpenToolAndFocus<ToolWindow::MakePreview>, InMode(ModeGfx), InMode(ModeGfx)},
         CommandRow{"mnuExtraHeadline", "Make Editor Headline", "", tbExtra, "make_headline", nullptr, SeparatorBehind,
                    MakeHeadline, InMode(ModeEdi), InMode(ModeEdi)},
         CommandRow{"mnuExtraPCXLab", "PCX Lab", "", tbExtra, "pcx_lab", nullptr, NoFlags,

@@ -26,6 +26,7 @@ class RecentPopup;
 class RunWatch;
 class StatusPanels;
 class TabStrip;
+class MarksPanel;
 class WordsPanel;
 class WindowKeys;
 
@@ -83,6 +84,7 @@ public:
     CommentTree& TreeOfComments() const { return *comments; }
     BlockList& ListOfBlocks() const { return *blocks; }
     WordsPanel& WordsOfGame() const { return *words; }
+    MarksPanel& ListOfMarks() const { return *marks; }
     QString HelpId() const;
     QString SelectedMedia() const; ///< full path of what is selected in the media list in front
 
@@ -139,6 +141,7 @@ private:
     CommentTree* comments;
     BlockList* blocks;
     WordsPanel* words;
+    MarksPanel* marks;
     HelpSubject* subject;
     LineHintsView* hints;
     WindowKeys* keys;

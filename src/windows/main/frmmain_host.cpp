@@ -11,8 +11,10 @@
 #include "windows/game/words_panel.h"
 #include "windows/images/frm_avi2bmp.h"
 #include "windows/images/frm_pcx_lab.h"
+#include "windows/levels/frm_make_preview.h"
 #include "windows/lists/block_list.h"
 #include "windows/lists/comment_tree.h"
+#include "windows/lists/marks_panel.h"
 #include "windows/lists/recent_popup.h"
 #include "windows/macro/macro_buttons.h"
 #include "windows/main/command_keys.h"
@@ -123,6 +125,8 @@ void frmmain::OpenTool(ToolWindow tool)
         frmPCXLab::Run(this);
     if (tool == ToolWindow::AVI2BMP)
         frmAVI2BMP::Run(this);
+    if (tool == ToolWindow::MakePreview)
+        frmMakePreview::Run(this);
     if (tool == ToolWindow::Games)
         RunGamesWindow(this);
     if (tool == ToolWindow::Wizard)
@@ -157,6 +161,8 @@ void frmmain::ShowList(ListKind list)
         blocks->OpenOver(area);
     if (list == ListKind::GameWords)
         words->ShowList();
+    if (list == ListKind::Marks)
+        marks->ShowList();
 }
 
 void frmmain::CloseLists()

@@ -47,7 +47,7 @@ std::span<const CommandRow> RnDCommands()
                    TestSetSafely},
         CommandRow{"mnuRNDlevMan", "Level Manager", "", tbRnD, "rnd_levman", nullptr, SeparatorBehind,
                    LevelManagerCommand},
-        CommandRow{"mnuRNDErrorCheck", "Check For Errors", "", tbRnD, "check_for_errors", nullptr, SeparatorBehind,
+        CommandRow{"mnuRNDErrorCheck", "Check For Errors", "F7", tbRnD, "check_for_errors", nullptr, SeparatorBehind,
                    CheckForErrors},
         CommandRow{"mnuRndGameCheck", "Check With The Game", "Shift+F9", tbRnD, "check_with_game", nullptr, NoFlags,
                    CheckWithTheGame},

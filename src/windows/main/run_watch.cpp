@@ -55,6 +55,7 @@ RunWatch::RunWatch(QWidget* mainWindow, StatusPanels& panels)
     line->addWidget(what);
     line->addWidget(stop);
     what->setTextFormat(Qt::PlainText);
+    stop->setObjectName(QStringLiteral("cmdStopRuns"));
     stop->setText(QStringLiteral("Stop"));
     stop->setIcon(stop->style()->standardIcon(QStyle::SP_MediaStop));
     stop->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
@@ -107,6 +108,8 @@ bool RunWatch::TakesEscape(QObject* watched, const QEvent& event) const
         return false;
     // In the main window what floats closes first, unless it is disabled.
     const bool mainWindow = window && watched == window->windowHandle();
+    if (run->Kind() == RunKind::Beside && !mainWindow)
+        return false;
     return run->Kind() == RunKind::Pass || !mainWindow || !window->isEnabled() || run->Kind() == RunKind::Macro;
 }
 

@@ -5,8 +5,10 @@
 #include "windows/media/media_tabs.h"
 #include "windows/media/media_view.h"
 
+#include <QDialog>
 #include <QLineEdit>
 #include <QToolButton>
+#include <memory>
 
 using WindowKeysTest = MainWindowTest;
 
@@ -87,6 +89,25 @@ TEST_F(WindowKeysTest, RunPanelStaysAsLongAsTheRun)
         EXPECT_TRUE(shown());
     }
     EXPECT_FALSE(shown());
+}
+
+// Catches: a window that keeps open at Esc because a game runs beside the work, or a game that ends with it; a panel
+// that stays under a message when nothing runs any more.
+TEST_F(WindowKeysTest, EscapeOfAWindowIsItsOwnBesideAGame)
+{
+    auto beside = std::make_unique<RunScope>(RunKind::Beside, QStringLiteral("game"));
+    QDialog other(Window.get());
+    other.show();
+    QTest::keyClick(other.windowHandle(), Qt::Key_Escape);
+    EXPECT_FALSE(other.isVisible());
+    EXPECT_FALSE(beside->Stopped());
+    const auto* stop = Window->findChild<QToolButton*>(QStringLiteral("cmdStopRuns"));
+    ASSERT_TRUE(stop);
+    EXPECT_TRUE(WaitUntil([&] { return stop->isVisible(); }));
+    const WorkScope message;
+    EXPECT_TRUE(stop->isVisible());
+    beside.reset();
+    EXPECT_FALSE(stop->isVisible());
 }
 
 // Catches: overtype in one pane only, a panel that does not follow the key.
