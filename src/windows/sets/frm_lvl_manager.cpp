@@ -7,6 +7,7 @@
 #include "sets/set_facts.h"
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/dropped_paths.h"
+#include "windows/sets/set_maps.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -128,7 +129,7 @@ void frmLVLManager::ShowLists()
 {
     cmdScan->setText(manager.HasList() ? QStringLiteral("Re-scan Levels Folder")
                                        : QStringLiteral("Scan Levels Folder"));
-    for (QWidget* part : {Frame2, Frame3, static_cast<QWidget*>(txtFilter)})
+    for (QWidget* part : {Frame2, Frame3, static_cast<QWidget*>(txtFilter), static_cast<QWidget*>(maps)})
         part->setVisible(manager.HasList());
 }
 
@@ -153,6 +154,7 @@ void frmLVLManager::ShowNode(int node)
         txtSel2->clear();
         for (QLabel* fact : facts)
             fact->clear();
+        maps->Show({}, {});
         return;
     }
     if (!filter.IndexOf(node).isValid())
@@ -201,6 +203,7 @@ void frmLVLManager::ShowFacts()
                              now.Tapes > 0 ? QString::number(now.Tapes) : QStringLiteral("none")};
     for (size_t i = 0; i < facts.size(); ++i)
         facts[i]->setText(texts[i]);
+    maps->Show(FirstLevelsOf(*game, SetMaps::Most), game->OwnName());
 }
 
 void frmLVLManager::ShowBusy(const QString& text)

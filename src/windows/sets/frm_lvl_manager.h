@@ -13,6 +13,7 @@ class QLineEdit;
 class QProgressBar;
 class QPushButton;
 class QTreeView;
+class SetMaps;
 
 /// "Level Manager": all games in one list, what they are, and what can be done to them.
 class frmLVLManager : public QDialog
@@ -72,4 +73,5 @@ private:
     std::array<QLabel*, 5> facts{};
     QLabel *cmdZipmess, *lblTold;
     QProgressBar* bar;
+    SetMaps* maps;
 };

@@ -1,4 +1,5 @@
 #include "game/stand_in_place.h"
+#include "level/level_files.h"
 #include "platform/files/paths.h"
 #include "services/archive_tool.h"
 #include "sets/set_tree.h"
@@ -27,7 +28,7 @@ protected:
         Place.MakeSet(QStringLiteral("mine"), "name: mine\n");
         Place.Home.Write(QStringLiteral(".rocksndiamonds/levelsetup.conf"), "last_level_series: tutorial\n");
         Place.Game.Write(QStringLiteral("levels/box/levelinfo.conf"), "name: The Box\nauthor: Ann\n");
-        Place.Game.Write(QStringLiteral("levels/box/001.level"), "RND1");
+        Place.Game.Write(QStringLiteral("levels/box/001.level"), LevelImage(QStringLiteral("LEVEL")));
         Place.Game.Write(QStringLiteral("levels/box/002.level"), "RND1");
         const QString box = Place.Game.Path(QStringLiteral("levels/box"));
         if (ZipFiles(box, box + QStringLiteral(".levzip")))
@@ -93,6 +94,10 @@ TEST_F(ManagerWindowTest, TheListAndWhatItShows)
         EXPECT_EQ(Of<QLineEdit>("txtSel2")->text(), QStringLiteral("box.levzip"));
         EXPECT_TRUE(WaitUntil([&] { return Of<QLabel>("lblFact0")->text() == QStringLiteral("The Box"); }));
         EXPECT_EQ(Of<QLabel>("lblFact2")->text(), QStringLiteral("2"));
+        EXPECT_TRUE(
+            WaitUntil([&] { return Of<QLabel>("lblMap0")->toolTip().startsWith(QStringLiteral("001.level")); }));
+        EXPECT_FALSE(Of<QLabel>("lblMap0")->pixmap(Qt::ReturnByValue).isNull());
+        EXPECT_TRUE(Of<QLabel>("lblMap1")->toolTip().isEmpty()); // of what is no level there is no map
         QTest::keyClicks(Of<QLineEdit>("txtFilter"), QStringLiteral("MIN"));
         EXPECT_EQ(Tree()->model()->rowCount(), 1);
         EXPECT_EQ(Of<QLineEdit>("txtSel2")->text(), QStringLiteral("mine"));
