@@ -38,6 +38,17 @@ QString Dashed(const QString& text)
     return text.isEmpty() ? QStringLiteral("-") : text;
 }
 
+/// How many tapes, and the first of them.
+QString TapesText(const QStringList& tapes)
+{
+    constexpr qsizetype MostNamed = 6;
+    if (tapes.isEmpty())
+        return QStringLiteral("none");
+    const QString first = tapes.first(std::min(tapes.size(), MostNamed)).join(QStringLiteral(", "));
+    return QStringLiteral("%1: %2").arg(tapes.size()).arg(first) +
+           (tapes.size() > MostNamed ? QStringLiteral(" ...") : QString());
+}
+
 /// The confs of a set that are there, by their usual places.
 QStringList ConfsOf(const QString& folder)
 {
@@ -199,10 +210,10 @@ void frmLVLManager::ShowFacts()
     const QString size = (now.More ? QStringLiteral("more than ") : QString()) +
                          QLocale().formattedDataSize(now.Bytes) + QStringLiteral(", %1 files").arg(now.Files);
     const QString texts[] = {now.Gone ? QStringLiteral("not there any more") : Dashed(now.Name), Dashed(now.Author),
-                             QString::number(now.Levels), size,
-                             now.Tapes > 0 ? QString::number(now.Tapes) : QStringLiteral("none")};
+                             QString::number(now.Levels), size, TapesText(now.Tapes)};
     for (size_t i = 0; i < facts.size(); ++i)
         facts[i]->setText(texts[i]);
+    facts.back()->setToolTip(now.Tapes.join(QStringLiteral(", ")).toHtmlEscaped());
     maps->Show(FirstLevelsOf(*game, SetMaps::Most), game->OwnName());
 }
 
