@@ -93,7 +93,9 @@ void LevelManager::TakeForm(int node, const QString& key)
 void LevelManager::Play()
 {
     const WorkingScope working(*this);
+    emit Told(QStringLiteral("The game is running. Esc ends it."));
     LaunchGame(0, true);
+    emit Told({});
 }
 
 void LevelManager::Set()
