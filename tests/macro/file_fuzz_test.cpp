@@ -104,7 +104,7 @@ TEST(FuzzMacro, FileCommandsStayInTheirFolder)
     const FileStepsScope quick(steps);
     QRandomGenerator random(20250310);
     const QStringList root = QDir(u"/"_s).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
-    for (int round = 0; round < 1200; ++round) {
+    for (int round = 0; round < 400; ++round) {
         ground.Write(u"box/Plain.txt"_s, "12345");
         ground.Write(u"box/Sub/Deep/x.txt"_s, "x");
         ground.Write(u"box/Sub/Inner.txt"_s, "inner");
