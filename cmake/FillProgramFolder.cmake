@@ -7,6 +7,7 @@ foreach(table ${tables})
     file(COPY ${table} DESTINATION ${BIN}/data)
   endif()
 endforeach()
+file(COPY ${SOURCE}/previews/gfx_classic.gif DESTINATION ${BIN}/previews)
 file(GLOB pages RELATIVE ${SOURCE}/help ${SOURCE}/help/*)
 if(pages)
   execute_process(COMMAND ${CMAKE_COMMAND} -E tar cf ${BIN}/Help.zip --format=zip ${pages}

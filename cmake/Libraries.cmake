@@ -1,5 +1,5 @@
 # Every library from outside, each as one target. Those without a CMake package are looked up by header and file.
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Svg Network DBus)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Svg Network DBus PrintSupport)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(LibZip REQUIRED IMPORTED_TARGET libzip)
 pkg_check_modules(LibAv REQUIRED IMPORTED_TARGET libavformat libavcodec libswscale libavutil)

@@ -15,12 +15,14 @@ COMMANDS = {"BranchRows": "Conditions", "LoopRows": "Loops", "JumpRows": "Jumps 
             "GroupRows": "Groups", "DialogRows": "Dialogs", "ProgressRows": "Progress", "SetFileRows": "Files", "FileWorkRows": "Copying, moving, deleting",
             "DocumentFileRows": "The document and files", "ByteRows": "Bytes of files", "FileDialogRows": "Asking for files",
             "ArchiveRows": "Archives", "ProgramRows": "Programs",
-            "WindowRows": "Windows of programs", "MouseAndKeyRows": "Mouse and keys", "SoundRows": "Sound", "RegistryRows": "Values kept between runs"}
+            "WindowRows": "Windows of programs", "MouseAndKeyRows": "Mouse and keys", "SoundRows": "Sound", "RegistryRows": "Values kept between runs",
+             "LevelFileRows": "Levels: files", "LevelPaintRows": "Levels: painting", "LevelReplaceRows": "Levels: replacing",
+             "LevelShowRows": "Levels: showing"}
 TEXT_COMMANDS = {"ScreenRows": "The text as a screen", "CursorRows": "Moving and selecting", "EditingRows": "Editing"}
 TAGS = {"EditingTagRows": "Text and caret", "ResultRows": "Results", "PathRows": "Paths, documents, time",
         "ElementRows": "The element picked from a sheet",
-        "WindowTagRows": "Windows and mouse"}
-FUNCTIONS = {"FunctionRows": "Tags with arguments"}
+        "WindowTagRows": "Windows and mouse", "LevelRows": "The open level"}
+FUNCTIONS = {"FunctionRows": "Tags with arguments", "LevelFunctionRows": "The open level, with arguments"}
 
 OPERATORS = "== <> << >> <= => = + - * /".split()
 # Words that stand as arguments.

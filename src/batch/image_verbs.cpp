@@ -1,5 +1,6 @@
 #include "batch/image_verbs.h"
 
+#include "batch/parsed_arguments.h"
 #include "graphics/convert_pictures.h"
 #include "graphics/make_film_sheet.h"
 #include "platform/files/paths.h"
@@ -8,47 +9,9 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QMap>
 #include <algorithm>
 
 namespace {
-
-/// The options that stand between the other arguments. An option with a value takes the next argument.
-struct OptionRow
-{
-    const char* Name;
-    bool HasValue;
-};
-
-struct ParsedArguments
-{
-    QStringList Plain;
-    QMap<QString, QString> Options;
-    QString Wrong; ///< what is not understood
-
-    bool Has(const char* name) const { return Options.contains(QLatin1StringView(name)); }
-};
-
-ParsedArguments Parse(const QStringList& arguments, std::initializer_list<OptionRow> known)
-{
-    ParsedArguments parsed;
-    for (qsizetype at = 0; at < arguments.size(); ++at) {
-        const QString& word = arguments.at(at);
-        if (!word.startsWith(QLatin1StringView("--"))) {
-            parsed.Plain << word;
-            continue;
-        }
-        const auto row = std::ranges::find_if(
-            known, [&](const OptionRow& option) { return word == QLatin1StringView(option.Name); });
-        if (row == known.end())
-            parsed.Wrong = QStringLiteral("there is no option ") + word;
-        else if (row->HasValue && ++at == arguments.size())
-            parsed.Wrong = word + QStringLiteral(" wants a value");
-        else
-            parsed.Options.insert(word, row->HasValue ? arguments.at(at) : QString());
-    }
-    return parsed;
-}
 
 /// A number that an option gives, within bounds; nothing for one outside, and `otherwise` without the option.
 std::optional<int> NumberOf(const ParsedArguments& parsed, const char* name, int least, int most, int otherwise)
@@ -136,7 +99,7 @@ Result<> WriteSheet(const QString& path, const QImage& sheet)
                                                       : WritePicture(path, sheet, PcxDepth::Full);
 }
 
-/// Refused pictures and a film that breaks off end with 1: what could be read is there.
+/// A sheet that is full and a film that is not whole end with 1: what could be read is there.
 VerbResult Finish(const QString& out, const FilmReport& report, VerbStreams& streams)
 {
     if (const Result<> written = WriteSheet(out, report.Sheet); !written)
@@ -145,9 +108,11 @@ VerbResult Finish(const QString& out, const FilmReport& report, VerbStreams& str
                 << " by " << report.Sheet.height() << '\n';
     if (report.Full)
         streams.Err << out << ": the sheet is full, further frames are left out\n";
+    if (report.Incomplete)
+        streams.Err << out << ": the film tells of " << report.Told.Length << " frames, not all can be read\n";
     if (report.How == films::End::Broken)
         streams.Err << out << ": the film breaks off\n";
-    return report.Full || report.How == films::End::Broken ? VerbFound : VerbDone;
+    return report.Full || report.Incomplete || report.How == films::End::Broken ? VerbFound : VerbDone;
 }
 
 constexpr auto SheetKinds = {WindowsBitmapKind, PaintbrushKind, NetworkGraphicsKind};
@@ -157,7 +122,7 @@ const QString FilmSheetEndings = QStringLiteral("the sheet's name must end in .b
 
 VerbResult PcxVerb(const QStringList& arguments, VerbStreams& streams)
 {
-    const ParsedArguments parsed = Parse(arguments, {{"--colours", true}, {"--neuquant", false}});
+    const ParsedArguments parsed = ParseArguments(arguments, {{"--colours", true}, {"--neuquant", false}});
     const auto colours = NumberOf(parsed, "--colours", 2, 256, 256);
     if (!parsed.Wrong.isEmpty() || !colours || parsed.Plain.size() != 2)
         return WrongUsage("pcx",
@@ -174,13 +139,19 @@ VerbResult PcxVerb(const QStringList& arguments, VerbStreams& streams)
             images::Reduction{.Colours = quint32(*colours),
                               .Method = parsed.Has("--neuquant") ? images::Quantizer::NeuQuant : images::Quantizer::Wu,
                               .KeepBlack = true};
-    const Result<> done = ConvertPicture(parsed.Plain.at(0), out, plan);
-    return done ? VerbDone : Failed(done.error(), streams);
+    const QString in = parsed.Plain.at(0);
+    const Result<bool> done = ConvertPicture(in, out, plan);
+    if (!done)
+        return Failed(done.error(), streams);
+    if (!*done)
+        streams.Err << in << ": the image file ends early\n";
+    return *done ? VerbDone : VerbFound;
 }
 
 VerbResult FilmVerb(const QStringList& arguments, VerbStreams& streams)
 {
-    const ParsedArguments parsed = Parse(arguments, {{"--tiles", true}, {"--keep-repeats", false}, {"--fit", true}});
+    const ParsedArguments parsed =
+        ParseArguments(arguments, {{"--tiles", true}, {"--keep-repeats", false}, {"--fit", true}});
     const auto plan = PlanOf("film", parsed, streams);
     if (!plan)
         return VerbFailed;
@@ -195,7 +166,8 @@ VerbResult FilmVerb(const QStringList& arguments, VerbStreams& streams)
 
 VerbResult SheetVerb(const QStringList& arguments, VerbStreams& streams)
 {
-    const ParsedArguments parsed = Parse(arguments, {{"--tiles", true}, {"--drop-repeats", false}, {"--fit", true}});
+    const ParsedArguments parsed =
+        ParseArguments(arguments, {{"--tiles", true}, {"--drop-repeats", false}, {"--fit", true}});
     auto plan = PlanOf("sheet", parsed, streams);
     if (!plan)
         return VerbFailed;

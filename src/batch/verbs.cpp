@@ -7,6 +7,7 @@
 #include "batch/image_verbs.h"
 #include "batch/level_verbs.h"
 #include "batch/run_verb.h"
+#include "batch/set_verbs.h"
 
 #include <algorithm>
 
@@ -40,6 +41,27 @@ constexpr Verb AllVerbs[] = {
      "Prints the map, a row a line, as decimal element numbers with blanks between them.\n"
      "A file that is no level ends with 2.\n",
      LevelMapVerb},
+    {"level picture", "FILE OUT.png [--palette GIF] [--set FOLDER]",
+     "Draws a level's map, 16 by 16 pixels a cell, with a palette: the one given, one made from the graphicsinfo.conf "
+     "and\n"
+     "the sheets of a level set, or else that of the level's folder in previews/, or the default one.\n"
+     "What cannot be read or written ends with 2.\n",
+     LevelPictureVerb},
+    {"level list", "FOLDER",
+     "Prints a line for each level of a folder, its columns parted by tabs: number, name, author, width, height, time, "
+     "count,\n"
+     "form. A tab in a text is printed as a blank. Files that are no level are told on standard error, and it ends "
+     "with "
+     "1.\n"
+     "A folder that cannot be read ends with 2.\n",
+     LevelListVerb},
+    {"level diff", "A B",
+     "Prints what tells two levels apart: FIELD: OLD -> NEW, with the fields of level info, and X,Y: OLD -> NEW for "
+     "each\n"
+     "cell that both maps have, X and Y from 1. settings are header bytes that are no field, customs what stands after "
+     "the\n"
+     "map. Ends with 1 if there is any difference, with 2 if a file is no level.\n",
+     LevelDiffVerb},
     {"level verify", "FILE...",
      "Loads each file and saves it to memory, and compares the two. Prints a line for each file that is not the same:\n"
      "FILE: differs from byte N on (N from 0), or FILE: no level: REASON. The last line counts:\n"
@@ -95,6 +117,31 @@ constexpr Verb AllVerbs[] = {
      "without file and key is -:0: : TEXT. Nothing of the set is changed.\n"
      "Ends with 1 if there is any, else as game info does.\n",
      GameCheckVerb},
+    {"set new", "--title T --short S --author A --in FOLDER [--with WORD,...] [--game PATH]",
+     "Makes a new level set in FOLDER, as the wizard does, and prints its folder. The words are graphics-dump,\n"
+     "graphics-example, sounds-dump, sounds-example, music-dump, music-example, level, helptext, helpanim, "
+     "editorsetup\n"
+     "and readme; without --with all that need no game, with an empty one none. A dump is printed by the game at "
+     "PATH,\n"
+     "else by the one of the settings.\n"
+     "Ends with 1 if nothing was made, and tells why; with 2 after a wrong call.\n",
+     SetNewVerb},
+    {"set list", "FOLDER",
+     "Prints a line for each level set below FOLDER: \"folder\" or \"zip\", its path and its name as the Level "
+     "Manager\n"
+     "shows it, parted by tabs.\n",
+     SetListVerb},
+    {"set zip", "FOLDER",
+     "Packs a level set into FOLDER.levzip, removes the folder once the archive was read again and compared, and "
+     "prints\n"
+     "the archive's path. Ends with 1 and the reason if nothing has changed, such as where that archive stands "
+     "already;\n"
+     "with 2 if FOLDER is none, or stays beside its archive.\n",
+     SetZipVerb},
+    {"set unzip", "FILE",
+     "Unpacks a .levzip into the folder of its name beside it, removes the archive once the folder was compared with\n"
+     "it, and prints the folder's path. Ends as set zip does.\n",
+     SetUnzipVerb},
 };
 
 const Verb* FindVerb(const QString& name)

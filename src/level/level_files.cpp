@@ -27,20 +27,14 @@ bool WorkingExists(const QString& name)
     return Level.Folder && QFile::exists(WorkingPath(name));
 }
 
-/// Nothing if there is no such file; one that can not be read is a failure, since the level would lose it.
-Result<QByteArray> ReadTail()
-{
-    return WorkingExists(WorkingTail) ? ReadWorking(WorkingTail) : QByteArray();
-}
-
 /// Drops the chunks of an earlier level that mean nothing to the open one.
 Result<> DropForeignTail()
 {
-    const Result<QByteArray> tail = ReadTail();
+    const Result<QByteArray> tail = LevelTail();
     if (!tail)
         return tl::unexpected(tail.error());
     if (!tail->isEmpty() && FamilyOfTail(*tail) != Level.Family)
-        QFile::remove(WorkingPath(WorkingTail));
+        RemoveLevelTail();
     return {};
 }
 
@@ -66,12 +60,6 @@ Result<> WriteWorkingFiles(QByteArrayView bytes, qsizetype mapEnd)
 tl::unexpected<Failure> ForFile(const QString& path, const Failure& failure)
 {
     return Fail(failure.Path.isEmpty() ? path : failure.Path, failure.Reason);
-}
-
-void CloseLevel()
-{
-    static_cast<LevelRecord&>(Level) = {};
-    RemoveWorkingFiles();
 }
 
 /// A failure leaves no level open.
@@ -120,6 +108,32 @@ void RemoveWorkingFiles()
     Level.Folder.reset();
 }
 
+void CloseLevel()
+{
+    static_cast<LevelRecord&>(Level) = {};
+    Level.CurrentLevelPath.clear();
+    RemoveWorkingFiles();
+}
+
+// One that can not be read is a failure, since the level would lose it.
+Result<QByteArray> LevelTail()
+{
+    return WorkingExists(WorkingTail) ? ReadWorking(WorkingTail) : QByteArray();
+}
+
+Result<> LoadLevelTail(const QString& path)
+{
+    return paths::ReadWhole(path, LargestLevel).and_then([](const QByteArray& bytes) {
+        return WriteWorking(WorkingTail, bytes);
+    });
+}
+
+void RemoveLevelTail()
+{
+    if (WorkingExists(WorkingTail))
+        QFile::remove(WorkingPath(WorkingTail));
+}
+
 Result<> LoadLevel(const QString& path, bool keepWorking)
 {
     const Result<QByteArray> bytes = keepWorking ? ReadWorking(WorkingLevel) : paths::ReadWhole(path, LargestLevel);
@@ -134,20 +148,20 @@ Result<> LoadNewLevel()
     return written ? LoadLevel({}, true) : Opened(written);
 }
 
-Result<> SaveLevel(const QString& path, bool keepOpen)
+Result<> SaveLevel(const QString& path, bool keepOpen, const paths::BeforeReplace& before)
 {
     if (!WorkingExists(WorkingLevel))
         return {};
     const Result<QByteArray> working = ReadWorking(WorkingLevel);
     if (!working)
         return tl::unexpected(working.error());
-    const Result<QByteArray> tail = ReadTail();
+    const Result<QByteArray> tail = LevelTail();
     if (!tail)
         return tl::unexpected(tail.error());
     Result<QByteArray> patched = PatchLevel(Level, *working);
     if (!patched)
         return ForFile(path, patched.error());
-    Result<> written = paths::WriteWhole(path, patched->append(*tail));
+    Result<> written = paths::WriteWhole(path, patched->append(*tail), before);
     if (written && !keepOpen)
         RemoveWorkingFiles();
     return written;

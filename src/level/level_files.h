@@ -1,7 +1,7 @@
 #pragma once
 
 #include "level/level_record.h"
-#include "platform/result.h"
+#include "platform/files/paths.h"
 
 #include <QByteArray>
 
@@ -17,6 +17,9 @@ QString WorkingPath(const QString& name);
 /// Removes the folder with all working files.
 void RemoveWorkingFiles();
 
+/// No level is open, and no working file is left.
+void CloseLevel();
+
 /// Opens a level: drops the one before, fills Level and the working files. With `keepWorking` the level is tmp.level
 /// already and `path` is not looked at; an existing tmp.cust stays if the level has no tail and is of the same family.
 /// CurrentLevelPath is the caller's. Failure, as a text for the user: no level is open then.
@@ -26,8 +29,16 @@ void RemoveWorkingFiles();
 [[nodiscard]] Result<> LoadNewLevel();
 
 /// Writes the open level to `path`, whole or not at all. With `keepOpen` it stays open; otherwise its working files are
-/// removed. Without tmp.level nothing is done. Failure: path and reason, and the working files stay.
-[[nodiscard]] Result<> SaveLevel(const QString& path, bool keepOpen);
+/// removed. Without tmp.level nothing is done. Failure: path and reason, and the working files stay. `before` runs when
+/// the new bytes lie safely beside.
+[[nodiscard]] Result<> SaveLevel(const QString& path, bool keepOpen, const paths::BeforeReplace& before = {});
+
+/// What stands after the open level's map; empty if nothing does.
+[[nodiscard]] Result<QByteArray> LevelTail();
+
+/// Puts a file, which TestCustomFile takes, in its place; takes it away.
+[[nodiscard]] Result<> LoadLevelTail(const QString& path);
+void RemoveLevelTail();
 
 /// Is the file one of custom elements that the open level (without one: a level of file version 2) can take? Failure,
 /// as a text for the user: it is none, or can not be read.

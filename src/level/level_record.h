@@ -5,6 +5,7 @@
 #include <QString>
 #include <memory>
 
+class ElementNames;
 class QTemporaryDir;
 
 /// The header of a level as texts; numbers are decimal without blanks.
@@ -50,13 +51,15 @@ struct LevelRecord
 /// The one level that is open; its bytes are in the working files (level_files.h).
 struct LevelState : LevelRecord
 {
-    QString CurrentLevelPath; ///< empty: no level is open
+    QString CurrentLevelPath;                  ///< empty: no level is open
+    LevelMap LevelClip;                        ///< what was copied of a map, below 0 where nothing; outlives its level
+    std::shared_ptr<const ElementNames> Names; ///< of mapele.ini, once they have been asked for
     std::shared_ptr<QTemporaryDir>
         Folder; ///< private to this run; made with the first working file, gone with the last
 };
 extern LevelState Level;
 
-/// No level, no working files.
+/// As when the program starts.
 void ResetLevel();
 
 /// 2 where Double is "1", else 1.

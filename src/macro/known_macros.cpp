@@ -3,8 +3,8 @@
 #include "macro/macro_ports.h"
 #include "platform/files/paths.h"
 
-#include <QList>
 #include <QCryptographicHash>
+#include <QList>
 
 namespace {
 

@@ -50,7 +50,13 @@ struct MacroPorts
     std::function<void(bool)> ShowMainWindow;
     std::function<QPoint(EditorPane&)> TextOrigin; ///< of a pane's text on the screen, in pixels
     std::function<QString()> SelectedMedia;        ///< full path of the selected entry of the media list in front
-    QString KnownFile;                             ///< where the hashes of macros stand that may run; empty: nowhere
+    /// Shows the open level's map under a caption until it is closed; the palette is named by its file.
+    std::function<void(const QString& caption, const QString& palette)> ShowMap;
+    /// Runs the viewer's program on a level file and waits for its end.
+    std::function<Result<>(const QString& program, const QString& file)> ViewLevel;
+    QString LevelViewer;  ///< that program
+    QString RegistryFile; ///< where the keys of the registry are kept; empty: in the user's configuration
+    QString KnownFile;    ///< where the hashes of macros stand that may run; empty: nowhere
 };
 extern MacroPorts MacroWindows;
 void ResetMacroPorts();

@@ -4,6 +4,8 @@
 #include "level_builder.h"
 #include "test_support.h"
 
+#include <QFile>
+#include <QImage>
 #include <gtest/gtest.h>
 
 namespace {
@@ -70,4 +72,73 @@ TEST(LevelVerbs, VerifyCountsAndTellsOnlyWhatIsWrong)
         EXPECT_EQ(refused.Out, QString());
     }
     EXPECT_EQ(Batch("level").End, VerbFailed);
+}
+
+// Catches: a tab in a name that shifts the columns, numbers with zeros in front, an order that puts 10 before 9, a
+// broken file that ends the list.
+TEST(LevelVerbs, ListPrintsALineALevel)
+{
+    const TestFolder folder;
+    folder.Write(QStringLiteral("set/010.level"), BuildLevel({.Form = "1.0", .Name = "ten"}).Bytes);
+    folder.Write(QStringLiteral("set/009.level"),
+                 BuildLevel({.Width = 3, .Time = 0, .Name = "a name", .Author = "Ann"}).Bytes);
+    folder.Write(QStringLiteral("set/Extra.LEVEL"), BuildLevel({.Form = "rnd1-3"}).Bytes);
+    const QString set = folder.Path(QStringLiteral("set"));
+    const Ran fine = Batch("level list", {set});
+    EXPECT_EQ(fine.Out, QStringLiteral("9\ta name\tAnn\t3\t4\t0\t12\trnd1-2\n10\tten\tNA\t5\t4\t100\t12\t1.0\n"
+                                       "Extra\ta cave\tsomebody\t5\t4\t100\t12\trnd1-3\n"));
+    EXPECT_EQ(fine.End, VerbDone);
+    folder.Write(QStringLiteral("set/001.level"), "nothing");
+    const Ran broken = Batch("level list", {set});
+    EXPECT_EQ(broken.Out, fine.Out);
+    EXPECT_EQ(broken.End, VerbFound);
+    EXPECT_EQ(Batch("level list", {folder.Path(QStringLiteral("nowhere"))}).End, VerbFailed);
+}
+
+// Catches: differences that are not seen (settings, what stands after the map), coordinates from 0, levels that differ
+// only in bytes that nobody reads and are called different.
+TEST(LevelVerbs, DiffTellsFieldsAndCells)
+{
+    const TestFolder folder;
+    const LevelPlan plan{.Name = "old", .Tail = ChunkBytes("CUS4", 20)};
+    BuiltLevel built = BuildLevel(plan);
+    const QString before = folder.Write(QStringLiteral("a.level"), built.Bytes);
+    EXPECT_EQ(Batch("level diff", {before, before}).Out, QString());
+    EXPECT_EQ(Batch("level diff", {before, before}).End, VerbDone);
+    built.Bytes[built.At.Mapdata + 2 * 6 + 1] = 77; // column 2, row 2 of a map 5 wide
+    built.Bytes[built.At.Cavename] = 'c';
+    built.Bytes[built.At.Cavename + 40] = char(built.Bytes[built.At.Cavename + 40] + 1);
+    built.Bytes.chop(1);
+    const QString after = folder.Write(QStringLiteral("b.level"), built.Bytes);
+    const Ran ran = Batch("level diff", {before, after});
+    EXPECT_EQ(ran.Out, QStringLiteral("name: old -> cld\n2,2: 138 -> 77\nsettings: 1 bytes -> 1 other bytes\n"
+                                      "customs: 28 bytes -> 27 bytes\n"));
+    EXPECT_EQ(ran.End, VerbFound);
+    const QString old = folder.Write(QStringLiteral("c.level"), BuildLevel({.Form = "1.4"}).Bytes);
+    EXPECT_TRUE(Batch("level diff", {before, old}).Out.contains(QStringLiteral("form: rnd1-2 -> 1.4\n")));
+    EXPECT_EQ(Batch("level diff", {before}).End, VerbFailed);
+}
+
+// Catches: a picture without a cell for every cell of the map, a palette that is not the one asked for, wrong calls
+// that write something all the same.
+TEST(LevelVerbs, PictureDrawsTheMap)
+{
+    const TestFolder folder;
+    const QString level = folder.Write(QStringLiteral("1.level"), BuildLevel({.Form = "1.0"}).Bytes);
+    const QString out = folder.Path(QStringLiteral("out.png"));
+    QImage palette(400, 256, QImage::Format_RGB32);
+    palette.fill(qRgb(9, 99, 199));
+    const QString own = folder.Path(QStringLiteral("own.png"));
+    ASSERT_TRUE(palette.save(own));
+    EXPECT_EQ(Batch("level picture", {level, out, QStringLiteral("--palette"), own}).Err, QString());
+    const QImage drawn(out);
+    EXPECT_EQ(drawn.size(), QSize(5 * 16, 4 * 16));
+    EXPECT_EQ(drawn.pixel(70, 50), qRgb(9, 99, 199));
+    for (const QStringList& wrong :
+         {QStringList{level}, QStringList{level, folder.Path(QStringLiteral("x.gif"))},
+          QStringList{own, folder.Path(QStringLiteral("x.png")), QStringLiteral("--palette"), own},
+          QStringList{level, folder.Path(QStringLiteral("x.png")), QStringLiteral("--set"), folder.Path()}})
+        EXPECT_EQ(Batch("level picture", wrong).End, VerbFailed);
+    EXPECT_FALSE(QFile::exists(folder.Path(QStringLiteral("x.gif"))));
+    EXPECT_FALSE(QFile::exists(folder.Path(QStringLiteral("x.png"))));
 }

@@ -58,6 +58,7 @@ std::vector<Case> CasesOf(const QString& file)
 QStringList Done(const Case& one)
 {
     MacroScope scope;
+    Frame.DataFolder = ProjectFile(QStringLiteral("data/"));
     scope.Folder.Write(QStringLiteral("Plain.txt"), "12345");
     scope.Folder.Write(QStringLiteral("Sub/Inner.txt"), "");
     QDir(scope.Folder.Path()).mkpath(QStringLiteral("Sub/Deep"));

@@ -95,18 +95,6 @@ bool MayWrite(const QString& path, bool ownPath, bool asNamed, bool sure)
     return true;
 }
 
-/// Copies the file on disk to the first free numbered backup; its path, empty if there is no file.
-Result<QString> MakeBackup(const QString& path)
-{
-    if (!paths::FileExists(path))
-        return QString();
-    for (int n = 0;; ++n) {
-        const QString backup = path + QStringLiteral("_%1.GemforgeBackup").arg(n, 3, 10, QLatin1Char('0'));
-        if (!QFileInfo::exists(backup))
-            return paths::CopyFileTo(path, backup).map([&] { return backup; });
-    }
-}
-
 /// The backup of one save: made when the new bytes lie safely beside, taken away again if the save fails all the same.
 class SaveBackup
 {
@@ -175,12 +163,27 @@ bool Save(const QString& told, bool backup, bool sure = false)
 
 } // namespace
 
+Result<QString> MakeBackup(const QString& path)
+{
+    if (!paths::FileExists(path))
+        return QString();
+    for (int n = 0;; ++n) {
+        const QString backup = path + QStringLiteral("_%1.GemforgeBackup").arg(n, 3, 10, QLatin1Char('0'));
+        if (!QFileInfo::exists(backup))
+            return paths::CopyFileTo(path, backup).map([&] { return backup; });
+    }
+}
+
 bool OpenDocument(const QString& told, bool force)
 {
     StopPreview();
     const BusyScope busy;
     const QString existing = paths::Existing(told);
     const QString path = Absolute(existing.isEmpty() ? paths::Inside(told) : existing);
+    if (path.endsWith(QLatin1String(".levzip"), Qt::CaseInsensitive) && !existing.isEmpty()) {
+        Tools().ShowZippedSet(path);
+        return false;
+    }
     const int holder = force ? -1 : TabWithFile(path);
     if (holder >= 0) {
         Panes().SelectTab(holder);

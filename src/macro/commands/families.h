@@ -28,3 +28,7 @@ std::span<const CommandWord> WindowCommands();
 std::span<const CommandWord> MouseAndKeyCommands();
 std::span<const CommandWord> RegistryCommands();
 std::span<const CommandWord> SoundCommands();
+std::span<const CommandWord> LevelFileCommands();
+std::span<const CommandWord> LevelPaintCommands();
+std::span<const CommandWord> LevelReplaceCommands();
+std::span<const CommandWord> LevelShowCommands();

@@ -1,6 +1,7 @@
 #include "macro/language/run_loop.h"
 
 #include "frame/run_scope.h"
+#include "level/level_files.h"
 #include "macro/language/group_items.h"
 #include "macro/language/run_state.h"
 #include "macro/language/source_text.h"
@@ -8,9 +9,6 @@
 #include "platform/files/byte_file.h"
 #include "platform/screen/other_windows.h"
 #include "text/document_text.h"
-
-#include <QDir>
-#include <QFile>
 
 namespace {
 
@@ -163,12 +161,6 @@ private:
     const int print, ground;
 };
 
-void RemoveWorkingLevels()
-{
-    for (const char* name : {"tmp.level", "tmp.cust"})
-        QFile::remove(QDir::tempPath() + QLatin1Char('/') + QLatin1String(name));
-}
-
 MacroError Report(RunState& run, const MacroError& error)
 {
     run.RequestStop();
@@ -267,6 +259,7 @@ std::optional<MacroError> RunProgram(RunState& run, const PreparedSource& source
     const BorrowedScreen borrowed(run.Stage);
     const BorrowedDesktop desktop(run);
     StartedWindows.CloseAll();
+    CloseLevel();
     if (!source.ErrorText.isEmpty())
         return Report(run, {source.ErrorLine, source.ErrorText, true});
     run.Code.Take(source.Lines);
@@ -284,6 +277,6 @@ std::optional<MacroError> RunProgram(RunState& run, const PreparedSource& source
     std::optional<MacroError> error;
     if (run.Failed() || !SettleBytes(run))
         error = Report(run, {run.CurrentLine, run.ErrorText, false});
-    RemoveWorkingLevels();
+    CloseLevel();
     return error;
 }

@@ -7,6 +7,7 @@
 #include "macro/language/run_results.h"
 
 #include "conf/element_record.h"
+#include "macro/level_run.h"
 
 #include <array>
 #include <memory>
@@ -68,6 +69,7 @@ struct RunState
     RandomNumbers Random;
     RunPaths Paths;
     RunResults Last;
+    LevelRun Levels;
     ElementRecord Element = NoElement(); ///< what the last pick from a sheet gave
     Value TabbedValue;                   ///< what [tab] pads: the variable that `set` works on
     QString Author;

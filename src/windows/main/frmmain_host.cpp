@@ -11,18 +11,25 @@
 #include "windows/game/words_panel.h"
 #include "windows/images/frm_avi2bmp.h"
 #include "windows/images/frm_pcx_lab.h"
+#include "windows/levels/frm_make_preview.h"
 #include "windows/lists/block_list.h"
 #include "windows/lists/comment_tree.h"
+#include "windows/lists/marks_panel.h"
 #include "windows/lists/recent_popup.h"
+#include "windows/macro/macro_buttons.h"
 #include "windows/main/command_keys.h"
+#include "windows/main/dropped_files.h"
 #include "windows/main/status_panels.h"
 #include "windows/main/tab_strip.h"
 #include "windows/options/frm_options.h"
 #include "windows/parts/window_position.h"
+#include "windows/sets/frm_lvl_manager.h"
+#include "windows/sets/frm_wizard.h"
 
 #include <QApplication>
 #include <QMenuBar>
 #include <QStackedWidget>
+#include <QTimer>
 
 // What the rooms below ask of their host.
 
@@ -109,15 +116,37 @@ void frmmain::OpenTool(ToolWindow tool)
     if (tool == ToolWindow::About)
         frmAbout::Run({[this](const QByteArray& tune) { PlayModule(tune); }, [this] { StopPlayers(); }}, this);
     if (tool == ToolWindow::Options) {
-        RunOptionsWindow({[this] { bars.SaveCoolbar(); }, [this] { StorePosition(*this); }, CommandShortcuts}, this);
+        RunOptionsWindow({[this] { bars.SaveCoolbar(); }, [this] { StorePosition(*this); },
+                          [this] { return CommandShortcuts(buttons->Entries()); }},
+                         this);
         FocusPane();
     }
     if (tool == ToolWindow::PCXLab)
         frmPCXLab::Run(this);
     if (tool == ToolWindow::AVI2BMP)
         frmAVI2BMP::Run(this);
+    if (tool == ToolWindow::MakePreview)
+        frmMakePreview::Run(this);
     if (tool == ToolWindow::Games)
         RunGamesWindow(this);
+    if (tool == ToolWindow::Wizard)
+        frmWizard::Run(this);
+    if (tool == ToolWindow::LevelManager)
+        ManageLevels({});
+}
+
+/// Confs that are chosen there open once the window has closed.
+void frmmain::ManageLevels(const QString& archive)
+{
+    OpenDroppedFiles(frmLVLManager::Run(this, archive));
+}
+
+void frmmain::ShowZippedSet(const QString& archive)
+{
+    QTimer::singleShot(0, this, [this, archive] {
+        if (IsRndPathSet())
+            ManageLevels(archive);
+    });
 }
 
 void frmmain::ShowList(ListKind list)
@@ -132,6 +161,8 @@ void frmmain::ShowList(ListKind list)
         blocks->OpenOver(area);
     if (list == ListKind::GameWords)
         words->ShowList();
+    if (list == ListKind::Marks)
+        marks->ShowList();
 }
 
 void frmmain::CloseLists()

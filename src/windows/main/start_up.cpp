@@ -10,6 +10,7 @@
 #include "game/game_state.h"
 #include "game/scratch_home.h"
 #include "graphics/picks.h"
+#include "level/level_viewer.h"
 #include "macro/macro_ports.h"
 #include "platform/desktop/program_looks.h"
 #include "platform/files/beside_notes.h"
@@ -17,9 +18,12 @@
 #include "platform/processes/single_instance.h"
 #include "platform/screen/close_requests.h"
 #include "windows/files/frm_recover.h"
+#include "windows/levels/frm_quick_map_view.h"
 #include "windows/macro/macro_windows.h"
 #include "windows/main/frmmain.h"
 #include "windows/main/guarded_application.h"
+#include "windows/main/handed_files.h"
+#include "windows/media/media_actions.h"
 #include "windows/messages/window_asker.h"
 #include "windows/parts/close_guard.h"
 #include "windows/parts/screen_reader.h"
@@ -32,6 +36,13 @@
 #include <cstdlib>
 
 namespace {
+
+constexpr int HandOverWait = 5000; // ms that a window may take to start or to come to an end of a step
+
+QString MeetingOfWindows()
+{
+    return MeetingPoint(QStringLiteral("gemforge-window"));
+}
 
 void Welcome()
 {
@@ -67,6 +78,11 @@ int Run(QApplication& application, const StartFolders& folders, ProgramLooks& lo
     InstallHost(window, asker);
     BringMacroWindows(asker, &window);
     MacroWindows.SelectedMedia = [&window] { return window.SelectedMedia(); };
+    MacroWindows.ShowMap = [&window](const QString& caption, const QString& palette) {
+        frmQuickMapView::Run(caption, palette, &window);
+    };
+    MacroWindows.LevelViewer = ViewerProgram();
+    MacroWindows.ViewLevel = RunViewer;
     MacroWindows.KnownFile = folders.StateFolder + QStringLiteral("known_macros.txt");
     FollowForm(looks);
     Picks.Sheet = [&window](const SheetRequest& request) { return frmPCX::Run(&window, request); };
@@ -87,6 +103,7 @@ int Run(QApplication& application, const StartFolders& folders, ProgramLooks& lo
     });
     FinishStart();
     window.ShowStarted();
+    const HandedFiles handed(MeetingOfWindows(), window);
     QTimer::singleShot(0, &window, [&] {
         ShowHeldMessages();
         OfferRecovered(&window, keeper);
@@ -124,11 +141,15 @@ int StartProgram(int argc, char** argv)
         instance.Claim(folders.ProgramFolder + QStringLiteral("data"));
         instance.Claim(folders.StateFolder);
     }
+    const QStringList arguments = QCoreApplication::arguments().mid(1);
     if (instance.AnotherRuns()) {
+        const QString told = ToldPath(arguments);
+        if (!told.isEmpty() && HandToRunningWindow(MeetingOfWindows(), told, HandOverWait))
+            return 0;
         ShowMessage(message::AnotherRuns);
         return 1;
     }
-    if (!PrepareStart(folders, QCoreApplication::arguments().mid(1)))
+    if (!PrepareStart(folders, arguments))
         return 1;
     const ScreenReader reader(ReadIni(QStringLiteral("Misc"), QStringLiteral("ScreenReader")).toInt());
     return Run(application, folders, looks);

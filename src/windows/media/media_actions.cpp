@@ -5,7 +5,9 @@
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
+#include "frame/run_scope.h"
 #include "frame/settings/settings.h"
+#include "level/level_viewer.h"
 #include "platform/files/paths.h"
 #include "platform/processes/processes.h"
 #include "platform/sound/audio.h"
@@ -105,16 +107,23 @@ void ShowLevel(const QString& path)
 {
     if (path.isEmpty())
         return;
-    const QString viewer = Frame.ProgramFolder + QStringLiteral("Mapglass");
+    const QString viewer = ViewerProgram();
     if (!paths::FileExists(viewer)) {
         ShowMessage(message::MapglassMissing);
         return;
     }
     Busy().SetEnabled(false);
-    const auto ended = processes::RunAndWait(viewer, {path});
+    const Result<> ended = RunViewer(viewer, path);
     Busy().SetEnabled(true);
     if (!ended)
         ShowFailure(ended.error());
+}
+
+Result<> RunViewer(const QString& program, const QString& level)
+{
+    RunScope run(RunKind::Child, paths::FileNameOfPath(program));
+    run.OnStop = [] { processes::StopWaiting(); };
+    return processes::RunAndWait(program, {processes::ShortPath(level)}).map([](const auto&) {});
 }
 
 void ShowInFolder(const QString& path)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/result.h"
+
 #include <QString>
 
 class MediaView;
@@ -22,6 +24,9 @@ bool HasMediaTool(int mode);
 
 /// Shows a level in the level viewer and waits for it; message 35 if there is none.
 void ShowLevel(const QString& path);
+
+/// Runs the viewer's program on a level and waits for its end; Esc ends it.
+[[nodiscard]] Result<> RunViewer(const QString& program, const QString& level);
 
 /// The desktop's file manager with the file selected, else its folder in whatever shows folders.
 void ShowInFolder(const QString& path);

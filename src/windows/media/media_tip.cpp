@@ -1,6 +1,7 @@
 #include "windows/media/media_tip.h"
 
 #include "frame/frame_state.h"
+#include "level/level_files.h"
 #include "platform/files/paths.h"
 #include "platform/images/images.h"
 
@@ -39,6 +40,22 @@ QString SizeOf(const QString& path)
                   : QStringLiteral("The image cannot be read");
 }
 
+/// Name and author, then size, gems and time; why it is none, of a file that is called a level.
+QString HeaderOf(const QString& path)
+{
+    if (!path.endsWith(QLatin1StringView(".level"), Qt::CaseInsensitive))
+        return {};
+    const Result<LevelFile> level = ReadLevelFile(path);
+    if (!level)
+        return QStringLiteral("No level: ") + level.error().Reason;
+    const LevelInfo& info = level->Record.Info;
+    const QString author = info.Author == QLatin1StringView("NA") ? QString() : QStringLiteral(" by ") + info.Author;
+    const QString time = info.Time == QLatin1StringView("0") ? QStringLiteral("no time limit")
+                                                             : QStringLiteral("time %1").arg(info.Time);
+    return info.Cavename + author +
+           QStringLiteral("\n%1 x %2 cells, %3 gems, %4").arg(info.Width, info.Height, info.Count, time);
+}
+
 } // namespace
 
 double WaveSeconds(const QByteArray& head)
@@ -61,7 +78,7 @@ double WaveSeconds(const QByteArray& head)
 QString MediaTip(const QString& path)
 {
     QStringList lines{paths::FileNameOfPath(path)};
-    for (const QString& line : {SizeOf(path), LengthOf(path)})
+    for (const QString& line : {SizeOf(path), LengthOf(path), HeaderOf(path)})
         if (!line.isEmpty())
             lines << line;
     lines << QLocale().toString(QFileInfo(path).size()) + QStringLiteral(" bytes");

@@ -1,6 +1,7 @@
 #include "windows/media/thumbnails.h"
 
 #include "frame/frame_state.h"
+#include "level/level_files.h"
 #include "platform/images/images.h"
 #include "windows/media/media_view.h"
 #include "windows/parts/dialog_help.h"
@@ -17,6 +18,16 @@ constexpr int MostThumbnails = 1'000; // pictures that are kept
 bool IsOn()
 {
     return Frame.Settings.Thumbnails == 1;
+}
+
+bool IsLevel(const QString& name)
+{
+    return name.endsWith(QLatin1StringView(".level"), Qt::CaseInsensitive);
+}
+
+bool IsPictured(const QString& name)
+{
+    return IsOn() && (IsLevel(name) || HasSheetName(name, Frame.Settings.SheetKinds));
 }
 
 /// Smaller images keep their size. A large one is thinned out before it is smoothed, which costs by its size.
@@ -53,15 +64,14 @@ void Thumbnails::LookAgain()
 QSize Thumbnails::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
     const int high = QStyledItemDelegate::sizeHint(option, index).height();
-    const bool pictured = IsOn() && HasSheetName(index.data().toString(), Frame.Settings.SheetKinds);
     // As wide as the list: a long name is cut in the middle instead of being scrolled to.
-    return {1, pictured ? qMax(high, Side() + 4) : high};
+    return {1, IsPictured(index.data().toString()) ? qMax(high, Side() + 4) : high};
 }
 
 void Thumbnails::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
-    if (!IsOn() || !HasSheetName(option->text, Frame.Settings.SheetKinds))
+    if (!IsPictured(option->text))
         return;
     const Thumb* thumb = thumbs.object(view.PathOf(index));
     option->features |= QStyleOptionViewItem::HasDecoration;
@@ -98,17 +108,44 @@ void Thumbnails::AskNext()
     for (; index.isValid() && view.visualRect(index).top() <= room.bottom();
          index = index.siblingAtRow(index.row() + 1)) {
         const QString path = view.PathOf(index);
-        if (!HasSheetName(path, Frame.Settings.SheetKinds) || !IsDue(path))
+        if (!IsPictured(path) || !IsDue(path))
             continue;
         const QFileInfo file(path);
         const Thumb thumb{{}, file.lastModified().toMSecsSinceEpoch(), file.size(), look};
+        if (IsLevel(path))
+            DrawLevel(path, thumb);
+        else
+            AskForSheet(path, thumb);
+        return;
+    }
+}
+
+void Thumbnails::AskForSheet(const QString& path, const Thumb& thumb)
+{
+    asking = true;
+    images::LoadLater(path, this, [=, this](const Result<images::Picture>& picture) {
+        asking = false;
+        Take(path, thumb, picture ? picture->Pixels : QImage());
+    });
+}
+
+/// Its palette comes first, once a folder.
+void Thumbnails::DrawLevel(const QString& path, const Thumb& thumb)
+{
+    const QString wanted = FindPalette(PaletteName(path));
+    if (wanted != palette) {
         asking = true;
-        images::LoadLater(path, this, [=, this](const Result<images::Picture>& picture) {
+        images::LoadLater(wanted, this, [=, this](const Result<images::Picture>& picture) {
             asking = false;
-            Take(path, thumb, picture ? picture->Pixels : QImage());
+            palette = wanted;
+            painter = MapPainter(picture ? picture->Pixels : QImage());
+            soon.start(0);
         });
         return;
     }
+    const QSize room = QSize(Side(), Side()) * view.devicePixelRatioF();
+    const Result<LevelFile> level = ReadLevelFile(path);
+    Take(path, thumb, level ? painter.Small(level->Record.Map, room) : QImage());
 }
 
 void Thumbnails::Take(const QString& path, Thumb thumb, const QImage& image)
@@ -118,5 +155,5 @@ void Thumbnails::Take(const QString& path, Thumb thumb, const QImage& image)
     thumb.Picture.setDevicePixelRatio(ratio);
     thumbs.insert(path, new Thumb(std::move(thumb)));
     view.viewport()->update();
-    AskNext();
+    soon.start(0);
 }

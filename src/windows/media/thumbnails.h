@@ -1,5 +1,7 @@
 #pragma once
 
+#include "level/level_palette.h"
+
 #include <QCache>
 #include <QPixmap>
 #include <QStyledItemDelegate>
@@ -7,8 +9,8 @@
 
 class MediaView;
 
-/// Small pictures in front of the sheets of a media list, if the setting Thumbnails is on. Only rows in view are
-/// looked at, one image after the other, and none is waited for.
+/// Small pictures in front of the sheets and levels of a media list, if the setting Thumbnails is on. Only rows in view
+/// are looked at, one image after the other, and none is waited for.
 class Thumbnails : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -34,11 +36,15 @@ private:
     int Side() const;
     bool IsDue(const QString& path);
     void AskNext();
+    void AskForSheet(const QString& path, const Thumb& thumb);
+    void DrawLevel(const QString& path, const Thumb& thumb);
     void Take(const QString& path, Thumb thumb, const QImage& image);
 
     MediaView& view;
     mutable QTimer soon;
     QCache<QString, Thumb> thumbs;
+    QString palette; ///< path of the one that levels are drawn with
+    MapPainter painter;
     bool asking = false;
     int look = 0;
 };

@@ -2,6 +2,7 @@
 #include "editor/make_pane.h"
 #include "frame/media/inject_path.h"
 #include "frame/media/media_lists.h"
+#include "level/level_files.h"
 #include "platform/sound/audio.h"
 #include "windows/main/dropped_files.h"
 #include "windows/main/main_window_test.h"
@@ -413,6 +414,11 @@ TEST_F(MediaWindow, ListsLookAsTheSettingsSay)
     QCoreApplication::processEvents();
     EXPECT_EQ(PlaceOf(0).height(), plain);
     const QString tip = MediaTip(Run.Work.Path(QStringLiteral("a.png")));
+    const QString level = Run.Work.Write(QStringLiteral("a.level"), LevelImage(QStringLiteral("LEVEL")));
+    EXPECT_TRUE(MediaTip(level).contains(QLatin1String("gemforge example level by ")) &&
+                MediaTip(level).contains(QLatin1String("15 x 15 cells, 0 gems, no time limit")))
+        << MediaTip(level);
+    EXPECT_TRUE(MediaTip(Run.Work.Write(QStringLiteral("b.LEVEL"), "x")).contains(QLatin1String("No level: ")));
     EXPECT_TRUE(tip.contains(QLatin1String("64 x 32 pixels")) && tip.contains(QLatin1String(" bytes"))) << tip;
     const QByteArray head = QByteArray("RIFF\0\0\0\0WAVEfmt \x10\0\0\0\1\0\1\0\x22\x56\0\0\x22\x56\0\0\1\0\x08\0", 36);
     EXPECT_NEAR(WaveSeconds(head + QByteArray("data\x22\x56\0\0", 8)), 1, 1e-9);

@@ -1,0 +1,175 @@
+#include "mapglass/element_list.h"
+#include "mapglass/level_strip.h"
+#include "mapglass/map_view.h"
+#include "mapglass/mapglass_window.h"
+#include "mapglass/window_memory.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QStyle>
+#include <QToolBar>
+#include <QVBoxLayout>
+#include <functional>
+#include <optional>
+#include <span>
+
+namespace {
+
+QLabel* Fact(QWidget* parent)
+{
+    auto* label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    label->setWordWrap(true);
+    return label;
+}
+
+} // namespace
+
+void MapglassWindow::LayOut()
+{
+    split = new QSplitter(this);
+    strip = new LevelStrip(split);
+    auto* middle = new QWidget(split);
+    view = new MapView(middle);
+    banner = new QWidget(middle);
+    banner->setAutoFillBackground(true);
+    banner->setBackgroundRole(QPalette::AlternateBase);
+    message = new QLabel(banner);
+    message->setTextFormat(Qt::PlainText);
+    message->setWordWrap(true);
+    boxText = new QLabel(banner);
+    boxText->setObjectName(QStringLiteral("boxText"));
+    auto* ok = new QPushButton(QStringLiteral("OK"), banner);
+    ok->setObjectName(QStringLiteral("ok"));
+    auto* cancel = new QPushButton(QStringLiteral("Cancel"), banner);
+    cancel->setObjectName(QStringLiteral("cancel"));
+    auto* texts = new QVBoxLayout;
+    texts->addWidget(message);
+    texts->addWidget(boxText);
+    auto* row = new QHBoxLayout(banner);
+    row->addLayout(texts, 1);
+    row->addWidget(ok);
+    row->addWidget(cancel);
+    banner->hide();
+    auto* column = new QVBoxLayout(middle);
+    column->setContentsMargins({});
+    column->setSpacing(0);
+    column->addWidget(banner);
+    column->addWidget(view, 1);
+    split->addWidget(MakeSide());
+    connect(ok, &QPushButton::clicked, this, [this] {
+        Finish(false);
+        close();
+    });
+    connect(cancel, &QPushButton::clicked, this, [this] { close(); });
+
+    setCentralWidget(split);
+    split->setChildrenCollapsible(false);
+    split->setStretchFactor(1, 1);
+    cellText = new QLabel(this);
+    cellText->setObjectName(QStringLiteral("cellText"));
+    zoomText = new QLabel(this);
+    statusBar()->addWidget(cellText, 1);
+    statusBar()->addPermanentWidget(zoomText);
+    resize(QSize(1180, 760).boundedTo(screen()->availableSize() * 0.9));
+    split->setSizes({146, 700, 330});
+    const WindowMemory memory = RecallWindow();
+    restoreGeometry(memory.Geometry);
+    split->restoreState(memory.Split);
+}
+
+QWidget* MapglassWindow::MakeSide()
+{
+    auto* side = new QWidget(split);
+    auto* form = new QFormLayout;
+    for (const char* caption : {"Name", "Author", "Size", "Time", "Gems", "Form"}) {
+        facts << Fact(side);
+        form->addRow(QString::fromLatin1(caption) + u':', facts.last());
+    }
+    elements = new ElementList(side);
+    auto* column = new QVBoxLayout(side);
+    column->addLayout(form);
+    column->addWidget(elements, 1);
+    return side;
+}
+
+void MapglassWindow::MakeActions()
+{
+    // One row is one action. An empty caption is a line in menu and tool bar; a row without icon is in the menu alone.
+    struct Row
+    {
+        const char* Caption;
+        const char* Keys; ///< with "; " between
+        std::optional<QStyle::StandardPixmap> Icon;
+        std::function<void()> Run;
+        bool NeedsLevel = true;
+    };
+    const Row file[] = {
+        {"&Open...", "Ctrl+O", QStyle::SP_DialogOpenButton, [this] { AskForLevel(); }, false},
+        {"", "", {}, {}},
+        {"&Previous Level", "Ctrl+PgUp; Alt+Left", QStyle::SP_ArrowBack, [this] { StepLevel(-1); }, false},
+        {"&Next Level", "Ctrl+PgDown; Alt+Right", QStyle::SP_ArrowForward, [this] { StepLevel(1); }, false},
+        {"", "", {}, {}},
+        {"&Export as PNG...", "Ctrl+E; Ctrl+S", QStyle::SP_DialogSaveButton, [this] { Export(); }},
+        {"P&rint...", "Ctrl+P", {}, [this] { Print(); }},
+        {"", "", {}, {}},
+        {"&Close", "Esc; Ctrl+W; Ctrl+Q", {}, [this] { close(); }, false},
+    };
+    const Row look[] = {
+        {"Zoom &In", "Ctrl++; Ctrl+=", {}, [this] { view->Zoom(1); }},
+        {"Zoom &Out", "Ctrl+-", {}, [this] { view->Zoom(-1); }},
+        {"&Actual Size", "Ctrl+0", {}, [this] { view->ShowCells(); }},
+        {"&Fit", "Ctrl+9", {}, [this] { view->Fit(); }},
+        {"", "", {}, {}},
+        {"Mark What the Set Does Not &Draw", "Ctrl+D", {}, [this] { elements->SelectUndrawn(); }, false},
+        {"Mark &Nothing", "Ctrl+Shift+A", {}, [this] { elements->clearSelection(); }, false},
+    };
+    auto* bar = addToolBar(QStringLiteral("Levels"));
+    bar->setMovable(false);
+    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    QAction* last = nullptr;
+    const auto fill = [&](QMenu* menu, std::span<const Row> rows) {
+        for (const Row& entry : rows) {
+            if (*entry.Caption == 0) {
+                menu->addSeparator();
+                continue;
+            }
+            last = new QAction(QString::fromLatin1(entry.Caption), this);
+            last->setShortcuts(QKeySequence::listFromString(QString::fromLatin1(entry.Keys)));
+            connect(last, &QAction::triggered, this, entry.Run);
+            menu->addAction(last);
+            if (entry.NeedsLevel)
+                levelActions << last;
+            if (entry.Icon) {
+                last->setIcon(style()->standardIcon(*entry.Icon));
+                bar->addAction(last);
+            }
+        }
+    };
+    fill(menuBar()->addMenu(QStringLiteral("&Level")), file);
+    fill(menuBar()->addMenu(QStringLiteral("&View")), look);
+    unmark = last;
+    undrawn = menuBar()->actions().last()->menu()->actions().at(5);
+    unmark->setEnabled(false);
+    undrawn->setEnabled(false);
+
+    palettes = new QComboBox(bar);
+    palettes->setObjectName(QStringLiteral("palettes"));
+    palettes->setAccessibleName(QStringLiteral("Palette"));
+    palettes->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    palettes->addItem(QStringLiteral("Classic"), ClassicPalette);
+    bar->addSeparator();
+    auto* caption = new QLabel(QStringLiteral(" P&alette: "), bar);
+    caption->setBuddy(palettes);
+    bar->addWidget(caption);
+    bar->addWidget(palettes);
+}

@@ -1,0 +1,192 @@
+#include "windows/levels/frm_make_preview.h"
+
+#include "frame/documents/documents.h"
+#include "frame/frame_state.h"
+#include "frame/host_ports.h"
+#include "frame/media/media_lists.h"
+#include "frame/run_scope.h"
+#include "level/level_palette.h"
+#include "level/palette_maker.h"
+#include "platform/files/paths.h"
+#include "windows/images/picture_viewer.h"
+#include "windows/parts/dialog_help.h"
+#include "windows/parts/help_subject.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr QSize SheetRoomAt96(120, 120);
+
+/// What stands in the way of a palette, in the order of the tests; nothing if all is there.
+std::optional<message::Number> WhatIsMissing()
+{
+    if (!paths::FileExists(DefaultPalette()))
+        return message::PaletteMissing;
+    if (!paths::FileExists(Frame.DataFolder + QStringLiteral("mapele.ini")))
+        return message::LevelElementsMissing;
+    if (Frame.CurrentFile.isEmpty())
+        return message::PaletteNeedsSave;
+    return {};
+}
+
+QPushButton* PaletteButton(const char* name, const char* caption, QWidget* parent)
+{
+    auto* made = new QPushButton(QString::fromLatin1(caption), parent);
+    made->setObjectName(QString::fromLatin1(name));
+    return made;
+}
+
+} // namespace
+
+void frmMakePreview::Run(QWidget* owner)
+{
+    frmMakePreview window(owner);
+    const ModalScope modal;
+    window.Open();
+    window.exec();
+}
+
+frmMakePreview::frmMakePreview(QWidget* owner) : QDialog(DialogParent(owner))
+{
+    setObjectName(QStringLiteral("frmMakePreview"));
+    SetHelpSubject(this, HelpIdFor("make_level_palette"));
+    setWindowTitle(QStringLiteral("Make Preview Palette"));
+    chkEditor = new QCheckBox(QStringLiteral("Use EDITOR info if available"), this);
+    chkEditor->setObjectName(QStringLiteral("chkEditor"));
+    cmdGO = PaletteButton("cmdGO", "Make", this);
+    cmdGO->setDefault(true);
+    cmdCancel = PaletteButton("cmdCancel", "Cancel", this);
+    ProgRock = new QProgressBar(this);
+    ProgRock->setObjectName(QStringLiteral("ProgRock"));
+    ProgRock->setTextVisible(false);
+    ProgRock->setAccessibleName(QStringLiteral("Progress"));
+    picLoad = new QLabel(this);
+    picLoad->setObjectName(QStringLiteral("picLoad"));
+    picLoad->setAlignment(Qt::AlignCenter);
+    picLoad->setAccessibleName(QStringLiteral("The sheet that is read"));
+    picLoad->setFixedSize(Pixels(*this, SheetRoomAt96.width()), Pixels(*this, SheetRoomAt96.height()));
+    lblResult = new QLabel(this);
+    lblResult->setObjectName(QStringLiteral("lblResult"));
+    lblResult->setTextFormat(Qt::PlainText);
+    lblResult->setWordWrap(true);
+    picMake = new PictureViewer(0, QStringLiteral("The palette"), this);
+    picMake->setObjectName(QStringLiteral("picMake"));
+    for (QWidget* part : std::initializer_list<QWidget*>{chkEditor, cmdGO, picMake})
+        part->setEnabled(false);
+    LayOut();
+    connect(cmdGO, &QPushButton::clicked, this, [this] { Make(); });
+    connect(cmdCancel, &QPushButton::clicked, this, [this] { reject(); });
+}
+
+void frmMakePreview::LayOut()
+{
+    auto* side = new QVBoxLayout;
+    side->addWidget(chkEditor);
+    side->addWidget(picLoad, 0, Qt::AlignHCenter);
+    side->addWidget(lblResult);
+    side->addStretch();
+    side->addWidget(ProgRock);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(cmdGO);
+    buttons->addWidget(cmdCancel);
+    side->addLayout(buttons);
+    auto* row = new QHBoxLayout(this);
+    row->addLayout(side);
+    row->addWidget(picMake, 1);
+    resize(Pixels(*this, 690), Pixels(*this, 480));
+}
+
+void frmMakePreview::Open()
+{
+    if (const auto missing = WhatIsMissing()) {
+        ShowMessage(*missing);
+        return;
+    }
+    const Result<QImage> start = ReadPalette(DefaultPalette());
+    if (!start) {
+        ShowFailure(start.error());
+        return;
+    }
+    picMake->ShowPicture(*start);
+    for (QWidget* part : std::initializer_list<QWidget*>{chkEditor, cmdGO, picMake})
+        part->setEnabled(true);
+    lblResult->setText(QStringLiteral("Elements that %1 does not draw keep the classic look.").arg(Frame.CurrentFile));
+}
+
+void frmMakePreview::Make()
+{
+    const Result<QImage> start = ReadPalette(DefaultPalette());
+    if (!start) {
+        ShowFailure(start.error());
+        return;
+    }
+    Busy().BusyPointer(true);
+    cmdGO->setEnabled(false);
+    chkEditor->setEnabled(false);
+    making = true;
+    RunScope run(RunKind::Pass, windowTitle());
+    const SheetEndings& endings = Frame.Settings.SheetKinds;
+    const PaletteMaker::SheetReader read =
+        SheetsIn({Lists().Base.Folder(), Lists().Extra.Folder()}, endings, [&run] { return run.Turn(); });
+    QString shown;
+    PaletteMaker maker(
+        *start, NamesOfElements(), endings,
+        [&](const QString& file) {
+            Result<QImage> sheet = read(file);
+            if (sheet && shown != file)
+                picLoad->setPixmap(
+                    QPixmap::fromImage(sheet->scaled(picLoad->size(), Qt::KeepAspectRatio, Qt::FastTransformation)));
+            shown = file;
+            return sheet;
+        },
+        chkEditor->isChecked());
+    const QString text = QString::fromUtf8(CurrentPane().Bytes());
+    const QList<QStringView> lines = QStringView(text).split(u'\n');
+    ProgRock->setRange(0, int(lines.size()));
+    size_t drawn = 0;
+    for (qsizetype line = 0; line < lines.size() && run.Turn(); ++line) {
+        maker.Line(lines.at(line));
+        ProgRock->setValue(int(line + 1));
+        if (drawn != maker.Drawn().size())
+            picMake->ReplacePicture(maker.Palette());
+        drawn = maker.Drawn().size();
+    }
+    maker.End();
+    picMake->ReplacePicture(maker.Palette());
+    Busy().BusyPointer(false);
+    ProgRock->reset();
+    making = false;
+    cmdGO->setEnabled(true);
+    chkEditor->setEnabled(true);
+    if (run.Stopped())
+        lblResult->setText(QStringLiteral("Stopped. Nothing was written."));
+    else
+        Save(maker.Palette(), qsizetype(maker.Drawn().size()));
+}
+
+void frmMakePreview::Save(const QImage& palette, qsizetype drawn)
+{
+    const QString path = PreviewsFolder() + PaletteNameOfSheets(Lists().Base.Folder()) + QStringLiteral(".gif");
+    if (const Result<> written = WritePalette(path, palette); !written) {
+        ShowFailure(written.error());
+        return;
+    }
+    lblResult->setText(QStringLiteral("%1 elements are drawn by this set.\n\nWritten: %2")
+                           .arg(drawn)
+                           .arg(paths::FileNameOfPath(path)));
+    lblResult->setToolTip(paths::Native(path));
+}
+
+void frmMakePreview::reject()
+{
+    if (making)
+        StopRuns(StopReason::Esc);
+    else
+        QDialog::reject();
+}
