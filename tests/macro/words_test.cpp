@@ -1,4 +1,5 @@
 #include "macro/language/word_tables.h"
+#include "macro/macro_powers.h"
 #include "test_support.h"
 
 #include <QFile>
@@ -77,6 +78,24 @@ TEST(MacroWords, RowsListAndHelpAgree)
         const QString title = word.endsWith(u':') ? QString(word + u']') : word;
         EXPECT_TRUE(page.contains(u"</a>"_s + title + u"</h3>"_s)) << word;
     }
+}
+
+// Catches: a command that works with files or programs and does not ask first, one that asks without need, one that the
+// window in front of a new macro does not tell of.
+TEST(MacroWords, WhatWorksWithFilesAsksFirst)
+{
+    const QSet<QString> told{u"openfileload"_s, u"openfileinsert"_s, u"openfilesave"_s, u"filekill"_s, u"dirkill"_s,
+                             u"dirmake"_s,      u"filecopy"_s,       u"filemove"_s,     u"dircopy"_s,  u"dirmove"_s,
+                             u"execute"_s,      u"resunpack"_s,      u"zip"_s,          u"unzip"_s,    u"ziplist"_s,
+                             u"fileattrib"_s,   u"poke"_s,           u"pokeadd"_s};
+    QSet<QString> gated;
+    for (const auto& family : CommandFamilies())
+        for (const CommandWord& row : family)
+            if (row.Flags & SafeGate)
+                gated.insert(QLatin1String(row.Word));
+    EXPECT_EQ(gated, told);
+    for (const QString& word : told)
+        EXPECT_NE(PowersOf({word}), 0) << word;
 }
 
 // Catches: a word or a tag that is found by another case only, or by a part of it.

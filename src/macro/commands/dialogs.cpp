@@ -4,6 +4,7 @@
 #include "macro/commands/families.h"
 #include "macro/language/seen_target.h"
 #include "macro/language/waiting.h"
+#include "macro/language/windows_of_run.h"
 #include "platform/files/paths.h"
 
 #include <QDeadlineTimer>
@@ -56,6 +57,7 @@ void ShowPause(RunState& run, const QString& text, std::optional<qint64> millise
 {
     const SeenTarget seen(run);
     Ask(PauseQuestion{text, milliseconds});
+    RaiseWindow(run);
 }
 
 void Pause(RunState& run, Arguments& in)

@@ -105,10 +105,8 @@ other_windows::Handle WaitForWindow(RunState& run, const processes::StartedProgr
 void TakeWindow(RunState& run, other_windows::Handle window, const QString& alias)
 {
     const other_windows::Handle owner = other_windows::OwnerOf(window);
-    run.CurrentWindow = owner ? owner : window;
-    StartedWindows.Add(alias, run.CurrentWindow);
-    run.CurrentAlias = alias;
-    run.CurrentEntry = int(StartedWindows.Entries().size()) - 1;
+    StartedWindows.Add(alias, owner ? owner : window);
+    ChooseWindow(run, int(StartedWindows.Entries().size()) - 1);
     RaiseWindow(run);
 }
 
@@ -126,7 +124,7 @@ void Execute(RunState& run, Arguments& in)
     const bool waits = third.compare(QLatin1String("wait"), Qt::CaseInsensitive) == 0;
     if (!waits && !CheckHasWindow(run))
         return;
-    if (!waits && StartedWindows.Find(third)) {
+    if (!waits && StartedWindows.IndexOf(third) >= 0) {
         run.Fail(QStringLiteral("Alias already exists: ") + third);
         return;
     }
