@@ -85,10 +85,10 @@ private:
             {
             };
             if (kind == DT_UNKNOWN && fstatat(dirfd(open.get()), entry->d_name, &facts, AT_SYMLINK_NOFOLLOW) == 0)
-                kind = IFTODT(facts.st_mode);
+                kind = static_cast<unsigned char>(IFTODT(facts.st_mode));
             const bool isLink = kind == DT_LNK;
             if (isLink && fstatat(dirfd(open.get()), entry->d_name, &facts, 0) == 0)
-                kind = IFTODT(facts.st_mode);
+                kind = static_cast<unsigned char>(IFTODT(facts.st_mode));
             if (kind == DT_DIR)
                 (isLink ? listing.LinkedFolders : listing.Folders) << name;
             else if (kind == DT_REG && (listing.Files.isEmpty() || !scan.OneIsEnough) &&
