@@ -71,13 +71,18 @@ QVariant LineMarksModel::headerData(int section, Qt::Orientation orientation, in
     return QString::fromLatin1(Names[section]);
 }
 
-MarksPanel::MarksPanel(QWidget* parent)
+// The model must be there before the list that shows it.
+MarksPanel::MarksPanel(QWidget* parent) : MarksPanel(*new LineMarksModel, parent) {}
+
+MarksPanel::MarksPanel(LineMarksModel& shown, QWidget* parent)
     : LowerList({.Name = "Marks",
                  .Icon = "list_of_marks",
                  .What = QStringLiteral("Lines with a mark"),
                  .Whose = QStringLiteral("the list of marks")},
-                model, parent)
+                shown, parent),
+      model(shown)
 {
+    model.setParent(this);
     soon.setSingleShot(true);
     soon.setInterval(LookAgain);
     connect(&soon, &QTimer::timeout, this, [this] {
