@@ -35,6 +35,13 @@ void AliasTable::TakeAlias(int index)
         entries[size_t(index)].Alias.reset();
 }
 
+void AliasTable::LetDown()
+{
+    for (const AliasedWindow& entry : entries)
+        if (entry.IsThere())
+            other_windows::KeepAbove(entry.Window, false);
+}
+
 void AliasTable::CloseAll()
 {
     for (const AliasedWindow& entry : entries)

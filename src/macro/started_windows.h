@@ -28,6 +28,7 @@ public:
     void TakeAlias(int index); ///< the entry stays without one
     const std::vector<AliasedWindow>& Entries() const { return entries; }
 
+    void LetDown();  ///< none of them above all others any more
     void CloseAll(); ///< asks each window to close, and forgets them
 
 private:

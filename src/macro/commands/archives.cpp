@@ -1,9 +1,11 @@
 #include "frame/messages/asker.h"
 #include "macro/commands/families.h"
 #include "macro/language/outcome.h"
+#include "macro/language/run_state.h"
 #include "macro/language/run_turn.h"
 #include "macro/language/seen_target.h"
 #include "macro/macro_ports.h"
+#include "macro/run_stage.h"
 #include "platform/files/paths.h"
 #include "services/archive_tool.h"
 

@@ -2,9 +2,9 @@
 #include "frame/messages/asker.h"
 #include "graphics/picks.h"
 #include "macro/commands/families.h"
+#include "macro/language/run_state.h"
 #include "macro/language/seen_target.h"
 #include "macro/language/waiting.h"
-#include "macro/language/windows_of_run.h"
 #include "platform/files/paths.h"
 
 #include <QDeadlineTimer>
@@ -57,7 +57,6 @@ void ShowPause(RunState& run, const QString& text, std::optional<qint64> millise
 {
     const SeenTarget seen(run);
     Ask(PauseQuestion{text, milliseconds});
-    RaiseWindow(run);
 }
 
 void Pause(RunState& run, Arguments& in)

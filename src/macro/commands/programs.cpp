@@ -1,4 +1,5 @@
 #include "macro/commands/families.h"
+#include "macro/language/run_state.h"
 #include "macro/language/seen_target.h"
 #include "macro/language/waiting.h"
 #include "macro/language/windows_of_run.h"
