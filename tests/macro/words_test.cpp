@@ -1,7 +1,10 @@
+#include "macro/language/program.h"
+#include "macro/language/source_text.h"
 #include "macro/language/word_tables.h"
 #include "macro/macro_powers.h"
 #include "test_support.h"
 
+#include <QDir>
 #include <QFile>
 #include <QHash>
 #include <QSet>
@@ -111,4 +114,21 @@ TEST(MacroWords, AreFoundInAnyLetterCase)
     EXPECT_STREQ(FindFunctionTag(u"[chr:")->Name, "chr");
     for (const char16_t* none : {u"[chr", u"[char:65]", u"chr:65]", u"[ch:65]"})
         EXPECT_EQ(FindFunctionTag(none), nullptr);
+}
+
+// Catches: a macro of ours that does not even begin, or says a word that the language does not have.
+TEST(MacroWords, MacrosThatShipSayOnlyThese)
+{
+    const QDir folder(ProjectFile(u"macros"_s));
+    const QStringList files = folder.entryList({u"*.gfbasic"_s}, QDir::Files);
+    EXPECT_FALSE(files.empty());
+    for (const QString& file : files) {
+        const PreparedSource source = PrepareSource(SourceFromBytes(Shipped(u"macros/"_s + file).toUtf8()));
+        EXPECT_EQ(source.ErrorText, QString()) << file;
+        Program program;
+        program.Take(source.Lines);
+        EXPECT_EQ(PrePass(program).Text, QString()) << file;
+        for (const QString& line : source.Lines)
+            EXPECT_TRUE(IsBlankLine(line) || FindCommand(line.section(u' ', 0, 0))) << file << ": " << line;
+    }
 }
