@@ -71,18 +71,14 @@ QVariant LineMarksModel::headerData(int section, Qt::Orientation orientation, in
     return QString::fromLatin1(Names[section]);
 }
 
-// The model must be there before the list that shows it.
-MarksPanel::MarksPanel(QWidget* parent) : MarksPanel(*new LineMarksModel, parent) {}
-
-MarksPanel::MarksPanel(LineMarksModel& shown, QWidget* parent)
+MarksPanel::MarksPanel(QWidget* parent)
     : LowerList({.Name = "Marks",
                  .Icon = "list_of_marks",
                  .What = QStringLiteral("Lines with a mark"),
                  .Whose = QStringLiteral("the list of marks")},
-                shown, parent),
-      model(shown)
+                parent)
 {
-    model.setParent(this);
+    SetModel(model);
     soon.setSingleShot(true);
     soon.setInterval(LookAgain);
     connect(&soon, &QTimer::timeout, this, [this] {

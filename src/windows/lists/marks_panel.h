@@ -41,12 +41,10 @@ public:
     void DocumentChanged(); ///< another text, or the text has changed
 
 private:
-    MarksPanel(LineMarksModel& shown, QWidget* parent);
-
     void Look();
     void GoTo(int row);
     void PutWordIn(int row);
 
-    LineMarksModel& model;
+    LineMarksModel model;
     QTimer soon;
 };
