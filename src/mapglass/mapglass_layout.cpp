@@ -81,7 +81,9 @@ void MapglassWindow::LayOut()
     statusBar()->addWidget(cellText, 1);
     statusBar()->addPermanentWidget(zoomText);
     resize(QSize(1180, 760).boundedTo(screen()->availableSize() * 0.9));
-    split->setSizes({146, 700, 330});
+    constexpr int StripWidth = 146, SideWidth = 330;
+    const int side = qMin(SideWidth, width() * 3 / 10);
+    split->setSizes({StripWidth, width() - StripWidth - side, side});
     const WindowMemory memory = RecallWindow();
     restoreGeometry(memory.Geometry);
     split->restoreState(memory.Split);
@@ -116,8 +118,8 @@ void MapglassWindow::MakeActions()
     const Row file[] = {
         {"&Open...", "Ctrl+O", QStyle::SP_DialogOpenButton, [this] { AskForLevel(); }, false},
         {"", "", {}, {}},
-        {"&Previous Level", "Ctrl+PgUp; Alt+Left", QStyle::SP_ArrowBack, [this] { StepLevel(-1); }, false},
-        {"&Next Level", "Ctrl+PgDown; Alt+Right", QStyle::SP_ArrowForward, [this] { StepLevel(1); }, false},
+        {"&Previous", "Ctrl+PgUp; Alt+Left", QStyle::SP_ArrowBack, [this] { StepLevel(-1); }, false},
+        {"&Next", "Ctrl+PgDown; Alt+Right", QStyle::SP_ArrowForward, [this] { StepLevel(1); }, false},
         {"", "", {}, {}},
         {"&Export as PNG...", "Ctrl+E; Ctrl+S", QStyle::SP_DialogSaveButton, [this] { Export(); }},
         {"P&rint...", "Ctrl+P", {}, [this] { Print(); }},
@@ -151,6 +153,7 @@ void MapglassWindow::MakeActions()
                 levelActions << last;
             if (entry.Icon) {
                 last->setIcon(style()->standardIcon(*entry.Icon));
+                last->setIconText(QString::fromLatin1(entry.Caption).remove(u'&').section(u' ', 0, 0).remove(u'.'));
                 bar->addAction(last);
             }
         }

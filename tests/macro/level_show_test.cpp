@@ -17,7 +17,7 @@ struct LevelShowTest : testing::Test
     LevelShowTest()
     {
         Frame.DataFolder = ProjectFile(u"data/"_s);
-        MacroWindows.LevelViewer = scope.Folder.Write(u"viewer"_s, "");
+        Level.Viewer = scope.Folder.Write(u"viewer"_s, "");
         MacroWindows.RegistryFile = scope.Folder.Path(u"registry.json"_s);
         MacroWindows.ShowMap = [this](const QString& caption, const QString& palette) {
             seen << caption + u'|' + palette + u'|' + Level.Info.Cavename;
@@ -103,7 +103,7 @@ TEST_F(LevelShowTest, QuickFilesAndRefusals)
     EXPECT_EQ(shown, caves);
     EXPECT_EQ(seen, QStringList{u"Look||gemforge example level"_s});
     EXPECT_EQ(Run({u"levshow nothing.level Look"_s}), u"File doesn't exist or is not a level.^^nothing.level"_s);
-    QFile::remove(MacroWindows.LevelViewer);
+    QFile::remove(Level.Viewer);
     EXPECT_EQ(Run({u"cd my|caves"_s, u"levshow 001.level Look"_s}),
               u"Can't find the Mapglass.exe! It should be in the same folder as the Gemforge.exe"_s);
     RegistryStore store(MacroWindows.RegistryFile);

@@ -179,9 +179,11 @@ TEST_F(MediaWindow, DoubleClickOpensByMode)
     Run.Work.Write(QStringLiteral("001.level"), "level");
     RefreshMedia();
     SetMode(ModeLvl);
+    Level.Viewer = Run.Work.Path(QStringLiteral("no viewer"));
     Click(0); // the refresh of the window's return is still to come
     DoubleClick(0);
     EXPECT_TRUE(WaitUntil([&] { return !Run.Scope.Answers.Asked.empty(); }));
+    ResetLevel();
     EXPECT_TRUE(Run.TakeMessages().value(0).contains(QLatin1String("Mapglass")));
     SetMode(ModeTxt);
     EXPECT_EQ(Shown(), QStringList());
