@@ -151,6 +151,8 @@ void MapglassWindow::MakeActions()
             menu->addAction(last);
             if (entry.NeedsLevel)
                 levelActions << last;
+            else if (entry.Icon)
+                otherLevels << last;
             if (entry.Icon) {
                 last->setIcon(style()->standardIcon(*entry.Icon));
                 last->setIconText(QString::fromLatin1(entry.Caption).remove(u'&').section(u' ', 0, 0).remove(u'.'));

@@ -76,8 +76,8 @@ void MapglassWindow::ShowHeader()
 {
     const LevelInfo& info = level.Record.Info;
     const bool shown = level.Record.Map.Width() > 0;
-    setWindowTitle(path.isEmpty() ? QStringLiteral("Mapglass")
-                                  : paths::FileNameOfPath(path) + QStringLiteral(" - Mapglass"));
+    const QString title = answer ? info.Cavename : paths::FileNameOfPath(path);
+    setWindowTitle(title.isEmpty() ? QStringLiteral("Mapglass") : title + QStringLiteral(" - Mapglass"));
     const QString values[] = {info.Cavename,
                               info.Author == QLatin1StringView("NA") ? QStringLiteral("(not told)") : info.Author,
                               QStringLiteral("%1 by %2").arg(info.Width, info.Height),
@@ -200,6 +200,8 @@ void MapglassWindow::MarkElements()
 
 void MapglassWindow::StepLevel(int rows)
 {
+    if (answer)
+        return;
     const int row = strip->Levels().RowOf(paths::FileNameOfPath(path));
     const QString next = strip->Levels().Path(row + rows);
     if (!next.isEmpty())
@@ -238,6 +240,8 @@ void MapglassWindow::ServeMacro(const ViewRequest& request, Answering told)
     banner->setVisible(true);
     view->SetDrawsBox(true);
     strip->setVisible(false); // it is this level that the macro asks about
+    for (QAction* action : std::as_const(otherLevels))
+        action->setVisible(false);
     TellBox();
 }
 

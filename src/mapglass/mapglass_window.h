@@ -83,4 +83,5 @@ private:
     QComboBox* palettes;
     QAction *undrawn, *unmark;
     QList<QAction*> levelActions; ///< that make sense while a level is shown
+    QList<QAction*> otherLevels;  ///< that lead to another level
 };

@@ -86,7 +86,10 @@ frmMakePreview::frmMakePreview(QWidget* owner) : QDialog(DialogParent(owner))
 
 void frmMakePreview::LayOut()
 {
-    auto* side = new QVBoxLayout;
+    auto* left = new QWidget(this);
+    left->setFixedWidth(Pixels(*this, 240));
+    auto* side = new QVBoxLayout(left);
+    side->setContentsMargins({});
     side->addWidget(chkEditor);
     side->addWidget(picLoad, 0, Qt::AlignHCenter);
     side->addWidget(lblResult);
@@ -97,9 +100,9 @@ void frmMakePreview::LayOut()
     buttons->addWidget(cmdCancel);
     side->addLayout(buttons);
     auto* row = new QHBoxLayout(this);
-    row->addLayout(side);
+    row->addWidget(left);
     row->addWidget(picMake, 1);
-    resize(Pixels(*this, 690), Pixels(*this, 480));
+    resize(Pixels(*this, 720), Pixels(*this, 480));
 }
 
 void frmMakePreview::Open()
@@ -164,6 +167,7 @@ void frmMakePreview::Make()
     making = false;
     cmdGO->setEnabled(true);
     chkEditor->setEnabled(true);
+    cmdGO->setFocus();
     if (run.Stopped())
         lblResult->setText(QStringLiteral("Stopped. Nothing was written."));
     else
