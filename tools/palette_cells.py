@@ -461,7 +461,7 @@ RULES = (
     (r"df_fibre_optic_%s_%s" % (C, N), gate, {}),
     (r"(invisible_|.*expandable_)?.*steelwall.*|mm_steel_(block|lock)|df_.*steel.*", steel, {}),
     (r"(dc_|bdx_|sp_|emc_|em_|d?x_)?.*(wall|stoneblock|block|lock|acid_pool|chip|hardware).*", bricks, {}),
-    (r"(bdx_|emc_fake_)?(acid)" + STATE, water, {"material": "green"}),
+    (r"(bdx_|emc_fake_)?(acid)" + STATE, water, {"material": "gold"}),
     (r"bdx_water(_%s)?" % N, water, {}),
     (r"bdx_(lava|slime)", water, {"material": "fire"}),
     (r".*(rock|zonk)(_glued)?" + STATE, boulder, {}),
