@@ -1,9 +1,11 @@
-// What the game's tools cost by themselves, without the game: a fast test's swap and back, a safe test's copy, an
-// extract of today's longest dump, many complaints in the list.
+// What the game's tools cost by themselves, with programs in the game's place that end at once: a fast test, a safe
+// test's copy, an extract of today's longest dump, many complaints in the list.
 #include "bench_host.h"
 #include "frame/editor_pane.h"
+#include "frame/files/file_commands.h"
 #include "frame/frame_state.h"
 #include "game/extract.h"
+#include "game/fast_test.h"
 #include "game/game_messages.h"
 #include "game/game_state.h"
 #include "game/game_words.h"
@@ -51,6 +53,32 @@ void SwapAndPutBack(benchmark::State& state)
 }
 BENCHMARK(SwapAndPutBack)->Unit(benchmark::kMillisecond);
 
+/// A program in the game's place.
+void UseProgram(const QTemporaryDir& folder, const QByteArray& script)
+{
+    Frame.Settings.RNDPath = folder.filePath(QStringLiteral("game"));
+    Write(Frame.Settings.RNDPath, "#!/bin/sh\n" + script + '\n');
+    QFile::setPermissions(Frame.Settings.RNDPath, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+/// The whole command, the start of a program included.
+void FastTest(benchmark::State& state)
+{
+    const QTemporaryDir folder;
+    UseProgram(folder, "exit 0");
+    const QString conf = folder.filePath(QStringLiteral("graphics/graphicsinfo.conf"));
+    Write(conf, "name: a\nsort_priority: 1\nbug: bug.png\n" + QByteArray(qsizetype(1) << 20, '\n'));
+    if (!OpenDocument(conf, true))
+        state.SkipWithError("the conf is not open");
+    for (auto _ : state) {
+        CurrentPane().SetSel({2, 0, 2, LineEndColumn}, false);
+        FastLaunch();
+    }
+    if (QDir(folder.filePath(QStringLiteral("graphics"))).entryList(QDir::Files | QDir::Hidden).size() != 1)
+        state.SkipWithError("not all is back");
+}
+BENCHMARK(FastTest)->Unit(benchmark::kMillisecond);
+
 /// A set of 500 files and 100 MB, made ready and thrown away.
 void PrepareAndForgetSet(benchmark::State& state)
 {
@@ -69,15 +97,22 @@ void PrepareAndForgetSet(benchmark::State& state)
 }
 BENCHMARK(PrepareAndForgetSet)->Unit(benchmark::kMillisecond);
 
-void ShowDump(benchmark::State& state)
+/// The whole command with a program that prints at once, into a pane without a window.
+void ExtractDump(benchmark::State& state)
 {
-    const QByteArray printed = Dump();
+    const QTemporaryDir folder;
+    const QString dump = folder.filePath(QStringLiteral("dump"));
+    Write(dump, Dump());
+    UseProgram(folder, "exec cat '" + QFile::encodeName(dump) + '\'');
     for (auto _ : state) {
-        const GameOutput parted = PartedOutput(printed, {});
-        CurrentPane().LoadBytes(LiveEntries(parted.Printed));
+        CurrentPane().SetModified(false);
+        ExtractFromGame(1);
     }
+    // Behind the last line break stands one more.
+    if (CurrentPane().LineCount() != DumpLines + 1 || !CurrentPane().GetLine(3).startsWith(QLatin1StringView("some_")))
+        state.SkipWithError("the dump is not there");
 }
-BENCHMARK(ShowDump)->Unit(benchmark::kMillisecond);
+BENCHMARK(ExtractDump)->Unit(benchmark::kMillisecond);
 
 void ShowManyWords(benchmark::State& state)
 {

@@ -76,7 +76,7 @@ void RefreshWithOneNew(benchmark::State& state)
 void ShowInView(benchmark::State& state)
 {
     const QString folder = FolderOf(state.range(0));
-    MediaView view(1, "bench", nullptr);
+    MediaView view(MediaSource::PCXBrowser, "bench", nullptr);
     view.resize(160, 500);
     view.show();
     for (auto _ : state) {
@@ -89,7 +89,7 @@ void ShowInView(benchmark::State& state)
 void OneNewInView(benchmark::State& state)
 {
     const QString folder = FolderOf(state.range(0)), file = folder + QStringLiteral("tile_5_new.png");
-    MediaView view(1, "bench", nullptr);
+    MediaView view(MediaSource::PCXBrowser, "bench", nullptr);
     view.resize(160, 500);
     view.show();
     Lists().Base.Show(folder, Patterns);
@@ -114,7 +114,7 @@ BENCHMARK(OneNewInView)->SIZES;
 void IdleMinute(benchmark::State& state)
 {
     const QString folder = FolderOf(state.range(0));
-    MediaView view(1, "bench", nullptr);
+    MediaView view(MediaSource::PCXBrowser, "bench", nullptr);
     view.show();
     Lists().Base.Show(folder, Patterns);
     MediaWatch watch(nullptr);

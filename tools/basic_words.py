@@ -12,13 +12,16 @@ ROOM = Path(__file__).resolve().parent.parent / "src" / "macro"
 # A family's table, and its heading. Families that edit the text stand apart in the macro editor's list.
 COMMANDS = {"BranchRows": "Conditions", "LoopRows": "Loops", "JumpRows": "Jumps and subs", "VariableRows": "Variables",
             "TextValueRows": "Pieces of texts", "RandomRows": "Random values and words", "ListRows": "The list",
-            "GroupRows": "Groups", "DialogRows": "Dialogs", "ProgressRows": "Progress", "SetFileRows": "Files",
-            "LevelFileRows": "Levels: files", "LevelPaintRows": "Levels: painting", "LevelReplaceRows": "Levels: replacing",
-            "LevelShowRows": "Levels: showing"}
+            "GroupRows": "Groups", "DialogRows": "Dialogs", "ProgressRows": "Progress", "SetFileRows": "Files", "FileWorkRows": "Copying, moving, deleting",
+            "DocumentFileRows": "The document and files", "ByteRows": "Bytes of files", "FileDialogRows": "Asking for files",
+            "ArchiveRows": "Archives", "ProgramRows": "Programs",
+            "WindowRows": "Windows of programs", "MouseAndKeyRows": "Mouse and keys", "SoundRows": "Sound", "RegistryRows": "Values kept between runs",
+             "LevelFileRows": "Levels: files", "LevelPaintRows": "Levels: painting", "LevelReplaceRows": "Levels: replacing",
+             "LevelShowRows": "Levels: showing"}
 TEXT_COMMANDS = {"ScreenRows": "The text as a screen", "CursorRows": "Moving and selecting", "EditingRows": "Editing"}
 TAGS = {"EditingTagRows": "Text and caret", "ResultRows": "Results", "PathRows": "Paths, documents, time",
         "ElementRows": "The element picked from a sheet",
-        "LevelRows": "The open level"}
+        "WindowTagRows": "Windows and mouse", "LevelRows": "The open level"}
 FUNCTIONS = {"FunctionRows": "Tags with arguments", "LevelFunctionRows": "The open level, with arguments"}
 
 OPERATORS = "== <> << >> <= => = + - * /".split()

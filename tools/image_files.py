@@ -17,7 +17,7 @@ class Sheet:
             self.rows[row * self.tile + y][at:at + len(line)] = bytes(line)
 
 
-def _run_lengths(line):
+def run_lengths(line):
     """PCX: a byte stands for itself below 0xC0; else a count byte 0xC1 to 0xFF goes before it."""
     out, at = bytearray(), 0
     while at < len(line):
@@ -39,7 +39,7 @@ def _pcx_header(sheet, planes):
 
 def pcx_of_palette(sheet):
     """PCX with one plane of 8 bits and the palette of 256 colours at its end. The width must be even."""
-    body = b"".join(_run_lengths(row) for row in sheet.rows)
+    body = b"".join(run_lengths(row) for row in sheet.rows)
     colours = b"".join(bytes(colour) for colour in sheet.palette).ljust(768, b"\0")
     return _pcx_header(sheet, 1) + body + b"\x0c" + colours
 
@@ -49,7 +49,7 @@ def pcx_of_planes(sheet):
     body = bytearray()
     for row in sheet.rows:
         for plane in range(3):
-            body += _run_lengths(bytes(sheet.palette[index][plane] for index in row))
+            body += run_lengths(bytes(sheet.palette[index][plane] for index in row))
     return _pcx_header(sheet, 3) + bytes(body)
 
 

@@ -110,6 +110,8 @@ MISC = [
     ("LineCommentSearchChar", "~"), ("SortGotoList", 0), ("OpenSaveInLevelDir", 0), ("BackupOnSave", 1),
     ("DisableSoundLaunch", 0), ("QuickClose", 0), ("SafeSystemBASIC", 1), ("AskBeforeMacros", 1), ("RecentLimit", 50), ("ProjectLimit", 20),
     ("FindHistoryLimit", 30), ("ReplaceHistoryLimit", 30), ("RNDPath", ""),
+    "The program that opens the image of a sheet. Empty: the one that the desktop has for it.",
+    ("ImageEditor", ""),
     "Do panes tell their text to a screen reader? 0 while one runs, 1 always, 2 never.",
     ("ScreenReader", 0),
     "Colours of texts and windows: 0 as the desktop, 1 light, 2 dark.",

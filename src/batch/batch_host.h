@@ -35,12 +35,13 @@ public:
     bool CanPreview(int) const override { return false; }
     void PreviewMedia(const MediaRequest& request) override;
     void StopPlayers() override {}
+    void ShowZippedSet(const QString& archive) override { ZippedSets << archive; }
     void Listen(FrameEvents& events) override;
 
     std::array<TabFace, 8> Faces;
     std::vector<int> Modes; ///< as they came
     QString CaretPlace, Path;
-    QStringList Notices;
+    QStringList Notices, ZippedSets;
     std::optional<ListKind> ShownList;
     MediaHit ShownEntry{MediaSource::None, -1, {}};     ///< of the media lists
     std::function<void(const MediaRequest&)> OnPreview; ///< stands for the tool that opens a media file

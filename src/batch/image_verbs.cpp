@@ -99,7 +99,7 @@ Result<> WriteSheet(const QString& path, const QImage& sheet)
                                                       : WritePicture(path, sheet, PcxDepth::Full);
 }
 
-/// Refused pictures and a film that breaks off end with 1: what could be read is there.
+/// A sheet that is full and a film that is not whole end with 1: what could be read is there.
 VerbResult Finish(const QString& out, const FilmReport& report, VerbStreams& streams)
 {
     if (const Result<> written = WriteSheet(out, report.Sheet); !written)
@@ -108,9 +108,11 @@ VerbResult Finish(const QString& out, const FilmReport& report, VerbStreams& str
                 << " by " << report.Sheet.height() << '\n';
     if (report.Full)
         streams.Err << out << ": the sheet is full, further frames are left out\n";
+    if (report.Incomplete)
+        streams.Err << out << ": the film tells of " << report.Told.Length << " frames, not all can be read\n";
     if (report.How == films::End::Broken)
         streams.Err << out << ": the film breaks off\n";
-    return report.Full || report.How == films::End::Broken ? VerbFound : VerbDone;
+    return report.Full || report.Incomplete || report.How == films::End::Broken ? VerbFound : VerbDone;
 }
 
 constexpr auto SheetKinds = {WindowsBitmapKind, PaintbrushKind, NetworkGraphicsKind};
@@ -137,8 +139,13 @@ VerbResult PcxVerb(const QStringList& arguments, VerbStreams& streams)
             images::Reduction{.Colours = quint32(*colours),
                               .Method = parsed.Has("--neuquant") ? images::Quantizer::NeuQuant : images::Quantizer::Wu,
                               .KeepBlack = true};
-    const Result<> done = ConvertPicture(parsed.Plain.at(0), out, plan);
-    return done ? VerbDone : Failed(done.error(), streams);
+    const QString in = parsed.Plain.at(0);
+    const Result<bool> done = ConvertPicture(in, out, plan);
+    if (!done)
+        return Failed(done.error(), streams);
+    if (!*done)
+        streams.Err << in << ": the image file ends early\n";
+    return *done ? VerbDone : VerbFound;
 }
 
 VerbResult FilmVerb(const QStringList& arguments, VerbStreams& streams)

@@ -163,7 +163,7 @@ private:
     MacroAnswers asker;
     Asker* const before = Frame.Ask;
     OwnClipboard clipboard;
-    PlainStage stage{clipboard};
+    PlainStage stage{clipboard, call.AllowFiles ? RegistryStore::Keeping::File : RegistryStore::Keeping::Memory};
     std::optional<VerbResult> ended;
 };
 

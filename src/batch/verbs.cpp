@@ -7,6 +7,7 @@
 #include "batch/image_verbs.h"
 #include "batch/level_verbs.h"
 #include "batch/run_verb.h"
+#include "batch/set_verbs.h"
 
 #include <algorithm>
 
@@ -116,6 +117,31 @@ constexpr Verb AllVerbs[] = {
      "without file and key is -:0: : TEXT. Nothing of the set is changed.\n"
      "Ends with 1 if there is any, else as game info does.\n",
      GameCheckVerb},
+    {"set new", "--title T --short S --author A --in FOLDER [--with WORD,...] [--game PATH]",
+     "Makes a new level set in FOLDER, as the wizard does, and prints its folder. The words are graphics-dump,\n"
+     "graphics-example, sounds-dump, sounds-example, music-dump, music-example, level, helptext, helpanim, "
+     "editorsetup\n"
+     "and readme; without --with all that need no game, with an empty one none. A dump is printed by the game at "
+     "PATH,\n"
+     "else by the one of the settings.\n"
+     "Ends with 1 if nothing was made, and tells why; with 2 after a wrong call.\n",
+     SetNewVerb},
+    {"set list", "FOLDER",
+     "Prints a line for each level set below FOLDER: \"folder\" or \"zip\", its path and its name as the Level "
+     "Manager\n"
+     "shows it, parted by tabs.\n",
+     SetListVerb},
+    {"set zip", "FOLDER",
+     "Packs a level set into FOLDER.levzip, removes the folder once the archive was read again and compared, and "
+     "prints\n"
+     "the archive's path. Ends with 1 and the reason if nothing has changed, such as where that archive stands "
+     "already;\n"
+     "with 2 if FOLDER is none, or stays beside its archive.\n",
+     SetZipVerb},
+    {"set unzip", "FILE",
+     "Unpacks a .levzip into the folder of its name beside it, removes the archive once the folder was compared with\n"
+     "it, and prints the folder's path. Ends as set zip does.\n",
+     SetUnzipVerb},
 };
 
 const Verb* FindVerb(const QString& name)

@@ -1,5 +1,7 @@
 #include "conf/comments.h"
 
+#include "conf/element_blocks.h"
+
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
 
@@ -123,6 +125,26 @@ QByteArray UncommentLines(QByteArrayView lines, const PassProgress& progress)
     return out;
 }
 
+QByteArray ToggleLines(QByteArrayView lines, const PassProgress& progress)
+{
+    const auto isBlank = [](QByteArrayView line) { return line.trimmed().isEmpty(); };
+    bool all = true, some = false;
+    ForEachLine(lines, {}, [&](const ByteLine& line) {
+        some |= !isBlank(line.Text);
+        all &= isBlank(line.Text) || line.Text.startsWith('#');
+    });
+    const bool uncomment = all && some;
+    QByteArray out;
+    out.reserve(lines.size() + lines.size() / 16);
+    ForEachLine(lines, progress, [&](const ByteLine& line) {
+        if (!uncomment && !isBlank(line.Text))
+            out.append('#');
+        out.append(uncomment && line.Text.startsWith('#') ? line.Text.sliced(1) : line.Text);
+        out.append(line.Break);
+    });
+    return out;
+}
+
 void CommentSelected()
 {
     RunPassOnSelection(CurrentPane(), QStringLiteral("Comment Selected"), CommentLines);
@@ -131,6 +153,24 @@ void CommentSelected()
 void UncommentSelected()
 {
     RunPassOnSelection(CurrentPane(), QStringLiteral("Uncomment Selected"), UncommentLines);
+}
+
+void ToggleComment()
+{
+    DocumentText& pane = CurrentPane();
+    const Range before = pane.GetSel(true);
+    Range lines = before;
+    if (pane.SelLength() == 0)
+        if (const std::optional<LineSpan> block = BlockAtCaret(pane))
+            lines = {.StartLine = block->First, .EndLine = block->Last};
+    if (lines.EndLine > lines.StartLine && lines.EndCol == 0 && pane.SelLength() > 0)
+        --lines.EndLine; // a selection that ends in front of a line has nothing of it
+    pane.SetSel({lines.StartLine, 0, lines.EndLine, pane.GetLineLength(lines.EndLine)}, false);
+    RunPassOnSelection(pane, QStringLiteral("Toggle Comment"), ToggleLines);
+    const auto held = [&](int line, int column) { return qMin(column, pane.GetLineLength(line)); };
+    pane.SetSel({before.StartLine, held(before.StartLine, before.StartCol), before.EndLine,
+                 held(before.EndLine, before.EndCol)},
+                true);
 }
 
 void SelectBetweenComments()

@@ -47,9 +47,14 @@ int LineOfSeparator(QByteArrayView lines, const QString& separator);
 QByteArray CommentLines(QByteArrayView lines, const PassProgress& progress = {});
 /// One "#" taken from each line that begins with one.
 QByteArray UncommentLines(QByteArrayView lines, const PassProgress& progress = {});
+/// The one or the other, as ToggleComment does.
+QByteArray ToggleLines(QByteArrayView lines, const PassProgress& progress = {});
 
 void CommentSelected();
 void UncommentSelected();
+/// Comment or, if each of its lines is one, uncomment: the selected lines, else the element block at the caret, else
+/// its line. Blank lines stay as they are; caret and selection stay on their lines.
+void ToggleComment();
 /// "Select Between Comments": from the separator at or above the caret to the next one below.
 void SelectBetweenComments();
 /// "Goto Next Comment" and "Goto Previous Comment".

@@ -31,6 +31,17 @@ int EndOfBlock(const LineReader& lines, int mainLine)
     return line;
 }
 
+std::optional<LineSpan> BlockAtCaret(const DocumentText& pane)
+{
+    if (Frame.CurrentMode != ModeGfx)
+        return {};
+    const LineReader lines = LinesOf(pane);
+    const std::optional<int> main =
+        FindMainLine(lines, pane.CaretLine(), {Frame.Settings.SheetKinds, SelectReach, GroupRule::FromWithin});
+    const int end = main ? EndOfBlock(lines, *main) : 0;
+    return main && pane.CaretLine() < end ? std::optional(LineSpan{*main, end - 1}) : std::nullopt;
+}
+
 void SelectElementBlock()
 {
     DocumentText& pane = CurrentPane();

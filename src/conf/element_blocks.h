@@ -2,6 +2,7 @@
 
 #include "conf/line_reader.h"
 #include "frame/media/sheet_endings.h"
+#include "text/places.h"
 
 /// Do the main lines of sub groups count in a search?
 enum class GroupRule {
@@ -23,6 +24,9 @@ std::optional<int> FindMainLine(const LineReader& lines, int from, const MainLin
 /// First line after the block that begins at `mainLine`: the first that does not start with its key. May be the
 /// line count. A main line without a key is a block of its own.
 int EndOfBlock(const LineReader& lines, int mainLine);
+
+/// The block that holds the caret; nothing outside of one and in other modes than graphics.
+std::optional<LineSpan> BlockAtCaret(const DocumentText& pane);
 
 /// "Select Element Block": the block around the caret of the current pane; nothing if there is none.
 void SelectElementBlock();

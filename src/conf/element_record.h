@@ -2,7 +2,10 @@
 
 #include <QString>
 #include <array>
+#include <memory>
 #include <optional>
+
+class DocumentHints;
 
 /// An element block.
 struct ElementRecord
@@ -40,6 +43,7 @@ struct ElementState
 {
     ElementRecord Element;
     FieldFlags FieldFound{};
+    std::shared_ptr<DocumentHints> Hints;
     std::optional<QString> UnknownMode; ///< the block's anim_mode that "loop" stands in for until the user picks one
 };
 extern ElementState Conf;

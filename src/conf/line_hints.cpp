@@ -1,5 +1,8 @@
 #include "conf/line_hints.h"
 
+#include "conf/conf_lines.h"
+#include "conf/value_hints.h"
+
 #include <QHash>
 #include <algorithm>
 #include <array>
@@ -35,27 +38,51 @@ int SlipsBetween(QStringView a, QStringView b)
     return old.back();
 }
 
-QString Unknown(const QString& what, QByteArrayView word, const QStringList& known)
+LineHint Unknown(const QString& what, QByteArrayView word, const QStringList& known)
 {
     const QString text = QString::fromUtf8(word);
     const QString near = NearestWord(text, known);
     const QString said = what + QStringLiteral(" \"") + text + QStringLiteral("\" is not known.");
-    return near.isEmpty() ? said : said + QStringLiteral(" Did you mean \"") + near + QStringLiteral("\"?");
+    if (near.isEmpty())
+        return {.Message = said};
+    return {.Message = said + QStringLiteral(" Did you mean \"") + near + QStringLiteral("\"?"),
+            .Wrong = text,
+            .Right = near};
+}
+
+/// "background.PLAYING.007" is for one level.
+bool IsLevelNumber(const QByteArray& part)
+{
+    return part.size() == 3 && std::all_of(part.begin(), part.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+/// The game tells letters apart where the file system does.
+QString SpellingHint(QByteArrayView value, const HintContext& context)
+{
+    const QString name = CleanValue(QString::fromUtf8(value));
+    const QString spelled = context.Spelling.value(name.toLower(), name);
+    return spelled == name || context.FileNames.contains(name)
+               ? QString()
+               : QStringLiteral("The file is spelled \"") + spelled + QStringLiteral("\".");
 }
 
 /// Each part of the key must be a word of the mode: the first an element, the others anything that may follow one.
-QStringList UnknownWords(QByteArrayView key, const HintWords& words)
+std::vector<LineHint> UnknownWords(QByteArrayView key, const HintContext& context)
 {
+    const HintWords& words = context.Words;
     if (words.ElementSet.isEmpty() || key == QByteArrayView("include"))
         return {};
-    QStringList messages;
+    std::vector<LineHint> found;
     const QList<QByteArray> parts = key.toByteArray().split('.');
     if (!words.ElementSet.contains(parts.first()))
-        messages << Unknown(QStringLiteral("The element"), parts.first(), words.Elements);
-    for (const QByteArray& part : parts.mid(1))
-        if (!words.PartSet.contains(part))
-            messages << Unknown(QStringLiteral("The word"), part, words.Parts);
-    return messages;
+        found.push_back(Unknown(QStringLiteral("The element"), parts.first(), words.Elements));
+    for (qsizetype i = 1; i < parts.size(); ++i) {
+        const QByteArray& part = parts[i];
+        const bool level = context.LevelNumbers && i + 1 == parts.size() && IsLevelNumber(part);
+        if (!level && !words.PartSet.contains(part))
+            found.push_back(Unknown(QStringLiteral("The word"), part, words.Parts));
+    }
+    return found;
 }
 
 /// The key of a line that sets something; empty for any other line.
@@ -74,13 +101,14 @@ struct Stretch
     int First, Last;
 };
 
-/// Calls take(line, number) from byte `from` on for the lines up to the last of the stretch.
+/// Calls take(line, number, its first byte) from byte `from` on for the lines up to the last of the stretch.
 template <class Take>
 void ForLines(const Stretch& stretch, qsizetype from, int number, Take take)
 {
     for (; number <= stretch.Last; ++number) {
+        const qsizetype begin = from;
         const ByteLine line = TakeLine(stretch.Text, from);
-        take(line.Text, number);
+        take(line.Text, number, begin);
         if (line.Break.isEmpty())
             break;
     }
@@ -91,7 +119,8 @@ void ForLines(const Stretch& stretch, qsizetype from, int number, Take take)
 QHash<int, int> EarlierLines(const Stretch& stretch, qsizetype reach)
 {
     QSet<QByteArrayView> wanted;
-    ForLines(stretch, stretch.Start, stretch.First, [&](QByteArrayView line, int) { wanted.insert(KeyOf(line)); });
+    ForLines(stretch, stretch.Start, stretch.First,
+             [&](QByteArrayView line, int, qsizetype) { wanted.insert(KeyOf(line)); });
     wanted.remove(QByteArrayView());
     qsizetype from = qMax<qsizetype>(0, stretch.Start - reach);
     if (from > 0)
@@ -101,7 +130,7 @@ QHash<int, int> EarlierLines(const Stretch& stretch, qsizetype reach)
         TakeLine(stretch.Text, at);
     QHash<QByteArrayView, int> seen;
     QHash<int, int> earlier;
-    ForLines(stretch, from, stretch.First - above, [&](QByteArrayView line, int number) {
+    ForLines(stretch, from, stretch.First - above, [&](QByteArrayView line, int number, qsizetype) {
         const QByteArrayView key = KeyOf(line);
         if (!wanted.contains(key))
             return;
@@ -117,7 +146,8 @@ class Hints
 public:
     explicit Hints(const HintContext& hintContext) : context(hintContext) {}
 
-    void Look(QByteArrayView line, int number, int earlier)
+    /// `rest`: the text from the line on.
+    void Look(QByteArrayView line, int number, int earlier, QByteArrayView rest)
     {
         if (!context.BareLines || line.contains(':'))
             for (const QString& message : CheckLine(line, context.Check))
@@ -131,17 +161,41 @@ public:
         if (cut >= 0)
             Add(number, HintLevel::Faint, QStringLiteral("The game cuts the line at \"#\"."));
         if (const QByteArrayView key = KeyOf(line); !key.isEmpty())
-            for (const QString& message : UnknownWords(key, context.Words))
-                Add(number, HintLevel::Faint, message);
+            for (LineHint& hint : UnknownWords(key, context)) {
+                hint.Line = number;
+                Found.push_back(std::move(hint));
+            }
         if (earlier >= 0 && !context.Repeats)
             Add(number, HintLevel::Faint,
                 QStringLiteral("Line %1 has the same key already; the later line counts.").arg(earlier + 1));
+        if (context.Values)
+            LookAtValue(line.first(colon), line.sliced(colon + 1), number, rest);
     }
 
     std::vector<LineHint> Found;
 
 private:
-    void Add(int line, HintLevel level, const QString& message) { Found.push_back({line, level, message}); }
+    void LookAtValue(QByteArrayView key, QByteArrayView value, int number, QByteArrayView rest)
+    {
+        Say(number, ValueHint(key, value, context.Words.Elements));
+        if (!HasSheetName(value, context.Check.SheetKinds))
+            return;
+        Say(number, SpellingHint(value, context));
+        const QString name = CleanValue(QString::fromUtf8(value));
+        for (const BlockHint& hint : BlockHints(rest, context.SheetSize ? context.SheetSize(name) : QSize()))
+            Say(number + hint.Line, hint.Message);
+    }
+
+    void Say(int number, const QString& message)
+    {
+        if (!message.isEmpty())
+            Add(number, HintLevel::Faint, message);
+    }
+
+    void Add(int line, HintLevel level, const QString& message)
+    {
+        Found.push_back({.Line = line, .Level = level, .Message = message});
+    }
 
     const HintContext& context;
 };
@@ -172,8 +226,11 @@ std::vector<LineHint> HintsForLines(QByteArrayView text, qsizetype start, int fi
     const Stretch stretch{text, start, first, last};
     const QHash<int, int> earlier = EarlierLines(stretch, text.size() > context.WholeFileLimit ? NearReach : start);
     Hints hints(context);
-    ForLines(stretch, start, first,
-             [&](QByteArrayView line, int number) { hints.Look(line, number, earlier.value(number, -1)); });
+    ForLines(stretch, start, first, [&](QByteArrayView line, int number, qsizetype begin) {
+        hints.Look(line, number, earlier.value(number, -1), text.sliced(begin));
+    });
+    std::stable_sort(hints.Found.begin(), hints.Found.end(),
+                     [](const LineHint& a, const LineHint& b) { return a.Line < b.Line; });
     return std::move(hints.Found);
 }
 

@@ -3,7 +3,10 @@
 #include "conf/check.h"
 #include "frame/vocabulary.h"
 
+#include <QHash>
 #include <QSet>
+#include <QSize>
+#include <functional>
 #include <vector>
 
 /// What the margin says about lines while the user types. Beside the rules of the check these are things the game
@@ -16,6 +19,7 @@ struct LineHint
     int Line = 0;
     HintLevel Level = HintLevel::Faint;
     QString Message;
+    QString Wrong = {}, Right = {}; ///< a part of the key and the word that was probably meant; empty: nothing fits
 
     bool operator==(const LineHint&) const = default;
 };
@@ -32,6 +36,12 @@ struct HintContext
 {
     CheckContext Check;
     HintWords Words;
+    bool Values = false;              ///< graphics mode: values and frames are looked at too
+    bool LevelNumbers = false;        ///< music mode: a key may end in the three digits of a level
+    QSet<QString> FileNames;          ///< of all files in the lists, as they are spelled
+    QHash<QString, QString> Spelling; ///< of a name in lower case
+    /// Size in pixels of the sheet that a value names; empty if it is not known (yet).
+    std::function<QSize(const QString& value)> SheetSize;
     bool Repeats = false;   ///< help animations: a key stands for a frame, as often as it is shown
     bool BareLines = false; ///< editor mode: the game takes a line without a colon for a name
     /// Files above this size are searched for a second equal key near the line only.

@@ -28,8 +28,8 @@ RequestBytes Pack(const Request& request)
 
 FactsBytes Pack(const Facts& facts)
 {
-    return ToBytes<7>({FactsMark, std::uint32_t(facts.How), facts.Width, facts.Height, facts.Length, facts.RateCount,
-                       facts.RateSeconds});
+    return ToBytes<8>({FactsMark, std::uint32_t(facts.How), facts.Width, facts.Height, facts.Length, facts.Counted,
+                       facts.RateCount, facts.RateSeconds});
 }
 
 FrameBytes Pack(const Frame& frame)
@@ -51,14 +51,17 @@ std::optional<Request> UnpackRequest(decoder::Bytes bytes)
 
 std::optional<Facts> UnpackFacts(decoder::Bytes bytes)
 {
-    const auto words = ToWords<7>(bytes, FactsMark);
+    const auto words = ToWords<8>(bytes, FactsMark);
     if (!words || (*words)[1] > std::uint32_t(Outcome::WrongSize))
         return {};
-    const auto [mark, how, width, height, length, count, seconds] = *words;
+    const auto [mark, how, width, height, length, counted, count, seconds] = *words;
+    if (counted > 1)
+        return {};
     const Facts facts{.How = Outcome(how),
                       .Width = width,
                       .Height = height,
                       .Length = length,
+                      .Counted = counted == 1,
                       .RateCount = count,
                       .RateSeconds = seconds};
     return Plausible(facts) ? std::optional(facts) : std::nullopt;

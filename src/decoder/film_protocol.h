@@ -40,6 +40,7 @@ struct Facts
     Outcome How = Outcome::NotOpened;
     std::uint32_t Width = 0, Height = 0;          ///< of a frame; told with WrongSize too
     std::uint32_t Length = 0;                     ///< frames, as the film promises; 0 if it does not
+    bool Counted = false;                         ///< Length is its own number, not one reckoned from its time
     std::uint32_t RateCount = 0, RateSeconds = 1; ///< so many frames in so many seconds
 
     bool operator==(const Facts&) const = default;
@@ -60,7 +61,7 @@ struct Frame
 };
 
 using RequestBytes = std::array<std::byte, 24>;
-using FactsBytes = std::array<std::byte, 28>;
+using FactsBytes = std::array<std::byte, 32>;
 using FrameBytes = std::array<std::byte, 12>;
 
 RequestBytes Pack(const Request& request);

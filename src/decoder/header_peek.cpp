@@ -118,11 +118,26 @@ std::uint64_t NumberBehind(std::string_view text, std::string_view word)
     return number;
 }
 
+/// The library looks for numbers that are not there without an end, and begins in the line behind the bracket's. In
+/// the older form each holds 16 pixels.
+bool HasItsNumbers(std::string_view text, const Extent& size)
+{
+    const std::size_t begins = std::min(text.find('\n', text.find('{')), text.size());
+    const bool older = text.substr(0, begins).find("short") != std::string_view::npos;
+    const std::uint64_t pixels = older ? 16 : 8;
+    const auto numbers = std::ranges::count_if(text.substr(begins), [](char letter) { return (letter | 0x20) == 'x'; });
+    return std::uint64_t(numbers) >= (size.Width + pixels - 1) / pixels * size.Height;
+}
+
 Size PeekXbm(Bytes file)
 {
     constexpr std::size_t Heading = 1024;
-    const std::string_view text(reinterpret_cast<const char*>(file.data()), std::min(file.size(), Heading));
-    return Extent{NumberBehind(text, "width"), NumberBehind(text, "height")};
+    const std::string_view text(reinterpret_cast<const char*>(file.data()), file.size());
+    const std::string_view heading = text.substr(0, Heading);
+    const Extent size{NumberBehind(heading, "width"), NumberBehind(heading, "height")};
+    if (size.Width == 0 || size.Height == 0)
+        return {};
+    return !WithinLimits(size.Width, size.Height) || HasItsNumbers(text, size) ? Size(size) : std::nullopt;
 }
 
 Size PeekDds(Bytes file)

@@ -2,6 +2,7 @@
 
 #include "editor/line_colours.h"
 #include "platform/images/contrast.h"
+#include "platform/screen/text_family.h"
 
 #include <QFontDatabase>
 #include <Qsci/qsciscintilla.h>
@@ -14,15 +15,6 @@ constexpr int WindowSlot = 0, NormalSlot = 4, NormalBackSlot = 5, HighlightSlot 
 constexpr int HighlightMarker = 0, LineNumberMargin = 0, SymbolMargin = 1, FoldMargin = 2;
 constexpr int FewestDigits = 3, LeftGap = 4;
 constexpr size_t MostPrintStyles = 200;
-
-/// The font itself, or what stands in for one that is not installed.
-QString FontFor(const QString& name)
-{
-    for (const QString& family : {name, QStringLiteral("Liberation Mono")})
-        if (QFontDatabase::hasFamily(family))
-            return family;
-    return QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
-}
 
 int Mixed(int a, int b)
 {
@@ -121,7 +113,7 @@ int Looks::BackOf(int slot) const
 /// Font and plain colours for all styles, then what each kind has of its own.
 void Looks::ApplyAll()
 {
-    const QByteArray family = FontFor(fontName).toUtf8();
+    const QByteArray family = TextFamily(fontName).toUtf8();
     text.Send(Sci::SCI_STYLESETFONT, Sci::STYLE_DEFAULT, family.constData());
     text.Send(Sci::SCI_STYLESETSIZEFRACTIONAL, Sci::STYLE_DEFAULT,
               long(fontPoints * double(Sci::SC_FONT_SIZE_MULTIPLIER)));

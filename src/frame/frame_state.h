@@ -8,6 +8,7 @@
 #include "frame/vocabulary.h"
 #include "platform/files/name_swap.h"
 
+#include <QDateTime>
 #include <QElapsedTimer>
 #include <array>
 #include <memory>
@@ -20,6 +21,13 @@ class IniStore;
 class Recovery;
 class RunScope;
 struct MediaLists;
+
+/// A saved document whose tab was closed.
+struct ClosedFile
+{
+    QString Path;
+    QDateTime When;
+};
 
 /// All state of the application frame: one instance, reset between tests. Folder texts end with "/".
 struct FrameState
@@ -51,6 +59,7 @@ struct FrameState
     bool HoldMessages = false; ///< the window is being built: messages with one button wait for ShowHeldMessages
     std::vector<MessageRecord> HeldMessages;
     std::vector<RecentEntry> Recent;
+    std::vector<ClosedFile> Closed; ///< of this run, the last closed last
 
     MediaPatterns Media; ///< what the three file lists show
     std::shared_ptr<MediaLists> Lists;

@@ -39,8 +39,8 @@ public:
     virtual void BusyPointer(bool busy) = 0;
 };
 
-enum class ToolWindow { Project, About, Options, PCXLab, AVI2BMP, Games, MakePreview };
-enum class ListKind { Recent, Comments, Blocks, GameWords };
+enum class ToolWindow { Project, About, Options, PCXLab, AVI2BMP, Games, MakePreview, Wizard, LevelManager };
+enum class ListKind { Recent, Comments, Blocks, GameWords, Marks };
 
 /// Windows and players that a routine opens by name.
 class ToolPort
@@ -55,6 +55,7 @@ public:
     virtual bool CanPreview(int mode) const = 0;                ///< is there a tool that opens the media of a mode?
     virtual void PreviewMedia(const MediaRequest& request) = 0; ///< returns when done
     virtual void StopPlayers() = 0;
+    virtual void ShowZippedSet(const QString& archive) = 0; ///< in the Level Manager, once the caller has returned
 };
 
 /// A host has all the ports, and hears what changes.

@@ -4,6 +4,7 @@
 #include "frame/frame_state.h"
 
 #include <QCoreApplication>
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -19,6 +20,11 @@ void Leave(const RunScope* scope)
     emit Events().WorkChanged();
 }
 
+bool IsBeside(const RunScope* scope)
+{
+    return scope && scope->Kind() == RunKind::Beside;
+}
+
 } // namespace
 
 RunScope::RunScope(RunKind ofKind, QString named, std::optional<qint64> deadlineMs)
@@ -26,7 +32,7 @@ RunScope::RunScope(RunKind ofKind, QString named, std::optional<qint64> deadline
 {
     began.start();
     turned.start();
-    Frame.Work.push_back(this);
+    Frame.Work.insert(kind == RunKind::Beside ? Frame.Work.begin() : Frame.Work.end(), this);
     if (Frame.Closing)
         why = StopReason::Close;
     emit Events().WorkChanged();
@@ -62,14 +68,22 @@ void StopRuns(StopReason reason)
 {
     // A copy: what a stop ends may end a scope.
     const std::vector<RunScope*> work = Frame.Work;
+    const bool wished = reason == StopReason::Esc || reason == StopReason::Break;
+    const bool onlyInFront = wished && IsWorkHeldUp();
     for (auto scope = work.rbegin(); scope != work.rend(); ++scope)
-        if (*scope && std::find(Frame.Work.begin(), Frame.Work.end(), *scope) != Frame.Work.end())
+        if (*scope && std::find(Frame.Work.begin(), Frame.Work.end(), *scope) != Frame.Work.end() &&
+            !(onlyInFront && IsBeside(*scope)))
             (*scope)->Stop(reason);
 }
 
 RunScope* RunInFront()
 {
     return Frame.Work.empty() ? nullptr : Frame.Work.back();
+}
+
+bool AnyRun()
+{
+    return std::any_of(Frame.Work.begin(), Frame.Work.end(), [](const RunScope* scope) { return scope != nullptr; });
 }
 
 WorkScope::WorkScope()
@@ -86,4 +100,9 @@ WorkScope::~WorkScope()
 int RunningWork()
 {
     return int(Frame.Work.size());
+}
+
+bool IsWorkHeldUp()
+{
+    return std::any_of(Frame.Work.begin(), Frame.Work.end(), [](const RunScope* scope) { return !IsBeside(scope); });
 }

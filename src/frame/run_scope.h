@@ -6,8 +6,10 @@
 #include <optional>
 
 /// What takes time. A pass holds back every key and click but those that stop it, since it works on a text that must
-/// not change under it; the others let the windows that they leave enabled go on.
-enum class RunKind { Pass, Macro, Child, Archive, Game };
+/// not change under it; the others let the windows that they leave enabled go on. What runs beside the user's work
+/// holds up nothing: it stands behind all other work, and only a wish that comes while nothing else runs, or the end of
+/// the program, stops it.
+enum class RunKind { Pass, Macro, Child, Archive, Game, Beside };
 
 enum class StopReason { None, Esc, Close, Deadline, Break };
 
@@ -46,11 +48,14 @@ private:
     StopReason why = StopReason::None;
 };
 
-/// Stops everything that runs; the innermost hears of it first.
+/// Stops everything that runs, as far as RunKind lets it; the innermost hears of it first.
 void StopRuns(StopReason reason);
 
 /// The innermost run if nothing modal stands above it; else null.
 RunScope* RunInFront();
+
+/// Whether there is a run at all, also below a modal window.
+bool AnyRun();
 
 /// Counts one modal window as running work for its scope: a close waits for it, and Esc belongs to it.
 class WorkScope
@@ -64,3 +69,5 @@ public:
 
 /// How many runs and modal windows are under way.
 int RunningWork();
+/// Does a run or a modal window hold up the user's work? What runs beside it does not.
+bool IsWorkHeldUp();

@@ -81,10 +81,8 @@ Result<GameCheck> CheckSet(const QString& program, const QStringList& arguments,
     if (!report)
         return tl::unexpected(report.error());
     std::vector<GameFinding> findings = FindingsOf(report->Printed, CurrentGameMarks());
-    for (GameFinding& finding : findings) {
-        finding.File = set->PathInSet(finding.File);
-        finding.Picture = set->PathInSet(finding.Picture);
-    }
+    for (GameFinding& finding : findings)
+        set->LeadBack(finding);
     AddEnd(*report, findings);
     return GameCheck{PlaceFindings(std::move(findings), wish.Folder, text), report->End};
 }

@@ -1,4 +1,5 @@
 #include "game/extract.h"
+#include "frame/files/closed_tabs.h"
 
 #include "conf/line_pass.h"
 #include "frame/editor_pane.h"

@@ -105,6 +105,7 @@ ConfIndex::ConfIndex(QByteArrayView utf8)
         if (!cut.Key.isEmpty()) {
             keys.insert(cut.Key, number);
             keyOfLine.insert(number, cut.Key);
+            valueOfKey.insert(cut.Key, cut.Value);
             values.insert(cut.Value, {number, cut.Key});
         }
         if (line.Break.isEmpty())
@@ -115,6 +116,11 @@ ConfIndex::ConfIndex(QByteArrayView utf8)
 int ConfIndex::LineOfKey(const QString& key) const
 {
     return keys.value(key, -1);
+}
+
+QString ConfIndex::ValueOfKey(const QString& key) const
+{
+    return valueOfKey.value(key);
 }
 
 int ConfIndex::LineOfValue(const QString& value, const QString& ending) const

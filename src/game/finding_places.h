@@ -12,7 +12,8 @@ class ConfIndex
 public:
     explicit ConfIndex(QByteArrayView utf8);
 
-    int LineOfKey(const QString& key) const; ///< from 0; -1 for none
+    int LineOfKey(const QString& key) const;      ///< from 0; -1 for none
+    QString ValueOfKey(const QString& key) const; ///< empty without one
     /// The first line whose value is `value` and whose key ends with `ending`.
     int LineOfValue(const QString& value, const QString& ending = {}) const;
     QString KeyOf(int line) const;
@@ -26,6 +27,7 @@ private:
     QHash<QString, int> keys;
     QMultiHash<QString, Entry> values;
     QHash<int, QString> keyOfLine;
+    QHash<QString, QString> valueOfKey;
 };
 
 /// A finding with its line, which leads to it.

@@ -1,6 +1,7 @@
 #include "game/game_folders.h"
 
 #include "frame/frame_state.h"
+#include "frame/settings/settings.h"
 #include "platform/files/ini_file.h"
 #include "platform/files/paths.h"
 #include "platform/files/standard_folders.h"
@@ -25,6 +26,14 @@ QString GameUserFolderName()
 {
     const QString name = paths::FileNameOfPath(paths::Inside(GameCompat(QStringLiteral("DefMyDocsRND1"))));
     return name.isEmpty() ? QStringLiteral("game") : name;
+}
+
+QString ProgramToStart(const QString& program)
+{
+    const QString behind = paths::Canonical(program);
+    const QString data = GameFoldersOf(program).Base;
+    const bool besideTarget = data == paths::FolderOfPath(behind) && data != paths::FolderOfPath(program);
+    return QFileInfo(program).isSymLink() && besideTarget ? behind : program;
 }
 
 QString OutputFolder()

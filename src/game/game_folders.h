@@ -9,6 +9,10 @@ QString GameCompat(const QString& key, const QString& shipped = {});
 QString GameUserFolder();
 QString GameUserFolderName();
 
+/// What is started for a game that is set: the file itself, or that behind a link where the game's data lie beside that
+/// alone, since the game seeks them in the folder it is started from.
+QString ProgramToStart(const QString& program);
+
 /// Where the launcher leaves what the game printed: the folder of its executable, or, where that cannot be written,
 /// the user's data folder. "/" at the end.
 QString OutputFolder();

@@ -1,5 +1,6 @@
 #include "game/game_process.h"
 
+#include "game/game_folders.h"
 #include "platform/files/paths.h"
 #include "platform/processes/console.h"
 #include "platform/screen/session_windows.h"
@@ -88,8 +89,9 @@ Result<> GameProcess::Start(const GameStart& start)
             fcntl(held, F_SETFD, 0);
     });
     d->Process.setProcessEnvironment(EnvironmentOf(start));
-    d->Process.setWorkingDirectory(paths::FolderOfPath(start.Program));
-    d->Process.start(start.Program, start.Arguments);
+    const QString program = ProgramToStart(start.Program);
+    d->Process.setWorkingDirectory(paths::FolderOfPath(program));
+    d->Process.start(program, start.Arguments);
     d->Screen->CloseChildEnd();
     if (!d->Process.waitForStarted(-1))
         return Fail(start.Program, d->Process.errorString());

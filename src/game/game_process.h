@@ -9,7 +9,7 @@
 
 struct GameStart
 {
-    QString Program; ///< absolute; runs in its own folder
+    QString Program; ///< absolute; runs in its own folder, that of a link's target if the game's data lie there
     QStringList Arguments;
     QString Home;        ///< home folder of the run; empty: the user's own
     bool Unseen = false; ///< without window and sound

@@ -19,9 +19,9 @@ namespace {
 Result<> MayRun(const QString& program)
 {
     const QFileInfo file(program);
-    if (!file.isFile())
+    if (!file.exists())
         return Fail(program, qt_error_string(ENOENT));
-    return file.isExecutable() ? Result<>() : Fail(program, QStringLiteral("the file is no program"));
+    return file.isFile() && file.isExecutable() ? Result<>() : Fail(program, QStringLiteral("the file is no program"));
 }
 
 void KeepProof(const QByteArray& printed)

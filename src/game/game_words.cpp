@@ -11,6 +11,7 @@
 #include "text/encoding.h"
 
 #include <QFileInfo>
+#include <algorithm>
 
 namespace {
 
@@ -98,6 +99,8 @@ int GameWords::columnCount(const QModelIndex& parent) const
 QVariant GameWords::data(const QModelIndex& index, int role) const
 {
     const PlacedFinding* row = At(index.row());
+    if (row && role == Qt::AccessibleDescriptionRole && index.column() == KeyColumn)
+        return row->Finding.Severity == GameSeverity::Warning ? QStringLiteral("warning") : QStringLiteral("error");
     if (!row || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
         return {};
     const auto shown = [&](const QString& path) {
@@ -144,15 +147,11 @@ QByteArray AuthorsText(const QString& path)
 }
 
 void ShowGameWords(const QByteArray& printed, const QString& setFolder,
-                   const std::function<QString(const QString&)>& pathOf)
+                   const std::function<void(GameFinding&)>& leadBack)
 {
     std::vector<GameFinding> findings = FindingsOf(printed, CurrentGameMarks());
-    if (pathOf) {
-        for (GameFinding& finding : findings) {
-            finding.File = pathOf(finding.File);
-            finding.Picture = pathOf(finding.Picture);
-        }
-    }
+    if (leadBack)
+        std::for_each(findings.begin(), findings.end(), leadBack);
     Words().Show(PlaceFindings(std::move(findings), setFolder, AuthorsText), setFolder);
 }
 

@@ -34,9 +34,10 @@ private:
     QString setFolder;
 };
 
-/// Shows what a run printed in the list. `setFolder` ends with "/", or is empty.
+/// Shows what a run printed in the list. `setFolder` ends with "/", or is empty; `leadBack` turns paths of a copy into
+/// those of the set.
 void ShowGameWords(const QByteArray& printed, const QString& setFolder,
-                   const std::function<QString(const QString&)>& pathOf = {});
+                   const std::function<void(GameFinding&)>& leadBack = {});
 
 /// Leads to the line of a row: its file in its tab or a new one, the caret in the line. What hinders is told in the
 /// status bar.

@@ -71,10 +71,8 @@ void TellEnd(const GameReport& report)
 {
     if (report.End == GameEnd::Stopped)
         ShowNotice(QStringLiteral("The game was ended."));
-    else if (report.Crashed)
-        ShowNotice(QStringLiteral("The game has crashed."));
-    else if (report.ExitCode != 0)
-        ShowNotice(QStringLiteral("The game ended with an error (exit code %1).").arg(report.ExitCode));
+    else
+        TellTrouble(report.Crashed, report.ExitCode);
 }
 
 Result<GameReport> Play(RunScope& scope)

@@ -114,9 +114,12 @@ bool PreparedSet::IsInMenu() const
     return now && !now->isEmpty() && *now != StateBefore;
 }
 
-QString PreparedSet::PathInSet(const QString& path) const
+void PreparedSet::LeadBack(GameFinding& finding) const
 {
-    return path.startsWith(Copy) ? From + path.mid(Copy.size()) : path;
+    for (QString* path : {&finding.File, &finding.Picture})
+        if (path->startsWith(Copy))
+            path->replace(0, Copy.size(), From);
+    finding.Text.replace(Copy, From);
 }
 
 Result<PreparedSet> PrepareSet(const SetWish& wish)

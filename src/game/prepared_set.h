@@ -1,5 +1,6 @@
 #pragma once
 
+#include "game/game_messages.h"
 #include "game/scratch_home.h"
 #include "game/set_copy.h"
 
@@ -25,8 +26,8 @@ struct PreparedSet
 
     /// Has the game read everything and is in its main menu? It writes the set's state then.
     bool IsInMenu() const;
-    /// A path in the copy as that in the set; any other as it is.
-    QString PathInSet(const QString& path) const;
+    /// Paths in the copy become those in the set; any other stays as it is.
+    void LeadBack(GameFinding& finding) const;
 
     QString StateFile;
     QByteArray StateBefore;

@@ -1,5 +1,6 @@
 #include "game/run_game.h"
 
+#include "frame/frame_events.h"
 #include "frame/run_scope.h"
 #include "game/game_messages.h"
 #include "game/game_process.h"
@@ -55,6 +56,14 @@ GameEnd EndOf(const RunScope& scope, bool saidAll)
 }
 
 } // namespace
+
+void TellTrouble(bool crashed, int exitCode)
+{
+    if (crashed)
+        ShowNotice(QStringLiteral("The game has crashed."));
+    else if (exitCode != 0)
+        ShowNotice(QStringLiteral("The game ended with an error (exit code %1).").arg(exitCode));
+}
 
 Result<GameReport> RunGame(const GameRun& run, RunScope& scope)
 {

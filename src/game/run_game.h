@@ -35,6 +35,9 @@ struct GameReport
     bool Succeeded() const { return End == GameEnd::ByItself && !Crashed && ExitCode == 0; }
 };
 
+/// Tells in the status bar that a game has ended badly; nothing of one that has ended well.
+void TellTrouble(bool crashed, int exitCode);
+
 /// Runs it and waits, while events go on; the scope's stop ends it: its windows are closed, and what lives on after a
 /// wait, or has none, is killed. Fails if it cannot be started.
 [[nodiscard]] Result<GameReport> RunGame(const GameRun& run, RunScope& scope);

@@ -7,6 +7,7 @@
 #include "game/game_state.h"
 #include "game/game_words.h"
 #include "game/games.h"
+#include "game/run_game.h"
 #include "game/set_under_work.h"
 #include "platform/files/paths.h"
 
@@ -48,7 +49,7 @@ void StartTest()
 } // namespace
 
 SafeTest::SafeTest(PreparedSet preparedSet, QString setName)
-    : set(std::move(preparedSet)), scope(RunKind::Game, QStringLiteral("Test of ") + setName)
+    : set(std::move(preparedSet)), scope(RunKind::Beside, QStringLiteral("Test of ") + setName)
 {
     scope.OnStop = [this] { process.Stop(); };
     soon.setSingleShot(true);
@@ -83,15 +84,15 @@ void SafeTest::StartAgain()
 
 void SafeTest::ShowWords()
 {
-    ShowGameWords(process.Printed(), set.From, [this](const QString& path) { return set.PathInSet(path); });
+    ShowGameWords(process.Printed(), set.From, [this](GameFinding& finding) { set.LeadBack(finding); });
 }
 
 void SafeTest::GameEnded()
 {
     soon.stop();
     ShowWords();
-    if (process.Crashed() && !process.Stopped())
-        ShowNotice(QStringLiteral("The game has crashed."));
+    if (!process.Stopped())
+        TellTrouble(process.Crashed(), process.ExitCode());
     emit Ended();
 }
 

@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 
@@ -17,9 +18,22 @@ namespace {
 
 const QString InUseName = QStringLiteral("in_use");
 
+bool IsOwnFolder(const QString& folder)
+{
+    FileFacts facts{};
+    return lstat(QFile::encodeName(folder.chopped(1)), &facts) == 0 && S_ISDIR(facts.st_mode) &&
+           facts.st_uid == geteuid();
+}
+
+/// In the user's cache; where that cannot be written (a service without a home), among the temporary files, where
+/// anybody else may have made a folder of that name.
 QString HomesFolder()
 {
-    return folders::Cache() + QLatin1String("game/");
+    const QString cache = folders::Cache();
+    const QString spare = QDir::tempPath() + QStringLiteral("/gemforge-%1/").arg(geteuid());
+    const bool useSpare =
+        access(QFile::encodeName(cache), W_OK) != 0 && folders::MakePrivate(spare) && IsOwnFolder(spare);
+    return (useSpare ? spare : cache) + QLatin1String("game/");
 }
 
 /// An open file with a lock on it; -1 if it cannot be opened, or another holds it.

@@ -2,9 +2,9 @@
 
 #include "platform/result.h"
 
-/// A home folder for one run of the game, below the user's cache folder and open to nobody else; gone with its scope.
-/// An open, locked file in it tells that it is in use: the game holds it too (GameStart::HeldFile), so that the folder
-/// of a run whose Gemforge was killed is swept once the game has ended.
+/// A home folder for one run of the game, below the user's cache folder (or among the temporary files) and open to
+/// nobody else; gone with its scope. An open, locked file in it tells that it is in use: the game holds it too
+/// (GameStart::HeldFile), so that the folder of a run whose Gemforge was killed is swept once the game has ended.
 class ScratchHome
 {
 public:

@@ -18,15 +18,15 @@ Result<QImage> Prepared(const images::Picture& picture, const ConversionPlan& pl
 }
 
 /// Refuses what would lie over another file, else converts.
-Result<> ConvertInto(const QString& from, const QString& to, const ConversionPlan& plan, QSet<QString>& made,
-                     const Turn& turn)
+Result<bool> ConvertInto(const QString& from, const QString& to, const ConversionPlan& plan, QSet<QString>& made,
+                         const Turn& turn)
 {
     const QString name = paths::FileNameOfPath(to);
     if (made.contains(name.toLower()))
         return Fail(from, QStringLiteral("Another of these pictures has become ") + name);
     if (!plan.Overwrite && paths::FileExists(to))
         return Fail(from, name + QStringLiteral(" is there already"));
-    const Result<> done = ConvertPicture(from, to, plan, turn);
+    const Result<bool> done = ConvertPicture(from, to, plan, turn);
     if (done)
         made << name.toLower();
     return done;
@@ -34,7 +34,7 @@ Result<> ConvertInto(const QString& from, const QString& to, const ConversionPla
 
 } // namespace
 
-Result<> ConvertPicture(const QString& from, const QString& to, const ConversionPlan& plan, const Turn& turn)
+Result<bool> ConvertPicture(const QString& from, const QString& to, const ConversionPlan& plan, const Turn& turn)
 {
     const Result<images::Picture> picture = images::LoadAny(from, turn);
     if (!picture)
@@ -42,7 +42,8 @@ Result<> ConvertPicture(const QString& from, const QString& to, const Conversion
     const Result<QImage> pixels = Prepared(*picture, plan, turn);
     if (!pixels)
         return Fail(from, pixels.error().Reason);
-    return WritePicture(to, *pixels, plan.Fewer ? PcxDepth::Palette : PcxDepth::Full);
+    const Result<> written = WritePicture(to, *pixels, plan.Fewer ? PcxDepth::Palette : PcxDepth::Full);
+    return written ? Result<bool>(!picture->EndsEarly) : tl::unexpected(written.error());
 }
 
 QStringList PicturesIn(const QString& folder)
@@ -69,13 +70,15 @@ ConversionReport ConvertPictures(const QStringList& files, const QString& folder
             break;
         const QString& from = files.at(done);
         const QString to = paths::Closed(folder) + QFileInfo(from).completeBaseName() + EndingOf(plan.Form);
-        const Result<> one = ConvertInto(from, to, plan, made, between);
+        const Result<bool> one = ConvertInto(from, to, plan, made, between);
         if (report.Stopped)
             break;
         if (one)
             ++report.Written;
         else
             report.Refused.push_back({from, one.error().Reason});
+        if (one && !*one)
+            report.EndEarly << from;
     }
     return report;
 }

@@ -16,10 +16,10 @@ struct ConversionPlan
     bool Overwrite = false;                      ///< files that are there already
 };
 
-/// Converts one picture of any kind; the ending of `to` tells the form. Failure: path and reason, and nothing is
-/// written.
-[[nodiscard]] Result<> ConvertPicture(const QString& from, const QString& to, const ConversionPlan& plan,
-                                      const Turn& turn = {});
+/// Converts one picture of any kind; the ending of `to` tells the form. False: it ends early, and was written as far as
+/// it goes. Failure: path and reason, and nothing is written.
+[[nodiscard]] Result<bool> ConvertPicture(const QString& from, const QString& to, const ConversionPlan& plan,
+                                          const Turn& turn = {});
 
 /// The files of a folder that are pictures by their name or bytes, in the order people count them.
 QStringList PicturesIn(const QString& folder);
@@ -28,6 +28,7 @@ struct ConversionReport
 {
     int Written = 0;
     std::vector<Failure> Refused; ///< the source and why
+    QStringList EndEarly;         ///< sources among those written
     bool Stopped = false;
 };
 

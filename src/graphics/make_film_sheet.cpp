@@ -9,6 +9,7 @@
 namespace {
 
 constexpr qsizetype PackedHeader = 40;
+const QString PartOutside = QStringLiteral("The part lies outside of the picture.");
 
 /// A packed bitmap of one tile: the format that every frame is asked for in.
 QByteArray PackedTile()
@@ -83,6 +84,10 @@ bool AddPicture(const QString& path, const films::Plan& plan, FrameDoor& door, F
         report.Refused.push_back(picture.error());
         return true;
     }
+    if (report.Told.Width == 0) {
+        report.Told.Width = quint32(picture->Size().width());
+        report.Told.Height = quint32(picture->Size().height());
+    }
     const bool whole = plan.How == films::Fit::TilesOnly;
     if (whole && !IsOfTiles(picture->Size())) {
         report.Refused.push_back({path, QStringLiteral("The picture isn't of tiles of 32 by 32 pixels.")});
@@ -90,7 +95,7 @@ bool AddPicture(const QString& path, const films::Plan& plan, FrameDoor& door, F
     }
     const QImage tiles = whole ? OverBlack(picture->Pixels) : Scaled(picture->Pixels, plan);
     if (tiles.isNull()) {
-        report.Refused.push_back({path, QStringLiteral("The part lies outside of the picture.")});
+        report.Refused.push_back({path, PartOutside});
         return true;
     }
     const int count = tiles.width() / TileSize * (tiles.height() / TileSize);
@@ -119,10 +124,15 @@ FilmReport SheetFromFilm(const QString& path, const FilmPlan& plan, const FilmTu
     report.Reason = reading.Reason;
     report.Told = reading.Told;
     report.Tiles = sheet.Tiles();
+    report.Incomplete = reading.How == films::End::Whole && !report.Full && reading.Told.Counted &&
+                        quint32(report.Frames) < reading.Told.Length;
     if (reading.Told.How == film::Outcome::Reads && report.Frames > 0)
         report.Sheet = sheet.Picture();
-    else if (reading.How == films::End::Whole || reading.How == films::End::Broken)
-        report.How = films::End::NotOpened; // of no frame at all
+    else if (reading.How == films::End::Whole || reading.How == films::End::Broken) { // of no frame at all
+        report.How = films::End::NotOpened;
+        if (PartOf({int(reading.Told.Width), int(reading.Told.Height)}, plan.Frames).isEmpty())
+            report.Reason = PartOutside;
+    }
     return report;
 }
 

@@ -17,11 +17,12 @@ struct FilmPlan
 struct FilmReport
 {
     films::End How = films::End::NotOpened;
-    QString Reason; ///< of a film that was not opened, where it is known
-    films::Facts Told;
+    QString Reason;               ///< of a film that was not opened, where it is known
+    films::Facts Told;            ///< of pictures only the size, the first one's
     QImage Sheet;                 ///< null for what was not read at all
     int Tiles = 0, Frames = 0;    ///< laid out, and read
     bool Full = false;            ///< the sheet had no room for all of them
+    bool Incomplete = false;      ///< fewer frames were read than the film tells of
     std::vector<Failure> Refused; ///< pictures that gave no tile, and why
 };
 

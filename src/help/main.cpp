@@ -1,6 +1,6 @@
 #include "help/help_window.h"
-#include "help/running_window.h"
 #include "platform/desktop/program_looks.h"
+#include "platform/processes/running_window.h"
 
 #include <QApplication>
 
@@ -14,7 +14,7 @@ int main(int argc, char** argv)
 
     const QString id = QApplication::arguments().mid(1).join(QLatin1Char(' '));
     const QString folder = QApplication::applicationDirPath();
-    const QString meetingPoint = MeetingPoint(folder);
+    const QString meetingPoint = MeetingPoint(QStringLiteral("gemforge-help"), folder);
     if (HandToRunningWindow(meetingPoint, id))
         return 0;
 
@@ -22,7 +22,7 @@ int main(int argc, char** argv)
     const QString archive = folder + QStringLiteral("/Help.zip");
     HelpWindow window(HelpBook::Open(archive));
     window.Follow(archive);
-    QObject::connect(&others, &RunningWindow::IdCame, &window, &HelpWindow::ShowIdInFront);
+    QObject::connect(&others, &RunningWindow::TextCame, &window, &HelpWindow::ShowIdInFront);
     window.ShowId(id);
     window.show();
     return QApplication::exec();

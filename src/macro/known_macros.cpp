@@ -4,6 +4,7 @@
 #include "platform/files/paths.h"
 
 #include <QCryptographicHash>
+#include <QList>
 
 namespace {
 

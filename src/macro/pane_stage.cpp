@@ -1,9 +1,12 @@
 #include "macro/pane_stage.h"
 
+#include "frame/documents/documents.h"
 #include "frame/editor_pane.h"
+#include "frame/files/file_commands.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
 #include "macro/macro_ports.h"
+#include "platform/files/paths.h"
 
 #include <QClipboard>
 #include <QCoreApplication>
@@ -52,6 +55,36 @@ void PaneStage::ReportError(const MacroError& error)
 {
     Busy().SetEnabled(true);
     ShowMessage(message::BasicError, error.Text, QString::number(error.Line));
+}
+
+void PaneStage::TextCameFrom(const QString& path)
+{
+    Document& document = Frame.Documents.at(Frame.CurrentTab);
+    document.ForeignText = paths::Canonical(document.Path) != paths::Canonical(path);
+}
+
+Result<> PaneStage::SaveTarget(const QString& path)
+{
+    WriteBack();
+    if (SaveDocumentOver(path))
+        copy.SetModified(false);
+    return {};
+}
+
+quint64 PaneStage::MainWindow() const
+{
+    return MacroWindows.MainWindow ? MacroWindows.MainWindow() : 0;
+}
+
+void PaneStage::ShowMainWindow(bool visible)
+{
+    if (MacroWindows.ShowMainWindow)
+        MacroWindows.ShowMainWindow(visible);
+}
+
+QPoint PaneStage::TextOrigin() const
+{
+    return MacroWindows.TextOrigin ? MacroWindows.TextOrigin(pane) : QPoint();
 }
 
 QString PaneStage::SelectedMedia() const

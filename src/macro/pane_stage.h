@@ -1,6 +1,7 @@
 #pragma once
 
 #include "macro/run_stage.h"
+#include "services/registry_store.h"
 #include "text/line_text.h"
 
 class EditorPane;
@@ -33,6 +34,12 @@ public:
     TextClipboard& Clipboard() override { return clipboard; }
     void SetTurn(std::function<bool()> give) override { copy.SetTurn(std::move(give)); }
     bool HasWindow() const override { return true; }
+    void TextCameFrom(const QString& path) override;
+    Result<> SaveTarget(const QString& path) override;
+    quint64 MainWindow() const override;
+    void ShowMainWindow(bool visible) override;
+    QPoint TextOrigin() const override;
+    RegistryStore& Registry() override { return registry; }
     void ReportError(const MacroError& error) override;
     QString SelectedMedia() const override;
 
@@ -56,6 +63,7 @@ private:
     EditorPane& pane;
     SystemClipboard clipboard;
     LineText copy;
+    RegistryStore registry;
     bool apart = false, barShown = false;
     int maximum = 1, progress = 0;
 };

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "frame/files/file_commands.h"
 #include "macro/run_stage.h"
+#include "services/registry_store.h"
 #include "text/line_text.h"
 
 #include <functional>
@@ -21,7 +23,10 @@ private:
 class PlainStage : public RunStage, private TextScreen, private ProgressBarPort
 {
 public:
-    explicit PlainStage(TextClipboard& clipboard) : passedOn(clipboard), text(clipboard) {}
+    explicit PlainStage(TextClipboard& clipboard, RegistryStore::Keeping keeping = RegistryStore::Keeping::Memory)
+        : passedOn(clipboard), text(clipboard), registry(QString(), keeping)
+    {
+    }
 
     DocumentText& Target() override { return text; }
     LineText& TargetLines() { return text; }
@@ -32,6 +37,8 @@ public:
     TextClipboard& Clipboard() override { return passedOn; }
     void SetTurn(std::function<bool()> give) override { text.SetTurn(std::move(give)); }
     bool HasWindow() const override { return false; }
+    RegistryStore& Registry() override { return registry; }
+    Result<> SaveTarget(const QString& path) override { return WriteWithBackup(text, path); }
     void ReportError(const MacroError& error) override
     {
         if (OnError)
@@ -74,6 +81,7 @@ private:
 
     TextClipboard& passedOn;
     LineText text;
+    RegistryStore registry;
     QString font;
     double points = 0;
     std::map<int, int> colours;

@@ -1,10 +1,14 @@
 #pragma once
 
+#include "platform/result.h"
+
+#include <QPoint>
 #include <QString>
 #include <functional>
 #include <optional>
 
 class DocumentText;
+class RegistryStore;
 class TextClipboard;
 struct MacroError;
 struct RunState;
@@ -50,8 +54,15 @@ public:
     virtual TextScreen& Screen() = 0;
     virtual ProgressBarPort& Bar() = 0;
     virtual TextClipboard& Clipboard() = 0;
-    virtual void SetTurn(std::function<bool()>) {} ///< for operations on the target that take long
-    virtual bool HasWindow() const = 0;            ///< false: commands on windows, mouse and keys fail
+    virtual void SetTurn(std::function<bool()>) {}   ///< for operations on the target that take long
+    virtual bool HasWindow() const = 0;              ///< false: commands on windows, mouse and keys fail
+    virtual quint64 MainWindow() const { return 0; } ///< handle of the program's own window; 0: there is none
+    virtual void ShowMainWindow(bool) {}
+    virtual QPoint TextOrigin() const { return {}; } ///< of the target on the screen, in pixels
+    virtual RegistryStore& Registry() = 0;           ///< where macros keep values between runs
+    virtual void TextCameFrom(const QString&) {}     ///< the target holds the text of this file now
+    /// The target into this file, which is its document's from now on. A failure that was told comes back as none.
+    virtual Result<> SaveTarget(const QString& path) = 0;
 
     virtual void ReportError(const MacroError& error) = 0; ///< shows it; the run is over
     virtual QString SelectedMedia() const = 0;             ///< full path of what is selected in the media lists

@@ -84,7 +84,7 @@ void TellUnreadable(const QString& path, const Failure& failure)
 
 void StartMacro(const QString& path)
 {
-    if (RunningWork() > 0 || !IsRndPathSet())
+    if (IsWorkHeldUp() || !IsRndPathSet())
         return;
     Panes().FocusPane();
     if (!paths::FileExists(path))

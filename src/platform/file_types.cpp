@@ -223,6 +223,8 @@ bool Associated(const Places& places)
 
 Result<> TakeBack(const Places& places)
 {
+    if (!Associated(places))
+        return {};
     IniFile memory = Memory(places);
     if (const Result<> back = OpenAsBefore(places, memory); !back)
         return back;

@@ -1,6 +1,7 @@
 #include "services/file_associations.h"
 
 #include "services/registry.h"
+#include "services/registry_store.h"
 
 namespace {
 
@@ -13,7 +14,48 @@ constexpr ClassRow Classes[] = {
     {"GemforgeMG.StartUpFile", "Rocks'n'Diamonds Level", "LEVEL"},
 };
 
+/// What the classes of programs lie under, in both views.
+const QStringList Views[] = {
+    {QStringLiteral("HKEY_CLASSES_ROOT")},
+    {QStringLiteral("HKEY_LOCAL_MACHINE"), QStringLiteral("SOFTWARE"), QStringLiteral("Classes")}};
+
+/// False: there is none.
+bool RemoveWhole(RegistryKey& above, const QString& name)
+{
+    RegistryKey* key = above.Find({name});
+    if (!key)
+        return false;
+    key->Keys.clear();
+    return above.RemoveKey(name);
+}
+
+/// An extension that another program has taken since stays that one's.
+bool RemoveClass(RegistryKey& classes, const ClassRow& row)
+{
+    const QString name = QString::fromLatin1(row.Name), extension = u'.' + QString::fromLatin1(row.Extension);
+    const RegistryKey* type = classes.Find({extension});
+    const RegistryEntry* owner = type ? type->Value({}) : nullptr;
+    const bool ours = owner && owner->Data == decltype(owner->Data)(name);
+    const bool removed = ours && RemoveWhole(classes, extension);
+    return RemoveWhole(classes, name) || removed;
+}
+
 } // namespace
+
+Result<> TakeBackFiles(const file_types::Places& places, RegistryStore& store)
+{
+    if (const Result<> back = file_types::TakeBack(places); !back)
+        return back;
+    const auto changed = store.Change([](RegistryKey& root) {
+        bool removed = false;
+        for (const QStringList& view : Views)
+            if (RegistryKey* classes = root.Find(view))
+                for (const ClassRow& row : Classes)
+                    removed = RemoveClass(*classes, row) || removed;
+        return removed;
+    });
+    return changed ? Result<>() : tl::unexpected(changed.error());
+}
 
 Result<> AssociateFiles(file_types::Group group, const file_types::Places& places, RegistryStore& store)
 {

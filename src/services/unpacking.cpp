@@ -127,7 +127,7 @@ public:
     int Open(const QString& target)
     {
         const QByteArray name = NameBeside(QFile::encodeName(target));
-        if (mkdir(name, 0700) != 0)
+        if (Steps().MakeFolder(name, 0700) != 0)
             return errno;
         folder = name + '/';
         return 0;
@@ -262,7 +262,7 @@ private:
         if (const int error = MakeFolders(paths::FolderOfPath(path.chopped(1))))
             return error;
         made.insert(path);
-        return mkdir(QFile::encodeName(target + path), 0777) == 0 || errno == EEXIST ? 0 : errno;
+        return Steps().MakeFolder(QFile::encodeName(target + path), 0777) == 0 || errno == EEXIST ? 0 : errno;
     }
 
     const ZipArchive& archive;

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-namespace {
-
 LineStore::End EndAt(QByteArrayView bytes, qsizetype at)
 {
     if (bytes[at] == '\n')
@@ -12,8 +10,6 @@ LineStore::End EndAt(QByteArrayView bytes, qsizetype at)
     const bool both = at + 1 < bytes.size() && bytes[at + 1] == '\n';
     return both ? LineStore::End::CrLf : LineStore::End::Cr;
 }
-
-} // namespace
 
 QByteArrayView BytesOf(LineStore::End end)
 {

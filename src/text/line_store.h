@@ -23,6 +23,7 @@ public:
     const QString& Text(int line) const;
     qsizetype Units(int line) const; ///< length in UTF-16 units
     End EndOf(int line) const { return At(line).Break; }
+    void SetEnd(int line, End end) { At(line).Break = end; } ///< of a line that was changed
 
     /// Bytes of whole lines, their ends included but the last one's if `lastEnd` is off. Where lines lie side by side
     /// as they came they are shown, else put together in `scratch`.
@@ -62,6 +63,9 @@ private:
     mutable QString shown;     ///< of the untouched line that was asked for last
     mutable qint64 shownStart = -1;
 };
+
+/// The line end that stands at a place.
+LineStore::End EndAt(QByteArrayView bytes, qsizetype at);
 
 /// Bytes of a line's end.
 QByteArrayView BytesOf(LineStore::End end);

@@ -247,6 +247,13 @@ void LineText::ReplaceLines(int first, int last, QByteArrayView bytes)
     last = qMin(last, LastLine());
     const Stretch stretch{{first, 0}, {last, int(lines.Units(last))}};
     ShiftSelection(stretch, Edit(stretch, QString::fromUtf8(bytes)));
+    // Where the document's line ends are mixed, each new line keeps the one that it came with.
+    for (qsizetype at = FindBreak(bytes, 0); at < bytes.size(); ++first) {
+        const LineStore::End end = EndAt(bytes, at);
+        if (lines.EndOf(first) != end)
+            lines.SetEnd(first, end);
+        at = FindBreak(bytes, at + BytesOf(end).size());
+    }
     Told();
 }
 

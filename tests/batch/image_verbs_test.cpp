@@ -58,6 +58,12 @@ TEST_F(ImageVerbs, PcxConvertsAPicture)
     }
     EXPECT_NE(reduced[0], reduced[1]);
     EXPECT_EQ(Call("pcx @in.bmp @out.png").Code, VerbDone);
+    Call("pcx @in.bmp @whole.pcx");
+    folder.Write(QStringLiteral("cut.pcx"), Read("whole.pcx").chopped(500));
+    const Spoken cut = Call("pcx @cut.pcx @cut.png");
+    EXPECT_EQ(cut.Code, VerbFound);
+    EXPECT_EQ(cut.Err, Path("cut.pcx") + QStringLiteral(": the image file ends early\n"));
+    EXPECT_EQ(QImage(Path("cut.png")).size(), Slopes().size());
     EXPECT_EQ(QImage(Path("out.png")).convertToFormat(QImage::Format_RGB32), Slopes());
 }
 
@@ -106,6 +112,14 @@ TEST_F(ImageVerbs, FilmsAndPicturesBecomeSheets)
     const QImage sheet = ReadPcx(Read("out.pcx"));
     ASSERT_EQ(sheet.size(), QSize(96, 64));
     EXPECT_EQ(sheet.copy(0, 32, 32, 32), frames[3]);
+
+    const QByteArray whole = Read("a.avi");
+    folder.Write(QStringLiteral("cut.avi"), whole.first(whole.indexOf("movi") + 4 + 3 * (8 + 32 * 32 * 3) + 100));
+    const Spoken cut = Call("film @cut.avi @out.bmp");
+    EXPECT_EQ(cut.Code, VerbFound);
+    EXPECT_EQ(cut.Err, Path("out.bmp") + QStringLiteral(": the film tells of 6 frames, not all can be read\n"));
+    EXPECT_EQ(QImage(Path("out.bmp")).size(), QSize(512, 32));
+    EXPECT_TRUE(Call("film @a.avi @none.bmp --fit 40,40,8,8").Err.contains(QStringLiteral("outside of the picture")));
 
     ASSERT_TRUE(QDir(folder.Path()).mkdir(QStringLiteral("tiles")));
     for (const int i : {10, 9, 1})

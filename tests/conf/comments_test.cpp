@@ -94,3 +94,30 @@ TEST(SelectBetweenComments, TakesTheUpperSeparatorOnly)
     SelectBetweenComments();
     EXPECT_EQ(pane.GetSel(true), (Range{.StartLine = 0, .EndLine = 1}));
 }
+
+// Catches: a second "#" where all are comments, one taken away where some are not, blank lines made comments, the line
+// below a selection or a block taken along, the caret lost.
+TEST(Comments, ToggleGoesThereAndBack)
+{
+    EXPECT_EQ(ToggleLines("a: 1\r\n\n#b: 2\n"), "#a: 1\r\n\n##b: 2\n");
+    EXPECT_EQ(ToggleLines("#a: 1\r\n\n##b: 2\n"), "a: 1\r\n\n#b: 2\n");
+    EXPECT_EQ(ToggleLines("\n  \n"), "\n  \n");
+
+    HostScope scope;
+    Frame.CurrentMode = ModeGfx;
+    Frame.Settings.SheetKinds = {QStringLiteral("pcx")};
+    EditorPane& pane = CurrentPane();
+    const QByteArray before = "x: 1\na: s.pcx\na.xpos: 2\nb: t.pcx\n";
+    pane.LoadBytes(before);
+    pane.SetSel({2, 3, 2, 3}, false);
+    ToggleComment();
+    EXPECT_EQ(pane.FileBytes(), "x: 1\n#a: s.pcx\n#a.xpos: 2\nb: t.pcx\n");
+    EXPECT_EQ(pane.CaretLine(), 2);
+    ToggleComment();
+    EXPECT_EQ(pane.FileBytes(), before);
+    pane.SetSel({0, 0, 1, 0}, false);
+    ToggleComment();
+    EXPECT_EQ(pane.FileBytes(), "#x: 1\na: s.pcx\na.xpos: 2\nb: t.pcx\n");
+    pane.ExecuteCmd(CmdUndo);
+    EXPECT_EQ(pane.FileBytes(), before);
+}

@@ -89,3 +89,17 @@ TEST(EveryKind, SurfacesInBlocksOfAnyWidth)
             }
     }
 }
+
+// Catches: a text of bits that breaks off, in which the library would look for numbers for ever.
+TEST(EveryKind, BitsAsTextAreCountedFirst)
+{
+    const QByteArray whole = SampleOfEveryKind()[22].File;
+    const QByteArray older =
+        "#define a_width 20\n#define a_height 2\nstatic short a_bits[] = {\n0x0001, 0x0002, 0x0003, 0x0004};\n";
+    for (const QByteArray& file : {whole, older}) {
+        EXPECT_EQ(DecodeHere(22, file).What.How, decoder::Outcome::Done);
+        const QByteArray cut = file.first(file.lastIndexOf("0x"));
+        EXPECT_EQ(DecodeHere(22, cut).What.How, decoder::Outcome::NotRead);
+        EXPECT_EQ(DecodeHere(22, file.first(20)).What.How, decoder::Outcome::NotRead);
+    }
+}

@@ -71,7 +71,7 @@ TEST(ReadFilm, UncompressedFramesToThePixel)
 {
     const QList<QImage> frames = FilmFrames(9);
     const ReadHere read = ReadFilmHere(BuildAvi(frames));
-    EXPECT_EQ(read.Told, (film::Facts{film::Outcome::Reads, 32, 32, 9, 25, 1}));
+    EXPECT_EQ(read.Told, (film::Facts{film::Outcome::Reads, 32, 32, 9, true, 25, 1}));
     EXPECT_EQ(read.Tiles, frames);
     EXPECT_EQ(read.Numbers, QList<int>({0, 1, 2, 3, 4, 5, 6, 7, 8}));
     EXPECT_EQ(ReadFilmHere(BuildAvi(frames), {}, 4).Tiles, frames.first(4)) << "more than wanted";
@@ -183,7 +183,7 @@ TEST(ReadFilm, MutatedFilmsAndMessages)
         return QByteArray(reinterpret_cast<const char*>(packed.data()), qsizetype(packed.size()));
     };
     const film::Request request{film::Fit::Part, 1, 2, 3, 4};
-    const film::Facts facts{film::Outcome::Reads, 32, 32, 9, 25, 1};
+    const film::Facts facts{film::Outcome::Reads, 32, 32, 9, true, 25, 1};
     const QByteArray messages[] = {bytes(Pack(request)), bytes(Pack(facts)),
                                    bytes(Pack(film::Frame{film::Step::Frame, 7}))};
     EXPECT_EQ(film::UnpackRequest(BytesOf(messages[0])), request);

@@ -1,18 +1,8 @@
-#include "pane_fixture.h"
+#include "either_text.h"
 
-#include "text/line_text.h"
-
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QRandomGenerator>
 
 namespace {
-
-struct SystemClipboard : TextClipboard
-{
-    QString Text() const override { return QGuiApplication::clipboard()->text(); }
-    void SetText(const QString& text) override { QGuiApplication::clipboard()->setText(text); }
-};
 
 /// Does the same on a pane and on a text without a view.
 class Twins
@@ -58,7 +48,7 @@ public:
     std::string Lines() const { return Seen(lines); }
 
     HostScope host;
-    SystemClipboard clipboard;
+    DesktopClipboard clipboard;
     std::unique_ptr<EditorPane> pane = MakePane();
     LineText lines{clipboard};
 };
@@ -287,7 +277,7 @@ TEST(LineText, ChangesAreWrittenToTheTextItCameFrom)
 // replacement, hits at the edges of the pieces that are lost.
 TEST(LineText, AHugeTextGivesTurnsAndIsLeftWholeWhenStopped)
 {
-    SystemClipboard clipboard;
+    DesktopClipboard clipboard;
     LineText text(clipboard);
     const QByteArray line = "left and left again\n";
     const QByteArray bytes = line.repeated(500'000);

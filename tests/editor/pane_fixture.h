@@ -9,9 +9,8 @@
 
 using namespace Qt::StringLiterals;
 
-/// A pane on the real component. Texts of tests show the caret as "|" and the anchor, where it is elsewhere, as "[";
-/// lines end in "\n".
-struct PaneTest : testing::Test
+/// Texts of tests show the caret as "|" and the anchor, where it is elsewhere, as "["; lines end in "\n".
+struct MarkedTextTest : testing::Test
 {
     void Put(const QString& marked)
     {
@@ -37,14 +36,14 @@ struct PaneTest : testing::Test
             range.StartLine = range.EndLine;
             range.StartCol = range.EndCol;
         }
-        pane->SetText(plain);
-        pane->SetSel(range, false);
+        subject->SetText(plain);
+        subject->SetSel(range, false);
     }
 
     QString Shown() const
     {
-        const Range range = pane->GetSel(false);
-        QStringList lines = pane->Text().split("\r\n"_L1);
+        const Range range = subject->GetSel(false);
+        QStringList lines = subject->Text().split("\r\n"_L1);
         const bool empty = range.StartLine == range.EndLine && range.StartCol == range.EndCol;
         const bool backward = std::pair(range.StartLine, range.StartCol) > std::pair(range.EndLine, range.EndCol);
         const auto mark = [&](int line, int column, QChar sign) { lines[line].insert(column, sign); };
@@ -55,6 +54,14 @@ struct PaneTest : testing::Test
             mark(range.StartLine, range.StartCol, '['_L1);
         return lines.join('\n'_L1);
     }
+
+    DocumentText* subject = nullptr;
+};
+
+/// A pane on the real component.
+struct PaneTest : MarkedTextTest
+{
+    PaneTest() { subject = pane.get(); }
 
     QsciScintilla* Component() const { return static_cast<QsciScintilla*>(WidgetOf(*pane)); }
 

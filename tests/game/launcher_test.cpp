@@ -47,6 +47,21 @@ TEST_F(Launcher, PlaysInItsOwnFolderAndLeavesItsWords)
     EXPECT_EQ(Words().rowCount(), 0);
 }
 
+// Catches: a game that seeks its data beside the link by which it is set, or one that is started from elsewhere
+// although its data lie beside the link.
+TEST_F(Launcher, AGameBehindALinkFindsItsData)
+{
+    const QString real = Scope.Game.Path(QStringLiteral("real")), link = Scope.Run.Work.Path(QStringLiteral("linked"));
+    ASSERT_TRUE(QFile::copy(QFile::symLinkTarget(Scope.Program()), real));
+    ASSERT_TRUE(QFile::link(real, link));
+    Frame.Settings.RNDPath = link;
+    const auto report = LaunchGame(0, false);
+    ASSERT_TRUE(report);
+    EXPECT_TRUE(report->Succeeded()) << report->Printed.toStdString();
+    EXPECT_TRUE(Started().startsWith(QStringLiteral("cwd=") + Scope.Game.Path().chopped(1) + u' '));
+    EXPECT_EQ(ProgramToStart(Scope.Program()), Scope.Program());
+}
+
 // Catches: a run without a game, or with one that has gone, that does more than tell so.
 TEST_F(Launcher, WithoutAGameOnlyTellsSo)
 {

@@ -105,7 +105,15 @@ TEST_F(SafeTestOfSet, SetLevelAndSurroundingsAreThere)
     EXPECT_EQ(files.value(user + QStringLiteral("setup.conf")), "player_name: Me\n");
     EXPECT_TRUE(files.value(user + QStringLiteral("levelsetup/in/levelsetup.conf")).contains("last_played_level: 5"));
     EXPECT_TRUE(files.value(user + QStringLiteral("serversetup.conf")).contains("use_api_server: off"));
-    EXPECT_EQ(set->PathInSet(set->Copy + QStringLiteral("a.png")), Set + QStringLiteral("a.png"));
+    GameFinding word{GameSeverity::Warning,
+                     {},
+                     set->Copy + QStringLiteral("a.conf"),
+                     set->Copy + QStringLiteral("a.png"),
+                     QStringLiteral("no music in '%1music'").arg(set->Copy)};
+    set->LeadBack(word);
+    EXPECT_EQ(word.File, Set + QStringLiteral("a.conf"));
+    EXPECT_EQ(word.Picture, Set + QStringLiteral("a.png"));
+    EXPECT_EQ(word.Text, QStringLiteral("no music in '%1music'").arg(Set));
     EXPECT_FALSE(set->IsInMenu());
 
     EXPECT_TRUE(IsGroupOfSets(Scope.Home.Path(group)));
@@ -176,6 +184,36 @@ TEST_F(SafeTestOfSet, OneKeyStartsAgainAfterAnEdit)
     EXPECT_EQ(ScratchHomes(), 0);
 }
 
+// Catches: a test that holds other work up, ends with what runs in front of it or stands in front of that; a bad end
+// without a word.
+TEST_F(SafeTestOfSet, OtherWorkGoesOnBesideIt)
+{
+    Open(QStringLiteral("levelinfo.conf"));
+    GameScope::Acts("say ready;play");
+    {
+        RunScope earlier(RunKind::Macro, QStringLiteral("earlier"));
+        TestSetSafely();
+        EXPECT_EQ(RunInFront(), &earlier);
+    }
+    EXPECT_FALSE(IsWorkHeldUp());
+    EXPECT_TRUE(AnyRun());
+    ASSERT_TRUE(WaitUntil([] { return ScopeSays(QStringLiteral("ready")); }));
+    for (const StopReason reason : {StopReason::Esc, StopReason::Break}) {
+        RunScope front(RunKind::Macro, QStringLiteral("front"));
+        StopRuns(reason);
+        EXPECT_TRUE(front.Stopped());
+        const WorkScope modal;
+        StopRuns(reason);
+    }
+    EXPECT_FALSE(RunInFront()->Stopped());
+    StopRuns(StopReason::Esc);
+    ASSERT_TRUE(Ends());
+    GameScope::Acts("exit 3");
+    TestSetSafely();
+    ASSERT_TRUE(Ends());
+    EXPECT_TRUE(Window.Notices.back().contains(QLatin1String("exit code 3")));
+}
+
 // Catches: a close of the program that a test holds up, or one that leaves the game behind.
 TEST_F(SafeTestOfSet, AStopEndsItForGood)
 {
@@ -214,6 +252,26 @@ TEST_F(SafeTestOfSet, AKillLeavesAHomeThatIsSweptOnceNobodyHoldsIt)
     kill(game, SIGKILL);
     EXPECT_TRUE(WaitUntil([] { return SweepScratchHomes() == 1; }));
     EXPECT_EQ(ScratchHomes(), 0);
+}
+
+// Catches: a game that cannot be asked by a user without a home that can be written, or in another user's folder.
+TEST_F(SafeTestOfSet, WithoutAHomeTheTemporaryFilesServe)
+{
+    Scope.Home.Write(QStringLiteral("file"), "no folder");
+    const QString temporary = Scope.Home.Path(QStringLiteral("temporary"));
+    QDir().mkpath(temporary);
+    qputenv("XDG_CACHE_HOME", QFile::encodeName(Scope.Home.Path(QStringLiteral("file"))));
+    qputenv("TMPDIR", QFile::encodeName(temporary));
+    const QString spare = QStringLiteral("%1/gemforge-%2").arg(temporary).arg(geteuid());
+    {
+        const auto home = ScratchHome::Make();
+        ASSERT_TRUE(home) << home.error().Text();
+        EXPECT_TRUE(home->Folder().startsWith(spare + u'/'));
+    }
+    QDir(spare).removeRecursively();
+    QFile::link(Scope.Home.Path(), spare);
+    EXPECT_FALSE(ScratchHome::Make());
+    qunsetenv("TMPDIR");
 }
 
 // Catches: a check that waits for the limit, in the user's home, with the saved text, whose rows name the copy.

@@ -36,9 +36,11 @@ TEST(ConvertPictures, EachFileForItself)
     from.Write(QStringLiteral("a9.ico"), BmpOf(qRgb(12, 0, 0)));
     from.Write(QStringLiteral("readme.txt"), "text");
     from.Write(QStringLiteral("there.bmp"), BmpOf(qRgb(1, 2, 3)));
+    from.Write(QStringLiteral("short.pcx"),
+               BuildPcx({.Form = "24 bit", .Width = 9, .Height = 9, .Planes = 3}, 4).first(150));
     to.Write(QStringLiteral("there.pcx"), "mine");
     const QStringList files = PicturesIn(from.Path());
-    ASSERT_EQ(files.size(), 6);
+    ASSERT_EQ(files.size(), 7);
     EXPECT_TRUE(files.indexOf(from.Path(QStringLiteral("a9.BMP"))) <
                 files.indexOf(from.Path(QStringLiteral("a10.bmp"))));
 
@@ -47,12 +49,13 @@ TEST(ConvertPictures, EachFileForItself)
         told << done;
         return true;
     });
-    EXPECT_EQ(report.Written, 3);
+    EXPECT_EQ(report.Written, 4);
+    EXPECT_EQ(report.EndEarly, QStringList(from.Path(QStringLiteral("short.pcx"))));
     EXPECT_FALSE(report.Stopped);
     ASSERT_EQ(report.Refused.size(), 3u);
-    EXPECT_EQ(told.last(), 5);
+    EXPECT_EQ(told.last(), 6);
     EXPECT_EQ(Names(to), QStringList({QStringLiteral("A9.dib.pcx"), QStringLiteral("a10.pcx"), QStringLiteral("a9.pcx"),
-                                      QStringLiteral("there.pcx")}));
+                                      QStringLiteral("short.pcx"), QStringLiteral("there.pcx")}));
     EXPECT_EQ(to.Read(QStringLiteral("there.pcx")), "mine");
     EXPECT_EQ(ReadPcx(to.Read(QStringLiteral("a9.pcx"))).pixel(3, 3), qRgb(9, 0, 0));
 

@@ -1,19 +1,14 @@
 #include "help/contents_pane.h"
 #include "help/help_window.h"
 #include "help/page_view.h"
-#include "help/running_window.h"
 #include "help/window_memory.h"
 #include "help_test_support.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QLocalServer>
 #include <QScrollBar>
-#include <QThread>
-#include <functional>
 #include <memory>
 
 namespace {
@@ -36,17 +31,6 @@ protected:
 
     QTemporaryDir folder;
 };
-
-/// Runs `call` on another thread while this one serves events.
-bool WhileServing(const std::function<bool()>& call)
-{
-    bool result = false;
-    const std::unique_ptr<QThread> other(QThread::create([&] { result = call(); }));
-    other->start();
-    while (!other->isFinished())
-        QApplication::processEvents(QEventLoop::AllEvents, 10);
-    return result;
-}
 
 } // namespace
 
@@ -215,34 +199,4 @@ TEST_F(HelpWindowTest, FollowsAChangeOfThePalette)
     window.setPalette(dark);
     EXPECT_NE(View(window).document()->defaultStyleSheet(), light);
     EXPECT_EQ(File(window), QStringLiteral("h_main_save.html"));
-}
-
-// Catches: a second start that opens a second window, an id cut at a blank or a letter beyond ASCII, a socket left by
-// a crashed window or a window that hangs that keeps the help from opening, and a folder without room for a socket.
-TEST_F(HelpWindowTest, LaterStartsHandTheirIdToTheRunningWindow)
-{
-    const QString point = folder.filePath(QStringLiteral("meeting"));
-    EXPECT_FALSE(HandToRunningWindow(point, QStringLiteral("a")));
-    const QString id = QStringLiteral("!graphics info\\w\u00F6rd");
-    {
-        RunningWindow running(point);
-        ASSERT_TRUE(running.Listens());
-        QStringList came;
-        QObject::connect(&running, &RunningWindow::IdCame, &running, [&came](const QString& told) { came += told; });
-        EXPECT_TRUE(WhileServing([&] { return HandToRunningWindow(point, id); }));
-        EXPECT_TRUE(WhileServing([&] { return HandToRunningWindow(point, QString()); }));
-        EXPECT_EQ(came, QStringList({id, QString()}));
-    }
-    QLocalServer hangs;
-    ASSERT_TRUE(hangs.listen(point));
-    QElapsedTimer patience;
-    patience.start();
-    EXPECT_FALSE(HandToRunningWindow(point, id));
-    EXPECT_LT(patience.elapsed(), 3000);
-
-    QFile stale(folder.filePath(QStringLiteral("stale")));
-    ASSERT_TRUE(stale.open(QIODevice::WriteOnly));
-    stale.close();
-    EXPECT_TRUE(RunningWindow(stale.fileName()).Listens());
-    EXPECT_FALSE(RunningWindow(QStringLiteral("/nowhere/at/all")).Listens());
 }

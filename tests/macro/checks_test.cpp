@@ -64,6 +64,8 @@ QStringList Done(const Case& one)
     QDir(scope.Folder.Path()).mkpath(QStringLiteral("Sub/Deep"));
     Frame.Settings.LineCommentSearchChar = QStringLiteral("~");
     Frame.Settings.LineCommentLineChar = QStringLiteral("-");
+    if (one.Name.contains(QLatin1String("[saved]")))
+        scope.Path = scope.Folder.Path(QStringLiteral("Saved.gfb"));
     scope.AllowFiles = one.Name.contains(QLatin1String("[files]"));
     Frame.WordLists[ModeGfx][KindElements] = {QStringLiteral("bd_wall"), QStringLiteral("yamyam")};
     Frame.WordLists[ModeGfx][KindActions] = {QStringLiteral("left"), QStringLiteral("right"), QStringLiteral("up"),

@@ -38,6 +38,7 @@ public:
         request.Source = PrepareSource(source);
         request.Folder = Folder.Path();
         request.Seed = 1;
+        request.Path = Path;
         trial.Error = RunMacro(request, Stage, scope);
         Frame.Ask = &Host.Answers;
         return trial;
@@ -48,6 +49,7 @@ public:
     TestFolder Folder;
     OwnClipboard Clipboard;
     PlainStage Stage{Clipboard};
+    QString Path; ///< of the macro's file; empty: never saved
     bool AllowFiles = false;
     std::optional<qint64> Deadline = 60'000;
 };

@@ -116,9 +116,10 @@ TEST_F(StartMacroTest, WhatKeepsItFromStarting)
     EXPECT_EQ(Pane().FileBytes(), "one\ntwo\n");
 }
 
-// Catches: font or colours that stay changed, a bar that stays.
+// Catches: font or colours that stay changed, a bar that stays; a macro that does not run while a game is tested.
 TEST_F(StartMacroTest, ThePaneLooksAsBefore)
 {
+    const RunScope game(RunKind::Beside, u"game"_s);
     const QString font = Pane().FontName();
     const int colour = Pane().GetColor(16);
     Start("progbarset 9\r\nprogbarsetval 3\r\ncolour 9 9 9 9 9 9\r\nmessage a\r\n");

@@ -81,7 +81,7 @@ TEST(Films, FaultsOfTheHelperEndTheFilm)
 {
     const TestFolder folder;
     const QString film = folder.Write(QStringLiteral("a.avi"), BuildAvi(FilmFrames(2)));
-    const QByteArray facts = Said(film::Pack(film::Facts{film::Outcome::Reads, 32, 32, 9, 25, 1}));
+    const QByteArray facts = Said(film::Pack(film::Facts{film::Outcome::Reads, 32, 32, 9, true, 25, 1}));
     const QByteArray frame = Said(film::Pack(film::Frame{film::Step::Frame, 0})) + QByteArray(3072, 'x');
     struct Row
     {

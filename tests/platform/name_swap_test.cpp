@@ -1,10 +1,10 @@
 #include "fault_steps.h"
+#include "platform/files/beside_notes.h"
 #include "platform/files/name_swap.h"
 #include "test_support.h"
 
 #include <QDir>
 #include <QFile>
-#include <QRegularExpression>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -54,6 +54,7 @@ protected:
     /// Nothing but what stood there before; the notes are gone too.
     void ExpectAsBefore(const std::string& when)
     {
+        beside::SweepNoted(); // as each start does
         EXPECT_EQ(folder.Read(ConfName), Conf) << when;
         EXPECT_EQ(folder.Read(Sounds + QStringLiteral("/ding.wav")), "sound") << when;
         EXPECT_EQ(Names(QStringLiteral("set")), QStringList({QStringLiteral("graphics"), QStringLiteral("sounds")}))
@@ -61,14 +62,9 @@ protected:
         EXPECT_EQ(Names(QStringLiteral("set/graphics")).size(), 1) << when;
         EXPECT_EQ(QDir(state.Path(QStringLiteral("gemforge/swaps"))).entryList(QDir::Files).size(), 0) << when;
     }
-    /// Without the drafts of ended processes, which the next save in the folder sweeps.
     QStringList Names(const QString& name) const
     {
-        QStringList names = QDir(folder.Path(name)).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
-        const QRegularExpression draft(QStringLiteral("^\\.gemforge-[0-9]+-[0-9a-f]+$"));
-        if (const auto drafts = names.filter(draft); drafts.size() == 1)
-            names.removeOne(drafts.first());
-        return names;
+        return QDir(folder.Path(name)).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     }
     /// Runs `work` in a process that ends at its `nth` call; true if it came to its end before.
     template <class Work>
@@ -117,7 +113,8 @@ TEST_P(NameSwap, StandsInAndGoesBack)
     }
 }
 
-// Catches: a moment at which a kill leaves the conf under another name for good, or a second kill while it is put back.
+// Catches: a moment at which a kill leaves the conf under another name for good, or a hidden file in the author's
+// folder; a second kill while it is put back.
 TEST_P(NameSwap, KilledAnywhereIsPutBackByTheNextStart)
 {
     int points = 0;

@@ -49,6 +49,10 @@ def open_tab():
     return tab_window() + badge("plus")
 
 
+def reopen_closed_tab():
+    return tab_window() + badge("up", "emerald")
+
+
 def close_tab():
     return tab_window() + badge("cross", "ruby")
 

@@ -25,7 +25,8 @@ KINDS = ("text", "graphics", "sound", "music", "level", "helptext", "helpanim", 
 FILE = (
     ("new", files.new), ("open", files.open_file), ("recent", files.recent), ("revert_to_saved", files.revert),
     ("insert_file", files.insert_file), ("project", files.project), ("save", files.save), ("save_as", files.save_as),
-    ("open_tab", files.open_tab), ("close_tab", files.close_tab), ("close_all_tabs", files.close_all_tabs),
+    ("open_tab", files.open_tab), ("close_tab", files.close_tab),
+    ("reopen_closed_tab", files.reopen_closed_tab), ("close_all_tabs", files.close_all_tabs),
     ("options", files.options), ("exit", files.exit_window),
 )
 NEW = (
@@ -41,6 +42,7 @@ EDIT = (
     ("quick_preview", texts.quick_preview), ("edit_animation", texts.edit_animation),
     ("insert_comment_separator", texts.insert_separator), ("comment_selected", texts.comment_selected),
     ("uncomment_selected", texts.uncomment_selected), ("tidy_up", texts.tidy_up),
+    ("toggle_comment", texts.toggle_comment),
 )
 FIND = (
     ("find", texts.find), ("find_next", texts.find_further, "down"), ("find_previous", texts.find_further, "up"),
@@ -48,6 +50,8 @@ FIND = (
     ("goto_next_comment", texts.goto_further_comment, "down"),
     ("goto_previous_comment", texts.goto_further_comment, "up"), ("goto_line_number", texts.goto_line),
     ("goto_top", texts.goto_end, 0), ("goto_bottom", texts.goto_end, 180), ("goto_block", texts.goto_block),
+    ("next_mark", texts.further_mark, "down"), ("previous_mark", texts.further_mark, "up"),
+    ("list_of_marks", texts.marked_lines),
 )
 VIEW = (
     ("line_numbers", texts.line_numbers), ("spaces_tabs", texts.spaces_tabs),

@@ -111,6 +111,19 @@ def goto_further_comment(direction):
     return hash_sign(6, 6, .92) + badge(direction, "sapphire")
 
 
+def marked_lines():
+    return (sheet() + text((6, 3, 7), (6, 7, 5), (6, 11, 6)) + solid(circle(3.4, 3.5, 1.6), "amber")
+            + solid(circle(3.4, 11.5, 1.6), "ruby"))
+
+
+def further_mark(direction):
+    return sheet() + text((6, 3, 7), (6, 7, 5)) + solid(circle(3.4, 5.5, 1.9), "amber") + badge(direction, "sapphire")
+
+
+def toggle_comment():
+    return hash_sign(5.2, 7, .82) + text((11, 2, 4), (10.6, 5, 4)) + badge("down", "emerald")
+
+
 def goto_line():
     return (sheet() + text((3, 3, 2, "aqua"), (3, 6, 2, "aqua"), (3, 9, 2, "aqua"), (3, 12, 2, "aqua"))
             + text((7, 3, 5), (7, 12, 4)) + band(5.5, 5, "amber", 5.5, 10) + text((8, 7.5, 5, "white"))

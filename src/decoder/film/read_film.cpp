@@ -64,13 +64,15 @@ std::uint32_t LengthOf(const AVStream& stream, const AVFormatContext& format)
     return Clamped(av_rescale_q(format.duration, {1, AV_TIME_BASE}, {rate.den, rate.num}));
 }
 
-Facts FactsOf(const AVStream& stream, const AVFormatContext& format)
+Facts FactsOf(const AVStream& stream, const Source& source)
 {
+    const AVFormatContext& format = *source.Format();
     const AVRational rate = RateOf(stream);
     return {.How = Outcome::Reads,
             .Width = Clamped(stream.codecpar->width),
             .Height = Clamped(stream.codecpar->height),
             .Length = LengthOf(stream, format),
+            .Counted = source.CountsFrames() && stream.nb_frames > 0,
             .RateCount = Clamped(rate.num),
             .RateSeconds = Clamped(rate.den)};
 }
@@ -160,7 +162,7 @@ void ReadFilm(int file, const Request& request, const Listener& listener)
         listener.Begins({.How = Outcome::NotOpened});
         return;
     }
-    Facts facts = FactsOf(*stream, *source.Format());
+    Facts facts = FactsOf(*stream, source);
     if (request.How == Fit::TilesOnly && (facts.Width != TileSide || facts.Height != TileSide)) {
         facts.How = Outcome::WrongSize;
         listener.Begins(facts);

@@ -130,6 +130,13 @@ constexpr Call ForThreads[] = {
     {SCMP_SYS(prctl), 1, Equals(0, PR_SET_NAME)},
 };
 
+#ifdef __SANITIZE_ADDRESS__
+constexpr Call ForSanitizer[] = {
+    {SCMP_SYS(pipe2)},       // an object's type is known once its memory could be written to a pipe
+    {SCMP_SYS(sigaltstack)}, // asked for where a function does not return
+};
+#endif
+
 class Filter
 {
 public:
@@ -181,6 +188,9 @@ bool KeepToTheList(const Needs& needs)
     filter.Allow(Always);
     if (needs.Threads)
         filter.Allow(ForThreads);
+#ifdef __SANITIZE_ADDRESS__
+    filter.Allow(ForSanitizer);
+#endif
     filter.SayUnknown(SCMP_SYS(clone3)); // its arguments lie where no list can see them
     return filter.Load();
 }

@@ -58,9 +58,6 @@ int TabWithFile(const QString& path);
 
 int ModifiedTabs(); ///< visible tabs with unsaved text
 
-/// True if the pane's text is saved or the user lets it go (message 8).
-bool MayGiveUp(DocumentText& pane);
-
 /// Status panel 3 and the process's folder follow CurrentFolder and CurrentFile.
 void ShowCurrentPath();
 

@@ -52,11 +52,6 @@ int ModifiedTabs()
     return count;
 }
 
-bool MayGiveUp(DocumentText& pane)
-{
-    return !pane.Modified() || Confirmed(message::CloseChanged);
-}
-
 void FlashTabCaption(int tab)
 {
     if (Frame.FlashCount != FlashIdle && Frame.FlashTab != tab)

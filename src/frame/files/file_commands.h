@@ -4,6 +4,8 @@
 
 #include <QString>
 
+class DocumentText;
+
 /// Title of the file dialogs' filter, one for open, save and insert.
 QString DocumentFilter();
 
@@ -11,7 +13,8 @@ void NewDocument(int mode);
 void MakeTemplate(int mode);
 void OpenCommand();
 /// Opens a file in the current tab, or shows the tab that has it unless `force` is set. True if a tab shows it now;
-/// otherwise the reason was told and tab, path and text are as they were.
+/// otherwise the reason was told and tab, path and text are as they were. A zipped
+/// level set opens in the Level Manager instead.
 bool OpenDocument(const QString& path, bool force);
 void RevertDocument();
 void InsertFileAtCaret();
@@ -19,9 +22,13 @@ void SaveCommand();
 void SaveDocumentAs();
 /// True if the file was written.
 bool SaveDocument(const QString& path);
-/// Copies the file on disk to the first free numbered backup; its path, empty if there is no file.
-[[nodiscard]] Result<QString> MakeBackup(const QString& path);
+/// The same with the backup that the setting wants, and without the question for a file that stands there.
+bool SaveDocumentOver(const QString& path);
+/// A text that is no document into a file, with a backup if the setting wants one.
+[[nodiscard]] Result<> WriteWithBackup(DocumentText& text, const QString& path);
 QString UniqueName(const QString& base, bool folder);
+/// Copies a file to the first free numbered backup; its path, empty if there is no file.
+[[nodiscard]] Result<QString> MakeBackup(const QString& path);
 
 /// Notes size and time of a tab's file, so that a change by another program is seen.
 void NoteDiskState(int tab);

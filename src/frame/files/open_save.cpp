@@ -74,14 +74,15 @@ bool KeepText(int tab)
     return kept.has_value();
 }
 
-/// The questions before a save; false: the user does not want it. `asNamed`: the user named the file just so.
-bool MayWrite(const QString& path, bool ownPath, bool asNamed)
+/// The questions before a save; false: the user does not want it. `asNamed`: the user named the file just so. `sure`:
+/// another file may be written over.
+bool MayWrite(const QString& path, bool ownPath, bool asNamed, bool sure)
 {
     const Document& document = Frame.Documents.at(Frame.CurrentTab);
     if (ownPath && !document.ForeignText && ChangedOnDisk(Frame.CurrentTab)) {
         if (!Confirmed(message::OverwriteChanged, paths::Native(path)))
             return false;
-    } else if ((!ownPath || !asNamed || document.ForeignText) && paths::FileExists(path) &&
+    } else if (!sure && (!ownPath || !asNamed || document.ForeignText) && paths::FileExists(path) &&
                !Confirmed(message::OverwriteFile)) {
         return false;
     }
@@ -93,21 +94,6 @@ bool MayWrite(const QString& path, bool ownPath, bool asNamed)
     pane.SetEncoding(FileEncoding::Utf8);
     return true;
 }
-
-} // namespace
-
-Result<QString> MakeBackup(const QString& path)
-{
-    if (!paths::FileExists(path))
-        return QString();
-    for (int n = 0;; ++n) {
-        const QString backup = path + QStringLiteral("_%1.GemforgeBackup").arg(n, 3, 10, QLatin1Char('0'));
-        if (!QFileInfo::exists(backup))
-            return paths::CopyFileTo(path, backup).map([&] { return backup; });
-    }
-}
-
-namespace {
 
 /// The backup of one save: made when the new bytes lie safely beside, taken away again if the save fails all the same.
 class SaveBackup
@@ -146,13 +132,13 @@ bool Write(const QString& path, bool withBackup)
     return false;
 }
 
-bool Save(const QString& told, bool backup)
+bool Save(const QString& told, bool backup, bool sure = false)
 {
     const QString path = Absolute(paths::ForWriting(told));
     const int holder = TabWithFile(path);
     const bool ownPath = holder == Frame.CurrentTab;
     const bool asNamed = paths::FileNameOfPath(path) == paths::FileNameOfPath(told);
-    if (!MayWrite(path, ownPath, asNamed))
+    if (!MayWrite(path, ownPath, asNamed, sure))
         return false;
     const bool givesWay = !ownPath && holder >= 0;
     const bool unsaved = givesWay && Panes().Pane(holder).Modified();
@@ -177,12 +163,27 @@ bool Save(const QString& told, bool backup)
 
 } // namespace
 
+Result<QString> MakeBackup(const QString& path)
+{
+    if (!paths::FileExists(path))
+        return QString();
+    for (int n = 0;; ++n) {
+        const QString backup = path + QStringLiteral("_%1.GemforgeBackup").arg(n, 3, 10, QLatin1Char('0'));
+        if (!QFileInfo::exists(backup))
+            return paths::CopyFileTo(path, backup).map([&] { return backup; });
+    }
+}
+
 bool OpenDocument(const QString& told, bool force)
 {
     StopPreview();
     const BusyScope busy;
     const QString existing = paths::Existing(told);
     const QString path = Absolute(existing.isEmpty() ? paths::Inside(told) : existing);
+    if (path.endsWith(QLatin1String(".levzip"), Qt::CaseInsensitive) && !existing.isEmpty()) {
+        Tools().ShowZippedSet(path);
+        return false;
+    }
     const int holder = force ? -1 : TabWithFile(path);
     if (holder >= 0) {
         Panes().SelectTab(holder);
@@ -217,4 +218,19 @@ void SaveCommand()
 bool SaveDocument(const QString& path)
 {
     return Save(path, false);
+}
+
+bool SaveDocumentOver(const QString& path)
+{
+    return Save(path, Frame.Settings.BackupOnSave == 1, true);
+}
+
+Result<> WriteWithBackup(DocumentText& text, const QString& path)
+{
+    SaveBackup backup;
+    const auto before = [&] { return Frame.Settings.BackupOnSave == 1 ? backup.Make(path) : Result<>(); };
+    Result<> written = text.SaveFile(path, false, before);
+    if (!written)
+        backup.TakeAway();
+    return written;
 }

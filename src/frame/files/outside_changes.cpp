@@ -94,7 +94,7 @@ bool ChangedOnDisk(int tab)
 
 void CheckChangedOutside()
 {
-    if (RunningWork() > 0)
+    if (IsWorkHeldUp())
         return;
     std::vector<int> changed, gone;
     for (int tab = 0; tab < 8; ++tab) {

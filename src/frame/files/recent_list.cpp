@@ -1,4 +1,5 @@
 #include "frame/files/recent_list.h"
+#include "frame/files/closed_tabs.h"
 
 #include "frame/files/file_commands.h"
 #include "frame/frame_events.h"

@@ -1,5 +1,6 @@
 #include "frame/files/tab_commands.h"
 
+#include "frame/files/closed_tabs.h"
 #include "frame/files/file_commands.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
@@ -57,6 +58,8 @@ void CloseTab()
     } else {
         if (!MayGiveUp(CurrentPane()))
             return;
+        if (!CurrentPane().Modified())
+            KeepClosedText(tab);
         EmptySlot(tab);
         Panes().SelectTab(0);
     }
@@ -67,6 +70,9 @@ void CloseAllTabs()
 {
     if (ModifiedTabs() > 0 && !Confirmed(message::CloseAllChanged))
         return;
+    for (int tab = 0; tab < 8; ++tab)
+        if (Frame.Documents.at(tab).Face.Visible)
+            KeepClosedText(tab);
     for (int tab = 1; tab < 8; ++tab)
         EmptySlot(tab);
     SelectFirstTab();

@@ -78,10 +78,9 @@ enum class WatchedKey {
     MiddleButton
 };
 
-/// Which of them are held. Answer: a KeySet.
+/// Which of them are held now? Answer: a KeySet.
 struct KeysQuestion
 {
-    enum Until { Now, AnyHeld, NoneHeld } When = Now; ///< what to wait for before the answer
 };
 
 /// May a macro go on with a command that works with files? Answer: Pressed, message::SafetyButton.

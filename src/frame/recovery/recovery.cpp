@@ -173,6 +173,13 @@ Result<> Recovery::KeepApart(int tab)
     return d->Worker.Settled(name);
 }
 
+Result<> Recovery::KeepClosed(int tab)
+{
+    const QString name = recovery::ClosedCopies + QString::number(++d->Apart);
+    d->Keep(tab, name, true);
+    return d->Worker.Settled(name);
+}
+
 Result<> Recovery::KeepAllNow()
 {
     for (int tab = 0; tab < 8; ++tab) {
@@ -200,6 +207,13 @@ std::vector<RecoveredText> Recovery::FindRecovered() const
     for (RecoveredText& text : recovery::CopiesOfEndedRuns(d->Spare))
         all.push_back(std::move(text));
     return all;
+}
+
+std::optional<RecoveredText> Recovery::LastClosed() const
+{
+    std::optional<RecoveredText> last = recovery::LastClosedCopy(d->Folder);
+    std::optional<RecoveredText> spare = recovery::LastClosedCopy(d->Spare);
+    return spare && (!last || spare->Kept > last->Kept) ? spare : last;
 }
 
 void Recovery::Forget(const RecoveredText& text)

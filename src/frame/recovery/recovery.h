@@ -5,6 +5,7 @@
 #include <QDateTime>
 #include <QObject>
 #include <memory>
+#include <optional>
 #include <vector>
 
 /// A text that was not saved when an earlier run ended.
@@ -48,6 +49,8 @@ public:
     /// Keeps the tab's text under a copy of its own before it is emptied by another's save. Written on return.
     /// A failure: it is not kept, and must not be emptied.
     [[nodiscard]] Result<> KeepApart(int tab);
+    /// The same for a text that the user has let go: kept for seven days, and not offered at the next start.
+    [[nodiscard]] Result<> KeepClosed(int tab);
     /// A failure: some text is kept nowhere.
     [[nodiscard]] Result<>
     KeepAllNow(); ///< every modified tab, written before it returns; for close, SIGTERM and log-out
@@ -56,6 +59,7 @@ public:
     /// Whole copies of runs that have ended, the newest first. Truncated, foreign or stale data is passed over, never
     /// a failure.
     std::vector<RecoveredText> FindRecovered() const;
+    std::optional<RecoveredText> LastClosed() const; ///< of this run or an earlier one; nothing: none
     void Forget(const RecoveredText& text);
 
 private:

@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
+#include <functional>
+#include <map>
 #include <optional>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -147,6 +149,12 @@ qint64 LastChange(const QString& copy)
     return last;
 }
 
+/// Is it the copy of a text that the user has let go?
+bool IsClosed(const QString& copy)
+{
+    return paths::FileNameOfPath(copy.chopped(1)).startsWith(recovery::ClosedCopies);
+}
+
 void RemoveIfEmpty(const QString& run)
 {
     if (!FoldersIn(run).isEmpty())
@@ -248,11 +256,26 @@ std::vector<RecoveredText> CopiesOfEndedRuns(const QString& folder)
     std::vector<RecoveredText> all;
     ForEachEndedRun(folder, [&](const QString& run) {
         for (const QString& copy : FoldersIn(run))
-            if (std::optional<RecoveredText> text = ReadCopy(copy))
+            if (std::optional<RecoveredText> text = IsClosed(copy) ? std::nullopt : ReadCopy(copy))
                 all.push_back(std::move(*text));
     });
     std::stable_sort(all.begin(), all.end(), [](const auto& a, const auto& b) { return a.Kept > b.Kept; });
     return all;
+}
+
+std::optional<RecoveredText> LastClosedCopy(const QString& folder)
+{
+    if (folder.isEmpty() || !IsOurs(folder))
+        return {};
+    std::multimap<qint64, QString, std::greater<>> copies; // by the time they were kept, the newest first
+    for (const QString& run : FoldersIn(folder))
+        for (const QString& copy : FoldersIn(run))
+            if (const std::optional<QJsonObject> header = IsClosed(copy) ? ReadHeader(copy) : std::nullopt)
+                copies.emplace((*header)[u"kept"].toInteger(), copy);
+    for (const auto& [kept, copy] : copies)
+        if (std::optional<RecoveredText> text = ReadCopy(copy))
+            return text;
+    return {};
 }
 
 void RemoveCopy(const QString& copyFolder)
@@ -270,7 +293,7 @@ void Sweep(const QString& folder, qint64 now)
 {
     ForEachEndedRun(folder, [&](const QString& run) {
         for (const QString& copy : FoldersIn(run))
-            if (now - LastChange(copy) > StaleAfter)
+            if (now - LastChange(copy) > (IsClosed(copy) ? ClosedStaleAfter : StaleAfter))
                 QDir(copy).removeRecursively();
         RemoveIfEmpty(run);
     });

@@ -3,6 +3,7 @@
 #include "frame/recovery/recovery.h"
 #include "platform/result.h"
 
+#include <optional>
 #include <vector>
 
 /// Files of the recovery folder. Each run has a folder of its own, which it holds locked while it lives; each copy in
@@ -20,7 +21,12 @@ struct CopyFacts
 };
 
 /// Copies older than this are of no use to anybody.
-constexpr qint64 StaleAfter = qint64(60) * 24 * 60 * 60 * 1000;
+constexpr qint64 Day = qint64(24) * 60 * 60 * 1000;
+constexpr qint64 StaleAfter = 60 * Day;
+constexpr qint64 ClosedStaleAfter = 7 * Day;
+
+/// What the names of copies begin with whose texts the user has let go.
+inline const QString ClosedCopies = QStringLiteral("closed-");
 
 /// The folder of the living run, made with the first copy; a second one beside the spare folder's as soon as the first
 /// takes a copy no longer. What is left of them at the end are its copies.
@@ -53,13 +59,16 @@ private:
     int generation = 0;
 };
 
-/// Whole copies of runs that have ended, the newest first.
+/// Whole copies of runs that have ended, the newest first; without those of closed texts.
 std::vector<RecoveredText> CopiesOfEndedRuns(const QString& folder);
+
+/// The closed text that was kept last, by a run that has ended or one that lives.
+std::optional<RecoveredText> LastClosedCopy(const QString& folder);
 
 /// Removes a copy, and its run's folder with the last of them.
 void RemoveCopy(const QString& copyFolder);
 
-/// Removes what is older than StaleAfter at `now` or empty, of ended runs.
+/// Removes what is older than StaleAfter (a closed text: ClosedStaleAfter) at `now` or empty, of ended runs.
 void Sweep(const QString& folder, qint64 now);
 
 } // namespace recovery

@@ -18,22 +18,6 @@ namespace {
 constexpr const char* Tables[] = {"basic", "compat", "lg_gfxact", "lg_gfxele",  "lg_other",
                                   "links", "user",   "mapele",    "levelheader"};
 
-/// The path told on the command line, absolute; empty for none. A shell that was given no quotes cuts it at blanks.
-QString ToldPath(const QStringList& arguments)
-{
-    QString told = arguments.value(0);
-    const QString joined = arguments.join(u' ');
-    if (arguments.size() > 1 && paths::FileExists(joined))
-        told = joined;
-    if (told.size() >= 2 && told.startsWith(u'"') && told.endsWith(u'"'))
-        told = told.mid(1, told.size() - 2);
-    if (told.isEmpty())
-        return {};
-    const QString whole = QDir::current().absoluteFilePath(paths::Inside(told));
-    const QString cleaned = QDir::cleanPath(whole), real = paths::Canonical(whole);
-    return paths::Canonical(cleaned) == real ? cleaned : real; // ".." behind a link leads elsewhere
-}
-
 /// Full path of the last table that is missing, in the order of checking; empty if all are there.
 QString MissingTable()
 {
@@ -60,6 +44,22 @@ void ShowFirstTab()
 }
 
 } // namespace
+
+/// A shell that was given no quotes cuts a path at its blanks.
+QString ToldPath(const QStringList& arguments)
+{
+    QString told = arguments.value(0);
+    const QString joined = arguments.join(u' ');
+    if (arguments.size() > 1 && paths::FileExists(joined))
+        told = joined;
+    if (told.size() >= 2 && told.startsWith(u'"') && told.endsWith(u'"'))
+        told = told.mid(1, told.size() - 2);
+    if (told.isEmpty())
+        return {};
+    const QString whole = QDir::current().absoluteFilePath(paths::Inside(told));
+    const QString cleaned = QDir::cleanPath(whole), real = paths::Canonical(whole);
+    return paths::Canonical(cleaned) == real ? cleaned : real; // ".." behind a link leads elsewhere
+}
 
 void FillConfNames()
 {

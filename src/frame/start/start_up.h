@@ -16,6 +16,9 @@ struct StartFolders
 /// user's data folder, filled from the installed files.
 StartFolders OrdinaryFolders(const QString& executableFolder);
 
+/// The path that the arguments of the process (without its own name) name: absolute, or empty if they name none.
+QString ToldPath(const QStringList& arguments);
+
 /// The start up to the window: folders, the check of tables and help, names of the conf files. `arguments` are those
 /// of the process without its own name; the path among them is made absolute before the folder changes. False: the
 /// start has failed and the message was shown.

@@ -2,9 +2,8 @@
 #include "frame/messages/asker.h"
 #include "graphics/picks.h"
 #include "macro/commands/families.h"
-#include "macro/language/run_state.h"
+#include "macro/language/seen_target.h"
 #include "macro/language/waiting.h"
-#include "macro/run_stage.h"
 #include "platform/files/paths.h"
 
 #include <QDeadlineTimer>
@@ -15,24 +14,6 @@
 #include <QTimer>
 
 namespace {
-
-/// The target stands before the user's eyes for the scope.
-class SeenTarget
-{
-public:
-    explicit SeenTarget(RunState& run) : stage(run.Stage) { stage.ShowTarget(true); }
-    ~SeenTarget() { stage.ShowTarget(false); }
-    SeenTarget(const SeenTarget&) = delete;
-    SeenTarget& operator=(const SeenTarget&) = delete;
-
-private:
-    RunStage& stage;
-};
-
-void SetResult(RunState& run, bool ok)
-{
-    run.Last.MessageResult = Value(ok ? QStringLiteral("ok") : QStringLiteral("cancel"));
-}
 
 /// Each argument that is given takes the place of a default.
 void Message(RunState& run, Arguments& in)
@@ -60,14 +41,14 @@ void Message(RunState& run, Arguments& in)
 
 void AskCommand(RunState& run, Arguments& in)
 {
-    SetResult(run, true);
+    run.SetOutcome(true);
     const QString prompt = in.Text(1), title = in.Text(2);
     if (run.Failed())
         return;
     const SeenTarget seen(run);
     const Value answer(AskText(InputQuestion{title, prompt, run.Last.Ask.Text()}).value_or(QString()));
     if (answer.IsEmpty())
-        SetResult(run, false);
+        run.SetOutcome(false);
     run.Last.Ask = answer.IsNumeric() ? Value(TextToLong(run, answer)) : answer;
 }
 
@@ -113,7 +94,7 @@ void ListShow(RunState& run, Arguments& in)
     const SeenTarget seen(run);
     const Answer answer = Ask(question);
     const int* place = std::get_if<int>(&answer);
-    SetResult(run, place);
+    run.SetOutcome(place);
     if (!place)
         return;
     run.Last.ListChoiceNumber = Value(qint32(*place));
@@ -160,7 +141,7 @@ void PickElement(RunState& run, Arguments& in)
         run.ListTitle = title;
         const SeenTarget seen(run);
         const std::optional<QString> picked = AskElement(ElementQuestion(lists, title));
-        SetResult(run, picked.has_value());
+        run.SetOutcome(picked.has_value());
         if (picked)
             run.Last.PickElement = Value(SpaceToPipe(*picked));
         return;
@@ -173,7 +154,7 @@ void PickTiles(RunState& run, const QString& path, const QString& title)
     const SeenTarget seen(run);
     const SheetAnswer answer = PickFromSheet(MacroSheet(path, title));
     const bool shown = answer.Outcome != SheetOutcome::NotShown;
-    SetResult(run, shown);
+    run.SetOutcome(shown);
     if (shown)
         run.Element = answer.Element;
 }

@@ -101,6 +101,12 @@ void Colour(RunState& run, Arguments& in)
     run.Stage.Screen().SetColor(GroundSlot, mixed(Ground));
 }
 
+void ForceTerminal9(RunState& run, Arguments&)
+{
+    constexpr double Points = 9;
+    run.Stage.Screen().SetFont(QStringLiteral("Terminal"), Points);
+}
+
 void Refresh(RunState& run, Arguments&)
 {
     run.Stage.ShowNow();
@@ -118,6 +124,8 @@ constexpr CommandWord ScreenRows[] = {
     {"locate", ExactlyAny(2), NoWordFlags, "X Y", "Caret to column X of line Y; both count from 0.", Locate},
     {"colour", ExactlyAny(6), NoWordFlags, "R G B R G B",
      "Colours of what is printed and of what it stands on, from 0 to 255.", Colour},
+    {"forceterminal9", Exactly(0), NoWordFlags, "", "A font of equal widths, 9 points high, until the macro ends.",
+     ForceTerminal9},
     {"refresh", Exactly(0), TakesTime, "", "Shows the text as it stands for a moment.", Refresh},
     {"clear", Exactly(0), NoWordFlags, "",
      "Empties the text. With file protection on it asks about changes that are not saved.", Clear},

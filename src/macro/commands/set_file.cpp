@@ -1,9 +1,13 @@
 #include "macro/set_file.h"
+#include "frame/run_scope.h"
 #include "macro/commands/families.h"
 #include "macro/language/run_state.h"
+#include "macro/language/run_turn.h"
 #include "platform/files/paths.h"
+#include "services/wildcard.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFileInfo>
 
 void ForgetSetFile(RunState& run)
@@ -31,7 +35,7 @@ namespace {
 
 void FileSet(RunState& run, Arguments& in)
 {
-    run.Last.MessageResult = Value(QStringLiteral("cancel"));
+    run.SetOutcome(false);
     ForgetSetFile(run);
     const QString told = in.Text(1);
     if (run.Failed())
@@ -46,7 +50,7 @@ void FileSet(RunState& run, Arguments& in)
         SetFolder(run, path);
     else
         SetFile(run, path);
-    run.Last.MessageResult = Value(QStringLiteral("ok"));
+    run.SetOutcome(true);
 }
 
 void Cd(RunState& run, Arguments& in)
@@ -69,22 +73,37 @@ void Cd(RunState& run, Arguments& in)
         run.Fail(QStringLiteral("Can't find the directory:-^^") + told);
 }
 
+/// Names in a folder that fit a pattern of "*" and "?", "*.*" being every name. None if the run is to stop meanwhile.
+QStringList NamesThatFit(RunState& run, const QString& folder, const QString& pattern, QDir::Filters kinds)
+{
+    const CountedTurn turn = TurnOf(run, QStringLiteral("dir"));
+    QStringList names;
+    int seen = 0;
+    for (QDirIterator entries(folder, kinds | QDir::Hidden | QDir::System); entries.hasNext();) {
+        entries.next();
+        if (FitsWildcard(entries.fileName(), pattern))
+            names << entries.fileName();
+        if (!turn(++seen, 0))
+            return {};
+    }
+    names.sort();
+    return names;
+}
+
 /// Folders first, with a "\" in front of all but "." and "..", then files. Without a hit the last result stays.
 void DirCommand(RunState& run, Arguments& in)
 {
     const QString pattern = in.Text(1);
     if (run.Failed())
         return;
-    const QString folder = paths::FolderOfPath(paths::Inside(pattern));
+    const QString told = paths::FolderOfPath(paths::Inside(pattern));
     const QString names = paths::FileNameOfPath(paths::Inside(pattern));
-    const QDir searched(folder.isEmpty() ? run.Paths.Folder() : run.Paths.Resolve(folder));
-    // "*.*" means every name, with a dot or without.
-    const QStringList filter{names == QLatin1String("*.*") ? QStringLiteral("*") : names};
+    const QString folder = told.isEmpty() ? run.Paths.Folder() : run.Paths.Resolve(told);
     QStringList found;
-    for (const QString& name : searched.entryList(filter, QDir::Dirs | QDir::Hidden | QDir::System, QDir::Name))
+    for (const QString& name : NamesThatFit(run, folder, names, QDir::Dirs))
         found << (name == QLatin1String(".") || name == QLatin1String("..") ? name : QString(u'\\' + name));
-    found += searched.entryList(filter, QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
-    if (!found.isEmpty())
+    found += NamesThatFit(run, folder, names, QDir::Files);
+    if (!found.isEmpty() && !run.Scope.Stopped())
         run.Last.Files = found;
 }
 

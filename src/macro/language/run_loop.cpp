@@ -5,6 +5,9 @@
 #include "macro/language/group_items.h"
 #include "macro/language/run_state.h"
 #include "macro/language/source_text.h"
+#include "macro/started_windows.h"
+#include "platform/files/byte_file.h"
+#include "platform/screen/other_windows.h"
 #include "text/document_text.h"
 
 namespace {
@@ -91,6 +94,35 @@ void RunWatchedLines(RunState& run)
             return;
     } while (!run.StopRequested);
 }
+
+/// Bytes that were poked, safe on the disk. False: they are not, and the run has failed.
+bool SettleBytes(RunState& run)
+{
+    if (!run.SetBytes || run.SetBytes->Sync())
+        return true;
+    run.Fail("Couldn't Poke at file, it's possibly locked or shared.");
+    return false;
+}
+
+/// What the user must have back: the main window and the mouse.
+class BorrowedDesktop
+{
+public:
+    explicit BorrowedDesktop(RunState& ofRun) : run(ofRun) {}
+    ~BorrowedDesktop()
+    {
+        if (run.MainHidden)
+            run.Stage.ShowMainWindow(true);
+        for (const mouse::Button button : {mouse::Button::Left, mouse::Button::Middle, mouse::Button::Right})
+            if (run.ButtonsDown & (1 << int(button)))
+                mouse::Release(button);
+    }
+    BorrowedDesktop(const BorrowedDesktop&) = delete;
+    BorrowedDesktop& operator=(const BorrowedDesktop&) = delete;
+
+private:
+    RunState& run;
+};
 
 /// What a run borrows of the screen and puts back.
 class BorrowedScreen
@@ -225,6 +257,8 @@ void RunForTheFirstTime(RunState& run, ProgramLine& line)
 std::optional<MacroError> RunProgram(RunState& run, const PreparedSource& source)
 {
     const BorrowedScreen borrowed(run.Stage);
+    const BorrowedDesktop desktop(run);
+    StartedWindows.CloseAll();
     CloseLevel();
     if (!source.ErrorText.isEmpty())
         return Report(run, {source.ErrorLine, source.ErrorText, true});
@@ -241,7 +275,7 @@ std::optional<MacroError> RunProgram(RunState& run, const PreparedSource& source
             RunLines(run);
     }
     std::optional<MacroError> error;
-    if (run.Failed())
+    if (run.Failed() || !SettleBytes(run))
         error = Report(run, {run.CurrentLine, run.ErrorText, false});
     CloseLevel();
     return error;

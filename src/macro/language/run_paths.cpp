@@ -3,6 +3,7 @@
 #include "platform/files/paths.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 void RunPaths::SetFolder(const QString& path)
 {
@@ -11,7 +12,7 @@ void RunPaths::SetFolder(const QString& path)
 
 QString RunPaths::Resolve(const QString& told) const
 {
-    if (told.isEmpty())
+    if (told.isEmpty() || told.contains(QChar(u'\0'))) // the system would see a shorter name
         return {};
     const QString inner = paths::Inside(told);
     const QString kept = trueCase.value(inner);
@@ -25,6 +26,27 @@ QString RunPaths::Resolve(const QString& told) const
     const QString whole = QDir::isRelativePath(inner) ? QString(folder + inner) : inner;
     const QString existing = paths::Existing(whole);
     return existing.isEmpty() ? paths::ForWriting(whole) : existing;
+}
+
+QString RunPaths::ResolveToRemove(const QString& told) const
+{
+    QString inner = paths::Inside(told);
+    while (inner.size() > 1 && inner.endsWith(u'/'))
+        inner.chop(1);
+    const QString last = paths::FileNameOfPath(inner);
+    if (told.contains(QChar(u'\0')) || last.isEmpty() || last == QLatin1String(".") || last == QLatin1String(".."))
+        return {};
+    if (told.startsWith(u'\\')) {
+        while (inner.startsWith(u'/'))
+            inner.remove(0, 1);
+        const QString below = paths::Existing(folder + inner);
+        return below.isEmpty() ? paths::ForWriting(folder + inner) : below;
+    }
+    const QString kept = trueCase.value(inner);
+    // Told by a tag in lower case, or written just so? Both stand there.
+    if (!kept.isEmpty() && kept != inner && QFileInfo::exists(inner))
+        return {};
+    return Resolve(inner);
 }
 
 bool RunPaths::Exists(const QString& told) const

@@ -15,6 +15,11 @@ public:
     QString Resolve(const QString& told) const;
     bool Exists(const QString& told) const; ///< a file or a folder
 
+    /// The same for what is to be removed or moved, or where it is moved to: one that begins with "\" is only ever
+    /// below the current folder. Empty for a path that could mean two names, for "." and ".." and for the folder
+    /// itself.
+    QString ResolveToRemove(const QString& told) const;
+
     /// The path as the language's tags give it: lower case.
     QString Lowered(const QString& path);
 

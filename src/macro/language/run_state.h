@@ -10,7 +10,9 @@
 #include "macro/level_run.h"
 
 #include <array>
+#include <memory>
 
+class ByteFile;
 class DocumentText;
 class RunScope;
 class RunStage;
@@ -35,6 +37,9 @@ struct SubFrame
 struct RunState
 {
     RunState(RunStage& stage, RunScope& scope);
+    ~RunState();
+    RunState(const RunState&) = delete;
+    RunState& operator=(const RunState&) = delete;
 
     RunStage& Stage;
     RunScope& Scope;
@@ -70,6 +75,14 @@ struct RunState
     QString Author;
     bool Overtype = false;
     bool FileProtection = true;
+    qint64 PeekOffset = 0;              ///< added to the address of every peek and poke
+    std::unique_ptr<ByteFile> SetBytes; ///< of the set file, while peek and poke work on it
+    QString SetBytesPath;
+    QString CurrentAlias;      ///< the one chosen last
+    quint64 CurrentWindow = 0; ///< chosen or started last
+    int CurrentEntry = 0;      ///< place of CurrentAlias among the started windows
+    bool MainHidden = false;
+    int ButtonsDown = 0;    ///< mouse buttons that the macro holds, 1 << mouse::Button
     bool SafeSystem = true; ///< as the setting is
     QString ClipboardBackup;
     QString PrintedLine; ///< by the `print` under way
@@ -82,6 +95,8 @@ struct RunState
     void Fail(const char* text) { Fail(QString::fromLatin1(text)); }
     void RequestStop() { StopRequested = Attention = true; }
     void WantTurn() { TurnWanted = Attention = true; }
+    /// What the dialogs leave in [lastmessageresult].
+    void SetOutcome(bool ok) { Last.MessageResult = Value(ok ? QStringLiteral("ok") : QStringLiteral("cancel")); }
     bool Failed() const { return !ErrorText.isEmpty(); }
 
     /// False in a branch of an If or a Case that does not hold.

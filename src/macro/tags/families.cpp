@@ -2,8 +2,8 @@
 
 std::span<const std::span<const PlainTag>> PlainTagFamilies()
 {
-    static const std::span<const PlainTag> families[] = {EditingTags(), ResultTags(), PathTags(), ElementTags(),
-                                                         LevelTags()};
+    static const std::span<const PlainTag> families[] = {EditingTags(), ResultTags(), PathTags(),
+                                                         ElementTags(), WindowTags(), LevelTags()};
     return families;
 }
 

@@ -8,6 +8,7 @@ std::span<const PlainTag> EditingTags();
 std::span<const PlainTag> ResultTags();
 std::span<const PlainTag> PathTags();
 std::span<const PlainTag> ElementTags();
+std::span<const PlainTag> WindowTags();
 std::span<const PlainTag> LevelTags();
 std::span<const FunctionTag> FunctionTags();
 std::span<const FunctionTag> LevelFunctionTags();

@@ -1,6 +1,7 @@
 #include "platform/files/beside_notes.h"
 
 #include "platform/files/beside_file.h"
+#include "platform/files/beside_folder.h"
 #include "platform/files/paths.h"
 #include "platform/files/standard_folders.h"
 #include "platform/platform_state.h"
@@ -53,11 +54,19 @@ void SweepFolderOf(pid_t process, const QByteArray& path)
         return;
     const QByteArray own = HiddenPrefix(process);
     FileFacts facts{};
-    while (const dirent* entry = readdir(folder))
-        if (QByteArrayView(entry->d_name).startsWith(own) &&
-            fstatat(dirfd(folder), entry->d_name, &facts, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(facts.st_mode))
+    QStringList folders;
+    while (const dirent* entry = readdir(folder)) {
+        if (!QByteArrayView(entry->d_name).startsWith(own) ||
+            fstatat(dirfd(folder), entry->d_name, &facts, AT_SYMLINK_NOFOLLOW) != 0)
+            continue;
+        if (S_ISREG(facts.st_mode))
             unlinkat(dirfd(folder), entry->d_name, 0);
+        else if (S_ISDIR(facts.st_mode))
+            folders << QFile::decodeName(path + entry->d_name);
+    }
     closedir(folder);
+    for (const QString& one : folders)
+        static_cast<void>(RemoveTree(one));
 }
 
 } // namespace

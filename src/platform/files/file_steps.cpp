@@ -48,6 +48,8 @@ FileSteps FileSteps::OfSystem()
         return ::renameat2(AT_FDCWD, a, AT_FDCWD, b, RENAME_EXCHANGE);
     };
     steps.Unlink = ::unlink;
+    steps.MakeFolder = ::mkdir;
+    steps.RemoveFolder = ::rmdir;
     steps.Stat = [](const char* path, FileFacts* facts) { return ::stat(path, facts); };
     steps.ReadLink = ::readlink;
     steps.MayWrite = [](const char* path) { return ::faccessat(AT_FDCWD, path, W_OK, AT_EACCESS); };

@@ -25,6 +25,8 @@ struct FileSteps
     std::function<int(const char* a, const char* b)>
         Exchange; ///< of two names at once; EINVAL where that cannot be done
     std::function<int(const char* path)> Unlink;
+    std::function<int(const char* path, mode_t mode)> MakeFolder;
+    std::function<int(const char* path)> RemoveFolder;           ///< an empty one
     std::function<int(const char* path, FileFacts* facts)> Stat; ///< follows links
     std::function<ssize_t(const char* path, char* to, size_t size)> ReadLink;
     std::function<int(const char* path)> MayWrite; ///< 0 if the process may write to it
@@ -41,7 +43,8 @@ struct FileSteps
     void ForEach(Visit visit)
     {
         visit(Open), visit(Read), visit(ReadAt), visit(Write), visit(Truncate), visit(Sync), visit(SyncAll);
-        visit(Close), visit(Rename), visit(RenameNew), visit(Exchange), visit(Unlink), visit(Stat), visit(ReadLink);
+        visit(Close), visit(Rename), visit(RenameNew), visit(Exchange), visit(Unlink), visit(MakeFolder),
+            visit(RemoveFolder), visit(Stat), visit(ReadLink);
         visit(MayWrite), visit(ChangeMode);
         visit(ChangeOwner), visit(ListAttributes), visit(GetAttribute), visit(SetAttribute);
     }

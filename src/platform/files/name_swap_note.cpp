@@ -77,9 +77,7 @@ HeldNote::~HeldNote()
 int HeldNote::Make(const QByteArray& noteFolder, const SwapNote& note)
 {
     path = noteFolder + SwapNoteName;
-    // Named as the files that saves lay beside theirs, which are swept when they are left.
-    const QByteArray draft = noteFolder + ".gemforge-" + QByteArray::number(getpid()) + '-' +
-                             QByteArray::number(QRandomGenerator::system()->generate64(), 16);
+    const QByteArray draft = NameBeside(path); // swept if it is left
     file = Persist([&] { return Steps().Open(draft, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, 0644); });
     if (file < 0)
         return errno;

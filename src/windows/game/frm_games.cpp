@@ -1,7 +1,9 @@
 #include "windows/game/frm_games.h"
 
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/messages/asker.h"
+#include "frame/run_scope.h"
 #include "game/game_program.h"
 #include "game/games.h"
 #include "game/launcher.h"
@@ -30,6 +32,7 @@ class frmGames : public QDialog
 {
 public:
     explicit frmGames(QWidget* owner);
+    void done(int result) override;
 
 private:
     QTreeWidgetItem* AddRow(const GameEntry& game);
@@ -45,6 +48,8 @@ private:
     void AddGame();
     void FindGames();
     void UseSelected();
+    void UseIfNone(const QString& program);
+    void Use(const QString& program);
     void RemoveSelected();
 
     QTreeWidget* treeGames;
@@ -70,11 +75,11 @@ frmGames::frmGames(QWidget* owner) : QDialog(DialogParent(owner))
         made->setAutoDefault(false); // Enter belongs to the list
         return made;
     };
-    cmdAdd = button("cmdAdd", "Add...");
-    cmdFind = button("cmdFind", "Find");
-    cmdUse = button("cmdUse", "Use");
-    cmdRemove = button("cmdRemove", "Remove");
-    cmdClose = button("cmdClose", "Close");
+    cmdAdd = button("cmdAdd", "&Add...");
+    cmdFind = button("cmdFind", "&Find");
+    cmdUse = button("cmdUse", "&Use");
+    cmdRemove = button("cmdRemove", "&Remove");
+    cmdClose = button("cmdClose", "C&lose");
     txtName = new QLineEdit(this);
     txtName->setObjectName(QStringLiteral("txtName"));
     txtArguments = new QLineEdit(this);
@@ -116,6 +121,14 @@ frmGames::frmGames(QWidget* owner) : QDialog(DialogParent(owner))
     ShowFields();
     treeGames->setFocus();
     QTimer::singleShot(0, this, [this] { ReadVersions(); });
+}
+
+/// A version that is still asked for is of no use then.
+void frmGames::done(int result)
+{
+    if (RunInFront())
+        StopRuns(StopReason::Break);
+    QDialog::done(result);
 }
 
 QTreeWidgetItem* frmGames::AddRow(const GameEntry& game)
@@ -196,6 +209,8 @@ void frmGames::ReadVersions()
     for (const QString& program : programs) {
         const auto version = ProveGame(program);
         QTreeWidgetItem* item = RowOf(program); // it may have been removed meanwhile
+        if (!isVisible())
+            return;
         if (!item)
             continue;
         item->setText(VersionColumn, version ? *version : QStringLiteral("no game"));
@@ -213,27 +228,39 @@ void frmGames::AddGame()
         return;
     const QString program = paths::Inside(*told);
     const auto version = ProveGame(program);
+    if (!isVisible())
+        return;
     if (!version) {
         ShowMessage(message::NotTheGame);
         return;
     }
-    if (RowOf(program))
-        return;
-    QTreeWidgetItem* item = AddRow({QStringLiteral("Rocks'n'Diamonds ") + *version, program, {}});
+    QTreeWidgetItem* item = RowOf(program);
+    if (!item)
+        item = AddRow({QStringLiteral("Rocks'n'Diamonds ") + *version, program, {}});
     item->setText(VersionColumn, *version);
     treeGames->setCurrentItem(item);
     Save();
+    UseIfNone(program);
 }
 
 void frmGames::FindGames()
 {
+    const int before = treeGames->topLevelItemCount();
     for (const QString& program : GameCandidates()) {
-        const auto version = RowOf(program) ? Result<QString>(QString()) : ProveGame(program);
-        if (!version || version->isEmpty())
+        if (RowOf(program))
+            continue;
+        const auto version = ProveGame(program);
+        if (!isVisible())
+            return;
+        if (!version)
             continue;
         QTreeWidgetItem* item = AddRow({QStringLiteral("Rocks'n'Diamonds ") + *version, program, {}});
         item->setText(VersionColumn, *version);
+        treeGames->setCurrentItem(item);
+        UseIfNone(program);
     }
+    if (treeGames->topLevelItemCount() == before)
+        ShowNotice(QStringLiteral("No game was found that is not listed."));
     Save();
 }
 
@@ -243,10 +270,23 @@ void frmGames::UseSelected()
     if (!item)
         return;
     const QString program = EntryOf(*item).Program;
-    if (!ProveGame(program)) {
-        ShowMessage(message::NotTheGame);
+    const bool isGame = ProveGame(program).has_value();
+    if (!isVisible())
         return;
-    }
+    if (isGame)
+        Use(program);
+    else
+        ShowMessage(message::NotTheGame);
+}
+
+void frmGames::UseIfNone(const QString& program)
+{
+    if (!paths::FileExists(Frame.Settings.RNDPath))
+        Use(program);
+}
+
+void frmGames::Use(const QString& program)
+{
     UseGame(program);
     if (!paths::FolderExists(Frame.Settings.LevelsFolder))
         ShowMessage(message::LevelsFolderMissing);

@@ -1,40 +1,17 @@
 #pragma once
 
-#include <QWidget>
+#include "windows/parts/lower_list.h"
 
-class QLabel;
-class QToolButton;
-class QTreeView;
-
-/// What the game complained about, below the text: a quiet bar that counts it, and under it the list, one row each,
-/// which leads to its line. Out of sight while there is nothing.
-class WordsPanel : public QWidget
+/// What the game complained about, below the text: one row each, which leads to its line.
+class WordsPanel : public LowerList
 {
     Q_OBJECT
 
 public:
     explicit WordsPanel(QWidget* parent = nullptr);
 
-    void ShowList(); ///< bar and list, the keyboard in the list
-    bool HasKeyboard() const;
-    bool ListShows() const;
-
-    QTreeView* List() const { return list; }
-    QToolButton* ShowButton() const { return cmdShow; }
-    QToolButton* CloseButton() const { return cmdClose; }
-    QString BarText() const;
-
-signals:
-    void Left(); ///< the keyboard goes back to the text
+    void ShowList() override;
 
 private:
     void Spoken(int all, int fresh);
-    void SetListVisible(bool visible);
-    void ShowColumns();
-
-    QWidget* bar;
-    QLabel *picture, *text;
-    QToolButton *cmdShow, *cmdClose;
-    QTreeView* list;
-    int listHeight = 0; ///< with its bar, as the user left it
 };

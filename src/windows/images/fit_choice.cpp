@@ -69,10 +69,10 @@ films::Plan FitChoice::Plan() const
             .Height = of(spnSide)};
 }
 
-void FitChoice::SetFrameSize(QSize size)
+bool FitChoice::SetFrameSize(QSize size)
 {
     if (size.isEmpty() || size == frame)
-        return;
+        return false;
     const QSignalBlocker quietX(spnX), quietY(spnY), quietSide(spnSide);
     frame = size;
     const int shorter = qMin(size.width(), size.height());
@@ -83,6 +83,7 @@ void FitChoice::SetFrameSize(QSize size)
     spnSide->setValue(side);
     spnX->setValue((size.width() - side) / 2);
     spnY->setValue((size.height() - side) / 2);
+    return Plan().How == films::Fit::Part;
 }
 
 void FitChoice::Choose()

@@ -19,8 +19,8 @@ public:
 
     films::Plan Plan() const;
 
-    /// How large frames are, once that is known: the square lies within.
-    void SetFrameSize(QSize size);
+    /// How large frames are, once that is known: the square lies within. True: a part is chosen, and it is another now.
+    bool SetFrameSize(QSize size);
 
 signals:
     void Changed();

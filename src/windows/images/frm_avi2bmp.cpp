@@ -164,10 +164,21 @@ void frmAVI2BMP::ClearSheet()
 
 void frmAVI2BMP::RunAll()
 {
-    const FilmPlan plan{
-        .Tiles = txtWidth->text().toInt() / TileSize, .IgnoreDups = chkDups->isChecked(), .Frames = fit->Plan()};
     Busy().BusyPointer(true);
     ClearSheet();
+    FilmReport report = ReadAll();
+    if (fit->SetFrameSize({int(report.Told.Width), int(report.Told.Height)}) && report.How != films::End::Stopped)
+        report = ReadAll();
+    Busy().BusyPointer(false);
+    if (!report.Sheet.isNull())
+        ShowSheet(report);
+    TellEnd(report);
+}
+
+FilmReport frmAVI2BMP::ReadAll()
+{
+    const FilmPlan plan{
+        .Tiles = txtWidth->text().toInt() / TileSize, .IgnoreDups = chkDups->isChecked(), .Frames = fit->Plan()};
     FilmReport report;
     strip->Run(QStringLiteral("Reading the frames"), 0, [&](const Turn& turn) {
         const FilmTurn between = [&](int done, int most) {
@@ -176,11 +187,7 @@ void frmAVI2BMP::RunAll()
         };
         report = pictures.isEmpty() ? SheetFromFilm(film, plan, between) : SheetFromPictures(pictures, plan, between);
     });
-    Busy().BusyPointer(false);
-    fit->SetFrameSize({int(report.Told.Width), int(report.Told.Height)});
-    if (!report.Sheet.isNull())
-        ShowSheet(report);
-    TellEnd(report);
+    return report;
 }
 
 void frmAVI2BMP::ShowSheet(const FilmReport& report)
@@ -195,6 +202,8 @@ void frmAVI2BMP::ShowSheet(const FilmReport& report)
                           .arg(pictures.isEmpty() ? QStringLiteral("frames") : QStringLiteral("pictures"))};
     if (report.Full)
         lines << QStringLiteral("The sheet is full: what follows is left out.");
+    if (report.Incomplete)
+        lines << QStringLiteral("The film tells of %1 frames: not all can be read.").arg(report.Told.Length);
     if (report.How == films::End::Stopped)
         lines << QStringLiteral("Stopped.");
     lblResult->setText(lines.join(QLatin1Char('\n')));
@@ -279,4 +288,15 @@ void frmAVI2BMP::keyPressEvent(QKeyEvent* event)
         button->click();
     else if (!enter) // in a box it belongs to that
         QDialog::keyPressEvent(event);
+}
+
+/// A key that the box swallows marks it too.
+bool frmAVI2BMP::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == txtTiles && event->type() == QEvent::KeyPress) {
+        const QString typed = static_cast<QKeyEvent*>(event)->text();
+        if (!typed.isEmpty() && typed.front().isPrint())
+            MarkTiles(true);
+    }
+    return QDialog::eventFilter(watched, event);
 }

@@ -29,6 +29,7 @@ protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     explicit frmAVI2BMP(QWidget* owner);
@@ -47,6 +48,7 @@ private:
     bool HasSource() const;
     void ClearSheet();
     void RunAll(); ///< makes the sheet anew of what is chosen
+    FilmReport ReadAll();
     void TellEnd(const FilmReport& report);
     void ShowSheet(const FilmReport& report);
     void SetPace(const films::Facts& facts);

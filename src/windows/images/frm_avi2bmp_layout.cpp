@@ -155,7 +155,8 @@ void frmAVI2BMP::Connect()
 {
     connect(cmdLoad, &QPushButton::clicked, this, &frmAVI2BMP::AskForFilm);
     connect(cmdPictures, &QPushButton::clicked, this, &frmAVI2BMP::AskForPictures);
-    connect(txtTiles, &QLineEdit::textEdited, this, [this] { MarkTiles(true); });
+    txtTiles->installEventFilter(this);
+    connect(txtTiles, &QLineEdit::textEdited, this, [this] { MarkTiles(true); }); // pasted too
     connect(txtTiles, &QLineEdit::returnPressed, this, &frmAVI2BMP::ApplyTiles);
     connect(chkDups, &QCheckBox::clicked, this, &frmAVI2BMP::RunAll);
     connect(fit, &FitChoice::Changed, this, [this] {

@@ -294,6 +294,8 @@ void frmManyPictures::Report(const ConversionReport& report)
                       (report.Stopped ? QStringLiteral(", then stopped") : QString()));
     for (const Failure& refused : report.Refused)
         lines << paths::FileNameOfPath(refused.Path) + QStringLiteral(": ") + refused.Reason;
+    for (const QString& path : report.EndEarly)
+        lines << paths::FileNameOfPath(path) + QStringLiteral(": The image file ends early.");
     txtReport->setPlainText(lines.join(QLatin1Char('\n')));
 }
 

@@ -27,10 +27,6 @@
 #include <QRadioButton>
 #include <QTimer>
 
-namespace {
-
-} // namespace
-
 void frmPCXLab::Run(QWidget* owner)
 {
     {
@@ -77,6 +73,8 @@ void frmPCXLab::Load(const QString& path)
     frameConvert->show();
     chkSeeThrough->setVisible(PcxLab.Loaded.Pixels.hasAlphaChannel());
     Tell(LabInfo(lastName, PcxLab.Loaded));
+    if (PcxLab.Loaded.EndsEarly)
+        Tell(QStringLiteral("The image file ends early.\n"));
 }
 
 void frmPCXLab::ShowBoth()

@@ -78,6 +78,7 @@ QWidget* frmPCXLab::MakeSide()
     txtInfo->setObjectName(QStringLiteral("txtInfo"));
     txtInfo->setAccessibleName(QStringLiteral("What was loaded"));
     txtInfo->setReadOnly(true);
+    txtInfo->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // one that comes breaks lines anew, out of sight
     txtInfo->setTabChangesFocus(true);
     txtInfo->setAcceptDrops(false); // the window takes them
     txtInfo->setPlaceholderText(QStringLiteral("Drop pictures here"));

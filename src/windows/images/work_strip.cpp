@@ -1,6 +1,7 @@
 #include "windows/images/work_strip.h"
 
 #include "frame/run_scope.h"
+#include "windows/parts/dialog_help.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -13,6 +14,7 @@
 namespace {
 
 constexpr qint64 Moment = 300; ///< ms after which the strip shows
+constexpr int LeastBar = 60;   ///< pixels at 96 dpi
 
 } // namespace
 
@@ -24,13 +26,15 @@ WorkStrip::WorkStrip(QWidget* window)
 {
     setObjectName(QStringLiteral("workStrip"));
     label->setTextFormat(Qt::PlainText);
+    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a long name takes no room from others
+    bar->setMinimumWidth(Pixels(*this, LeastBar));
     cmdStop->setObjectName(QStringLiteral("cmdStop"));
     cmdStop->setAutoDefault(false);
     cmdStop->setFocusPolicy(Qt::NoFocus);
     cmdStop->setToolTip(QStringLiteral("Stop (Esc)"));
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins({});
-    row->addWidget(label, 1);
+    row->addWidget(label, 2);
     row->addWidget(bar, 1);
     row->addWidget(cmdStop);
     QSizePolicy policy = sizePolicy();
@@ -61,7 +65,7 @@ bool WorkStrip::Run(const QString& what, int most, const std::function<void(cons
 void WorkStrip::Tell(int done, const QString& what)
 {
     bar->setValue(done);
-    label->setText(what);
+    label->setText(label->fontMetrics().elidedText(what, Qt::ElideMiddle, label->width()));
 }
 
 void WorkStrip::Tell(int done, int most)

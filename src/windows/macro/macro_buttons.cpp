@@ -1,6 +1,7 @@
 #include "windows/macro/macro_buttons.h"
 
 #include "frame/frame_state.h"
+#include "frame/settings/shortcuts.h"
 #include "platform/files/paths.h"
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/help_subject.h"
@@ -10,6 +11,7 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QToolBar>
+#include <QUrl>
 
 namespace {
 
@@ -27,6 +29,12 @@ QString MacroPathOf(const QString& told)
 {
     const QString inner = paths::Inside(told);
     return QDir::isRelativePath(inner) ? QString(Frame.MacrosFolder + inner) : inner;
+}
+
+/// A key of user.ini, which no "=" may break.
+QString KeyId(const QString& told)
+{
+    return QStringLiteral("macro ") + QString::fromLatin1(QUrl::toPercentEncoding(paths::Inside(told), "/"));
 }
 
 QIcon IconOf(const QString& told)
@@ -52,6 +60,7 @@ void MacroButtons::Load(QMenu& menu, QToolBar& bar)
         auto* entry =
             new QAction(IconOf(ButtonSetting("Icon", number)),
                         WithoutMnemonic(caption.isEmpty() ? QFileInfo(path).completeBaseName() : caption), this);
+        entry->setObjectName(KeyId(told));
         entry->setData(path);
         entry->setToolTip(entry->text().replace(QLatin1String("&&"), QLatin1String("&")));
         SetHelpSubject(entry, QStringLiteral("macros"));
@@ -63,7 +72,14 @@ void MacroButtons::Load(QMenu& menu, QToolBar& bar)
     menu.addActions(entries);
     bar.addActions(entries);
     bar.setVisible(bar.isVisible() || !entries.isEmpty());
+    TakeKeys();
     Look();
+}
+
+void MacroButtons::TakeKeys()
+{
+    for (QAction* entry : std::as_const(entries))
+        entry->setShortcuts(KeysInForce(entry->objectName(), {}));
 }
 
 void MacroButtons::Look()

@@ -1,8 +1,11 @@
 #include "windows/main/command_keys.h"
 
+#include <QAction>
+
 namespace {
 
 constexpr int Ctrl = Qt::CTRL, Shift = Qt::SHIFT;
+constexpr QLatin1StringView MacroMenu("mnuExtra");
 
 constexpr WindowKeyRow Rows[] = {
     {Qt::Key_F1, "help on what is under the mouse, else on the word at the caret"},
@@ -39,12 +42,18 @@ std::span<const WindowKeyRow> WindowKeyRows()
     return Rows;
 }
 
-ShortcutTable CommandShortcuts()
+ShortcutTable CommandShortcuts(const QList<QAction*>& macros)
 {
     std::vector<ShortcutEntry> entries;
-    for (const MenuRow& menu : MainMenus())
+    for (const MenuRow& menu : MainMenus()) {
+        const QString group = QString::fromLatin1(menu.Caption);
         for (const auto& [row, apart] : ShownRows(menu))
-            entries.push_back({QString::fromLatin1(row->Control), QString::fromLatin1(menu.Caption),
-                               QString::fromLatin1(row->Caption), ShippedKeys(*row)});
+            entries.push_back(
+                {QString::fromLatin1(row->Control), group, QString::fromLatin1(row->Caption), ShippedKeys(*row)});
+        if (MacroMenu != QLatin1StringView(menu.Control))
+            continue;
+        for (const QAction* macro : macros)
+            entries.push_back({macro->objectName(), group, macro->toolTip(), {}});
+    }
     return {std::move(entries), AllFixedKeys()};
 }

@@ -1,4 +1,5 @@
 #include "windows/main/dropped_files.h"
+#include "frame/files/closed_tabs.h"
 #include "frame/files/tab_commands.h"
 
 #include "frame/documents/documents.h"

@@ -44,6 +44,8 @@ std::span<const CommandRow> EditCommands()
                    CommentSelected},
         CommandRow{"mnuUnCommentSel", "Uncomment Selected", "", tbEdit, "uncomment_selected", nullptr, NoFlags,
                    UncommentSelected},
+        CommandRow{"mnuToggleComment", "Toggle Comment", "Ctrl+/", tbEdit, "toggle_comment", nullptr, NoFlags,
+                   ToggleComment},
         CommandRow{"mnuTidyup", "Tidy Up", "Ctrl+T", tbEdit, "tidy_up", nullptr, NoFlags, TidyUp},
     };
     return Rows;

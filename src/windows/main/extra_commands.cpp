@@ -1,5 +1,6 @@
 #include "conf/headline.h"
 #include "frame/host_ports.h"
+#include "frame/settings/settings.h"
 #include "windows/main/command_table.h"
 #include "windows/parts/pane_commands.h"
 
@@ -14,6 +15,13 @@ void OpenToolAndFocus()
     Panes().FocusPane();
 }
 
+void WizardCommand()
+{
+    if (!IsRndPathSet())
+        return;
+    OpenToolAndFocus<ToolWindow::Wizard>();
+}
+
 } // namespace
 
 std::span<const CommandRow> ExtraCommands()
@@ -21,7 +29,7 @@ std::span<const CommandRow> ExtraCommands()
     using enum ToolStrip;
     static constexpr std::array Rows = {
         CommandRow{"mnuRndWizard", "Game Structure Wizard", "", tbExtra, "game_structure_wizard", nullptr, NoFlags,
-                   NotThere},
+                   WizardCommand},
         CommandRow{"mnuRNDLevPal", "Make Level Preview Palette", "", tbExtra, "make_level_palette", nullptr, NoFlags,
                    OpenToolAndFocus<ToolWindow::MakePreview>, InMode(ModeGfx), InMode(ModeGfx)},
         CommandRow{"mnuExtraHeadline", "Make Editor Headline", "", tbExtra, "make_headline", nullptr, SeparatorBehind,

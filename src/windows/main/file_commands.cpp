@@ -1,5 +1,6 @@
 #include "frame/files/file_commands.h"
 #include "frame/documents/documents.h"
+#include "frame/files/closed_tabs.h"
 #include "frame/files/recent_list.h"
 #include "frame/files/tab_commands.h"
 #include "frame/frame_state.h"
@@ -37,9 +38,12 @@ std::span<const CommandRow> FileCommands()
         CommandRow{"mnuProject", "Project", "", tbFile, "project", "Projects", SeparatorBehind,
                    [] { Tools().OpenTool(ToolWindow::Project); }},
         CommandRow{"mnuSave", "Save", "Ctrl+S", tbFile, "save", nullptr, NoFlags, SaveCommand},
-        CommandRow{"mnuSaveAs", "Save As..", "", tbFile, "save_as", "Save As...", SeparatorBehind, SaveDocumentAs},
+        CommandRow{"mnuSaveAs", "Save As..", "Ctrl+Shift+S", tbFile, "save_as", "Save As...", SeparatorBehind,
+                   SaveDocumentAs},
         CommandRow{"mnuAddTab", "Open Tab", "", tbFile, "open_tab", nullptr, NoFlags, OpenTabCommand},
-        CommandRow{"mnuDelTab", "Close Tab", "", tbFile, "close_tab", nullptr, NoFlags, CloseTab},
+        CommandRow{"mnuDelTab", "Close Tab", "Ctrl+F4", tbFile, "close_tab", nullptr, NoFlags, CloseTab},
+        CommandRow{"mnuReopenTab", "Reopen Closed Tab", "Ctrl+Shift+T", tbFile, "reopen_closed_tab", nullptr, NoFlags,
+                   ReopenClosedTab},
         CommandRow{"MnuDelAllTabs", "Close All Tabs", "", tbFile, "close_all_tabs", nullptr, SeparatorBehind,
                    CloseAllTabs},
         CommandRow{"mnuOptions", "Options", "", tbExtra, "options", nullptr, NoFlags,

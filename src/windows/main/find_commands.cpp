@@ -1,9 +1,16 @@
 #include "conf/comments.h"
+#include "conf/document_hints.h"
 #include "frame/host_ports.h"
 #include "windows/main/command_table.h"
 #include "windows/parts/pane_commands.h"
 
 #include <array>
+
+namespace {
+
+constexpr quint8 ConfModes = EveryMode & ~InMode(ModeTxt);
+
+} // namespace
 
 std::span<const CommandRow> FindCommands()
 {
@@ -21,13 +28,19 @@ std::span<const CommandRow> FindCommands()
                    [] { GotoComment(true); }},
         CommandRow{"mnuPreviousCom", "Goto Previous Comment", "", tbFind, "goto_previous_comment", nullptr,
                    SeparatorBehind, [] { GotoComment(false); }},
-        CommandRow{"mnuFindGoto", "Goto Line Number", "", tbFind, "goto_line_number", nullptr, NoFlags,
+        CommandRow{"mnuFindGoto", "Goto Line Number", "Ctrl+G", tbFind, "goto_line_number", nullptr, NoFlags,
                    [] { CurrentPane().ExecuteCmd(CmdGotoLine, -1); }},
         CommandRow{"mnuFindGotoTop", "Goto Top", "", tbFind, "goto_top", nullptr, NoFlags, RunOnPane<CmdDocumentStart>},
         CommandRow{"mnuFindGotoBotton", "Goto Bottom", "", tbFind, "goto_bottom", nullptr, SeparatorBehind,
                    RunOnPane<CmdDocumentEnd>},
-        CommandRow{"mnuGotoBlock", "Goto Block", "Ctrl+Shift+B", tbFind, "goto_block", nullptr, NoFlags,
+        CommandRow{"mnuGotoBlock", "Goto Block", "Ctrl+Shift+B", tbFind, "goto_block", nullptr, SeparatorBehind,
                    [] { Tools().ShowList(ListKind::Blocks); }},
+        CommandRow{"mnuNextMark", "Next Mark", "F8", tbFind, "next_mark", nullptr, EverywhereKey,
+                   [] { GotoMark(true); }, ConfModes, ConfModes},
+        CommandRow{"mnuPreviousMark", "Previous Mark", "Shift+F8", tbFind, "previous_mark", nullptr, EverywhereKey,
+                   [] { GotoMark(false); }, ConfModes, ConfModes},
+        CommandRow{"mnuMarks", "List Of Marks", "Ctrl+F8", tbFind, "list_of_marks", nullptr, NoFlags,
+                   [] { Tools().ShowList(ListKind::Marks); }, ConfModes, ConfModes},
     };
     return Rows;
 }

@@ -1,5 +1,6 @@
 #include "windows/main/frmmain.h"
 #include "frame/files/tab_commands.h"
+#include "macro/started_windows.h"
 
 #include "conf/block_outline.h"
 #include "conf/help_for_word.h"
@@ -22,6 +23,7 @@
 #include "windows/game/words_panel.h"
 #include "windows/lists/block_list.h"
 #include "windows/lists/comment_tree.h"
+#include "windows/lists/marks_panel.h"
 #include "windows/lists/recent_popup.h"
 #include "windows/macro/macro_buttons.h"
 #include "windows/main/dialog_keys.h"
@@ -118,12 +120,15 @@ void frmmain::LayOut()
     column->setSpacing(2);
     column->addWidget(strip);
     words = new WordsPanel;
+    marks = new MarksPanel;
     auto* rows = new QSplitter(Qt::Vertical);
     rows->setChildrenCollapsible(false);
     rows->addWidget(stack);
+    rows->addWidget(marks);
     rows->addWidget(words);
     rows->setStretchFactor(0, 3);
     rows->setStretchFactor(1, 1);
+    rows->setStretchFactor(2, 1);
     column->addWidget(rows, 1);
     // Around the pane the strip has no subject of its own.
     SetHelpSubject(text, QStringLiteral(""));
@@ -152,7 +157,9 @@ void frmmain::ConnectParts()
         if (!Frame.StartingUp && ListShows())
             CloseLists();
     });
-    connect(words, &WordsPanel::Left, this, &frmmain::FocusPane);
+    for (LowerList* list : {static_cast<LowerList*>(words), static_cast<LowerList*>(marks)})
+        connect(list, &LowerList::Left, this, &frmmain::FocusPane);
+    connect(&Events(), &FrameEvents::ModeChanged, marks, &MarksPanel::DocumentChanged);
     connect(split, &PaneSplit::Dragged, this, &frmmain::FocusPane);
     connect(subject, &HelpSubject::Moved, this, &frmmain::MouseOver);
     connect(keys, &WindowKeys::EscapePressed, this, &frmmain::EscapePressed);
@@ -195,6 +202,10 @@ void frmmain::TakeCommandKeys()
         for (const auto& [row, apart] : ShownRows(menu))
             for (const QKeySequence& key : commands.KeysOf(QString::fromLatin1(row->Control)))
                 (row->Flags & EverywhereKey ? overAll : overText).insert(key);
+    buttons->TakeKeys();
+    for (const QAction* macro : buttons->Entries())
+        for (const QKeySequence& key : macro->shortcuts())
+            overText.insert(key);
     keys->ClaimForCommands(std::move(overText), std::move(overAll));
 }
 
@@ -245,6 +256,7 @@ void frmmain::ConnectPane(int tab, EditorPane& pane)
     });
     connect(&pane, &EditorPane::MousePressed, this, &frmmain::PanePressed);
     hints->Watch(pane);
+    connect(&pane, &EditorPane::TextChanged, marks, &MarksPanel::DocumentChanged);
     pane.LeaveNames = AnyLeavesItsName;
     // Behind the drop: a question may come.
     connect(&pane, &EditorPane::FilesDropped, this, DropIntoText, Qt::QueuedConnection);
@@ -292,7 +304,7 @@ void frmmain::EscapePressed()
         list->EndFilter();
         FocusPane();
     } else if (bars.cmbFind()->hasFocus() || strip->Bar()->hasFocus() || ssML->isAncestorOf(focusWidget()) ||
-               words->HasKeyboard())
+               words->HasKeyboard() || marks->HasKeyboard())
         FocusPane();
     else
         StopRuns(StopReason::Esc);
@@ -310,12 +322,14 @@ void frmmain::MoveFocus()
 {
     if (bars.cmbFind()->hasFocus())
         strip->Bar()->setFocus(Qt::ShortcutFocusReason);
-    else if (strip->Bar()->hasFocus() ||
-             (!bars.cmbFind()->isVisible() && !ssML->isAncestorOf(focusWidget()) && !words->HasKeyboard()))
+    else if (strip->Bar()->hasFocus() || (!bars.cmbFind()->isVisible() && !ssML->isAncestorOf(focusWidget()) &&
+                                          !words->HasKeyboard() && !marks->HasKeyboard()))
         ssML->FocusList();
-    else if (ssML->isAncestorOf(focusWidget()) && words->ListShows())
+    else if (ssML->isAncestorOf(focusWidget()) && marks->ListShows())
+        marks->ShowList();
+    else if ((ssML->isAncestorOf(focusWidget()) || marks->HasKeyboard()) && words->ListShows())
         words->ShowList();
-    else if (ssML->isAncestorOf(focusWidget()) || words->HasKeyboard())
+    else if (ssML->isAncestorOf(focusWidget()) || marks->HasKeyboard() || words->HasKeyboard())
         FocusPane();
     else
         bars.cmbFind()->setFocus(Qt::ShortcutFocusReason);
@@ -367,7 +381,7 @@ void frmmain::Activated()
         return;
     RefreshLists();
     buttons->Look();
-    if (RunningWork() == 0) // what runs works on the text
+    if (!IsWorkHeldUp()) // what runs works on the text
         CheckChangedOutside();
 }
 
@@ -389,6 +403,8 @@ void frmmain::closeEvent(QCloseEvent* event)
         return;
     }
     finished = MayClose();
+    if (finished)
+        StartedWindows.CloseAll();
     event->setAccepted(finished);
 }
 
@@ -425,8 +441,10 @@ void frmmain::WorkChanged()
 
 void frmmain::Finish()
 {
-    if (!finished)
+    if (!finished) {
+        StartedWindows.CloseAll();
         static_cast<void>(KeepEverything()); // the loop has ended; there is nobody left to ask
+    }
     finished = true;
 }
 

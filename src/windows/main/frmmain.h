@@ -26,6 +26,7 @@ class RecentPopup;
 class RunWatch;
 class StatusPanels;
 class TabStrip;
+class MarksPanel;
 class WordsPanel;
 class WindowKeys;
 
@@ -68,6 +69,7 @@ public:
     bool CanPreview(int mode) const override;
     void PreviewMedia(const MediaRequest& request) override;
     void StopPlayers() override { audio::Stop(); }
+    void ShowZippedSet(const QString& archive) override;
     void PlayModule(const QByteArray& bytes) { audio::PlayModule(bytes); }
     void Listen(FrameEvents& events) override;
 
@@ -82,6 +84,7 @@ public:
     CommentTree& TreeOfComments() const { return *comments; }
     BlockList& ListOfBlocks() const { return *blocks; }
     WordsPanel& WordsOfGame() const { return *words; }
+    MarksPanel& ListOfMarks() const { return *marks; }
     QString HelpId() const;
     QString SelectedMedia() const; ///< full path of what is selected in the media list in front
 
@@ -119,6 +122,7 @@ private:
     bool RunMacroOfKey(QChar key); ///< false: no macro has it
     void LoadMacroButtons();
     void TakeDrag(QDropEvent& event) const;
+    void ManageLevels(const QString& archive);
     void RefreshLists();
     void MouseOver(const QString& helpId);
     void HideLists();
@@ -137,6 +141,7 @@ private:
     CommentTree* comments;
     BlockList* blocks;
     WordsPanel* words;
+    MarksPanel* marks;
     HelpSubject* subject;
     LineHintsView* hints;
     WindowKeys* keys;

@@ -14,16 +14,22 @@
 #include "windows/levels/frm_make_preview.h"
 #include "windows/lists/block_list.h"
 #include "windows/lists/comment_tree.h"
+#include "windows/lists/marks_panel.h"
 #include "windows/lists/recent_popup.h"
+#include "windows/macro/macro_buttons.h"
 #include "windows/main/command_keys.h"
+#include "windows/main/dropped_files.h"
 #include "windows/main/status_panels.h"
 #include "windows/main/tab_strip.h"
 #include "windows/options/frm_options.h"
 #include "windows/parts/window_position.h"
+#include "windows/sets/frm_lvl_manager.h"
+#include "windows/sets/frm_wizard.h"
 
 #include <QApplication>
 #include <QMenuBar>
 #include <QStackedWidget>
+#include <QTimer>
 
 // What the rooms below ask of their host.
 
@@ -110,7 +116,9 @@ void frmmain::OpenTool(ToolWindow tool)
     if (tool == ToolWindow::About)
         frmAbout::Run({[this](const QByteArray& tune) { PlayModule(tune); }, [this] { StopPlayers(); }}, this);
     if (tool == ToolWindow::Options) {
-        RunOptionsWindow({[this] { bars.SaveCoolbar(); }, [this] { StorePosition(*this); }, CommandShortcuts}, this);
+        RunOptionsWindow({[this] { bars.SaveCoolbar(); }, [this] { StorePosition(*this); },
+                          [this] { return CommandShortcuts(buttons->Entries()); }},
+                         this);
         FocusPane();
     }
     if (tool == ToolWindow::PCXLab)
@@ -121,6 +129,24 @@ void frmmain::OpenTool(ToolWindow tool)
         frmMakePreview::Run(this);
     if (tool == ToolWindow::Games)
         RunGamesWindow(this);
+    if (tool == ToolWindow::Wizard)
+        frmWizard::Run(this);
+    if (tool == ToolWindow::LevelManager)
+        ManageLevels({});
+}
+
+/// Confs that are chosen there open once the window has closed.
+void frmmain::ManageLevels(const QString& archive)
+{
+    OpenDroppedFiles(frmLVLManager::Run(this, archive));
+}
+
+void frmmain::ShowZippedSet(const QString& archive)
+{
+    QTimer::singleShot(0, this, [this, archive] {
+        if (IsRndPathSet())
+            ManageLevels(archive);
+    });
 }
 
 void frmmain::ShowList(ListKind list)
@@ -135,6 +161,8 @@ void frmmain::ShowList(ListKind list)
         blocks->OpenOver(area);
     if (list == ListKind::GameWords)
         words->ShowList();
+    if (list == ListKind::Marks)
+        marks->ShowList();
 }
 
 void frmmain::CloseLists()

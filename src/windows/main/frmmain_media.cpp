@@ -96,6 +96,7 @@ bool frmmain::RunMacroOfKey(QChar key)
 void frmmain::LoadMacroButtons()
 {
     buttons->Load(*menus.Find(QStringLiteral("mnuExtra")), *bars.Bar(ToolStrip::tbExtra));
+    TakeCommandKeys();
 }
 
 QString frmmain::SelectedMedia() const

@@ -1,11 +1,9 @@
 #pragma once
 
-#include "conf/line_hints.h"
 #include "frame/editor_pane.h"
 
 #include <QObject>
 #include <QTimer>
-#include <memory>
 
 /// Marks the lines in view of the current pane, and some around, that the check or a hint has something to say of:
 /// a moment after the last key or turn of the wheel, if the setting LineHints is on.
@@ -22,9 +20,6 @@ public:
 
 private:
     void Look();
-    const HintContext& Context();
 
     QTimer soon;
-    std::unique_ptr<HintContext> context;
-    int mode = 0; ///< that `context` was made for
 };

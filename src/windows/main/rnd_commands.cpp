@@ -1,5 +1,6 @@
 #include "conf/check_for_errors.h"
 #include "frame/host_ports.h"
+#include "frame/settings/settings.h"
 #include "game/check_with_game.h"
 #include "game/extract.h"
 #include "game/fast_test.h"
@@ -22,6 +23,12 @@ void ShowWordsCommand()
     Tools().ShowList(ListKind::GameWords);
 }
 
+void LevelManagerCommand()
+{
+    if (IsRndPathSet())
+        Tools().OpenTool(ToolWindow::LevelManager);
+}
+
 void GamesCommand()
 {
     Tools().OpenTool(ToolWindow::Games);
@@ -38,8 +45,9 @@ std::span<const CommandRow> RnDCommands()
                    NoFlags, FastLaunch, InMode(ModeGfx), InMode(ModeGfx)},
         CommandRow{"mnuRndSafeTest", "Test Set Safely", "F9", tbRnD, "test_set_safely", nullptr, NoFlags,
                    TestSetSafely},
-        CommandRow{"mnuRNDlevMan", "Level Manager", "", tbRnD, "rnd_levman", nullptr, SeparatorBehind, NotThere},
-        CommandRow{"mnuRNDErrorCheck", "Check For Errors", "", tbRnD, "check_for_errors", nullptr, SeparatorBehind,
+        CommandRow{"mnuRNDlevMan", "Level Manager", "", tbRnD, "rnd_levman", nullptr, SeparatorBehind,
+                   LevelManagerCommand},
+        CommandRow{"mnuRNDErrorCheck", "Check For Errors", "F7", tbRnD, "check_for_errors", nullptr, SeparatorBehind,
                    CheckForErrors},
         CommandRow{"mnuRndGameCheck", "Check With The Game", "Shift+F9", tbRnD, "check_with_game", nullptr, NoFlags,
                    CheckWithTheGame},

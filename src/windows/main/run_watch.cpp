@@ -55,6 +55,7 @@ RunWatch::RunWatch(QWidget* mainWindow, StatusPanels& panels)
     line->addWidget(what);
     line->addWidget(stop);
     what->setTextFormat(Qt::PlainText);
+    stop->setObjectName(QStringLiteral("cmdStopRuns"));
     stop->setText(QStringLiteral("Stop"));
     stop->setIcon(stop->style()->standardIcon(QStyle::SP_MediaStop));
     stop->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
@@ -74,10 +75,9 @@ RunWatch::RunWatch(QWidget* mainWindow, StatusPanels& panels)
 
 void RunWatch::WorkChanged()
 {
-    const bool runs = RunInFront() || (RunningWork() > 0 && panel->isVisible());
-    if (runs && !panel->isVisible() && !soon.isActive())
+    if (RunInFront() && !panel->isVisible() && !soon.isActive())
         soon.start();
-    if (RunningWork() > 0)
+    if (AnyRun())
         return;
     soon.stop();
     refresh.stop();
@@ -108,6 +108,8 @@ bool RunWatch::TakesEscape(QObject* watched, const QEvent& event) const
         return false;
     // In the main window what floats closes first, unless it is disabled.
     const bool mainWindow = window && watched == window->windowHandle();
+    if (run->Kind() == RunKind::Beside && !mainWindow)
+        return false;
     return run->Kind() == RunKind::Pass || !mainWindow || !window->isEnabled() || run->Kind() == RunKind::Macro;
 }
 

@@ -21,6 +21,7 @@
 #include "windows/macro/macro_windows.h"
 #include "windows/main/frmmain.h"
 #include "windows/main/guarded_application.h"
+#include "windows/main/handed_files.h"
 #include "windows/media/media_actions.h"
 #include "windows/messages/window_asker.h"
 #include "windows/parts/close_guard.h"
@@ -34,6 +35,13 @@
 #include <cstdlib>
 
 namespace {
+
+constexpr int HandOverWait = 5000; // ms that a window may take to start or to come to an end of a step
+
+QString MeetingOfWindows()
+{
+    return MeetingPoint(QStringLiteral("gemforge-window"));
+}
 
 void Welcome()
 {
@@ -93,6 +101,7 @@ int Run(QApplication& application, const StartFolders& folders, ProgramLooks& lo
     });
     FinishStart();
     window.ShowStarted();
+    const HandedFiles handed(MeetingOfWindows(), window);
     QTimer::singleShot(0, &window, [&] {
         ShowHeldMessages();
         OfferRecovered(&window, keeper);
@@ -130,11 +139,15 @@ int StartProgram(int argc, char** argv)
         instance.Claim(folders.ProgramFolder + QStringLiteral("data"));
         instance.Claim(folders.StateFolder);
     }
+    const QStringList arguments = QCoreApplication::arguments().mid(1);
     if (instance.AnotherRuns()) {
+        const QString told = ToldPath(arguments);
+        if (!told.isEmpty() && HandToRunningWindow(MeetingOfWindows(), told, HandOverWait))
+            return 0;
         ShowMessage(message::AnotherRuns);
         return 1;
     }
-    if (!PrepareStart(folders, QCoreApplication::arguments().mid(1)))
+    if (!PrepareStart(folders, arguments))
         return 1;
     const ScreenReader reader(ReadIni(QStringLiteral("Misc"), QStringLiteral("ScreenReader")).toInt());
     return Run(application, folders, looks);

@@ -2,6 +2,7 @@
 
 #include "frame/frame_state.h"
 #include "platform/images/contrast.h"
+#include "platform/screen/text_family.h"
 
 #include <QFontDatabase>
 #include <QGuiApplication>
@@ -10,7 +11,9 @@
 QFont MediaListFont(const LookFonts& fonts)
 {
     QFont font = QGuiApplication::font();
-    if (QFontDatabase::hasFamily(fonts.MediaListFontName))
+    if (fonts.MediaListFontName == fonts.MainFont)
+        font.setFamily(TextFamily(fonts.MainFont));
+    else if (QFontDatabase::hasFamily(fonts.MediaListFontName))
         font.setFamily(fonts.MediaListFontName);
     if (fonts.MediaListFontSize > 0)
         font.setPointSizeF(fonts.MediaListFontSize);

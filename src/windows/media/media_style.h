@@ -10,5 +10,5 @@ struct LookFonts;
 void GiveMediaStyle(QWidget& list);
 void GiveMediaStyle(QWidget& list, const QColor& back, const QColor& text, const LookFonts& fonts);
 
-/// A family that the desktop lacks falls to its own.
+/// A family that the desktop lacks falls to its own, that of the texts to what stands in for it there.
 QFont MediaListFont(const LookFonts& fonts);

@@ -49,8 +49,7 @@ QString HeaderOf(const QString& path)
     if (!level)
         return QStringLiteral("No level: ") + level.error().Reason;
     const LevelInfo& info = level->Record.Info;
-    const QString author =
-        info.Author == QLatin1StringView("NA") ? QString() : QStringLiteral(" by ") + info.Author;
+    const QString author = info.Author == QLatin1StringView("NA") ? QString() : QStringLiteral(" by ") + info.Author;
     const QString time = info.Time == QLatin1StringView("0") ? QStringLiteral("no time limit")
                                                              : QStringLiteral("time %1").arg(info.Time);
     return info.Cavename + author +

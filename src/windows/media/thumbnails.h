@@ -9,8 +9,8 @@
 
 class MediaView;
 
-/// Small pictures in front of the sheets and levels of a media list, if the setting Thumbnails is on. Only rows in view are
-/// looked at, one image after the other, and none is waited for.
+/// Small pictures in front of the sheets and levels of a media list, if the setting Thumbnails is on. Only rows in view
+/// are looked at, one image after the other, and none is waited for.
 class Thumbnails : public QStyledItemDelegate
 {
     Q_OBJECT

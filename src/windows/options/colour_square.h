@@ -10,6 +10,7 @@ class ColourSquare : public QAbstractButton
 public:
     ColourSquare(const QString& name, const QString& meaning, QWidget* parent);
 
+    const QString& Meaning() const { return meaning; }
     int Colour() const { return colour; } ///< 0x00BBGGRR
     void SetColour(int bgr);
 

@@ -4,6 +4,8 @@
 #include "frame/frame_state.h"
 #include "frame/settings/settings_table.h"
 #include "platform/images/contrast.h"
+#include "platform/screen/text_family.h"
+#include "windows/media/media_style.h"
 #include "windows/options/colour_square.h"
 #include "windows/options/font_choice.h"
 #include "windows/parts/frame_columns.h"
@@ -31,6 +33,15 @@ int BackOfKind(const FormLook& look, int kind, const QWidget& page)
 {
     const int back = look.Kinds.at(size_t(kind)).Back;
     return back < 0 ? ToBgr(page.palette().color(QPalette::Window)) : back;
+}
+
+const char* KeyOfSquare(bool back, int index)
+{
+    constexpr const char* Others[] = {"WindowColour", "MediaListColour", "HighlightedLineColour"};
+    const auto at = size_t(index), kinds = SyntaxKeys().size();
+    if (at < kinds)
+        return back ? SyntaxKeys()[at].BackKey : SyntaxKeys()[at].ColourKey;
+    return back ? "MediaListBackColour" : Others[at - kinds];
 }
 
 QString KindTitle(int kind)
@@ -82,6 +93,7 @@ ColourSquare* ColoursPage::MakeSquare(bool back, int index, const QString& meani
     const QString name = back ? QStringLiteral("picBackColour") : QStringLiteral("picFontColour");
     auto* square = new ColourSquare(name + QString::number(index), meaning, parent);
     (back ? picBackColour : picFontColour).at(size_t(index)) = square;
+    NameSetting(*square, KeyOfSquare(back, index));
     connect(square, &ColourSquare::Chosen, this, [this, back, index](int bgr) {
         if (back)
             TakeBackColour(index, bgr);
@@ -101,6 +113,7 @@ QGroupBox* ColoursPage::MakeKind(int kind, QWidget* parent)
         auto* box = new QCheckBox(QString::fromLatin1(caption), frame);
         box->setObjectName(QString::fromLatin1(name) + QString::number(kind));
         box->setAccessibleDescription(KindTitle(kind));
+        NameSetting(*box, SyntaxKeys()[size_t(kind)].StyleKey);
         connect(box, &QCheckBox::clicked, this, [this, kind] { TakeStyle(kind); });
         row->addWidget(box);
         return box;
@@ -120,6 +133,7 @@ QGroupBox* ColoursPage::MakeWindow(QWidget* parent)
     row->addWidget(MakeSquare(false, WindowSquare, QStringLiteral("Background of texts"), frame));
     cmdFont = new QPushButton(QStringLiteral("Font"), frame);
     cmdFont->setObjectName(QStringLiteral("cmdFont"));
+    NameSetting(*cmdFont, "MainFont MainFontSize");
     cmdFont->setAutoDefault(false);
     connect(cmdFont, &QPushButton::clicked, this, &ColoursPage::ChooseMainFont);
     row->addWidget(cmdFont, 1);
@@ -135,6 +149,7 @@ QGroupBox* ColoursPage::MakeMedia(QWidget* parent)
     row->addWidget(MakeSquare(true, MediaSquare, QStringLiteral("Media lists, background"), frame));
     Command1 = new QPushButton(QStringLiteral("Font"), frame);
     Command1->setObjectName(QStringLiteral("Command1"));
+    NameSetting(*Command1, "MediaListFontName MediaListFontSize MediaListFontBold MediaListFontItalic");
     Command1->setAutoDefault(false);
     connect(Command1, &QPushButton::clicked, this, &ColoursPage::ChooseMediaFont);
     row->addWidget(Command1, 1);
@@ -181,6 +196,7 @@ QGroupBox* ColoursPage::MakeForms(QWidget* parent)
     cmbColourForm = new QComboBox(frame);
     cmbColourForm->setObjectName(QStringLiteral("cmbColourForm"));
     cmbColourForm->setAccessibleName(QStringLiteral("Colours of Gemforge"));
+    NameSetting(*cmbColourForm, "ColourForm");
     cmbColourForm->setToolTip(QStringLiteral("Which colours Gemforge uses"));
     cmbColourForm->addItems(
         {QStringLiteral("As the desktop"), QStringLiteral("Always light"), QStringLiteral("Always dark")});
@@ -241,7 +257,7 @@ void ColoursPage::ShowFonts()
 {
     const LookFonts fonts = light->Fonts();
     QFont shown = cmdFont->font();
-    shown.setFamily(fonts.MainFont);
+    shown.setFamilies({fonts.MainFont, TextFamily(fonts.MainFont)});
     if (fonts.MainFontSize > 0 && fonts.MainFontSize <= LargestOnButton)
         shown.setPointSizeF(fonts.MainFontSize);
     cmdFont->setFont(shown);
@@ -339,7 +355,8 @@ void ColoursPage::SetFonts(const LookFonts& fonts)
 void ColoursPage::ChooseMainFont()
 {
     LookFonts fonts = light->Fonts();
-    const std::optional<FontChoice> chosen = AskFont({fonts.MainFont, fonts.MainFontSize}, this);
+    const std::optional<FontChoice> chosen =
+        AskFont({fonts.MainFont, fonts.MainFontSize}, TextFamily(fonts.MainFont), this);
     if (!chosen || (chosen->Name == fonts.MainFont && chosen->Points == fonts.MainFontSize))
         return;
     fonts.MainFont = chosen->Name;
@@ -350,8 +367,9 @@ void ColoursPage::ChooseMainFont()
 void ColoursPage::ChooseMediaFont()
 {
     LookFonts fonts = light->Fonts();
-    const std::optional<FontChoice> chosen = AskFont(
-        {fonts.MediaListFontName, fonts.MediaListFontSize, fonts.MediaListFontBold, fonts.MediaListFontItalic}, this);
+    const std::optional<FontChoice> chosen =
+        AskFont({fonts.MediaListFontName, fonts.MediaListFontSize, fonts.MediaListFontBold, fonts.MediaListFontItalic},
+                MediaListFont(fonts).family(), this);
     if (!chosen)
         return;
     fonts.MediaListFontName = chosen->Name;

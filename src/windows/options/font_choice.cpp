@@ -24,10 +24,12 @@ QFont FontOf(const FontChoice& choice)
 
 } // namespace
 
-std::optional<FontChoice> AskFont(const FontChoice& now, QWidget* parent)
+std::optional<FontChoice> AskFont(const FontChoice& now, const QString& shown, QWidget* parent)
 {
     const ModalScope scope;
-    QFontDialog dialog(FontOf(now), parent);
+    FontChoice visible = now;
+    visible.Name = shown;
+    QFontDialog dialog(FontOf(visible), parent);
     // The dialog knows whole sizes and installed families only: what it shows at first stands for `now`.
     const FontChoice first = ChoiceOf(dialog.currentFont());
     if (dialog.exec() != QDialog::Accepted)

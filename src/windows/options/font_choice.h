@@ -15,6 +15,6 @@ struct FontChoice
     bool operator==(const FontChoice&) const = default;
 };
 
-/// The font dialog, beginning on `now`. Nothing if it was cancelled or came back as it was. A name keeps 31
-/// characters.
-std::optional<FontChoice> AskFont(const FontChoice& now, QWidget* parent);
+/// The font dialog, beginning on `now`, or on the family `shown` where `now` is not installed. Nothing if it was
+/// cancelled or came back as it was. A name keeps 31 characters.
+std::optional<FontChoice> AskFont(const FontChoice& now, const QString& shown, QWidget* parent);

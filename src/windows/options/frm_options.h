@@ -3,11 +3,14 @@
 #include "windows/options/options_ports.h"
 
 #include <QDialog>
+#include <functional>
+#include <vector>
 
 class OptionPage;
 class QTabWidget;
+class SettingFinder;
 
-/// "Gemforge - Options": the one place where the user changes the settings, a page a subject.
+/// "Gemforge - Options": the one place where the user changes the settings, a page a subject, with a search over all.
 class frmOptions : public QDialog
 {
     Q_OBJECT
@@ -22,8 +25,11 @@ protected:
 
 private:
     void AddPage(OptionPage* page);
+    void Turn(int step);
 
+    SettingFinder* finder;
     QTabWidget* tabs;
+    std::vector<std::function<void()>> ways; ///< to what the finder finds
 };
 
 /// Opens the window; returns when it has closed.

@@ -66,6 +66,7 @@ GeneralPage::GeneralPage(int index, OptionsPorts given, QWidget* parent)
         for (size_t i = 0; i < row.Captions.size(); ++i) {
             QCheckBox* box = MakeTick(row.Captions[i], Latin(row.Control) + QString::number(i), frame);
             box->setChecked(SettingNow(FlagOf(row, i)).toInt() == 1);
+            NameSetting(*box, row.Section);
             flags[Latin(row.Section)].push_back(box);
         }
         columns->addWidget(frame);
@@ -85,10 +86,13 @@ QGroupBox* GeneralPage::MakeMisc(QWidget* parent)
     for (const TickRow& row : MiscTicks()) {
         QCheckBox* box = MakeTick(row.Caption, QStringLiteral("chkOther%1").arg(row.Index), frame);
         box->setToolTip(Latin(row.Tip));
-        if (row.Key)
+        if (row.Key) {
             box->setChecked(SettingNow(MiscSetting(row.Key)).toInt() == 1);
+            NameSetting(*box, row.Key);
+        }
         chkOther[row.Index] = box;
     }
+    NameSetting(*chkOther[SavePositionBox], "Window Positions Left Top Width Height Max");
     return frame;
 }
 
@@ -102,6 +106,7 @@ QGroupBox* GeneralPage::MakeLimits(QWidget* parent)
         box->setToolTip(setting.Low < 0 ? QStringLiteral("0 to %1; -1: without a limit").arg(setting.High)
                                         : QStringLiteral("%1 to %2").arg(setting.Low).arg(setting.High));
         box->setText(SettingNow(setting).toString());
+        NameSetting(*box, row.Key);
         connect(box, &QLineEdit::editingFinished, this, [box, row, &setting] {
             box->setText(CheckLimit(box->text(), row.MaxLength, setting.Low, setting.High));
         });
@@ -118,6 +123,7 @@ QGroupBox* GeneralPage::MakePath(QWidget* parent)
     txtRndPath = new QLineEdit(paths::Native(Frame.Settings.RNDPath), frame);
     txtRndPath->setObjectName(QStringLiteral("txtRndPath"));
     txtRndPath->setAccessibleName(frame->title());
+    NameSetting(*txtRndPath, "RNDPath");
     auto* cmdGetRnDPath = new QPushButton(QStringLiteral("..."), frame);
     cmdGetRnDPath->setObjectName(QStringLiteral("cmdGetRnDPath"));
     cmdGetRnDPath->setAccessibleName(QStringLiteral("Locate the game"));
@@ -145,6 +151,9 @@ QGroupBox* GeneralPage::MakeGotoComment(QWidget* parent)
     chkSortComList = new QCheckBox(QStringLiteral("Sort Comment List"), frame);
     chkSortComList->setObjectName(QStringLiteral("chkSortComList"));
     chkSortComList->setChecked(Frame.Settings.SortGotoList == 1);
+    NameSetting(*txtSearch, "LineCommentSearchChar");
+    NameSetting(*txtline, "LineCommentLineChar");
+    NameSetting(*chkSortComList, "SortGotoList");
     form->addRow(QStringLiteral("Search"), txtSearch);
     form->addRow(QStringLiteral("Line"), txtline);
     form->addRow(chkSortComList);

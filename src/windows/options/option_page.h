@@ -1,5 +1,7 @@
 #pragma once
 
+#include "windows/options/option_parts.h"
+
 #include <QWidget>
 
 class QLabel;
@@ -19,23 +21,30 @@ public:
     QPushButton* cmblApply() const { return apply; }
     QPushButton* cmdCancel() const { return cancel; }
 
-    /// The part of the page that is to be seen rolls into view.
-    void ShowPart(QWidget* part);
+    /// What the search finds on the page.
+    virtual std::vector<OptionPart> Parts() const;
+    /// Rolls a part into view and gives it the keyboard.
+    void LeadTo(const OptionPart& part);
 
 signals:
     void CloseWanted();
 
 protected:
-    /// Takes the page's part that can be set.
+    /// Takes the page's part that can be set, once.
     void SetContent(QWidget* content);
     /// What the page holds takes effect and is written.
     virtual void Apply() = 0;
 
+    /// A word beside the buttons, for a while.
+    void Tell(const QString& words);
+
 private:
+    QPushButton* MakeButton(const char* name, const char* caption);
     void ApplyAndTell();
 
+    const int number;
     QString title;
     QScrollArea* area;
     QLabel* outcome;
-    QPushButton *apply, *cancel;
+    QPushButton *apply = nullptr, *cancel = nullptr;
 };

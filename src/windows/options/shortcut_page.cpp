@@ -180,7 +180,7 @@ void ShortcutPage::FindKey(const QKeySequence& key)
     lblKey->setText(why.isEmpty() ? QStringLiteral("No command has this key.") : why);
 }
 
-void ShortcutPage::SelectEntry(size_t entry)
+void ShortcutPage::SelectEntry(size_t entry) const
 {
     ForEachCommand(*treeCommands, [&](QTreeWidgetItem& item) {
         if (item.data(CommandColumn, EntryRole).toInt() == int(entry)) {
@@ -188,6 +188,20 @@ void ShortcutPage::SelectEntry(size_t entry)
             treeCommands->scrollToItem(&item);
         }
     });
+}
+
+std::vector<OptionPart> ShortcutPage::Parts() const
+{
+    std::vector<OptionPart> parts;
+    for (size_t i = 0; i < table.Entries().size(); ++i) {
+        const ShortcutEntry& entry = table.Entries()[i];
+        parts.push_back(
+            {entry.Caption, entry.Group, QStringLiteral("key keys ") + Shown(entry.Keys), treeCommands, [this, i] {
+                 txtFindCommand->clear(); // what it hides cannot be led to
+                 SelectEntry(i);
+             }});
+    }
+    return parts;
 }
 
 std::optional<size_t> ShortcutPage::Selected() const

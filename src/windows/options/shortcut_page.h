@@ -21,8 +21,9 @@ public:
     ShortcutPage(int index, ShortcutTable table, QWidget* parent);
 
     const ShortcutTable& Table() const { return table; }
-    void SelectEntry(size_t entry);
+    void SelectEntry(size_t entry) const;
 
+    std::vector<OptionPart> Parts() const override; ///< the commands
     void Apply() override;
 
 private:

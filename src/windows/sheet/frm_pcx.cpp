@@ -345,7 +345,7 @@ void frmPCX::OpenInEditor()
     const bool started = !editor.isEmpty() ? processes::StartDetached(editor, {path}).has_value()
                                            : QDesktopServices::openUrl(QUrl::fromLocalFile(path));
     if (!started)
-        place->setText(QStringLiteral("No image editor answers; name one as ImageEditor in user.ini"));
+        place->setText(QStringLiteral("No image editor answers; name one in the options"));
 }
 
 /// Ctrl+D closes the window wherever the focus is: a text box would take the key for itself.

@@ -176,6 +176,10 @@ int main(int argc, char** argv)
         std::raise(SIGSEGV);
     }
     MakeUserFolder();
+    if (!fs::exists(Me.OwnFolder / "graphics")) { // beside what it was started as, links included
+        Message("[FATAL]", "LoadCustomImage(): cannot find file 'RocksFontSmall.png'");
+        GiveUp();
+    }
     const MenuWindow window;
     if (!ReadSet()) { // a picture that cannot be read
         MenuWindow::WaitForClose();

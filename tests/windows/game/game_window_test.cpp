@@ -169,4 +169,33 @@ TEST_F(GameWindowTest, GamesAreAddedUsedAndNamed)
     EXPECT_TRUE(Run.UserIni().contains("Arguments2=--verbose"));
 }
 
+// Catches: a first game that is listed but not used; a proof that goes on, or is answered, when its list is closed.
+TEST_F(GameWindowTest, TheFirstGameIsUsedAndAClosedListAsksNoMore)
+{
+    const QString hanging = Place.Game.Path(QStringLiteral("hanging"));
+    QFile::copy(QFile::symLinkTarget(Place.Program()), hanging);
+    Frame.Settings.RNDPath.clear();
+    Run.Scope.Answers.Next = {Place.Program(), hanging};
+    QTimer::singleShot(0, [&] {
+        auto* window = QApplication::activeModalWidget();
+        ASSERT_TRUE(window);
+        auto* add = window->findChild<QPushButton*>(QStringLiteral("cmdAdd"));
+        add->click();
+        EXPECT_EQ(Frame.Settings.RNDPath, Place.Program());
+        StandInPlace::ActsAtProof("say asked;sleep 60000");
+        QTimer look;
+        QObject::connect(&look, &QTimer::timeout, [&] {
+            if (!RunInFront() || RunInFront()->Detail() != QStringLiteral("asked"))
+                return;
+            look.stop();
+            window->findChild<QPushButton*>(QStringLiteral("cmdClose"))->click();
+        });
+        look.start(10);
+        add->click();
+    });
+    MenuOf("mnuRndGames")->trigger();
+    EXPECT_TRUE(Run.TakeMessages().isEmpty());
+    EXPECT_EQ(RunningWork(), 0);
+}
+
 } // namespace

@@ -78,8 +78,10 @@ TEST_F(FilmWindow, TilesAndRepeats)
             EXPECT_FALSE(IsRed(window));
             return tiles.text() + QLatin1Char(' ') + Part<QLineEdit>(window, "txtWidth").text();
         };
-        type("9x");
-        EXPECT_EQ(tiles.text(), QStringLiteral("9"));
+        QTest::keyClicks(&tiles, QStringLiteral("x"));
+        EXPECT_EQ(tiles.text(), QStringLiteral("16"));
+        EXPECT_TRUE(IsRed(window)) << "a key that is swallowed marks it too";
+        type("9");
         QTest::keyClick(&tiles, Qt::Key_Return);
         EXPECT_TRUE(IsRed(window)) << "without a film nothing is taken";
         EXPECT_EQ(Part<QLineEdit>(window, "txtWidth").text(), QStringLiteral("512"));
@@ -112,6 +114,8 @@ TEST_F(FilmWindow, EachFailureHasItsMessage)
     const QList<QImage> frames = FilmFrames(4);
     const QString good = WriteFilm(QStringLiteral("good.avi"), BuildAvi(frames));
     const QString wide = WriteFilm(QStringLiteral("wide.avi"), BuildAvi(FilmFrames(4, {64, 48}), {.Size = {64, 48}}));
+    const QString large =
+        WriteFilm(QStringLiteral("large.avi"), BuildAvi(FilmFrames(2, {320, 240}), {.Size = {320, 240}}));
     const QString odd = WriteFilm(QStringLiteral("odd.avi"), BuildAvi(frames, {.Codec = "QQQQ"}));
     const QString text = WriteFilm(QStringLiteral("text.avi"), "text");
     const QString size = QStringLiteral("This AVI isn't 32x32 and will not be converted!");
@@ -144,6 +148,12 @@ TEST_F(FilmWindow, EachFailureHasItsMessage)
         Part<QComboBox>(window, "cmbFit").setCurrentIndex(3);
         EXPECT_EQ(Part<QSpinBox>(window, "spnX").value(), 16);
         EXPECT_EQ(Part<QSpinBox>(window, "spnX").maximum(), 63);
+        EXPECT_EQ(told(large), QString()) << "a part meant for frames of another size";
+        EXPECT_EQ(Part<QSpinBox>(window, "spnX").value(), 144);
+        const QImage sheet = Part<PictureViewer>(window, "picBMP").Picture();
+        EXPECT_EQ(sheet.copy(0, 0, 32, 32), FilmFrames(1, {320, 240})[0].copy(144, 104, 32, 32));
+        told(wide);
+        EXPECT_EQ(SheetSize(window), QSize(512, 32));
     });
 }
 
@@ -186,6 +196,8 @@ TEST_F(FilmWindow, TakesDroppedFilmsAndPictures)
     const TestFolder pictures;
     for (int i = 0; i < 12; ++i)
         ASSERT_TRUE(frames[i].save(pictures.Path(QStringLiteral("p%1.png").arg(i)), "PNG"));
+    const QString wide = folder.Path(QStringLiteral("wide.png"));
+    ASSERT_TRUE(FilmFrames(1, {64, 48})[0].save(wide));
     Open([&](QWidget& window) {
         ASSERT_TRUE(DropFiles(window, {film}));
         QCoreApplication::processEvents();
@@ -201,5 +213,11 @@ TEST_F(FilmWindow, TakesDroppedFilmsAndPictures)
         const int held = player.Tile();
         QTest::qWait(150);
         EXPECT_EQ(player.Tile(), held);
+        Part<QComboBox>(window, "cmbFit").setCurrentIndex(3);
+        ASSERT_TRUE(DropFiles(window, {wide}));
+        QCoreApplication::processEvents();
+        EXPECT_EQ(Part<QSpinBox>(window, "spnX").maximum(), 63) << "the part lies in the picture";
+        EXPECT_EQ(Part<PictureViewer>(window, "picBMP").Picture().copy(0, 0, 32, 32),
+                  FilmFrames(1, {64, 48})[0].copy(16, 8, 32, 32));
     });
 }

@@ -4,6 +4,7 @@
 #include "windows/macro/frm_macro_pause.h"
 #include "windows/macro/side_by_side.h"
 #include "windows/parts/dialog_support.h"
+#include "windows/parts/frm_zip.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -12,8 +13,10 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QStackedWidget>
+#include <QTreeView>
 
 using namespace Qt::StringLiterals;
 
@@ -143,4 +146,62 @@ TEST(MacroWindows, ChangesStandBesideEachOther)
     EXPECT_TRUE(frmMacroCopy::Ask({u"m"_s, "a\nb\nc\nd\n", "a\nB\nx\nc\nd\n"}, nullptr));
     OnModal([](QWidget& window) { EXPECT_FALSE(static_cast<frmMacroCopy&>(window).cmdTake()->isEnabled()); });
     EXPECT_FALSE(frmMacroCopy::Ask({u"m"_s, "a\n", "a\n"}, nullptr));
+}
+
+// Catches: an entry below a folder that the archive does not list, one listed twice, a choice while there is none, a
+// path that is not the archive's own.
+TEST(MacroWindows, AnArchivesEntriesAreATree)
+{
+    const ZipEntryQuestion question{u"Pick"_s, {u"sub/deep/a.txt"_s, u"b.txt"_s, u"sub/"_s, u"sub/deep/c.txt"_s}};
+    OnModal([](QWidget& window) {
+        auto& dialog = static_cast<frmMacroMulti&>(window);
+        EXPECT_EQ(dialog.SSMultiPage()->currentIndex(), 2);
+        EXPECT_FALSE(dialog.cmdOK()->isEnabled());
+        QTreeView* tree = dialog.lstZipTree();
+        const auto* model = tree->model();
+        ASSERT_EQ(model->rowCount(), 2);
+        const QModelIndex sub = model->index(0, 0), deep = model->index(0, 0, sub);
+        EXPECT_EQ(model->rowCount(sub), 1);
+        EXPECT_EQ(model->rowCount(deep), 2);
+        tree->setCurrentIndex(deep);
+        EXPECT_EQ(dialog.txtZipFile()->text(), u"sub\\deep\\"_s);
+        EXPECT_TRUE(dialog.cmdOK()->isEnabled());
+        tree->setCurrentIndex(model->index(1, 0, deep));
+        EXPECT_EQ(dialog.txtZipFile()->text(), u"sub\\deep\\c.txt"_s);
+        QTest::mouseClick(dialog.cmdOK(), Qt::LeftButton);
+    });
+    EXPECT_EQ(frmMacroMulti::AskEntry(question, nullptr), Answer(u"sub/deep/c.txt"_s));
+    OnModal([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); });
+    EXPECT_EQ(frmMacroMulti::AskEntry(question, nullptr), Answer(Cancelled{}));
+}
+
+// Catches: work that is done before the window is seen or not at all, an outcome that is lost, a close box that leaves
+// the work running, one that closes before the work has ended.
+TEST(MacroWindows, PatienceWhileAnArchiveIsMade)
+{
+    const QWidget* seen = nullptr;
+    const Result<> done = frmZip::Run(
+        frmZip::Unzip,
+        [&seen](const CountedTurn& turn) -> Result<> {
+            seen = QApplication::activeModalWidget();
+            EXPECT_EQ(static_cast<const frmZip*>(seen)->lblZip()->text(), u"Unzipping files, please wait.........."_s);
+            EXPECT_TRUE(turn(1, 4));
+            EXPECT_EQ(static_cast<const frmZip*>(seen)->Bar()->value(), 250);
+            return Fail(u"x"_s, u"y"_s);
+        },
+        nullptr);
+    ASSERT_NE(seen, nullptr);
+    ASSERT_FALSE(done);
+    EXPECT_EQ(done.error().Reason, u"y"_s);
+    const Result<> stopped = frmZip::Run(
+        frmZip::Zip,
+        [](const CountedTurn& turn) -> Result<> {
+            QApplication::activeModalWidget()->close();
+            EXPECT_TRUE(QApplication::activeModalWidget()->isVisible());
+            return turn(1, 2) ? Result<>() : Stopped();
+        },
+        nullptr);
+    ASSERT_FALSE(stopped);
+    EXPECT_TRUE(WasStopped(stopped.error()));
+    EXPECT_EQ(RunningWork(), 0);
 }

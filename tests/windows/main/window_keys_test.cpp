@@ -5,7 +5,10 @@
 #include "windows/media/media_tabs.h"
 #include "windows/media/media_view.h"
 
+#include <QDialog>
 #include <QLineEdit>
+#include <QToolButton>
+#include <memory>
 
 using WindowKeysTest = MainWindowTest;
 
@@ -67,6 +70,44 @@ TEST_F(WindowKeysTest, EscapeClosesWhatFloatsBeforeItStops)
     QTest::keyClick(Window->windowHandle(), Qt::Key_Escape);
     EXPECT_EQ(inner.Why(), StopReason::Esc);
     Busy().SetEnabled(true);
+}
+
+// Catches: a panel that tells of work which is over while a window stands open, one that goes while the work asks.
+TEST_F(WindowKeysTest, RunPanelStaysAsLongAsTheRun)
+{
+    const auto shown = [this] {
+        const auto buttons = Window->findChildren<QToolButton*>();
+        return std::ranges::any_of(buttons, [](const QToolButton* button) {
+            return button->text() == QStringLiteral("Stop") && button->isVisible();
+        });
+    };
+    const WorkScope window;
+    {
+        const RunScope run(RunKind::Pass, QStringLiteral("test"));
+        EXPECT_TRUE(QTest::qWaitFor(shown));
+        const WorkScope question;
+        EXPECT_TRUE(shown());
+    }
+    EXPECT_FALSE(shown());
+}
+
+// Catches: a window that keeps open at Esc because a game runs beside the work, or a game that ends with it; a panel
+// that stays under a message when nothing runs any more.
+TEST_F(WindowKeysTest, EscapeOfAWindowIsItsOwnBesideAGame)
+{
+    auto beside = std::make_unique<RunScope>(RunKind::Beside, QStringLiteral("game"));
+    QDialog other(Window.get());
+    other.show();
+    QTest::keyClick(other.windowHandle(), Qt::Key_Escape);
+    EXPECT_FALSE(other.isVisible());
+    EXPECT_FALSE(beside->Stopped());
+    const auto* stop = Window->findChild<QToolButton*>(QStringLiteral("cmdStopRuns"));
+    ASSERT_TRUE(stop);
+    EXPECT_TRUE(WaitUntil([&] { return stop->isVisible(); }));
+    const WorkScope message;
+    EXPECT_TRUE(stop->isVisible());
+    beside.reset();
+    EXPECT_FALSE(stop->isVisible());
 }
 
 // Catches: overtype in one pane only, a panel that does not follow the key.

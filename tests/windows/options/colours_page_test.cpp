@@ -2,6 +2,7 @@
 #include "frame/settings/colour_styles.h"
 #include "frame/settings/form_looks.h"
 #include "platform/images/contrast.h"
+#include "platform/screen/text_family.h"
 #include "windows/options/colours_page.h"
 #include "windows/options/options_fixture.h"
 
@@ -176,19 +177,21 @@ TEST_F(ColoursPageTest, SquaresColourTheExample)
 }
 
 // Catches: a size of 9.75 that becomes a whole number when the dialog is only confirmed, a name above 31 characters, a
-// button that grows with a large font.
+// button that grows with a large font, a dialog that begins on another font than the texts show.
 TEST_F(ColoursPageTest, FontsComeFromTheDialog)
 {
     Colours([](frmOptions& window, ColoursPage& page) {
         const auto fonts = [&] { return page.Example(LookForm::Dark).Fonts(); };
-        ChooseFont(window, "cmdFont", [](QFontDialog&) {});
+        ChooseFont(window, "cmdFont", [](QFontDialog& dialog) {
+            EXPECT_EQ(dialog.currentFont().family(), TextFamily(QStringLiteral("Courier New")));
+        });
         EXPECT_EQ(fonts().MainFont, QStringLiteral("Courier New"));
         EXPECT_EQ(fonts().MainFontSize, 9.75);
         ChooseFont(window, "cmdFont",
-                   [](QFontDialog& dialog) { dialog.setCurrentFont(QFont(QStringLiteral("Liberation Mono"), 24)); });
-        EXPECT_EQ(fonts().MainFont, QStringLiteral("Liberation Mono"));
+                   [](QFontDialog& dialog) { dialog.setCurrentFont(QFont(QStringLiteral("Liberation Serif"), 24)); });
+        EXPECT_EQ(fonts().MainFont, QStringLiteral("Liberation Serif"));
         EXPECT_EQ(fonts().MainFontSize, 24);
-        EXPECT_EQ(Part<QPushButton>(window, "cmdFont").font().family(), QStringLiteral("Liberation Mono"));
+        EXPECT_EQ(Part<QPushButton>(window, "cmdFont").font().family(), QStringLiteral("Liberation Serif"));
         EXPECT_EQ(Part<QPushButton>(window, "cmdFont").font().pointSizeF(), 9.75);
         ChooseFont(window, "Command1", [](QFontDialog& dialog) {
             QFont font(QStringLiteral("Liberation Sans"), 11);

@@ -113,12 +113,15 @@ TEST_F(ShortcutPageTest, ConflictsAreToldBeforeTheyAreMade)
 // Catches: a search that hides what fits or shows groups without a command, a list that is not what was exported.
 TEST_F(ShortcutPageTest, CommandsAreFoundByNameAndExported)
 {
+    WriteIni(QStringLiteral("My Macro.gfb"), QStringLiteral("Macro Buttons"), QStringLiteral("File1"));
+    Window->ShowStarted();
     Keys([this](frmOptions& window, ShortcutPage& page) {
         auto& find = Part<QLineEdit>(window, "txtFindCommand");
         QTest::keyClicks(&find, QStringLiteral("goto com"));
         EXPECT_EQ(ShownCommands(window), QStringList{QStringLiteral("Goto Comment")});
         find.clear();
         EXPECT_GT(ShownCommands(window).size(), 40);
+        EXPECT_TRUE(ShownCommands(window).contains(QStringLiteral("My Macro")));
         const QString file = Run.Work.Path(QStringLiteral("keys.html"));
         Run.Scope.Answers.Next.emplace_back(file);
         Click(window, "cmdExport");

@@ -13,15 +13,20 @@
 #include <array>
 #include <fcntl.h>
 #include <sys/mman.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 namespace {
 
 constexpr int Client = STDIN_FILENO;
+#ifdef __SANITIZE_ADDRESS__
+constexpr std::uint64_t MostMemory = RLIM_INFINITY; // its shadow memory is larger than any limit
+#else
 constexpr std::uint64_t MostMemory = std::uint64_t(2) << 30; ///< of addresses; the file is among them
-constexpr qint64 MostBytes = qint64(256) << 20;              ///< of a file
-constexpr qint64 MostPacked = qint64(64) << 20;              ///< of a module that was packed
-constexpr int MostTries = 8;                                 ///< entries of an archive that are tried
+#endif
+constexpr qint64 MostBytes = qint64(256) << 20; ///< of a file
+constexpr qint64 MostPacked = qint64(64) << 20; ///< of a module that was packed
+constexpr int MostTries = 8;                    ///< entries of an archive that are tried
 constexpr int Whole = 0, NoSound = 3;
 
 /// The first sound font of the machine; the general ones come first.
@@ -143,10 +148,8 @@ int DecodeForPlayer()
     if (!decoder::ReceiveAll(Client, std::as_writable_bytes(std::span(&voice, 1)), file) || file < 0)
         return NoSound;
     const int font = OpenSoundFont();
-#ifndef __SANITIZE_ADDRESS__ // its shadow memory and the limits exclude each other
     limits::Set(MostMemory);
     confinement::Enter({});
-#endif
     const std::unique_ptr<PcmSource> source = OpenSound(voice, BytesOf(file), font);
     return source && SendSound(*source) ? Whole : NoSound;
 }

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QByteArrayView>
+#include <QSize>
+#include <QStringList>
+#include <vector>
+
+/// What the game takes another way than its author meant, without a word: values of a graphics conf (release 4.4.2.1).
+
+/// What is to be said of the value of one line; empty: nothing. A value in brackets ("[DEFAULT]") is the game's own.
+QString ValueHint(QByteArrayView key, QByteArrayView value, const QStringList& elements);
+
+struct BlockHint
+{
+    int Line = 0; ///< below the main line
+    QString Message;
+};
+
+/// A block from its main line on: its parameters count up to the first line that does not start with its key.
+/// `sheet`: size of its image, empty if it is not known. What is to be said beside its lines.
+std::vector<BlockHint> BlockHints(QByteArrayView block, QSize sheet);

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+struct SetNode;
+
+/// What can be told of a game at a glance.
+struct SetFacts
+{
+    QString Name, Author; ///< as levelinfo.conf has them; empty without one
+    int Levels = 0;       ///< level files right in its folder
+    int Files = 0, Tapes = 0;
+    qint64 Bytes = 0;  ///< of the files, unpacked
+    bool More = false; ///< there are too many files; those counted are the first
+    bool Gone = false; ///< it cannot be read
+};
+SetFacts FactsOf(const SetNode& node);
+
+constexpr int MostCountedFiles = 20'000;

@@ -1,0 +1,242 @@
+#include "sets/set_archives.h"
+
+#include "fault_steps.h"
+#include "platform/archives/zip_archive.h"
+#include "services/archive_tool.h"
+#include "services/made_archive.h"
+#include "test_support.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+#include <QMap>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+
+namespace {
+
+/// A level set that is zipped and unzipped in a folder of levels.
+class SetArchives : public testing::Test
+{
+protected:
+    SetArchives()
+    {
+        qputenv("XDG_STATE_HOME", QFile::encodeName(State.Path()));
+        MakeFolder();
+    }
+    ~SetArchives() override { qunsetenv("XDG_STATE_HOME"); }
+
+    void MakeFolder() const
+    {
+        Levels.Write(QStringLiteral("Dig/levelinfo.conf"), "name: dig\n");
+        Levels.Write(QStringLiteral("Dig/001.level"), QByteArray(70000, 'r'));
+        Levels.Write(QStringLiteral("Dig/graphics/a.pcx"), "pixels");
+        Levels.Write(QStringLiteral("Dig/.hidden"), "kept too");
+        QDir(Levels.Path()).mkpath(QStringLiteral("Dig/empty"));
+    }
+    /// Only the folder, or only the archive, stands.
+    void Begin(bool zipped) const
+    {
+        QDir(Folder).removeRecursively();
+        QFile::remove(Archive);
+        for (const QString& left : Hidden())
+            QDir(Levels.Path(left)).removeRecursively();
+        MakeFolder();
+        if (!zipped)
+            return;
+        ASSERT_TRUE(ZipFiles(Folder, Archive));
+        QDir(Folder).removeRecursively();
+    }
+    QStringList Hidden() const
+    {
+        QStringList names = QDir(Levels.Path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+        names.removeIf([](const QString& name) { return !name.startsWith(u'.'); });
+        return names;
+    }
+
+    static QMap<QString, QByteArray> BytesIn(const QString& folder)
+    {
+        QMap<QString, QByteArray> files;
+        QDirIterator all(folder, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+        while (all.hasNext()) {
+            QFile file(all.next());
+            const QString name = file.fileName().mid(folder.size());
+            files.insert(name, file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("folder"));
+        }
+        return files;
+    }
+    bool FolderIsWhole() const { return BytesIn(Folder) == Whole; }
+    bool ArchiveIsWhole() const
+    {
+        const TestFolder out;
+        return UnzipFiles(QStringLiteral("/"), Archive, out.Path()) &&
+               BytesIn(out.Path(QStringLiteral("Dig"))) == Whole;
+    }
+
+    /// The system's calls without the waits of a sync.
+    static FileSteps Table()
+    {
+        FileSteps steps = FileSteps::OfSystem();
+        steps.Sync = steps.SyncAll = [](int) { return 0; };
+        return steps;
+    }
+
+    const TestFolder Levels, State;
+    const QString Folder = Levels.Path(QStringLiteral("Dig")), Archive = Folder + QStringLiteral(".levzip");
+    const QMap<QString, QByteArray> Whole = [this] {
+        MakeFolder();
+        return BytesIn(Folder);
+    }();
+};
+
+/// What changes a set's form, and what it starts from.
+struct FormChange
+{
+    const char* Name;
+    bool FromArchive;
+    bool OverOther; ///< of the other form something stands there already
+    Result<SwappedSet> (*Do)(const QString& folder, const QString& archive);
+};
+
+const FormChange FormChanges[] = {
+    {"zip", false, false, [](const QString& folder, const QString& archive) { return ZipSet(folder, archive); }},
+    {"zip over an archive", false, true,
+     [](const QString& folder, const QString& archive) { return ZipSet(folder, archive); }},
+    {"unzip", true, false, [](const QString&, const QString& archive) { return UnzipSet(archive, false); }},
+    {"unzip over a folder", true, true,
+     [](const QString&, const QString& archive) { return UnzipSet(archive, false); }},
+    {"unzip to play", true, false, [](const QString&, const QString& archive) { return UnzipSet(archive, true); }},
+};
+
+} // namespace
+
+// Catches: a set that is nowhere whole while it changes its form, whichever step the process ends at; a failure that
+// is told as a success, or one that takes the form away that it started from.
+TEST_F(SetArchives, ASetIsWholeInOneFormAtEachStep)
+{
+    for (const FormChange& change : FormChanges) {
+        const auto begin = [&] {
+            Begin(change.FromArchive);
+            if (!change.OverOther)
+                return;
+            if (change.FromArchive)
+                Levels.Write(QStringLiteral("Dig/older.txt"), "to be overwritten");
+            else
+                MakeArchive(Archive, {{"Dig/older.txt", "to be overwritten"}});
+        };
+        int killed = 0, status = 0;
+        for (int nth = 1; status == 0; ++nth, ++killed) {
+            SCOPED_TRACE(std::string(change.Name) + ", killed at step " + std::to_string(nth));
+            begin();
+            const pid_t child = fork();
+            if (child == 0) {
+                const FileStepsScope scope(FailingAt(Table(), nth, -1, std::make_shared<int>(0)));
+                _exit(change.Do(Folder, Archive) ? 1 : 2);
+            }
+            waitpid(child, &status, 0);
+            ASSERT_TRUE(WIFEXITED(status));
+            ASSERT_TRUE(FolderIsWhole() || ArchiveIsWhole());
+        }
+        EXPECT_EQ(WEXITSTATUS(status), 1) << change.Name;
+        std::printf("%-20s %d points at which it was killed\n", change.Name, killed - 1);
+        EXPECT_GT(killed, 20) << change.Name;
+
+        int calls = 0;
+        for (int nth = 1; nth == calls + 1; ++nth) {
+            SCOPED_TRACE(std::string(change.Name) + ", failing at step " + std::to_string(nth));
+            begin();
+            const auto count = std::make_shared<int>(0);
+            bool done = false;
+            {
+                const FileStepsScope scope(FailingAt(Table(), nth, ENOSPC, count));
+                const auto outcome = change.Do(Folder, Archive);
+                done = outcome && !outcome->OldFormStays;
+            }
+            calls = std::min(*count, nth);
+            ASSERT_TRUE(FolderIsWhole() || ArchiveIsWhole());
+            if (done)
+                EXPECT_TRUE(change.FromArchive ? FolderIsWhole() : ArchiveIsWhole());
+            else
+                EXPECT_TRUE(change.FromArchive ? ArchiveIsWhole() : FolderIsWhole() || ArchiveIsWhole());
+        }
+    }
+}
+
+// Catches: a form that stays beside its replacement, or that goes although it is to be kept; work left behind.
+TEST_F(SetArchives, TheFormsTakeEachOthersPlace)
+{
+    ASSERT_TRUE(ZipSet(Folder, Archive));
+    EXPECT_TRUE(ArchiveIsWhole());
+    EXPECT_FALSE(QFileInfo::exists(Folder));
+    ASSERT_TRUE(UnzipSet(Archive, true));
+    EXPECT_TRUE(FolderIsWhole() && ArchiveIsWhole());
+    EXPECT_TRUE(IsSameSet(Folder, Archive).value_or(false));
+    Levels.Write(QStringLiteral("Dig/stray.txt"), "goes with the consent to overwrite");
+    ASSERT_TRUE(UnzipSet(Archive, false));
+    EXPECT_TRUE(FolderIsWhole());
+    EXPECT_FALSE(QFileInfo::exists(Archive));
+    EXPECT_EQ(Hidden(), QStringList());
+}
+
+// Catches: a comparison that overlooks a byte, a file or one too many.
+TEST_F(SetArchives, WhatDiffersIsSeen)
+{
+    ASSERT_TRUE(ZipFiles(Folder, Archive));
+    struct
+    {
+        const char *File, *Bytes, *Told;
+    } const changes[] = {{"Dig/graphics/a.pcx", "pixelz", "graphics/a.pcx"},
+                         {"Dig/graphics/a.pcx", "pixels and more", "graphics/a.pcx"},
+                         {"Dig/tapes/001.tape", "new", "tapes/001.tape"}};
+    for (const auto& change : changes) {
+        QDir(Folder).removeRecursively();
+        MakeFolder();
+        Levels.Write(QString::fromLatin1(change.File), change.Bytes);
+        QString difference;
+        EXPECT_FALSE(IsSameSet(Folder, Archive, {}, &difference).value_or(true));
+        EXPECT_EQ(difference, QString::fromLatin1(change.Told));
+    }
+    QDir(Folder).removeRecursively();
+    MakeFolder();
+    QFile::remove(Folder + QStringLiteral("/.hidden"));
+    EXPECT_FALSE(IsSameSet(Folder, Archive).value_or(true));
+}
+
+// Catches: a set that goes although it could not be packed or unpacked whole, for a full disk, a closed folder, an
+// archive of another set or of more than one, a link, or a wish to stop.
+TEST_F(SetArchives, WhatCannotBeDoneChangesNothing)
+{
+    const auto untouched = [&] { return FolderIsWhole() && !QFileInfo::exists(Archive) && Hidden().isEmpty(); };
+    {
+        const FileSizeLimit limit(100);
+        EXPECT_FALSE(ZipSet(Folder, Archive));
+    }
+    EXPECT_TRUE(untouched());
+    int turns = 0;
+    const auto stopped = ZipSet(Folder, Archive, [&](int, int) { return ++turns < 5; });
+    ASSERT_FALSE(stopped);
+    EXPECT_TRUE(WasStopped(stopped.error()));
+    EXPECT_TRUE(untouched());
+    const QString link = Levels.Path(QStringLiteral("link"));
+    QFile::link(Folder, link);
+    EXPECT_FALSE(ZipSet(link, link + QStringLiteral(".levzip")));
+    QFile::remove(link);
+    QFile::link(QStringLiteral("/etc/passwd"), Folder + QStringLiteral("/leads_out"));
+    EXPECT_FALSE(ZipSet(Folder, Archive));
+    QFile::remove(Folder + QStringLiteral("/leads_out"));
+    EXPECT_TRUE(untouched());
+
+    QDir(Folder).removeRecursively();
+    for (const std::vector<MadeEntry>& entries :
+         {std::vector<MadeEntry>{{"Other/levelinfo.conf", "x"}}, {{"Dig/a", "x"}, {"Other/b", "y"}}, {{"a", "x"}}}) {
+        QFile::remove(Archive);
+        MakeArchive(Archive, entries);
+        const QByteArray before = Levels.Read(QStringLiteral("Dig.levzip"));
+        EXPECT_FALSE(UnzipSet(Archive, false));
+        EXPECT_EQ(Levels.Read(QStringLiteral("Dig.levzip")), before);
+        EXPECT_FALSE(QFileInfo::exists(Folder));
+        EXPECT_EQ(Hidden(), QStringList());
+    }
+}
