@@ -109,3 +109,17 @@ TEST_F(LevelShowTest, QuickFilesAndRefusals)
     RegistryStore store(MacroWindows.RegistryFile);
     EXPECT_FALSE(TakeViewRequest(store));
 }
+
+// Catches: a level or its working files left open for the next macro, a clipboard that ends with its run, a box or a
+// frequency that does not.
+TEST_F(LevelShowTest, ARunLeavesItsClipboardAlone)
+{
+    const QString made = Run({u"levload new"_s, u"levpoke 7 2 1"_s, u"setpoint 1 1 3 2"_s, u"levcopy"_s,
+                              u"levreplacefreq 0"_s, u"print [lastboxx2]"_s});
+    EXPECT_EQ(made, u"3"_s);
+    EXPECT_EQ(Level.CurrentLevelPath, QString());
+    EXPECT_FALSE(Level.Folder);
+    EXPECT_EQ(Run({u"print [levclipwidth] [levclipheight] [lastboxx2]"_s, u"levload new"_s, u"levpaste 64 32"_s,
+                   u"levpaste 62 32"_s, u"levreplace 7 9"_s, u"print [lvp:63:32]"_s, u"levclear"_s}),
+              u"3209"_s);
+}
