@@ -37,6 +37,7 @@ MapglassWindow::MapglassWindow(QWidget* parent) : QMainWindow(parent)
 
 void MapglassWindow::OpenLevel(const QString& told)
 {
+    statusBar()->clearMessage();
     path = QFileInfo(told).absoluteFilePath();
     Result<LevelFile> read = ReadLevelFile(path);
     level = read ? std::move(*read) : LevelFile();
@@ -110,7 +111,7 @@ void MapglassWindow::TakePalettes()
     painter = MapPainter(palette.value_or(QImage()));
     strip->Levels().SetPainter(painter);
     if (!palette)
-        statusBar()->showMessage(palette.error().Text().replace(u'^', u' '));
+        Tell(palette.error().Text().replace(u'^', u' '));
 }
 
 void MapglassWindow::ChoosePalette()
@@ -125,7 +126,7 @@ void MapglassWindow::ChoosePalette()
     if (palette)
         UsePalette(*palette);
     else
-        statusBar()->showMessage(palette.error().Text().replace(u'^', u' '));
+        Tell(palette.error().Text().replace(u'^', u' '));
 }
 
 void MapglassWindow::MakeSetPalette()
@@ -135,7 +136,7 @@ void MapglassWindow::MakeSetPalette()
         Result<SetPalette> made = PaletteOfSet(folder, false);
         QApplication::restoreOverrideCursor();
         if (!made) {
-            statusBar()->showMessage(made.error().Text().replace(u'^', u' '));
+            Tell(made.error().Text().replace(u'^', u' '));
             return;
         }
         setPalette = std::move(*made);
@@ -155,6 +156,13 @@ void MapglassWindow::UsePalette(const QImage& palette)
 }
 
 // What the window tells
+
+/// For a moment: the line belongs to the cell under the mouse.
+void MapglassWindow::Tell(const QString& text)
+{
+    constexpr int Moment = 8000; // ms
+    statusBar()->showMessage(text, Moment);
+}
 
 void MapglassWindow::TellCell(int x, int y)
 {

@@ -55,6 +55,7 @@ private:
     void ChoosePalette();
     void MakeSetPalette();
     void UsePalette(const QImage& palette);
+    void Tell(const QString& text);
     void TellCell(int x, int y);
     void TellZoom();
     void TellBox();
