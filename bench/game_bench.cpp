@@ -130,7 +130,7 @@ void ShowManyWords(benchmark::State& state)
     panel.resize(800, 300);
     panel.show();
     for (auto _ : state) {
-        ShowGameWords(printed, folder.path() + QLatin1Char('/'));
+        ShowGameWords(FindingsOf(printed), folder.path() + QLatin1Char('/'));
         panel.ShowList();
         QCoreApplication::processEvents();
     }

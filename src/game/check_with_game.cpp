@@ -24,8 +24,9 @@ public:
 
     bool operator()(QByteArrayView printed)
     {
-        if (HasGivenUp(printed, marks))
+        if (HasGivenUp(printed.sliced(seen), marks))
             return true;
+        seen = printed.lastIndexOf('\n') + 1;
         if (!inMenu.isValid() && set.IsInMenu())
             inMenu.start();
         return inMenu.isValid() && inMenu.elapsed() >= AfterMenu;
@@ -34,6 +35,7 @@ public:
 private:
     const PreparedSet& set;
     GameMarks marks;
+    qsizetype seen = 0; ///< whole lines of what was printed
     QElapsedTimer inMenu;
 };
 

@@ -5,7 +5,6 @@
 #include "platform/files/ini_file.h"
 #include "text/encoding.h"
 
-#include <QSet>
 #include <algorithm>
 
 namespace {
@@ -82,88 +81,11 @@ QString CleanPath(QString path)
     return path.replace(QLatin1String("/./"), QLatin1String("/"));
 }
 
-class FindingReader
+/// The path has a place of its own.
+QString Without(QString line, const QString& word)
 {
-public:
-    void Take(GameSeverity severity, const QString& line)
-    {
-        const LineForm* form = FormOf(line);
-        if (!form || form->What >= Adds::LoneKey)
-            EndBlock();
-        if (!form) {
-            Add({severity, {}, {}, {}, line});
-            return;
-        }
-        const QString word = WordOf(line, *form);
-        switch (form->What) {
-        case Adds::Nothing:
-            break;
-        case Adds::Block:
-            EndBlock();
-            block.Severity = severity;
-            break;
-        case Adds::File:
-            block.File = CleanPath(word);
-            break;
-        case Adds::Key:
-            block.Key = word;
-            break;
-        case Adds::Picture:
-            block.Picture = CleanPath(word);
-            break;
-        case Adds::Wrong:
-            block.Text = line.mid(qsizetype(qstrlen(form->Before)));
-            break;
-        case Adds::UnknownKey:
-            Add({severity, word, block.File, {}, QStringLiteral("unknown key")});
-            break;
-        case Adds::NoValue:
-            Add({severity, word, block.File, {}, QStringLiteral("no value behind the key")});
-            break;
-        case Adds::LoneKey:
-            Add({severity, word, {}, {}, line});
-            break;
-        case Adds::LoneFile:
-            Add({severity, {}, CleanPath(word), {}, Without(line, word)});
-            break;
-        case Adds::LonePicture:
-            Add({severity, {}, {}, word, line});
-            break;
-        }
-    }
-
-    std::vector<GameFinding> Taken()
-    {
-        EndBlock();
-        return std::move(all);
-    }
-
-private:
-    /// The path has a place of its own.
-    static QString Without(QString line, const QString& word)
-    {
-        return line.remove(QLatin1String(" '") + word + u'\'');
-    }
-
-    void EndBlock()
-    {
-        if (!block.Text.isEmpty())
-            Add(std::exchange(block, {}));
-    }
-
-    void Add(GameFinding finding)
-    {
-        const QString place = finding.File + u'\0' + finding.Key + u'\0' + finding.Picture + u'\0' + finding.Text;
-        if (seen.contains(place))
-            return;
-        seen.insert(place);
-        all.push_back(std::move(finding));
-    }
-
-    std::vector<GameFinding> all;
-    QSet<QString> seen;
-    GameFinding block;
-};
+    return line.remove(QLatin1String(" '") + word + u'\'');
+}
 
 /// The mark that a line begins with; a blank follows it.
 const QByteArray* MarkOf(QByteArrayView line, const GameMarks& marks)
@@ -212,13 +134,105 @@ bool IsGameMessage(QByteArrayView line, const GameMarks& marks)
     return MarkOf(line, marks) != nullptr;
 }
 
+FindingReader::FindingReader(GameMarks gameMarks) : marks(std::move(gameMarks)) {}
+
+bool FindingReader::Read(QByteArrayView printed, qsizetype most)
+{
+    const qsizetype lines = printed.lastIndexOf('\n') + 1;
+    qsizetype until = lines;
+    if (most < lines - read)
+        until = printed.indexOf('\n', read + most) + 1;
+    ReadPiece(printed.first(until).sliced(read));
+    read = until;
+    return read == lines || IsFull();
+}
+
+void FindingReader::ReadPiece(QByteArrayView piece)
+{
+    ForEachMessage(piece, marks, [&](GameSeverity severity, QByteArrayView line) {
+        if (!IsFull())
+            Take(severity, QString::fromUtf8(FromFile(line, EncodingOf(line))));
+    });
+}
+
+void FindingReader::Take(GameSeverity severity, const QString& line)
+{
+    const LineForm* form = FormOf(line);
+    if (!form || form->What >= Adds::LoneKey)
+        EndBlock();
+    if (!form) {
+        Add({severity, {}, {}, {}, line});
+        return;
+    }
+    const QString word = WordOf(line, *form);
+    switch (form->What) {
+    case Adds::Nothing:
+        break;
+    case Adds::Block:
+        EndBlock();
+        block.Severity = severity;
+        break;
+    case Adds::File:
+        block.File = CleanPath(word);
+        break;
+    case Adds::Key:
+        block.Key = word;
+        break;
+    case Adds::Picture:
+        block.Picture = CleanPath(word);
+        break;
+    case Adds::Wrong:
+        block.Text = line.mid(qsizetype(qstrlen(form->Before)));
+        break;
+    case Adds::UnknownKey:
+        Add({severity, word, block.File, {}, QStringLiteral("unknown key")});
+        break;
+    case Adds::NoValue:
+        Add({severity, word, block.File, {}, QStringLiteral("no value behind the key")});
+        break;
+    case Adds::LoneKey:
+        Add({severity, word, {}, {}, line});
+        break;
+    case Adds::LoneFile:
+        Add({severity, {}, CleanPath(word), {}, Without(line, word)});
+        break;
+    case Adds::LonePicture:
+        Add({severity, {}, {}, word, line});
+        break;
+    }
+}
+
+std::vector<GameFinding> FindingReader::Findings() const
+{
+    FindingReader whole(*this);
+    whole.EndBlock();
+    if (IsFull())
+        whole.all.push_back(
+            {GameSeverity::Warning, {}, {}, {}, QStringLiteral("the game complains about more than this")});
+    return std::move(whole.all);
+}
+
+void FindingReader::EndBlock()
+{
+    if (!block.Text.isEmpty())
+        Add(std::exchange(block, {}));
+}
+
+void FindingReader::Add(GameFinding finding)
+{
+    const QString place = finding.File + u'\0' + finding.Key + u'\0' + finding.Picture + u'\0' + finding.Text;
+    if (seen.contains(place))
+        return;
+    seen.insert(place);
+    all.push_back(std::move(finding));
+}
+
 std::vector<GameFinding> FindingsOf(QByteArrayView printed, const GameMarks& marks)
 {
-    FindingReader reader;
-    ForEachMessage(printed, marks, [&](GameSeverity severity, QByteArrayView line) {
-        reader.Take(severity, QString::fromUtf8(FromFile(line, EncodingOf(line))));
-    });
-    return reader.Taken();
+    FindingReader reader(marks);
+    reader.Read(printed, printed.size());
+    reader.ReadPiece(printed.sliced(printed.lastIndexOf('\n') + 1));
+    return reader.Findings();
 }
 
 bool HasGivenUp(QByteArrayView printed, const GameMarks& marks)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArrayView>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <vector>
@@ -29,7 +30,34 @@ GameMarks CurrentGameMarks(); ///< as compat.ini tells them
 /// Is a line (without its break) a message?
 bool IsGameMessage(QByteArrayView line, const GameMarks& marks);
 
-/// Everything the game complained about, in its order, nothing twice. Lines of another kind are passed over.
+/// Reads what the game complains about while it prints: in its order, nothing twice, up to a limit. Lines of another
+/// kind are passed over.
+class FindingReader
+{
+public:
+    explicit FindingReader(GameMarks gameMarks = {});
+
+    /// Reads on in all that was printed so far, by whole lines, about `most` bytes at a time. True: nothing is left.
+    bool Read(QByteArrayView printed, qsizetype most);
+    void ReadPiece(QByteArrayView piece); ///< lines that stand behind those read before
+    std::vector<GameFinding> Findings() const;
+
+private:
+    bool IsFull() const { return all.size() >= MostFindings; }
+    void Take(GameSeverity severity, const QString& line);
+    void EndBlock();
+    void Add(GameFinding finding);
+
+    static constexpr size_t MostFindings = 20'000;
+
+    GameMarks marks;
+    qsizetype read = 0;
+    std::vector<GameFinding> all;
+    QSet<QString> seen;
+    GameFinding block;
+};
+
+/// Everything that a run complained about.
 std::vector<GameFinding> FindingsOf(QByteArrayView printed, const GameMarks& marks = {});
 
 /// Has the game come to an end that waits for a key on its screen?

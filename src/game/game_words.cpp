@@ -146,10 +146,9 @@ QByteArray AuthorsText(const QString& path)
     return bytes ? FromFile(*bytes, EncodingOf(*bytes)) : QByteArray();
 }
 
-void ShowGameWords(const QByteArray& printed, const QString& setFolder,
+void ShowGameWords(std::vector<GameFinding> findings, const QString& setFolder,
                    const std::function<void(GameFinding&)>& leadBack)
 {
-    std::vector<GameFinding> findings = FindingsOf(printed, CurrentGameMarks());
     if (leadBack)
         std::for_each(findings.begin(), findings.end(), leadBack);
     Words().Show(PlaceFindings(std::move(findings), setFolder, AuthorsText), setFolder);

@@ -34,9 +34,9 @@ private:
     QString setFolder;
 };
 
-/// Shows what a run printed in the list. `setFolder` ends with "/", or is empty; `leadBack` turns paths of a copy into
-/// those of the set.
-void ShowGameWords(const QByteArray& printed, const QString& setFolder,
+/// Shows what a run complained about in the list. `setFolder` ends with "/", or is empty; `leadBack` turns paths of a
+/// copy into those of the set.
+void ShowGameWords(std::vector<GameFinding> findings, const QString& setFolder,
                    const std::function<void(GameFinding&)>& leadBack = {});
 
 /// Leads to the line of a row: its file in its tab or a new one, the caret in the line. What hinders is told in the

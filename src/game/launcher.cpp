@@ -153,7 +153,7 @@ std::optional<GameReport> LaunchGame(int dumpIndex, bool keepEnabled)
         return {};
     if (dumpIndex == 0) {
         Words().BeginRun();
-        ShowGameWords(report->Printed, SetFolderOf(Frame.CurrentFolder));
+        ShowGameWords(FindingsOf(report->Printed, CurrentGameMarks()), SetFolderOf(Frame.CurrentFolder));
     }
     TellEnd(*report);
     return std::move(*report);

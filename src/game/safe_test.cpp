@@ -13,7 +13,8 @@
 
 namespace {
 
-constexpr int WordsAfter = 500; // ms
+constexpr int WordsAfter = 500;                    // ms
+constexpr qsizetype ReadOnce = qsizetype(1) << 20; // bytes
 
 void StartTest()
 {
@@ -49,12 +50,14 @@ void StartTest()
 } // namespace
 
 SafeTest::SafeTest(PreparedSet preparedSet, QString setName)
-    : set(std::move(preparedSet)), scope(RunKind::Beside, QStringLiteral("Test of ") + setName)
+    : set(std::move(preparedSet)),
+      scope(RunKind::Beside, QStringLiteral("Test of ") + setName),
+      reader(CurrentGameMarks())
 {
     scope.OnStop = [this] { process.Stop(); };
     soon.setSingleShot(true);
     soon.setInterval(WordsAfter);
-    connect(&soon, &QTimer::timeout, this, &SafeTest::ShowWords);
+    connect(&soon, &QTimer::timeout, this, &SafeTest::ReadOn);
     connect(&process, &GameProcess::Spoken, &soon, [this] {
         scope.SetDetail(LastLineOf(process.Printed()));
         if (!soon.isActive())
@@ -82,14 +85,28 @@ void SafeTest::StartAgain()
     Stop();
 }
 
+void SafeTest::ReadOn()
+{
+    if (!reader.Read(process.Printed(), ReadOnce))
+        soon.start();
+    ShowWords();
+}
+
 void SafeTest::ShowWords()
 {
-    ShowGameWords(process.Printed(), set.From, [this](GameFinding& finding) { set.LeadBack(finding); });
+    auto now = reader.Findings();
+    if (shown == now)
+        return;
+    shown = now;
+    ShowGameWords(std::move(now), set.From, [this](GameFinding& finding) { set.LeadBack(finding); });
 }
 
 void SafeTest::GameEnded()
 {
     soon.stop();
+    const QByteArray& printed = process.Printed();
+    reader.Read(printed, printed.size());
+    reader.ReadPiece(QByteArrayView(printed).sliced(printed.lastIndexOf('\n') + 1));
     ShowWords();
     if (!process.Stopped())
         TellTrouble(process.Crashed(), process.ExitCode());

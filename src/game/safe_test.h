@@ -1,11 +1,14 @@
 #pragma once
 
 #include "frame/run_scope.h"
+#include "game/game_messages.h"
 #include "game/game_process.h"
 #include "game/prepared_set.h"
 
 #include <QObject>
 #include <QTimer>
+#include <optional>
+#include <vector>
 
 /// A game that plays a copy of a level set while its author goes on working.
 class SafeTest : public QObject
@@ -25,6 +28,7 @@ signals:
     void Ended();
 
 private:
+    void ReadOn();
     void ShowWords();
     void GameEnded();
 
@@ -32,6 +36,8 @@ private:
     RunScope scope;
     GameProcess process;
     QTimer soon; ///< words are shown while the game runs
+    FindingReader reader;
+    std::optional<std::vector<GameFinding>> shown;
     bool again = false;
 };
 

@@ -43,7 +43,7 @@ constexpr ExampleRow Examples[] = {
     {SetExtra::SoundsExample, "WAV", "sounds/example.wav"},
     {SetExtra::MusicExample, "MOD", "music/example.mod"},
     {SetExtra::MusicExample, "MODTXT", "music/example.txt"},
-    {SetExtra::Level, "LEVEL", "001.level"},
+    {SetExtra::ExampleLevel, "LEVEL", "001.level"},
     {SetExtra::Readme, "README", "readme.txt"},
 };
 
@@ -73,7 +73,7 @@ public:
         return MakeFolders()
             .and_then([this] { return SaveLevelinfo(); })
             .and_then([this] { return Each(Artworks(), [this](const auto& row) { return SaveArtwork(row); }); })
-            .and_then([this] { return WriteExample(SetExtra::Level); })
+            .and_then([this] { return WriteExample(SetExtra::ExampleLevel); })
             .and_then([this] { return Each(PrintedConfs, [this](const auto& row) { return SavePrinted(row); }); })
             .and_then([this] { return WriteExample(SetExtra::Readme); });
     }

@@ -12,7 +12,7 @@ enum class SetExtra {
     SoundsExample,
     MusicDump,
     MusicExample,
-    Level,
+    ExampleLevel,
     HelpText,
     HelpAnim,
     EditorSetup,

@@ -83,7 +83,8 @@ TEST(GameMessages, EveryFormIsOneFinding)
     EXPECT_FALSE(HasGivenUp("[WARN] [FATAL] in a warning\n[FATAL]no mark\n"));
 }
 
-// Catches: a crash or an endless loop on output that is cut, torn or no text at all; a place outside the conf.
+// Catches: a crash or an endless loop on output that is cut, torn or no text at all; a place outside the conf; other
+// words when they are read piece by piece.
 TEST(GameMessages, TornOutputIsSurvived)
 {
     QRandomGenerator random(20251125);
@@ -99,7 +100,26 @@ TEST(GameMessages, TornOutputIsSurvived)
             ASSERT_LT(placed.Line, lines);
         PartedOutput(printed, {});
         LastLineOf(printed);
+        FindingReader reader;
+        for (qsizetype size = 0; size < printed.size(); size += 1 + random.bounded(60))
+            reader.Read(printed.first(size), 1 + random.bounded(100));
+        while (!reader.Read(printed, 50)) {
+        }
+        reader.ReadPiece(QByteArrayView(printed).sliced(printed.lastIndexOf('\n') + 1));
+        ASSERT_EQ(reader.Findings(), FindingsOf(printed)) << printed.toStdString();
     }
+}
+
+// Catches: a game that complains without end and fills the memory, or is cut off without a word.
+TEST(GameMessages, HaveALimit)
+{
+    QByteArray printed;
+    for (int i = 0; i < 30'000; ++i)
+        printed += "[WARN] thing " + QByteArray::number(i) + '\n';
+    const auto found = FindingsOf(printed);
+    ASSERT_EQ(found.size(), 20'001U);
+    EXPECT_EQ(found[19'999].Text, QStringLiteral("thing 19999"));
+    EXPECT_TRUE(found.back().Text.contains(QLatin1StringView("more")));
 }
 
 // Catches: messages left in what is taken for a conf, which starts at its first own line.

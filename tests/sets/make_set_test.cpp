@@ -195,7 +195,7 @@ TEST_F(MakeSetTest, WithoutADumpOrAfterAStop)
 // Catches: a step whose failure is not looked at, half a set that shows. A kill may leave what is hidden.
 TEST_F(MakeSetTest, AnyFailingStepLeavesAllOrNothing)
 {
-    Want({SetExtra::GraphicsExample, SetExtra::Level, SetExtra::HelpText});
+    Want({SetExtra::GraphicsExample, SetExtra::ExampleLevel, SetExtra::HelpText});
     const auto print = [](int) { return Result<QByteArray>(Dump("d", 3)); };
     ASSERT_TRUE(MakeSet(Set, print));
     const QStringList whole = Made();

@@ -47,8 +47,9 @@ WordsPanel::WordsPanel(QWidget* parent)
                  .Icon = "game_words",
                  .What = QStringLiteral("What the game complains about"),
                  .Whose = QStringLiteral("the game's words")},
-                Words(), parent)
+                parent)
 {
+    SetModel(Words());
     List()->setItemDelegateForColumn(GameWords::KeyColumn, new SeverityMarks(List()));
     connect(List(), &QTreeView::activated, this, [](const QModelIndex& index) { GoToGameWord(index.row()); });
     connect(&Words(), &GameWords::Spoken, this, &WordsPanel::Spoken);

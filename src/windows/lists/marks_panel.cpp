@@ -76,8 +76,9 @@ MarksPanel::MarksPanel(QWidget* parent)
                  .Icon = "list_of_marks",
                  .What = QStringLiteral("Lines with a mark"),
                  .Whose = QStringLiteral("the list of marks")},
-                model, parent)
+                parent)
 {
+    SetModel(model);
     soon.setSingleShot(true);
     soon.setInterval(LookAgain);
     connect(&soon, &QTimer::timeout, this, [this] {

@@ -4,6 +4,7 @@
 #include "windows/parts/help_subject.h"
 #include "windows/parts/icons.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -28,7 +29,7 @@ QToolButton* BarButton(QWidget* bar, const QString& name)
 
 } // namespace
 
-LowerList::LowerList(const LowerListLook& look, QAbstractItemModel& model, QWidget* parent)
+LowerList::LowerList(const LowerListLook& look, QWidget* parent)
     : QWidget(parent),
       bar(new QWidget(this)),
       picture(new QLabel(bar)),
@@ -60,9 +61,8 @@ LowerList::LowerList(const LowerListLook& look, QAbstractItemModel& model, QWidg
     list->setRootIsDecorated(false);
     list->setUniformRowHeights(true);
     list->setAllColumnsShowFocus(true);
-    list->setTextElideMode(Qt::ElideMiddle); // the line stands at the end
-    list->setModel(&model);
-    list->header()->setStretchLastSection(true);
+    list->setTextElideMode(Qt::ElideMiddle);      // the line stands at the end
+    list->header()->setStretchLastSection(false); // see FitText
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
@@ -76,6 +76,16 @@ LowerList::LowerList(const LowerListLook& look, QAbstractItemModel& model, QWidg
     });
     SetListVisible(false);
     hide();
+}
+
+void LowerList::SetModel(QAbstractItemModel& model)
+{
+    list->setModel(&model);
+    list->viewport()->installEventFilter(this);
+    connect(list->header(), &QHeaderView::sectionResized, this, [this](int resized) {
+        if (resized + 1 < list->model()->columnCount())
+            FitText();
+    });
 }
 
 void LowerList::SetBarText(const QString& said)
@@ -106,16 +116,18 @@ void LowerList::ShowColumns()
 void LowerList::FitText()
 {
     const int all = list->viewport()->width(), last = list->model()->columnCount() - 1;
-    const bool fits = all - list->header()->sectionPosition(last) >= all / 3;
-    list->header()->setStretchLastSection(fits);
-    if (!fits)
+    const int room = all - list->header()->sectionPosition(last);
+    if (room >= all / 3)
+        list->setColumnWidth(last, room);
+    else
         list->resizeColumnToContents(last);
 }
 
-void LowerList::resizeEvent(QResizeEvent* event)
+bool LowerList::eventFilter(QObject* watched, QEvent* event)
 {
-    QWidget::resizeEvent(event);
-    FitText();
+    if (watched == list->viewport() && event->type() == QEvent::Resize)
+        FitText();
+    return QWidget::eventFilter(watched, event);
 }
 
 void LowerList::ShowList()

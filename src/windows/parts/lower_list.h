@@ -22,7 +22,7 @@ class LowerList : public QWidget
     Q_OBJECT
 
 public:
-    LowerList(const LowerListLook& look, QAbstractItemModel& model, QWidget* parent);
+    LowerList(const LowerListLook& look, QWidget* parent); ///< SetModel comes next
 
     virtual void ShowList(); ///< bar and list, the keyboard in the list
     bool HasKeyboard() const;
@@ -37,9 +37,10 @@ signals:
     void Left(); ///< the keyboard goes back to the text
 
 protected:
+    void SetModel(QAbstractItemModel& model);
     void SetBarText(const QString& said);
     void ShowColumns(); ///< all but the last as wide as they need, as far as the last keeps half the room
-    void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void Leave(); ///< out of sight; the keyboard goes on if it was here
 
 private:

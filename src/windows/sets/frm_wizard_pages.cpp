@@ -199,7 +199,7 @@ void frmWizard::MakeExtrasPage()
     auto* frame = new QGroupBox(QStringLiteral("Extra Files"), made);
     auto* inner = new QVBoxLayout(frame);
     for (const SetExtra extra :
-         {SetExtra::Level, SetExtra::HelpText, SetExtra::HelpAnim, SetExtra::EditorSetup, SetExtra::Readme})
+         {SetExtra::ExampleLevel, SetExtra::HelpText, SetExtra::HelpAnim, SetExtra::EditorSetup, SetExtra::Readme})
         inner->addWidget(MakeCheck(extra, frame));
     cmdDone = new QPushButton(QStringLiteral("Finished"), made);
     cmdDone->setObjectName(QStringLiteral("cmdDone"));

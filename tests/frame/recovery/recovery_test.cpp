@@ -428,11 +428,13 @@ TEST_F(RecoveryTest, ClosedTabsComeBack)
     Edit(QStringLiteral("x"));
     ASSERT_TRUE(keeper->KeepClosed(Frame.CurrentTab));
     keeper.reset();
-    recovery::Sweep(Run.State.Path(QStringLiteral("recovery/")), QDateTime::currentMSecsSinceEpoch() + 6 * recovery::Day);
+    recovery::Sweep(Run.State.Path(QStringLiteral("recovery/")),
+                    QDateTime::currentMSecsSinceEpoch() + 6 * recovery::Day);
     NewRun();
     EXPECT_TRUE(keeper->LastClosed());
     keeper.reset();
-    recovery::Sweep(Run.State.Path(QStringLiteral("recovery/")), QDateTime::currentMSecsSinceEpoch() + 8 * recovery::Day);
+    recovery::Sweep(Run.State.Path(QStringLiteral("recovery/")),
+                    QDateTime::currentMSecsSinceEpoch() + 8 * recovery::Day);
     NewRun();
     EXPECT_FALSE(keeper->LastClosed());
 }
