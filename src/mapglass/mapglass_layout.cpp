@@ -114,6 +114,7 @@ void MapglassWindow::MakeActions()
         std::optional<QStyle::StandardPixmap> Icon;
         std::function<void()> Run;
         bool NeedsLevel = true;
+        QAction** Kept = nullptr; ///< where the action is kept for later
     };
     const Row file[] = {
         {"&Open...", "Ctrl+O", QStyle::SP_DialogOpenButton, [this] { AskForLevel(); }, false},
@@ -132,38 +133,37 @@ void MapglassWindow::MakeActions()
         {"&Actual Size", "Ctrl+0", {}, [this] { view->ShowCells(); }},
         {"&Fit", "Ctrl+9", {}, [this] { view->Fit(); }},
         {"", "", {}, {}},
-        {"Mark What the Set Does Not &Draw", "Ctrl+D", {}, [this] { elements->SelectUndrawn(); }, false},
-        {"Mark &Nothing", "Ctrl+Shift+A", {}, [this] { elements->clearSelection(); }, false},
+        {"Mark What the Set Does Not &Draw", "Ctrl+D", {}, [this] { elements->SelectUndrawn(); }, false, &undrawn},
+        {"Mark &Nothing", "Ctrl+Shift+A", {}, [this] { elements->clearSelection(); }, false, &unmark},
     };
     auto* bar = addToolBar(QStringLiteral("Levels"));
     bar->setMovable(false);
     bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    QAction* last = nullptr;
     const auto fill = [&](QMenu* menu, std::span<const Row> rows) {
         for (const Row& entry : rows) {
             if (*entry.Caption == 0) {
                 menu->addSeparator();
                 continue;
             }
-            last = new QAction(QString::fromLatin1(entry.Caption), this);
-            last->setShortcuts(QKeySequence::listFromString(QString::fromLatin1(entry.Keys)));
-            connect(last, &QAction::triggered, this, entry.Run);
-            menu->addAction(last);
+            auto* action = new QAction(QString::fromLatin1(entry.Caption), this);
+            action->setShortcuts(QKeySequence::listFromString(QString::fromLatin1(entry.Keys)));
+            connect(action, &QAction::triggered, this, entry.Run);
+            menu->addAction(action);
+            if (entry.Kept)
+                *entry.Kept = action;
             if (entry.NeedsLevel)
-                levelActions << last;
+                levelActions << action;
             else if (entry.Icon)
-                otherLevels << last;
+                otherLevels << action;
             if (entry.Icon) {
-                last->setIcon(style()->standardIcon(*entry.Icon));
-                last->setIconText(QString::fromLatin1(entry.Caption).remove(u'&').section(u' ', 0, 0).remove(u'.'));
-                bar->addAction(last);
+                action->setIcon(style()->standardIcon(*entry.Icon));
+                action->setIconText(QString::fromLatin1(entry.Caption).remove(u'&').section(u' ', 0, 0).remove(u'.'));
+                bar->addAction(action);
             }
         }
     };
     fill(menuBar()->addMenu(QStringLiteral("&Level")), file);
     fill(menuBar()->addMenu(QStringLiteral("&View")), look);
-    unmark = last;
-    undrawn = menuBar()->actions().last()->menu()->actions().at(5);
     unmark->setEnabled(false);
     undrawn->setEnabled(false);
 

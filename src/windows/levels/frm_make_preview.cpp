@@ -122,6 +122,48 @@ void frmMakePreview::Open()
     lblResult->setText(QStringLiteral("Elements that %1 does not draw keep the classic look.").arg(Frame.CurrentFile));
 }
 
+void frmMakePreview::SetMaking(bool on)
+{
+    making = on;
+    cmdGO->setEnabled(!on);
+    chkEditor->setEnabled(!on);
+    Busy().BusyPointer(on);
+    if (on)
+        return;
+    ProgRock->reset();
+    cmdGO->setFocus();
+}
+
+/// Reads the sheets of the lists and shows each.
+std::function<Result<QImage>(const QString&)> frmMakePreview::ShownSheets(RunScope& run)
+{
+    const auto read = SheetsIn({Lists().Base.Folder(), Lists().Extra.Folder()}, Frame.Settings.SheetKinds,
+                               [&run] { return run.Turn(); });
+    return [this, read, shown = QString()](const QString& file) mutable {
+        Result<QImage> sheet = read(file);
+        if (sheet && shown != file)
+            picLoad->setPixmap(QPixmap::fromImage(sheet->scaled(picLoad->size(), Qt::KeepAspectRatio)));
+        shown = file;
+        return sheet;
+    };
+}
+
+void frmMakePreview::TakeLines(PaletteMaker& maker, RunScope& run)
+{
+    const QString text = QString::fromUtf8(CurrentPane().Bytes());
+    const QList<QStringView> lines = QStringView(text).split(u'\n');
+    ProgRock->setRange(0, int(lines.size()));
+    for (qsizetype line = 0; line < lines.size() && run.Turn(); ++line) {
+        const size_t drawn = maker.Drawn().size();
+        maker.Line(lines.at(line));
+        ProgRock->setValue(int(line + 1));
+        if (drawn != maker.Drawn().size())
+            picMake->ReplacePicture(maker.Palette());
+    }
+    maker.End();
+    picMake->ReplacePicture(maker.Palette());
+}
+
 void frmMakePreview::Make()
 {
     const Result<QImage> start = ReadPalette(DefaultPalette());
@@ -129,45 +171,11 @@ void frmMakePreview::Make()
         ShowFailure(start.error());
         return;
     }
-    Busy().BusyPointer(true);
-    cmdGO->setEnabled(false);
-    chkEditor->setEnabled(false);
-    making = true;
+    SetMaking(true);
     RunScope run(RunKind::Pass, windowTitle());
-    const SheetEndings& endings = Frame.Settings.SheetKinds;
-    const PaletteMaker::SheetReader read =
-        SheetsIn({Lists().Base.Folder(), Lists().Extra.Folder()}, endings, [&run] { return run.Turn(); });
-    QString shown;
-    PaletteMaker maker(
-        *start, NamesOfElements(), endings,
-        [&](const QString& file) {
-            Result<QImage> sheet = read(file);
-            if (sheet && shown != file)
-                picLoad->setPixmap(
-                    QPixmap::fromImage(sheet->scaled(picLoad->size(), Qt::KeepAspectRatio, Qt::FastTransformation)));
-            shown = file;
-            return sheet;
-        },
-        chkEditor->isChecked());
-    const QString text = QString::fromUtf8(CurrentPane().Bytes());
-    const QList<QStringView> lines = QStringView(text).split(u'\n');
-    ProgRock->setRange(0, int(lines.size()));
-    size_t drawn = 0;
-    for (qsizetype line = 0; line < lines.size() && run.Turn(); ++line) {
-        maker.Line(lines.at(line));
-        ProgRock->setValue(int(line + 1));
-        if (drawn != maker.Drawn().size())
-            picMake->ReplacePicture(maker.Palette());
-        drawn = maker.Drawn().size();
-    }
-    maker.End();
-    picMake->ReplacePicture(maker.Palette());
-    Busy().BusyPointer(false);
-    ProgRock->reset();
-    making = false;
-    cmdGO->setEnabled(true);
-    chkEditor->setEnabled(true);
-    cmdGO->setFocus();
+    PaletteMaker maker(*start, NamesOfElements(), Frame.Settings.SheetKinds, ShownSheets(run), chkEditor->isChecked());
+    TakeLines(maker, run);
+    SetMaking(false);
     if (run.Stopped())
         lblResult->setText(QStringLiteral("Stopped. Nothing was written."));
     else
