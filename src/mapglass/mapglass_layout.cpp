@@ -66,10 +66,7 @@ void MapglassWindow::LayOut()
     column->addWidget(banner);
     column->addWidget(view, 1);
     split->addWidget(MakeSide());
-    connect(ok, &QPushButton::clicked, this, [this] {
-        Finish(false);
-        close();
-    });
+    connect(ok, &QPushButton::clicked, this, &MapglassWindow::FinishAndClose);
     connect(cancel, &QPushButton::clicked, this, [this] { close(); });
 
     setCentralWidget(split);

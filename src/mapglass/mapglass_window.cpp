@@ -188,14 +188,15 @@ void MapglassWindow::TellZoom()
 void MapglassWindow::TellBox()
 {
     const std::optional<LevelBox> box = view->Box();
-    boxText->setText(box ? QStringLiteral("%1, %2 to %3, %4   (%5 by %6)")
-                               .arg(box->X1 + 1)
-                               .arg(box->Y1 + 1)
-                               .arg(box->X2 + 1)
-                               .arg(box->Y2 + 1)
-                               .arg(box->Width())
-                               .arg(box->Height())
-                         : QStringLiteral("Draw a rectangle with the left mouse button."));
+    boxText->setText(
+        box ? QStringLiteral("%1, %2 to %3, %4   (%5 by %6)")
+                  .arg(box->X1 + 1)
+                  .arg(box->Y1 + 1)
+                  .arg(box->X2 + 1)
+                  .arg(box->Y2 + 1)
+                  .arg(box->Width())
+                  .arg(box->Height())
+            : QStringLiteral("Draw a rectangle with the left mouse button, or with the arrow keys and Shift."));
 }
 
 void MapglassWindow::MarkElements()
@@ -222,6 +223,8 @@ void MapglassWindow::keyPressEvent(QKeyEvent* event)
         StepLevel(1);
     else if (event->key() == Qt::Key_PageUp)
         StepLevel(-1);
+    else if (answer && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
+        FinishAndClose();
     else
         QMainWindow::keyPressEvent(event);
 }
@@ -261,6 +264,12 @@ void MapglassWindow::Finish(bool cancelled)
     answered = true;
     if (!done)
         QMessageBox::warning(this, windowTitle(), done.error().Text().replace(u'^', u'\n'));
+}
+
+void MapglassWindow::FinishAndClose()
+{
+    Finish(false);
+    close();
 }
 
 void MapglassWindow::closeEvent(QCloseEvent* event)

@@ -63,6 +63,7 @@ private:
     void Export();
     void Print();
     void Finish(bool cancelled);
+    void FinishAndClose();
 
     QString path, folder;
     LevelFile level;       ///< as it is on disk; without a map if it is none
