@@ -48,6 +48,7 @@ void MapglassWindow::LayOut()
     message->setWordWrap(true);
     boxText = new QLabel(banner);
     boxText->setObjectName(QStringLiteral("boxText"));
+    boxText->setWordWrap(true);
     auto* ok = new QPushButton(QStringLiteral("OK"), banner);
     ok->setObjectName(QStringLiteral("ok"));
     auto* cancel = new QPushButton(QStringLiteral("Cancel"), banner);
@@ -88,7 +89,9 @@ void MapglassWindow::LayOut()
 
 QWidget* MapglassWindow::MakeSide()
 {
+    constexpr int SideLetters = 42;
     auto* side = new QWidget(split);
+    side->setMinimumWidth(fontMetrics().averageCharWidth() * SideLetters);
     auto* form = new QFormLayout;
     for (const char* caption : {"Name", "Author", "Size", "Time", "Gems", "Form"}) {
         facts << Fact(side);
@@ -129,6 +132,8 @@ void MapglassWindow::MakeActions()
         {"Zoom &Out", "Ctrl+-", {}, [this] { view->Zoom(-1); }},
         {"&Actual Size", "Ctrl+0", {}, [this] { view->ShowCells(); }},
         {"&Fit", "Ctrl+9", {}, [this] { view->Fit(); }},
+        {"", "", {}, {}},
+        {"Show or Hide the &Strip", "F9", {}, [this] { strip->setVisible(!strip->isVisible()); }, false},
         {"", "", {}, {}},
         {"Mark What the Set Does Not &Draw", "Ctrl+D", {}, [this] { elements->SelectUndrawn(); }, false, &undrawn},
         {"Mark &Nothing", "Ctrl+Shift+A", {}, [this] { elements->clearSelection(); }, false, &unmark},
