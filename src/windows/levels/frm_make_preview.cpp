@@ -13,6 +13,7 @@
 #include "windows/parts/help_subject.h"
 
 #include <QCheckBox>
+#include <QElapsedTimer>
 #include <QGridLayout>
 #include <QLabel>
 #include <QProgressBar>
@@ -22,6 +23,7 @@
 namespace {
 
 constexpr QSize SheetRoomAt96(120, 120);
+constexpr qint64 ShowEvery = 50; // ms
 
 /// What stands in the way of a palette, in the order of the tests; nothing if all is there.
 std::optional<message::Number> WhatIsMissing()
@@ -153,12 +155,15 @@ void frmMakePreview::TakeLines(PaletteMaker& maker, RunScope& run)
     const QString text = QString::fromUtf8(CurrentPane().Bytes());
     const QList<QStringView> lines = QStringView(text).split(u'\n');
     ProgRock->setRange(0, int(lines.size()));
+    QElapsedTimer sinceShown;
+    sinceShown.start();
     for (qsizetype line = 0; line < lines.size() && run.Turn(); ++line) {
-        const size_t drawn = maker.Drawn().size();
         maker.Line(lines.at(line));
+        if (sinceShown.elapsed() < ShowEvery)
+            continue;
         ProgRock->setValue(int(line + 1));
-        if (drawn != maker.Drawn().size())
-            picMake->ReplacePicture(maker.Palette());
+        picMake->ReplacePicture(maker.Palette());
+        sinceShown.restart();
     }
     maker.End();
     picMake->ReplacePicture(maker.Palette());
