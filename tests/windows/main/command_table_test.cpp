@@ -86,13 +86,14 @@ TEST_F(CommandTable, MenusStandInTheToldOrder)
 {
     const std::pair<const char*, const char*> told[] = {
         {"mnuFile", "File|New|Open|Open Recent|Revert To Saved|Insert File|-|Project|-|Save|Save As..|-|Open Tab|"
-                    "Close Tab|Close All Tabs|-|Options"},
+                    "Close Tab|Reopen Closed Tab|Close All Tabs|-|Options"},
         {"mnuNew", "New|Graphics|Sound|Music|Level Info|Help Text|Help Anim|Editor Setup|-|Text File"},
         {"mnuEdit", "Edit|Undo|Redo|-|Cut|Cut Append|Copy|Paste|-|Select Line|Select Element Block|"
                     "Select Between Comments|Select All|-|Quick Element|Edit Element|Quick Preview|Edit Animation|-|"
-                    "Insert A Comment Separator|Comment Selected|Uncomment Selected|Tidy Up"},
+                    "Insert A Comment Separator|Comment Selected|Uncomment Selected|Toggle Comment|Tidy Up"},
         {"mnuSearch", "Find|Find|Find Next|Find Previous|-|Replace|-|Goto Comment|Goto Next Comment|"
-                      "Goto Previous Comment|-|Goto Line Number|Goto Top|Goto Bottom|-|Goto Block"},
+                      "Goto Previous Comment|-|Goto Line Number|Goto Top|Goto Bottom|-|Goto Block|-|Next Mark|"
+                      "Previous Mark|List Of Marks"},
         {"mnuView", "View|Line Numbers|Spaces + Tabs|Colours|-|Super Tab|Line Hints|Thumbnails"},
         {"mnuRND", "RnD|Run Rocks'n'Diamonds|Run RnD - Fast Test Selected Element|Test Set Safely|Level Manager|-|"
                    "Check For Errors|-|Check With The Game|View Error Log|The Game's Words|Extract From RnD|-|Games"},
