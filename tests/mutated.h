@@ -3,6 +3,13 @@
 #include <QByteArray>
 #include <QRandomGenerator>
 
+/// How many inputs a test tries: so many, or for a long run by hand what FUZZ_ROUNDS in the environment says.
+inline int FuzzRounds(int usual)
+{
+    const int wanted = qEnvironmentVariableIntValue("FUZZ_ROUNDS");
+    return wanted > 0 ? wanted : usual;
+}
+
 /// The bytes with a few changes: single bytes and bits, huge numbers, stretches removed or doubled, mostly near the
 /// front, where headers stand.
 inline QByteArray Mutated(QByteArray bytes, QRandomGenerator& random)

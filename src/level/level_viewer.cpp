@@ -1,5 +1,6 @@
 #include "level/level_viewer.h"
 
+#include "level/level_record.h"
 #include "services/registry.h"
 #include "services/registry_store.h"
 
@@ -109,5 +110,5 @@ Result<> AnswerView(RegistryStore& store, const ViewAnswer& answer)
 
 QString ViewerProgram()
 {
-    return QCoreApplication::applicationDirPath() + QStringLiteral("/Mapglass");
+    return Level.Viewer.isEmpty() ? QCoreApplication::applicationDirPath() + QStringLiteral("/Mapglass") : Level.Viewer;
 }

@@ -33,5 +33,5 @@ struct ViewAnswer
 std::optional<ViewRequest> TakeViewRequest(RegistryStore& store);
 [[nodiscard]] Result<> AnswerView(RegistryStore& store, const ViewAnswer& answer);
 
-/// Path of the viewer's program, beside this one.
+/// Path of the viewer's program.
 QString ViewerProgram();

@@ -52,9 +52,8 @@ struct MacroPorts
     std::function<QString()> SelectedMedia;        ///< full path of the selected entry of the media list in front
     /// Shows the open level's map under a caption until it is closed; the palette is named by its file.
     std::function<void(const QString& caption, const QString& palette)> ShowMap;
-    /// Runs the viewer's program on a level file and waits for its end.
+    /// Runs a program that shows a level file and waits for its end.
     std::function<Result<>(const QString& program, const QString& file)> ViewLevel;
-    QString LevelViewer;  ///< that program
     QString RegistryFile; ///< where the keys of the registry are kept; empty: in the user's configuration
     QString KnownFile;    ///< where the hashes of macros stand that may run; empty: nowhere
 };

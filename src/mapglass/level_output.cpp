@@ -8,7 +8,6 @@
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QStatusBar>
 
 void MapglassWindow::AskForLevel()
 {
@@ -35,7 +34,7 @@ void MapglassWindow::Export()
     }
     const Result<> written = WritePicture(chosen, painter.Picture(level.Record.Map), PcxDepth::Full);
     if (written)
-        statusBar()->showMessage(QStringLiteral("Written: ") + paths::Native(chosen));
+        Tell(QStringLiteral("Written: ") + paths::Native(chosen));
     else
         QMessageBox::warning(this, windowTitle(), written.error().Text().replace(u'^', u'\n'));
 }

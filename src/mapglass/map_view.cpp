@@ -177,6 +177,8 @@ void MapView::paintEvent(QPaintEvent*)
 
 void MapView::keyPressEvent(QKeyEvent* event)
 {
+    if (MoveBox(*event))
+        return;
     // Pages belong to the window: they lead to the next level.
     if (event->key() == Qt::Key_PageDown || event->key() == Qt::Key_PageUp)
         event->ignore();
@@ -192,9 +194,41 @@ void MapView::DragBox(const QPoint& place)
 {
     const QPoint cell = CellAt(place);
     const QPoint end(std::clamp(cell.x(), 0, map.Width() - 1), std::clamp(cell.y(), 0, map.Height() - 1));
-    box = LevelBox{boxStart.x(), boxStart.y(), end.x(), end.y()}.Sorted();
+    TakeBox(LevelBox{boxStart.x(), boxStart.y(), end.x(), end.y()}.Sorted());
+}
+
+void MapView::TakeBox(const LevelBox& cells)
+{
+    box = cells;
     viewport()->update();
     emit BoxChanged();
+}
+
+/// By the arrow keys: the whole rectangle, with Shift its lower right corner. The first one lays a cell into the middle
+/// of what is in view. False: the key is another one.
+bool MapView::MoveBox(const QKeyEvent& event)
+{
+    constexpr std::pair<Qt::Key, QPoint> Ways[] = {
+        {Qt::Key_Left, {-1, 0}}, {Qt::Key_Right, {1, 0}}, {Qt::Key_Up, {0, -1}}, {Qt::Key_Down, {0, 1}}};
+    const auto way = std::ranges::find(Ways, event.key(), &std::pair<Qt::Key, QPoint>::first);
+    if (!drawsBox || way == std::end(Ways) || map.Width() == 0 || event.modifiers() & ~Qt::ShiftModifier)
+        return false;
+    if (!box) {
+        const QPoint cell = CellAt(viewport()->rect().center());
+        const int x = std::clamp(cell.x(), 0, map.Width() - 1), y = std::clamp(cell.y(), 0, map.Height() - 1);
+        TakeBox({x, y, x, y});
+        return true;
+    }
+    LevelBox moved = *box;
+    moved.X2 += way->second.x();
+    moved.Y2 += way->second.y();
+    if (!event.modifiers().testFlag(Qt::ShiftModifier)) {
+        moved.X1 += way->second.x();
+        moved.Y1 += way->second.y();
+    }
+    if (map.Contains(moved.X1, moved.Y1) && map.Contains(moved.X2, moved.Y2) && moved == moved.Sorted())
+        TakeBox(moved);
+    return true;
 }
 
 void MapView::mousePressEvent(QMouseEvent* event)

@@ -55,6 +55,8 @@ private:
     QRect RectOf(const LevelBox& cells) const;
     void DrawMarks(QPainter& painter) const;
     void DragBox(const QPoint& place);
+    void TakeBox(const LevelBox& cells);
+    bool MoveBox(const QKeyEvent& event);
 
     LevelMap map;
     MapPainter painter;

@@ -48,6 +48,7 @@ void MapglassWindow::LayOut()
     message->setWordWrap(true);
     boxText = new QLabel(banner);
     boxText->setObjectName(QStringLiteral("boxText"));
+    boxText->setWordWrap(true);
     auto* ok = new QPushButton(QStringLiteral("OK"), banner);
     ok->setObjectName(QStringLiteral("ok"));
     auto* cancel = new QPushButton(QStringLiteral("Cancel"), banner);
@@ -66,10 +67,7 @@ void MapglassWindow::LayOut()
     column->addWidget(banner);
     column->addWidget(view, 1);
     split->addWidget(MakeSide());
-    connect(ok, &QPushButton::clicked, this, [this] {
-        Finish(false);
-        close();
-    });
+    connect(ok, &QPushButton::clicked, this, &MapglassWindow::FinishAndClose);
     connect(cancel, &QPushButton::clicked, this, [this] { close(); });
 
     setCentralWidget(split);
@@ -81,7 +79,9 @@ void MapglassWindow::LayOut()
     statusBar()->addWidget(cellText, 1);
     statusBar()->addPermanentWidget(zoomText);
     resize(QSize(1180, 760).boundedTo(screen()->availableSize() * 0.9));
-    split->setSizes({146, 700, 330});
+    constexpr int StripWidth = 146, SideWidth = 330;
+    const int side = qMin(SideWidth, width() * 3 / 10);
+    split->setSizes({StripWidth, width() - StripWidth - side, side});
     const WindowMemory memory = RecallWindow();
     restoreGeometry(memory.Geometry);
     split->restoreState(memory.Split);
@@ -89,7 +89,9 @@ void MapglassWindow::LayOut()
 
 QWidget* MapglassWindow::MakeSide()
 {
+    constexpr int SideLetters = 42;
     auto* side = new QWidget(split);
+    side->setMinimumWidth(fontMetrics().averageCharWidth() * SideLetters);
     auto* form = new QFormLayout;
     for (const char* caption : {"Name", "Author", "Size", "Time", "Gems", "Form"}) {
         facts << Fact(side);
@@ -112,12 +114,13 @@ void MapglassWindow::MakeActions()
         std::optional<QStyle::StandardPixmap> Icon;
         std::function<void()> Run;
         bool NeedsLevel = true;
+        QAction** Kept = nullptr; ///< where the action is kept for later
     };
     const Row file[] = {
         {"&Open...", "Ctrl+O", QStyle::SP_DialogOpenButton, [this] { AskForLevel(); }, false},
         {"", "", {}, {}},
-        {"&Previous Level", "Ctrl+PgUp; Alt+Left", QStyle::SP_ArrowBack, [this] { StepLevel(-1); }, false},
-        {"&Next Level", "Ctrl+PgDown; Alt+Right", QStyle::SP_ArrowForward, [this] { StepLevel(1); }, false},
+        {"&Previous", "Ctrl+PgUp; Alt+Left", QStyle::SP_ArrowBack, [this] { StepLevel(-1); }, false},
+        {"&Next", "Ctrl+PgDown; Alt+Right", QStyle::SP_ArrowForward, [this] { StepLevel(1); }, false},
         {"", "", {}, {}},
         {"&Export as PNG...", "Ctrl+E; Ctrl+S", QStyle::SP_DialogSaveButton, [this] { Export(); }},
         {"P&rint...", "Ctrl+P", {}, [this] { Print(); }},
@@ -130,35 +133,39 @@ void MapglassWindow::MakeActions()
         {"&Actual Size", "Ctrl+0", {}, [this] { view->ShowCells(); }},
         {"&Fit", "Ctrl+9", {}, [this] { view->Fit(); }},
         {"", "", {}, {}},
-        {"Mark What the Set Does Not &Draw", "Ctrl+D", {}, [this] { elements->SelectUndrawn(); }, false},
-        {"Mark &Nothing", "Ctrl+Shift+A", {}, [this] { elements->clearSelection(); }, false},
+        {"Show or Hide the &Strip", "F9", {}, [this] { strip->setVisible(!strip->isVisible()); }, false},
+        {"", "", {}, {}},
+        {"Mark What the Set Does Not &Draw", "Ctrl+D", {}, [this] { elements->SelectUndrawn(); }, false, &undrawn},
+        {"Mark &Nothing", "Ctrl+Shift+A", {}, [this] { elements->clearSelection(); }, false, &unmark},
     };
     auto* bar = addToolBar(QStringLiteral("Levels"));
     bar->setMovable(false);
     bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    QAction* last = nullptr;
     const auto fill = [&](QMenu* menu, std::span<const Row> rows) {
         for (const Row& entry : rows) {
             if (*entry.Caption == 0) {
                 menu->addSeparator();
                 continue;
             }
-            last = new QAction(QString::fromLatin1(entry.Caption), this);
-            last->setShortcuts(QKeySequence::listFromString(QString::fromLatin1(entry.Keys)));
-            connect(last, &QAction::triggered, this, entry.Run);
-            menu->addAction(last);
+            auto* action = new QAction(QString::fromLatin1(entry.Caption), this);
+            action->setShortcuts(QKeySequence::listFromString(QString::fromLatin1(entry.Keys)));
+            connect(action, &QAction::triggered, this, entry.Run);
+            menu->addAction(action);
+            if (entry.Kept)
+                *entry.Kept = action;
             if (entry.NeedsLevel)
-                levelActions << last;
+                levelActions << action;
+            else if (entry.Icon)
+                otherLevels << action;
             if (entry.Icon) {
-                last->setIcon(style()->standardIcon(*entry.Icon));
-                bar->addAction(last);
+                action->setIcon(style()->standardIcon(*entry.Icon));
+                action->setIconText(QString::fromLatin1(entry.Caption).remove(u'&').section(u' ', 0, 0).remove(u'.'));
+                bar->addAction(action);
             }
         }
     };
     fill(menuBar()->addMenu(QStringLiteral("&Level")), file);
     fill(menuBar()->addMenu(QStringLiteral("&View")), look);
-    unmark = last;
-    undrawn = menuBar()->actions().last()->menu()->actions().at(5);
     unmark->setEnabled(false);
     undrawn->setEnabled(false);
 

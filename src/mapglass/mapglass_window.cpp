@@ -37,6 +37,7 @@ MapglassWindow::MapglassWindow(QWidget* parent) : QMainWindow(parent)
 
 void MapglassWindow::OpenLevel(const QString& told)
 {
+    statusBar()->clearMessage();
     path = QFileInfo(told).absoluteFilePath();
     Result<LevelFile> read = ReadLevelFile(path);
     level = read ? std::move(*read) : LevelFile();
@@ -76,8 +77,8 @@ void MapglassWindow::ShowHeader()
 {
     const LevelInfo& info = level.Record.Info;
     const bool shown = level.Record.Map.Width() > 0;
-    setWindowTitle(path.isEmpty() ? QStringLiteral("Mapglass")
-                                  : paths::FileNameOfPath(path) + QStringLiteral(" - Mapglass"));
+    const QString title = answer ? info.Cavename : paths::FileNameOfPath(path);
+    setWindowTitle(title.isEmpty() ? QStringLiteral("Mapglass") : title + QStringLiteral(" - Mapglass"));
     const QString values[] = {info.Cavename,
                               info.Author == QLatin1StringView("NA") ? QStringLiteral("(not told)") : info.Author,
                               QStringLiteral("%1 by %2").arg(info.Width, info.Height),
@@ -110,7 +111,7 @@ void MapglassWindow::TakePalettes()
     painter = MapPainter(palette.value_or(QImage()));
     strip->Levels().SetPainter(painter);
     if (!palette)
-        statusBar()->showMessage(palette.error().Text().replace(u'^', u' '));
+        Tell(palette.error().Text().replace(u'^', u' '));
 }
 
 void MapglassWindow::ChoosePalette()
@@ -125,7 +126,7 @@ void MapglassWindow::ChoosePalette()
     if (palette)
         UsePalette(*palette);
     else
-        statusBar()->showMessage(palette.error().Text().replace(u'^', u' '));
+        Tell(palette.error().Text().replace(u'^', u' '));
 }
 
 void MapglassWindow::MakeSetPalette()
@@ -135,7 +136,7 @@ void MapglassWindow::MakeSetPalette()
         Result<SetPalette> made = PaletteOfSet(folder, false);
         QApplication::restoreOverrideCursor();
         if (!made) {
-            statusBar()->showMessage(made.error().Text().replace(u'^', u' '));
+            Tell(made.error().Text().replace(u'^', u' '));
             return;
         }
         setPalette = std::move(*made);
@@ -155,6 +156,13 @@ void MapglassWindow::UsePalette(const QImage& palette)
 }
 
 // What the window tells
+
+/// For a moment: the line belongs to the cell under the mouse.
+void MapglassWindow::Tell(const QString& text)
+{
+    constexpr int Moment = 8000; // ms
+    statusBar()->showMessage(text, Moment);
+}
 
 void MapglassWindow::TellCell(int x, int y)
 {
@@ -180,14 +188,15 @@ void MapglassWindow::TellZoom()
 void MapglassWindow::TellBox()
 {
     const std::optional<LevelBox> box = view->Box();
-    boxText->setText(box ? QStringLiteral("%1, %2 to %3, %4   (%5 by %6)")
-                               .arg(box->X1 + 1)
-                               .arg(box->Y1 + 1)
-                               .arg(box->X2 + 1)
-                               .arg(box->Y2 + 1)
-                               .arg(box->Width())
-                               .arg(box->Height())
-                         : QStringLiteral("Draw a rectangle with the left mouse button."));
+    boxText->setText(
+        box ? QStringLiteral("%1, %2 to %3, %4   (%5 by %6)")
+                  .arg(box->X1 + 1)
+                  .arg(box->Y1 + 1)
+                  .arg(box->X2 + 1)
+                  .arg(box->Y2 + 1)
+                  .arg(box->Width())
+                  .arg(box->Height())
+            : QStringLiteral("Draw a rectangle with the left mouse button, or with the arrow keys and Shift."));
 }
 
 void MapglassWindow::MarkElements()
@@ -200,6 +209,8 @@ void MapglassWindow::MarkElements()
 
 void MapglassWindow::StepLevel(int rows)
 {
+    if (answer)
+        return;
     const int row = strip->Levels().RowOf(paths::FileNameOfPath(path));
     const QString next = strip->Levels().Path(row + rows);
     if (!next.isEmpty())
@@ -212,6 +223,8 @@ void MapglassWindow::keyPressEvent(QKeyEvent* event)
         StepLevel(1);
     else if (event->key() == Qt::Key_PageUp)
         StepLevel(-1);
+    else if (answer && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
+        FinishAndClose();
     else
         QMainWindow::keyPressEvent(event);
 }
@@ -238,6 +251,8 @@ void MapglassWindow::ServeMacro(const ViewRequest& request, Answering told)
     banner->setVisible(true);
     view->SetDrawsBox(true);
     strip->setVisible(false); // it is this level that the macro asks about
+    for (QAction* action : std::as_const(otherLevels))
+        action->setVisible(false);
     TellBox();
 }
 
@@ -249,6 +264,12 @@ void MapglassWindow::Finish(bool cancelled)
     answered = true;
     if (!done)
         QMessageBox::warning(this, windowTitle(), done.error().Text().replace(u'^', u'\n'));
+}
+
+void MapglassWindow::FinishAndClose()
+{
+    Finish(false);
+    close();
 }
 
 void MapglassWindow::closeEvent(QCloseEvent* event)

@@ -55,6 +55,7 @@ private:
     void ChoosePalette();
     void MakeSetPalette();
     void UsePalette(const QImage& palette);
+    void Tell(const QString& text);
     void TellCell(int x, int y);
     void TellZoom();
     void TellBox();
@@ -62,6 +63,7 @@ private:
     void Export();
     void Print();
     void Finish(bool cancelled);
+    void FinishAndClose();
 
     QString path, folder;
     LevelFile level;       ///< as it is on disk; without a map if it is none
@@ -83,4 +85,5 @@ private:
     QComboBox* palettes;
     QAction *undrawn, *unmark;
     QList<QAction*> levelActions; ///< that make sense while a level is shown
+    QList<QAction*> otherLevels;  ///< that lead to another level
 };

@@ -11,11 +11,12 @@
 TEST(FuzzLevel, MutatedLevelsAreRefusedOrComeBackWhole)
 {
     QRandomGenerator random(20240611);
+    const int rounds = FuzzRounds(500);
     int taken = 0, refused = 0;
     for (const LevelPlan& plan : EveryForm()) {
         const QByteArray whole = BuildLevel(plan).Bytes;
         ASSERT_EQ(FuzzLevel(whole), QString()) << plan.Form.constData();
-        for (int round = 0; round < 500; ++round) {
+        for (int round = 0; round < rounds; ++round) {
             const QByteArray bytes = Mutated(whole, random);
             ASSERT_EQ(FuzzLevel(bytes), QString()) << bytes.toHex().constData();
             ++(ParseLevel(bytes, KnownOffsets) ? taken : refused);

@@ -150,8 +150,9 @@ TEST(FuzzPalette, MutatedConfsMakeAPalette)
     const QByteArray conf = "rock: a.pcx\nrock.xpos: 1\nrock.ypos: 2\nbug.left.EDITOR: b.png\n.xpos:-7\n.ypos::9 \n"
                             "bd_firefly.left: a.pcx\n.xpos: 2147483648\n.ypos: 0\n: a.pcx\n#.pcx\nsand:.pcx\n";
     QRandomGenerator random(20240612);
+    const int rounds = FuzzRounds(2000);
     int drawn = 0;
-    for (int round = 0; round < 2000; ++round) {
+    for (int round = 0; round < rounds; ++round) {
         const PaletteMaker maker = Made(QString::fromUtf8(Mutated(conf, random)).split(u'\n'), random.bounded(2) == 0);
         ASSERT_EQ(maker.Palette().size(), QSize(400, 32));
         drawn += int(maker.Drawn().size());

@@ -17,7 +17,7 @@ struct LevelShowTest : testing::Test
     LevelShowTest()
     {
         Frame.DataFolder = ProjectFile(u"data/"_s);
-        MacroWindows.LevelViewer = scope.Folder.Write(u"viewer"_s, "");
+        Level.Viewer = scope.Folder.Write(u"viewer"_s, "");
         MacroWindows.RegistryFile = scope.Folder.Path(u"registry.json"_s);
         MacroWindows.ShowMap = [this](const QString& caption, const QString& palette) {
             seen << caption + u'|' + palette + u'|' + Level.Info.Cavename;
@@ -103,9 +103,23 @@ TEST_F(LevelShowTest, QuickFilesAndRefusals)
     EXPECT_EQ(shown, caves);
     EXPECT_EQ(seen, QStringList{u"Look||gemforge example level"_s});
     EXPECT_EQ(Run({u"levshow nothing.level Look"_s}), u"File doesn't exist or is not a level.^^nothing.level"_s);
-    QFile::remove(MacroWindows.LevelViewer);
+    QFile::remove(Level.Viewer);
     EXPECT_EQ(Run({u"cd my|caves"_s, u"levshow 001.level Look"_s}),
               u"Can't find the Mapglass.exe! It should be in the same folder as the Gemforge.exe"_s);
     RegistryStore store(MacroWindows.RegistryFile);
     EXPECT_FALSE(TakeViewRequest(store));
+}
+
+// Catches: a level or its working files left open for the next macro, a clipboard that ends with its run, a box or a
+// frequency that does not.
+TEST_F(LevelShowTest, ARunLeavesItsClipboardAlone)
+{
+    const QString made = Run({u"levload new"_s, u"levpoke 7 2 1"_s, u"setpoint 1 1 3 2"_s, u"levcopy"_s,
+                              u"levreplacefreq 0"_s, u"print [lastboxx2]"_s});
+    EXPECT_EQ(made, u"3"_s);
+    EXPECT_EQ(Level.CurrentLevelPath, QString());
+    EXPECT_FALSE(Level.Folder);
+    EXPECT_EQ(Run({u"print [levclipwidth] [levclipheight] [lastboxx2]"_s, u"levload new"_s, u"levpaste 64 32"_s,
+                   u"levpaste 62 32"_s, u"levreplace 7 9"_s, u"print [lvp:63:32]"_s, u"levclear"_s}),
+              u"3209"_s);
 }

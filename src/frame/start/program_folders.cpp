@@ -41,7 +41,8 @@ void BringFolder(const QString& from, const QString& to)
         Bring(from + name, to + name);
 }
 
-/// Tables and help come with each update; settings, macros and previews are the user's after the first start.
+/// Tables, help and the default palette come with each update; settings, macros and the other previews are the user's
+/// after the first start.
 void FillUserFolder(const QString& from, const QString& to)
 {
     QDir().mkpath(to + QStringLiteral("data"));
@@ -53,6 +54,9 @@ void FillUserFolder(const QString& from, const QString& to)
     Bring(from + QStringLiteral("Help.zip"), to + QStringLiteral("Help.zip"));
     for (const QString& folder : {QStringLiteral("Macros/"), QStringLiteral("previews/")})
         BringFolder(from + folder, to + folder);
+    const QString palette = QStringLiteral("previews/gfx_classic.gif");
+    if (paths::FileExists(from + palette))
+        Bring(from + palette, to + palette);
 }
 
 } // namespace

@@ -29,7 +29,7 @@ void TakeAnswer(RunState& run, RegistryStore& store)
 
 void RunViewer(RunState& run, const QString& path, const ViewRequest& request)
 {
-    if (!paths::FileExists(MacroWindows.LevelViewer)) {
+    if (!paths::FileExists(ViewerProgram())) {
         run.Fail("Can't find the Mapglass.exe! It should be in the same folder as the Gemforge.exe");
         return;
     }
@@ -39,7 +39,7 @@ void RunViewer(RunState& run, const QString& path, const ViewRequest& request)
         return;
     }
     run.Stage.ShowTarget(true);
-    const Result<> ran = MacroWindows.ViewLevel(MacroWindows.LevelViewer, path);
+    const Result<> ran = MacroWindows.ViewLevel(ViewerProgram(), path);
     run.Stage.ShowTarget(false);
     if (ran)
         TakeAnswer(run, store);

@@ -13,6 +13,7 @@
 #include "windows/parts/help_subject.h"
 
 #include <QCheckBox>
+#include <QElapsedTimer>
 #include <QGridLayout>
 #include <QLabel>
 #include <QProgressBar>
@@ -22,6 +23,7 @@
 namespace {
 
 constexpr QSize SheetRoomAt96(120, 120);
+constexpr qint64 ShowEvery = 50; // ms
 
 /// What stands in the way of a palette, in the order of the tests; nothing if all is there.
 std::optional<message::Number> WhatIsMissing()
@@ -86,7 +88,10 @@ frmMakePreview::frmMakePreview(QWidget* owner) : QDialog(DialogParent(owner))
 
 void frmMakePreview::LayOut()
 {
-    auto* side = new QVBoxLayout;
+    auto* left = new QWidget(this);
+    left->setFixedWidth(Pixels(*this, 240));
+    auto* side = new QVBoxLayout(left);
+    side->setContentsMargins({});
     side->addWidget(chkEditor);
     side->addWidget(picLoad, 0, Qt::AlignHCenter);
     side->addWidget(lblResult);
@@ -97,9 +102,9 @@ void frmMakePreview::LayOut()
     buttons->addWidget(cmdCancel);
     side->addLayout(buttons);
     auto* row = new QHBoxLayout(this);
-    row->addLayout(side);
+    row->addWidget(left);
     row->addWidget(picMake, 1);
-    resize(Pixels(*this, 690), Pixels(*this, 480));
+    resize(Pixels(*this, 720), Pixels(*this, 480));
 }
 
 void frmMakePreview::Open()
@@ -119,6 +124,51 @@ void frmMakePreview::Open()
     lblResult->setText(QStringLiteral("Elements that %1 does not draw keep the classic look.").arg(Frame.CurrentFile));
 }
 
+void frmMakePreview::SetMaking(bool on)
+{
+    making = on;
+    cmdGO->setEnabled(!on);
+    chkEditor->setEnabled(!on);
+    Busy().BusyPointer(on);
+    if (on)
+        return;
+    ProgRock->reset();
+    cmdGO->setFocus();
+}
+
+/// Reads the sheets of the lists and shows each.
+std::function<Result<QImage>(const QString&)> frmMakePreview::ShownSheets(RunScope& run)
+{
+    const auto read = SheetsIn({Lists().Base.Folder(), Lists().Extra.Folder()}, Frame.Settings.SheetKinds,
+                               [&run] { return run.Turn(); });
+    return [this, read, shown = QString()](const QString& file) mutable {
+        Result<QImage> sheet = read(file);
+        if (sheet && shown != file)
+            picLoad->setPixmap(QPixmap::fromImage(sheet->scaled(picLoad->size(), Qt::KeepAspectRatio)));
+        shown = file;
+        return sheet;
+    };
+}
+
+void frmMakePreview::TakeLines(PaletteMaker& maker, RunScope& run)
+{
+    const QString text = QString::fromUtf8(CurrentPane().Bytes());
+    const QList<QStringView> lines = QStringView(text).split(u'\n');
+    ProgRock->setRange(0, int(lines.size()));
+    QElapsedTimer sinceShown;
+    sinceShown.start();
+    for (qsizetype line = 0; line < lines.size() && run.Turn(); ++line) {
+        maker.Line(lines.at(line));
+        if (sinceShown.elapsed() < ShowEvery)
+            continue;
+        ProgRock->setValue(int(line + 1));
+        picMake->ReplacePicture(maker.Palette());
+        sinceShown.restart();
+    }
+    maker.End();
+    picMake->ReplacePicture(maker.Palette());
+}
+
 void frmMakePreview::Make()
 {
     const Result<QImage> start = ReadPalette(DefaultPalette());
@@ -126,44 +176,11 @@ void frmMakePreview::Make()
         ShowFailure(start.error());
         return;
     }
-    Busy().BusyPointer(true);
-    cmdGO->setEnabled(false);
-    chkEditor->setEnabled(false);
-    making = true;
+    SetMaking(true);
     RunScope run(RunKind::Pass, windowTitle());
-    const SheetEndings& endings = Frame.Settings.SheetKinds;
-    const PaletteMaker::SheetReader read =
-        SheetsIn({Lists().Base.Folder(), Lists().Extra.Folder()}, endings, [&run] { return run.Turn(); });
-    QString shown;
-    PaletteMaker maker(
-        *start, NamesOfElements(), endings,
-        [&](const QString& file) {
-            Result<QImage> sheet = read(file);
-            if (sheet && shown != file)
-                picLoad->setPixmap(
-                    QPixmap::fromImage(sheet->scaled(picLoad->size(), Qt::KeepAspectRatio, Qt::FastTransformation)));
-            shown = file;
-            return sheet;
-        },
-        chkEditor->isChecked());
-    const QString text = QString::fromUtf8(CurrentPane().Bytes());
-    const QList<QStringView> lines = QStringView(text).split(u'\n');
-    ProgRock->setRange(0, int(lines.size()));
-    size_t drawn = 0;
-    for (qsizetype line = 0; line < lines.size() && run.Turn(); ++line) {
-        maker.Line(lines.at(line));
-        ProgRock->setValue(int(line + 1));
-        if (drawn != maker.Drawn().size())
-            picMake->ReplacePicture(maker.Palette());
-        drawn = maker.Drawn().size();
-    }
-    maker.End();
-    picMake->ReplacePicture(maker.Palette());
-    Busy().BusyPointer(false);
-    ProgRock->reset();
-    making = false;
-    cmdGO->setEnabled(true);
-    chkEditor->setEnabled(true);
+    PaletteMaker maker(*start, NamesOfElements(), Frame.Settings.SheetKinds, ShownSheets(run), chkEditor->isChecked());
+    TakeLines(maker, run);
+    SetMaking(false);
     if (run.Stopped())
         lblResult->setText(QStringLiteral("Stopped. Nothing was written."));
     else

@@ -10,7 +10,6 @@
 #include "game/game_state.h"
 #include "game/scratch_home.h"
 #include "graphics/picks.h"
-#include "level/level_viewer.h"
 #include "macro/macro_ports.h"
 #include "platform/desktop/program_looks.h"
 #include "platform/files/beside_notes.h"
@@ -81,7 +80,6 @@ int Run(QApplication& application, const StartFolders& folders, ProgramLooks& lo
     MacroWindows.ShowMap = [&window](const QString& caption, const QString& palette) {
         frmQuickMapView::Run(caption, palette, &window);
     };
-    MacroWindows.LevelViewer = ViewerProgram();
     MacroWindows.ViewLevel = RunViewer;
     MacroWindows.KnownFile = folders.StateFolder + QStringLiteral("known_macros.txt");
     FollowForm(looks);

@@ -117,6 +117,7 @@ TEST_F(StartUp, AnInstalledProgramFillsTheUsersFolder)
     installed.Write(QStringLiteral("share/gemforge/data/compat.ini"), "old");
     installed.Write(QStringLiteral("share/gemforge/Help.zip"), "pages");
     installed.Write(QStringLiteral("share/gemforge/Macros/frame.gfb"), "macro");
+    installed.Write(QStringLiteral("share/gemforge/previews/gfx_classic.gif"), "old");
     const StartFolders first = OrdinaryFolders(installed.Path(QStringLiteral("bin/")));
     EXPECT_EQ(first.ProgramFolder, home.Path(QStringLiteral("XDG_DATA_HOME/gemforge/")));
     EXPECT_EQ(first.HelpProgram, installed.Path(QStringLiteral("bin/Help")));
@@ -124,11 +125,15 @@ TEST_F(StartUp, AnInstalledProgramFillsTheUsersFolder)
 
     home.Write(QStringLiteral("XDG_DATA_HOME/gemforge/data/user.ini"), "[Misc]\nSpacerWidth=60\n");
     QFile::remove(home.Path(QStringLiteral("XDG_DATA_HOME/gemforge/Macros/frame.gfb")));
+    home.Write(QStringLiteral("XDG_DATA_HOME/gemforge/previews/mine.gif"), "mine");
+    installed.Write(QStringLiteral("share/gemforge/previews/gfx_classic.gif"), "new");
     installed.Write(QStringLiteral("share/gemforge/data/compat.ini"), "new");
     EXPECT_EQ(OrdinaryFolders(installed.Path(QStringLiteral("bin"))).ProgramFolder, first.ProgramFolder);
     EXPECT_EQ(home.Read(QStringLiteral("XDG_DATA_HOME/gemforge/data/compat.ini")), "new");
     EXPECT_EQ(home.Read(QStringLiteral("XDG_DATA_HOME/gemforge/data/user.ini")), "[Misc]\nSpacerWidth=60\n");
     EXPECT_EQ(home.Read(QStringLiteral("XDG_DATA_HOME/gemforge/Macros/frame.gfb")), "<no such file>");
+    EXPECT_EQ(home.Read(QStringLiteral("XDG_DATA_HOME/gemforge/previews/gfx_classic.gif")), "new");
+    EXPECT_EQ(home.Read(QStringLiteral("XDG_DATA_HOME/gemforge/previews/mine.gif")), "mine");
 }
 
 // Catches: a home that cannot be written and a program that therefore does not start.

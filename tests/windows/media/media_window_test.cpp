@@ -3,6 +3,8 @@
 #include "frame/media/inject_path.h"
 #include "frame/media/media_lists.h"
 #include "level/level_files.h"
+#include "level/level_palette.h"
+#include "level/palette_maker.h"
 #include "platform/sound/audio.h"
 #include "windows/main/dropped_files.h"
 #include "windows/main/main_window_test.h"
@@ -179,9 +181,11 @@ TEST_F(MediaWindow, DoubleClickOpensByMode)
     Run.Work.Write(QStringLiteral("001.level"), "level");
     RefreshMedia();
     SetMode(ModeLvl);
+    Level.Viewer = Run.Work.Path(QStringLiteral("no viewer"));
     Click(0); // the refresh of the window's return is still to come
     DoubleClick(0);
     EXPECT_TRUE(WaitUntil([&] { return !Run.Scope.Answers.Asked.empty(); }));
+    ResetLevel();
     EXPECT_TRUE(Run.TakeMessages().value(0).contains(QLatin1String("Mapglass")));
     SetMode(ModeTxt);
     EXPECT_EQ(Shown(), QStringList());
@@ -424,6 +428,31 @@ TEST_F(MediaWindow, ListsLookAsTheSettingsSay)
     EXPECT_NEAR(WaveSeconds(head + QByteArray("data\x22\x56\0\0", 8)), 1, 1e-9);
     EXPECT_EQ(WaveSeconds(head + QByteArray("LIST\xff\xff\xff\xff", 8)), 0);
     EXPECT_EQ(WaveSeconds(head.first(22)), 0);
+}
+
+// Catches: levels without pictures, or with those of another set's palette; a palette that is read anew for each level.
+TEST_F(MediaWindow, LevelsHavePicturesInThePaletteOfTheirFolder)
+{
+    QImage palette(400, 1040, QImage::Format_RGB32);
+    palette.fill(Qt::green);
+    Run.Program.Write(QStringLiteral("previews/gfx_classic.gif"), "no palette");
+    const QString own = PaletteName(Run.Work.Path(QStringLiteral("1.level")));
+    ASSERT_TRUE(WritePalette(Run.Program.Path(QStringLiteral("previews/") + own), palette));
+    for (const char* name : {"1.level", "2.level"})
+        Run.Work.Write(QString::fromLatin1(name), LevelImage(QStringLiteral("LEVEL")));
+    Run.Work.Write(QStringLiteral("3.level"), "no level");
+    SetMode(ModeLvl);
+    ToggleView(7);
+    const auto isGreen = [this](int row) {
+        const QImage seen = List().viewport()->grab(PlaceOf(row)).toImage();
+        for (int x = 0; x < seen.width(); ++x)
+            if (seen.pixelColor(x, seen.height() / 2) == QColor(Qt::green))
+                return true;
+        return false;
+    };
+    EXPECT_TRUE(WaitUntil([&] { return isGreen(0) && isGreen(1); }));
+    EXPECT_FALSE(isGreen(2));
+    ToggleView(7);
 }
 
 #include "frame/frame_events.h"
