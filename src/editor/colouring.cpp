@@ -33,7 +33,7 @@ void Colouring::SetOn(bool wanted)
 void Colouring::Reset()
 {
     done.Clear();
-    printed = false;
+    printed = hides = false;
 }
 
 /// Until the tail of a very long line that comes is hidden, nothing plain is measured: it would take its time.
@@ -109,8 +109,17 @@ void Colouring::ColourLine(Span shown)
 
 void Colouring::HideTail(Span tail)
 {
+    hides = true;
     text.Send(Sci::SCI_STARTSTYLING, tail.Start);
     text.Send(Sci::SCI_SETSTYLING, tail.End - tail.Start, long(StyleUnseen));
+}
+
+void Colouring::Unlock(Span span)
+{
+    if (!hides || span.Start >= span.End)
+        return;
+    text.Send(Sci::SCI_STARTSTYLING, span.Start);
+    text.Send(Sci::SCI_SETSTYLING, span.End - span.Start, long(StyleNormal));
 }
 
 void Colouring::ShowPlain(bool wanted)

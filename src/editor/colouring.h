@@ -27,6 +27,9 @@ public:
     /// part.
     void AfterEdit();
 
+    /// To be told before what a person sees of a selection goes: the component protects what is unseen.
+    void Unlock(Span span);
+
     static constexpr qsizetype LongestShown = qsizetype(256) * 1024; ///< bytes of a line
 
     /// A line that is shown only in part has come.
@@ -50,4 +53,5 @@ private:
     int generation = -1; ///< of the languages, when `colours` was made
     bool on = true;
     bool printed = false;
+    bool hides = false; ///< some line has an unseen part
 };

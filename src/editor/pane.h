@@ -138,6 +138,9 @@ private:
     struct KeyRow;
     static const KeyRow KeyRows[];
 
+    /// Before the component takes out the selection, or the character beside the caret.
+    void UnlockSelection();
+
     // Events
     void ConnectComponent();
     void BeforeChange(int position, int kind, int length);

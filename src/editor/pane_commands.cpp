@@ -89,8 +89,18 @@ bool ScintillaPane::ExecuteCmd(int number, const QVariant& argument)
         return (this->*row->Run)(argument);
     if (row->Vertical)
         text.KeepCaretX();
+    if (row->Message == Sci::SCI_DELETEBACK || row->Message == Sci::SCI_CLEAR || row->Message == Sci::SCI_PASTE)
+        UnlockSelection();
     text.Send(row->Message);
     return true;
+}
+
+void ScintillaPane::UnlockSelection()
+{
+    constexpr qsizetype LongestCharacter = 4;
+    const RawSelection selection = text.Selection();
+    colouring.Unlock({qMax<qsizetype>(0, selection.Start() - LongestCharacter),
+                      qMin(text.Length(), selection.End() + LongestCharacter)});
 }
 
 /// A command that moves nothing and changes nothing counts as refused: a caret at the text's end stays there however
@@ -191,6 +201,7 @@ bool ScintillaPane::Cut(const QVariant&)
 {
     if (text.Send(Sci::SCI_GETSELECTIONEMPTY))
         return false;
+    UnlockSelection();
     text.Send(Sci::SCI_CUT);
     return true;
 }

@@ -131,6 +131,8 @@ bool ScintillaPane::KeyPressed(QKeyEvent& event)
         event.accept();
         return true;
     }
+    if (!event.text().isEmpty())
+        UnlockSelection();
     SettleSoon();
     const bool forTheWindow = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     if (forTheWindow)

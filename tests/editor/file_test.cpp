@@ -139,8 +139,31 @@ TEST_P(FileTest, AnyBytesLoadAndSave)
         subject->ExecuteCmd(CmdSelectAll);
         EXPECT_EQ(subject->SelLength(), subject->Text().size());
         subject->ExecuteCmd(CmdDeleteLeft);
-        subject->ExecuteCmd(CmdUndo);
+        EXPECT_EQ(subject->FileBytes(), QByteArray());
+        EXPECT_EQ(subject->ExecuteCmd(CmdUndo), OnPane());
         EXPECT_EQ(subject->FileBytes(), OnPane() ? bytes : QByteArray());
+    }
+}
+
+// Catches: the unseen part of a very long line that no key takes out or types over.
+TEST_F(PaneTest, TheUnseenPartOfALongLineCanBeEdited)
+{
+    const QByteArray line = "a" + QByteArray(400'000, 'x');
+    Component()->show();
+    for (const bool typed : {false, true}) {
+        pane->LoadBytes(line + "yz");
+        QCoreApplication::processEvents();
+        pane->ExecuteCmd(CmdDocumentEnd);
+        Press(Qt::Key_Backspace);
+        EXPECT_EQ(pane->FileBytes(), line + "y");
+        pane->SetSel({0, 1, 0, 400'002}, false);
+        if (typed)
+            Type(u"b"_s);
+        else
+            pane->ExecuteCmd(CmdCut);
+        EXPECT_EQ(pane->FileBytes(), typed ? "ab" : "a");
+        pane->ExecuteCmd(CmdUndo);
+        EXPECT_EQ(pane->FileBytes(), line + "y");
     }
 }
 

