@@ -5,6 +5,7 @@
 
 #include "editor/make_pane.h"
 #include "frame/start/start_up.h"
+#include "windows/main/command_keys.h"
 #include "windows/main/frmmain.h"
 #include "windows/options/colours_page.h"
 #include "windows/options/frm_options.h"
@@ -26,12 +27,13 @@ constexpr int Lines = 20'000; // of each text, over a megabyte
 /// The program's folder with settings that may be written.
 void CopyProgram(const QString& target)
 {
-    const QDir program(QCoreApplication::applicationDirPath());
+    const QDir program(QStringLiteral(PROJECT_FOLDER));
     QDir().mkpath(target + QStringLiteral("/data"));
     for (const QString& table : QDir(program.filePath(QStringLiteral("data"))).entryList(QDir::Files))
         QFile::copy(program.filePath(QStringLiteral("data/") + table), target + QStringLiteral("/data/") + table);
-    for (const char* name : {"Help", "Help.zip"})
-        QFile::copy(program.filePath(QString::fromLatin1(name)), target + u'/' + QString::fromLatin1(name));
+    for (const char* name : {"/Help", "/Help.zip"}) // a start looks whether they are there
+        if (!QFile(target + QString::fromLatin1(name)).open(QIODevice::WriteOnly))
+            qFatal("the folder cannot be written");
 }
 
 /// The main window with its texts.
@@ -63,7 +65,7 @@ struct BenchWindow
 
 OptionsPorts NoPorts()
 {
-    return {[] {}, [] {}, [] { return ShortcutTable({}, {}); }};
+    return {[] {}, [] {}, [] { return CommandShortcuts(); }};
 }
 
 void OpenOptions(benchmark::State& state, frmmain& window)

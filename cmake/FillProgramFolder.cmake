@@ -13,3 +13,18 @@ if(pages)
   execute_process(COMMAND ${CMAKE_COMMAND} -E tar cf ${BIN}/Help.zip --format=zip ${pages}
                   WORKING_DIRECTORY ${SOURCE}/help COMMAND_ERROR_IS_FATAL ANY)
 endif()
+# Each macro as the archive that it is when it is written in the program; the same bytes from the same source. The sums
+# tell which macros came with the program.
+set(sums "")
+file(GLOB macros ${SOURCE}/macros/*.gfbasic)
+foreach(macro ${macros})
+  get_filename_component(name ${macro} NAME_WE)
+  set(place "${BIN}/../packed_macros/${name}")
+  file(MAKE_DIRECTORY "${place}")
+  configure_file("${macro}" "${place}/basic.txt" COPYONLY)
+  execute_process(COMMAND ${CMAKE_COMMAND} -E tar cf "${BIN}/Macros/${name}.gfb" --format=zip "--mtime=2020-01-01" basic.txt
+                  WORKING_DIRECTORY "${place}" COMMAND_ERROR_IS_FATAL ANY)
+  file(SHA256 "${BIN}/Macros/${name}.gfb" sum)
+  string(APPEND sums "${sum}\n")
+endforeach()
+file(WRITE ${BIN}/data/shipped_macros.txt "${sums}")

@@ -1,5 +1,6 @@
 #include "batch/set_verbs.h"
 
+#include "batch/parsed_arguments.h"
 #include "frame/frame_state.h"
 #include "frame/run_scope.h"
 #include "game/game_messages.h"
@@ -13,7 +14,6 @@
 #include <QFileInfo>
 #include <algorithm>
 #include <map>
-#include <optional>
 
 namespace {
 
@@ -32,34 +32,17 @@ QString AbsoluteFolder(const QString& told)
     return QFileInfo(existing.isEmpty() ? told : existing).absoluteFilePath();
 }
 
-/// Options of a call and their values, as far as they are given.
-using Values = std::map<QString, std::optional<QString>>;
-
-/// Each option may stand once; false: what is wrong was told.
-bool TakeValues(const char* verb, const QStringList& arguments, Values& values, VerbStreams& streams)
-{
-    for (qsizetype i = 0; i < arguments.size(); i += 2) {
-        const auto value = values.find(arguments.at(i));
-        if (value == values.end() || i + 1 == arguments.size() || value->second) {
-            WrongUsage(verb, arguments.at(i) + QStringLiteral(": unknown, twice or without its value"), streams);
-            return false;
-        }
-        value->second = arguments.at(i + 1);
-    }
-    return true;
-}
-
 /// Ticks what the words of "--with" name; the word that names nothing, or an empty text.
-QString TakeExtras(const std::optional<QString>& words, NewSet& set)
+QString TakeExtras(const ParsedArguments& call, NewSet& set)
 {
     const auto& rows = SetExtras();
-    if (!words) {
+    if (!call.Has("--with")) {
         std::transform(rows.begin(), rows.end(), set.Extras.begin(),
                        [](const SetExtraRow& row) { return row.DumpIndex == 0; });
         return {};
     }
     set.Extras.fill(false);
-    for (const QString& word : words->split(u',', Qt::SkipEmptyParts)) {
+    for (const QString& word : call.Options.value(QStringLiteral("--with")).split(u',', Qt::SkipEmptyParts)) {
         const auto row = std::find_if(rows.begin(), rows.end(), [&](const SetExtraRow& one) {
             return word.trimmed() == QLatin1String(one.Word);
         });
@@ -68,6 +51,34 @@ QString TakeExtras(const std::optional<QString>& words, NewSet& set)
         set.Extras.at(size_t(row - rows.begin())) = true;
     }
     return {};
+}
+
+/// What a call of "set new" wants; false: what is wrong was told.
+bool TakeNewSet(const QStringList& arguments, NewSet& set, QString& program, VerbStreams& streams)
+{
+    const ParsedArguments call = ParseArguments(
+        arguments,
+        {{"--title", true}, {"--short", true}, {"--author", true}, {"--in", true}, {"--with", true}, {"--game", true}});
+    const auto value = [&](const char* option) { return call.Options.value(QLatin1StringView(option)); };
+    set.GameName = NewSetText(value("--title"));
+    set.ShortName = FilterFileName(NewSetText(value("--short")));
+    set.Author = NewSetText(value("--author"));
+    set.Path = value("--in").isEmpty() ? QString() : AbsoluteFolder(value("--in"));
+    const QString unknown = TakeExtras(call, set);
+    const QString wrong = !call.Wrong.isEmpty() ? call.Wrong
+                          : !set.IsFinished() || !call.Plain.isEmpty()
+                              ? QStringLiteral("--title, --short, --author and --in are wanted, and nothing else")
+                          : unknown.isEmpty() ? QString()
+                                              : unknown + QStringLiteral(": there is no such extra");
+    if (!wrong.isEmpty()) {
+        WrongUsage("set new", wrong, streams);
+        return false;
+    }
+    if (const QString game = value("--game"); !game.isEmpty()) {
+        program = AbsoluteFolder(game);
+        UseGame(program); // in memory only: settings are read only here
+    }
+    return true;
 }
 
 /// Lets the game print all that is wanted before anything is made.
@@ -96,24 +107,10 @@ Result<std::map<int, QByteArray>> PrintDumps(const NewSet& set, const QString& p
 
 VerbResult SetNewVerb(const QStringList& arguments, VerbStreams& streams)
 {
-    Values told;
-    for (const char* option : {"--title", "--short", "--author", "--in", "--with", "--game"})
-        told[QString::fromLatin1(option)] = std::nullopt;
-    const auto value = [&](const char* option) { return told[QString::fromLatin1(option)].value_or(QString()); };
-    if (!TakeValues("set new", arguments, told, streams))
-        return VerbFailed;
     NewSet set;
-    set.GameName = NewSetText(value("--title"));
-    set.ShortName = FilterFileName(NewSetText(value("--short")));
-    set.Author = NewSetText(value("--author"));
-    set.Path = value("--in").isEmpty() ? QString() : AbsoluteFolder(value("--in"));
-    if (!set.IsFinished())
-        return WrongUsage("set new", QStringLiteral("--title, --short, --author and --in are wanted"), streams);
-    if (const QString word = TakeExtras(told[QStringLiteral("--with")], set); !word.isEmpty())
-        return WrongUsage("set new", word + QStringLiteral(": there is no such extra"), streams);
-    const QString program = value("--game").isEmpty() ? Frame.Settings.RNDPath : AbsoluteFolder(value("--game"));
-    if (!value("--game").isEmpty())
-        UseGame(program); // in memory only: settings are read only here
+    QString program = Frame.Settings.RNDPath;
+    if (!TakeNewSet(arguments, set, program, streams))
+        return VerbFailed;
     const auto printed = PrintDumps(set, program);
     if (!printed)
         return Unchanged(printed.error(), streams);

@@ -1,5 +1,6 @@
 #include "macro/known_macros.h"
 
+#include "frame/frame_state.h"
 #include "macro/macro_ports.h"
 #include "platform/files/paths.h"
 
@@ -9,6 +10,13 @@
 namespace {
 
 constexpr qint64 LargestMacro = qint64(256) << 20, LargestList = qint64(4) << 20;
+
+/// Sums of the macros that came with the program.
+QByteArray ShippedLines()
+{
+    return paths::ReadWhole(Frame.ProgramFolder + QStringLiteral("data/shipped_macros.txt"), LargestList)
+        .value_or(QByteArray());
+}
 
 QByteArray KnownLines()
 {
@@ -26,7 +34,7 @@ QByteArray MacroHash(const QString& path)
 
 bool IsKnownMacro(const QByteArray& hash)
 {
-    return !hash.isEmpty() && KnownLines().split('\n').contains(hash);
+    return !hash.isEmpty() && QByteArray(KnownLines() + ShippedLines()).split('\n').contains(hash);
 }
 
 void RememberMacro(const QByteArray& hash)

@@ -4,17 +4,16 @@
 
 AliasTable StartedWindows;
 
+bool AliasedWindow::IsThere() const
+{
+    return other_windows::IsAlive(Window) && other_windows::ProcessOf(Window) == Process;
+}
+
 int AliasTable::IndexOf(const QString& alias) const
 {
     const auto found = std::find_if(entries.begin(), entries.end(),
                                     [&alias](const AliasedWindow& entry) { return entry.Alias == alias; });
     return found == entries.end() ? -1 : int(found - entries.begin());
-}
-
-const AliasedWindow* AliasTable::Find(const QString& alias) const
-{
-    const int index = IndexOf(alias);
-    return index < 0 ? nullptr : &entries[size_t(index)];
 }
 
 QString AliasTable::AliasOf(other_windows::Handle window) const
@@ -36,10 +35,17 @@ void AliasTable::TakeAlias(int index)
         entries[size_t(index)].Alias.reset();
 }
 
+void AliasTable::LetDown()
+{
+    for (const AliasedWindow& entry : entries)
+        if (entry.IsThere())
+            other_windows::KeepAbove(entry.Window, false);
+}
+
 void AliasTable::CloseAll()
 {
     for (const AliasedWindow& entry : entries)
-        if (entry.Window && other_windows::ProcessOf(entry.Window) == entry.Process)
+        if (entry.IsThere())
             other_windows::AskToClose(entry.Window);
     entries.clear();
 }

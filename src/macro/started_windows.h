@@ -12,6 +12,8 @@ struct AliasedWindow
     std::optional<QString> Alias; ///< none: taken away
     other_windows::Handle Window = 0;
     qint64 Process = 0; ///< whose window it was; a number of a window may come to be another program's
+
+    bool IsThere() const;
 };
 
 /// Windows of the programs that macros have started. They outlive their run: the next one, or the end of the program,
@@ -19,14 +21,14 @@ struct AliasedWindow
 class AliasTable
 {
 public:
-    const AliasedWindow* Find(const QString& alias) const; ///< letter case counts
-    int IndexOf(const QString& alias) const;               ///< -1: there is none
-    QString AliasOf(other_windows::Handle window) const;   ///< empty: none
+    int IndexOf(const QString& alias) const;             ///< letter case counts; -1: there is none
+    QString AliasOf(other_windows::Handle window) const; ///< empty: none
 
     void Add(const QString& alias, other_windows::Handle window);
     void TakeAlias(int index); ///< the entry stays without one
     const std::vector<AliasedWindow>& Entries() const { return entries; }
 
+    void LetDown();  ///< none of them above all others any more
     void CloseAll(); ///< asks each window to close, and forgets them
 
 private:

@@ -1,5 +1,6 @@
 #include "services/fso.h"
 
+#include "platform/files/beside_file.h"
 #include "platform/files/file_attributes.h"
 #include "platform/files/file_steps.h"
 #include "platform/files/regular_file.h"
@@ -68,42 +69,99 @@ void TakeTimes(const QString& path, const FileFacts& facts)
     utimensat(AT_FDCWD, Coded(path), times, 0); // a copy with another time is still one
 }
 
-/// The bytes of an open file into another's place.
-Result<> CopyBytes(const QString& path, int file, off_t size, WholeFile& to, const CountedTurn& turn)
+/// A file to be copied, open.
+struct CopySource
 {
-    QByteArray piece(PieceSize, Qt::Uninitialized);
+    explicit CopySource(const QString& from) : Path(from), File(from, std::numeric_limits<quint64>::max())
+    {
+        Error = File.Error;
+        if (Error == 0 && fstat(File.Handle, &Facts) != 0)
+            Error = errno;
+    }
+
+    const QString Path;
+    RegularFile File;
+    FileFacts Facts{};
+    int Error = 0;
+};
+
+/// Hands the bytes over piece by piece.
+Result<> CopyBytes(const CopySource& from, const CountedTurn& turn,
+                   const std::function<Result<>(QByteArrayView piece, off_t at)>& put)
+{
+    QByteArray piece(qMin<qint64>(PieceSize, from.Facts.st_size + 1), Qt::Uninitialized);
     for (off_t at = 0;;) {
-        const ssize_t got = Persist([&] { return Steps().ReadAt(file, piece.data(), size_t(piece.size()), at); });
-        if (got < 0)
-            return FailedWith(path, errno);
-        if (got == 0)
-            return {};
-        if (Result<> put = to.Put(QByteArrayView(piece).first(got), at); !put)
-            return put;
+        const ssize_t got =
+            Persist([&] { return Steps().ReadAt(from.File.Handle, piece.data(), size_t(piece.size()), at); });
+        if (got <= 0)
+            return got == 0 ? Result<>() : FailedWith(from.Path, errno);
+        if (Result<> done = put(QByteArrayView(piece).first(got), at); !done)
+            return done;
         at += got;
-        if (turn && !turn(int(at / PieceSize), int(size / PieceSize) + 1))
-            return Stopped(path);
+        if (turn && !turn(int(at / PieceSize), int(from.Facts.st_size / PieceSize) + 1))
+            return Stopped(from.Path);
     }
 }
 
-Result<> CopyOver(const QString& from, const QString& to, const CountedTurn& turn)
+void TakeAttributes(const CopySource& from, const QString& to)
 {
-    const RegularFile source(from, std::numeric_limits<quint64>::max());
-    FileFacts facts{};
-    if (source.Error != 0 || fstat(source.Handle, &facts) != 0)
-        return FailedWith(from, source.Error != 0 ? source.Error : errno);
-    WholeFile copy;
-    if (Result<> opened = copy.Open(to, facts.st_mode & CopiedMode); !opened)
-        return opened;
-    if (Result<> copied = CopyBytes(from, source.Handle, facts.st_size, copy, turn); !copied)
-        return copied;
-    if (Result<> done = copy.Commit(); !done)
-        return done;
     constexpr int Kept = AttributeHidden | AttributeSystem | AttributeArchive;
-    if (const int attributes = AttributesOf(from); attributes & Kept)
+    if (const int attributes = AttributesOf(from.Path); attributes & Kept)
         (void)SetAttributes(to, attributes); // where the file system has them
-    TakeTimes(to, facts);
-    return {};
+    TakeTimes(to, from.Facts);
+}
+
+/// Takes the target's place when it is whole, and is safe on the disk then.
+Result<> CopyOver(const QString& path, const QString& to, const CountedTurn& turn)
+{
+    const CopySource from(path);
+    if (from.Error != 0)
+        return FailedWith(path, from.Error);
+    WholeFile copy;
+    Result<> done = copy.Open(to, from.Facts.st_mode & CopiedMode);
+    if (done)
+        done = CopyBytes(from, turn, [&](QByteArrayView piece, off_t at) { return copy.Put(piece, at); });
+    if (done)
+        done = copy.Commit();
+    if (done)
+        TakeAttributes(from, to);
+    return done;
+}
+
+/// A new file among many, whose folder is synced when all are there.
+Result<> CopyToNew(const QString& path, const QString& to, const CountedTurn& turn)
+{
+    const CopySource from(path);
+    if (from.Error != 0)
+        return FailedWith(path, from.Error);
+    const int file = Persist([&] {
+        return Steps().Open(Coded(to), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                            from.Facts.st_mode & CopiedMode);
+    });
+    if (file < 0)
+        return FailedWith(to, errno);
+    Result<> done = CopyBytes(from, turn, [&](QByteArrayView piece, off_t at) -> Result<> {
+        const int error = WriteAll(file, piece, at);
+        return error == 0 ? Result<>() : FailedWith(to, error);
+    });
+    if (Steps().Close(file) != 0 && done)
+        done = FailedWith(to, errno);
+    if (done)
+        TakeAttributes(from, to);
+    else
+        Steps().Unlink(Coded(to));
+    return done;
+}
+
+/// All of a file system safe on the disk.
+Result<> SyncAllAt(const QString& folder)
+{
+    const int file = Persist([&] { return Steps().Open(Coded(folder), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0); });
+    if (file < 0)
+        return FailedWith(folder, errno);
+    const int error = Persist([&] { return Steps().SyncAll(file); }) == 0 ? 0 : errno;
+    Steps().Close(file);
+    return error == 0 ? Result<>() : FailedWith(folder, error);
 }
 
 /// A new name for what stands under an old one. EXDEV: on another file system.
@@ -170,6 +228,8 @@ public:
             if (Result<> copied = CopyEntry(entries[size_t(done)], within); !copied)
                 return copied;
         }
+        if (Result<> safe = SyncAllAt(to); !safe)
+            return safe;
         // Folders take their permissions last: a read-only one must still take what it holds.
         for (auto one = made.rbegin(); one != made.rend(); ++one)
             if (one->Folder) {
@@ -209,7 +269,9 @@ private:
         // A link there is replaced, not written through.
         if (there && (entry.IsLink() || S_ISLNK(there->st_mode)) && Steps().Unlink(Coded(place)) != 0)
             return FailedWith(place, errno);
-        Result<> copied = entry.IsLink() ? CopyLink(source, place) : CopyOver(source, place, within);
+        Result<> copied = entry.IsLink() ? CopyLink(source, place)
+                          : there        ? CopyOver(source, place, within)
+                                         : CopyToNew(source, place, within);
         if (copied && !there)
             made.push_back({place, std::nullopt});
         return copied;

@@ -4,7 +4,6 @@
 #include "frame/messages/asker.h"
 #include "frame/run_scope.h"
 #include "game/launcher.h"
-#include "platform/files/beside_folder.h"
 #include "platform/files/paths.h"
 #include "services/archive_tool.h"
 #include "sets/dropped_set.h"
@@ -94,7 +93,9 @@ void LevelManager::TakeForm(int node, const QString& key)
 void LevelManager::Play()
 {
     const WorkingScope working(*this);
+    emit Told(QStringLiteral("The game is running. Esc ends it."));
     LaunchGame(0, true);
+    emit Told({});
 }
 
 void LevelManager::Set()
@@ -227,14 +228,12 @@ void LevelManager::UnzipPlayAndDelete()
     WriteName(SavedGame);
     if (!QFileInfo::exists(LastUnzipped))
         return;
-    const auto same = IsSameSet(LastUnzipped, archive);
-    if (!same || !*same) {
+    const Result<bool> removed = RemoveUnzipped(LastUnzipped, archive);
+    if (!removed)
+        ShowFailure(removed.error());
+    else if (!*removed)
         emit Told(QStringLiteral("The folder has changed while it was played, so it stays: ") +
                   paths::Native(LastUnzipped));
-        return;
-    }
-    if (const Result<> removed = RemoveTree(LastUnzipped); !removed)
-        ShowFailure(removed.error());
 }
 
 void LevelManager::ViewZip()

@@ -240,6 +240,13 @@ Result<bool> IsSameSet(const QString& folder, const QString& path, const Counted
         });
 }
 
+Result<bool> RemoveUnzipped(const QString& folder, const QString& archive)
+{
+    const auto traces = TracesOf(folder, {});
+    const Result<bool> same = traces ? IsSameSet(folder, archive) : tl::unexpected(traces.error());
+    return same && *same ? RemoveZipped(folder, *traces).map([] { return true; }) : same;
+}
+
 QString UnzippedFolder(const QString& archive)
 {
     return SetNode{archive, {}}.Folder();

@@ -25,5 +25,8 @@ struct SwappedSet
 [[nodiscard]] Result<bool> IsSameSet(const QString& folder, const QString& archive, const CountedTurn& turn = {},
                                      QString* difference = nullptr);
 
+/// Removes a folder that was unpacked from an archive, which stays. False, and nothing is removed, if the two differ.
+[[nodiscard]] Result<bool> RemoveUnzipped(const QString& folder, const QString& archive);
+
 /// The folder that an archive is unpacked to, without "/" at the end.
 QString UnzippedFolder(const QString& archive);

@@ -11,6 +11,7 @@
 
 namespace {
 
+constexpr QLatin1StringView TapeEnd(".tape");
 constexpr qint64 LargestLevelinfo = qint64(1) << 20;
 
 /// One more file, by its path in the set.
@@ -19,7 +20,9 @@ void Count(const QString& path, qint64 bytes, SetFacts& facts)
     ++facts.Files;
     facts.Bytes += bytes;
     facts.Levels += path.endsWith(QLatin1String(".level"), Qt::CaseInsensitive) && !path.contains(u'/');
-    facts.Tapes += path.endsWith(QLatin1String(".tape"), Qt::CaseInsensitive);
+    const QString name = paths::FileNameOfPath(path);
+    if (name.endsWith(TapeEnd, Qt::CaseInsensitive))
+        facts.Tapes << name.chopped(TapeEnd.size());
 }
 
 void TakeLevelinfo(const QByteArray& bytes, SetFacts& facts)
@@ -65,5 +68,8 @@ SetFacts FactsOfArchive(const SetNode& node)
 
 SetFacts FactsOf(const SetNode& node)
 {
-    return node.IsZipped() ? FactsOfArchive(node) : FactsOfFolder(node.Key);
+    SetFacts facts = node.IsZipped() ? FactsOfArchive(node) : FactsOfFolder(node.Key);
+    facts.Tapes.sort();
+    facts.Tapes.removeDuplicates();
+    return facts;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 struct SetNode;
 
@@ -9,7 +9,8 @@ struct SetFacts
 {
     QString Name, Author; ///< as levelinfo.conf has them; empty without one
     int Levels = 0;       ///< level files right in its folder
-    int Files = 0, Tapes = 0;
+    int Files = 0;
+    QStringList Tapes; ///< names of their files without the ending, in order; of several folders each once
     qint64 Bytes = 0;  ///< of the files, unpacked
     bool More = false; ///< there are too many files; those counted are the first
     bool Gone = false; ///< it cannot be read

@@ -350,13 +350,15 @@ void LineText::Told()
 {
     if (batches > 0)
         return;
-    if (std::exchange(told.Edits, edits) != edits)
-        emit TextChanged();
+    // An edit may have changed what the selection says, wherever it was.
+    const bool edited = std::exchange(told.Edits, edits) != edits;
     const bool moved = told.Anchor != anchor || told.Caret != caret;
     told.Anchor = anchor;
     told.Caret = caret;
-    if (moved)
-        emit SelectionChanged();
+    if (edited)
+        emit TextChanged();
     if (std::exchange(told.Modified, modified) != modified)
         emit ModifiedChanged(modified);
+    if (edited || moved)
+        emit SelectionChanged();
 }

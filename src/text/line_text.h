@@ -17,8 +17,11 @@ public:
 };
 
 /// A document's text by its lines, for work that changes very many of them one by one: an edit costs the line it
-/// stands in. It behaves as a pane of one font does, with two differences: it keeps no history, and commands that open
-/// a dialog do nothing. What has changed since the last look is known, so that a pane can be brought up to date.
+/// stands in. Macros run on it, with a window and without one: found and replaced line by line, 100,000 lines cost 0.03
+/// s of the processor here and 4 s on a pane, printed ones a fifth (bench/text_bench.cpp). The same tests hold for both
+/// (tests/editor/either_text.h). It behaves as a pane of one font does, with two differences: it keeps no history, and
+/// commands that open a dialog do nothing. What has changed since the last look is known, so that a pane can be brought
+/// up to date.
 class LineText final : public DocumentText
 {
 public:

@@ -61,7 +61,8 @@ TEST_F(SetVerbs, NewMakesWhatIsNamed)
     EXPECT_EQ(New("full", dumps + QStringList{QStringLiteral("--game"), Place.Program()}).Code, VerbDone);
     EXPECT_EQ(FilesIn("full"), 5);
     EXPECT_EQ(New("x", {QStringLiteral("--with"), QStringLiteral("nonsense")}).Code, VerbFailed);
-    EXPECT_EQ(New("x", {QStringLiteral("--title"), QStringLiteral("twice")}).Code, VerbFailed);
+    EXPECT_EQ(New("x", {QStringLiteral("--title")}).Code, VerbFailed);
+    EXPECT_EQ(New("x", {QStringLiteral("stray")}).Code, VerbFailed);
     EXPECT_EQ(New("").Code, VerbFailed);
 }
 

@@ -1,5 +1,6 @@
 #include "frame/vocabulary.h"
 #include "macro_scope.h"
+#include "services/archive_tool.h"
 
 #include <QDir>
 #include <QFile>
@@ -64,8 +65,11 @@ QStringList Done(const Case& one)
     QDir(scope.Folder.Path()).mkpath(QStringLiteral("Sub/Deep"));
     Frame.Settings.LineCommentSearchChar = QStringLiteral("~");
     Frame.Settings.LineCommentLineChar = QStringLiteral("-");
-    if (one.Name.contains(QLatin1String("[saved]")))
+    if (one.Name.contains(QLatin1String("[saved]"))) {
         scope.Path = scope.Folder.Path(QStringLiteral("Saved.gfb"));
+        for (const char* name : {"basic.txt", "Note.txt"})
+            EXPECT_TRUE(AddBytesToResource(QLatin1String(name), "a note", scope.Path));
+    }
     scope.AllowFiles = one.Name.contains(QLatin1String("[files]"));
     Frame.WordLists[ModeGfx][KindElements] = {QStringLiteral("bd_wall"), QStringLiteral("yamyam")};
     Frame.WordLists[ModeGfx][KindActions] = {QStringLiteral("left"), QStringLiteral("right"), QStringLiteral("up"),

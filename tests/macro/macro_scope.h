@@ -36,7 +36,7 @@ public:
         };
         MacroRequest request;
         request.Source = PrepareSource(source);
-        request.Folder = Folder.Path();
+        request.Folder = Home.isEmpty() ? Folder.Path() : Home;
         request.Seed = 1;
         request.Path = Path;
         trial.Error = RunMacro(request, Stage, scope);
@@ -50,6 +50,7 @@ public:
     OwnClipboard Clipboard;
     PlainStage Stage{Clipboard};
     QString Path; ///< of the macro's file; empty: never saved
+    QString Home; ///< where it runs; empty: in Folder
     bool AllowFiles = false;
     std::optional<qint64> Deadline = 60'000;
 };

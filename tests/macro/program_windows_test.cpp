@@ -95,7 +95,7 @@ TEST_F(ProgramWindows, FailAsTheLanguageSays)
 {
     EXPECT_EQ(Run(u"winkill\n"_s).Error, u"The window associated with the alias '' no longer exists!"_s);
     EXPECT_EQ(Run(u"winset none\n"_s).Error, u"Alias doesn't exists: none"_s);
-    EXPECT_EQ(Run(u"execute XTERM \"-e cat\" term\nexecute XTERM \"-e touch bad\" term\n"_s).Error,
+    EXPECT_EQ(Run(u"execute XTERM \"-e cat\" term\npause 300\nexecute XTERM \"-e touch bad\" term\n"_s).Error,
               u"Alias already exists: term"_s);
     EXPECT_EQ(Run(u"execute XTERM \"-e sleep 0.3\" term\npause 1500\nprint [winalive]\nwinset term\n"_s).Error,
               u"The window associated with the alias 'term' no longer exists!"_s);

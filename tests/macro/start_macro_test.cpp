@@ -2,6 +2,7 @@
 #include "frame/frame_state.h"
 #include "frame/run_scope.h"
 #include "host_scope.h"
+#include "macro/known_macros.h"
 #include "macro/macro_ports.h"
 #include "macro/macro_powers.h"
 #include "macro/start_macro.h"
@@ -184,4 +185,20 @@ TEST(MacroPowers, AreToldByTheFirstWords)
     EXPECT_EQ(PowersOf({u"EXECUTE a"_s, u"levSave b"_s}), StartsPrograms | WritesLevels);
     EXPECT_EQ(PowersOf({u"peek 1 2bit"_s, u"dir *"_s}), 0);
     EXPECT_EQ(PowersOf({u"regread a $b"_s, u"keysend x"_s, u"winkillall"_s}), UsesRegistry | SendsKeys | SteersWindows);
+}
+
+// Catches: a macro that came with the program and is asked about, one that was changed since and is not.
+TEST_F(StartMacroTest, OnesThatShipAreKnown)
+{
+    Choose(NewMacroChoice::Cancel);
+    const QString before = std::exchange(Frame.ProgramFolder, folder.Path());
+    const QString path = folder.Write(u"shipped.gfb"_s, "docstart\r\nprint shipped\r\n");
+    folder.Write(u"data/shipped_macros.txt"_s, QByteArray(64, 'a') + '\n' + MacroHash(path) + '\n');
+    StartMacro(path);
+    EXPECT_TRUE(asked.empty());
+    EXPECT_TRUE(Pane().GetLine(0).startsWith(u"shipped"_s));
+    folder.Write(u"shipped.gfb"_s, "docstart\r\nprint changed\r\n");
+    StartMacro(path);
+    EXPECT_EQ(asked.size(), 1U);
+    Frame.ProgramFolder = before;
 }

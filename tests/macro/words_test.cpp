@@ -1,6 +1,10 @@
+#include "macro/language/program.h"
+#include "macro/language/source_text.h"
 #include "macro/language/word_tables.h"
+#include "macro/macro_powers.h"
 #include "test_support.h"
 
+#include <QDir>
 #include <QFile>
 #include <QHash>
 #include <QSet>
@@ -79,6 +83,24 @@ TEST(MacroWords, RowsListAndHelpAgree)
     }
 }
 
+// Catches: a command that works with files or programs and does not ask first, one that asks without need, one that the
+// window in front of a new macro does not tell of.
+TEST(MacroWords, WhatWorksWithFilesAsksFirst)
+{
+    const QSet<QString> told{u"openfileload"_s, u"openfileinsert"_s, u"openfilesave"_s, u"filekill"_s, u"dirkill"_s,
+                             u"dirmake"_s,      u"filecopy"_s,       u"filemove"_s,     u"dircopy"_s,  u"dirmove"_s,
+                             u"execute"_s,      u"resunpack"_s,      u"zip"_s,          u"unzip"_s,    u"ziplist"_s,
+                             u"fileattrib"_s,   u"poke"_s,           u"pokeadd"_s};
+    QSet<QString> gated;
+    for (const auto& family : CommandFamilies())
+        for (const CommandWord& row : family)
+            if (row.Flags & SafeGate)
+                gated.insert(QLatin1String(row.Word));
+    EXPECT_EQ(gated, told);
+    for (const QString& word : told)
+        EXPECT_NE(PowersOf({word}), 0) << word;
+}
+
 // Catches: a word or a tag that is found by another case only, or by a part of it.
 TEST(MacroWords, AreFoundInAnyLetterCase)
 {
@@ -92,4 +114,21 @@ TEST(MacroWords, AreFoundInAnyLetterCase)
     EXPECT_STREQ(FindFunctionTag(u"[chr:")->Name, "chr");
     for (const char16_t* none : {u"[chr", u"[char:65]", u"chr:65]", u"[ch:65]"})
         EXPECT_EQ(FindFunctionTag(none), nullptr);
+}
+
+// Catches: a macro of ours that does not even begin, or says a word that the language does not have.
+TEST(MacroWords, MacrosThatShipSayOnlyThese)
+{
+    const QDir folder(ProjectFile(u"macros"_s));
+    const QStringList files = folder.entryList({u"*.gfbasic"_s}, QDir::Files);
+    EXPECT_FALSE(files.empty());
+    for (const QString& file : files) {
+        const PreparedSource source = PrepareSource(SourceFromBytes(Shipped(u"macros/"_s + file).toUtf8()));
+        EXPECT_EQ(source.ErrorText, QString()) << file;
+        Program program;
+        program.Take(source.Lines);
+        EXPECT_EQ(PrePass(program).Text, QString()) << file;
+        for (const QString& line : source.Lines)
+            EXPECT_TRUE(IsBlankLine(line) || FindCommand(line.section(u' ', 0, 0))) << file << ": " << line;
+    }
 }

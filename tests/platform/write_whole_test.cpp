@@ -402,7 +402,11 @@ TEST_F(WriteWhole, SweepsWhatKilledSavesHaveLeft)
     for (const pid_t process : {gone, getppid()})
         state.Write(QStringLiteral("gemforge/beside/%1").arg(process),
                     QByteArray(QByteArray("/no/such/folder/\0", 17) + QFile::encodeName(elsewhere) + '\0'));
+    const QString folderOfGone = QStringLiteral(".gemforge-%1-7").arg(gone);
+    folder.Write(folderOfGone + QStringLiteral("/inner/half"), "half");
+    QFile::link(other, folder.Path(folderOfGone + QStringLiteral("/leads_out")));
     beside::SweepNoted();
+    EXPECT_FALSE(QFile::exists(folder.Path(folderOfGone)));
     EXPECT_FALSE(QFile::exists(fresh) || QFile::exists(state.Path(QStringLiteral("gemforge/beside/%1").arg(gone))));
     EXPECT_TRUE(QFile::exists(living) && QFile::exists(parents) && QFile::exists(other));
 }

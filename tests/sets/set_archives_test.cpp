@@ -46,6 +46,7 @@ protected:
         MakeFolder();
         if (!zipped)
             return;
+        const FileStepsScope fast(Table());
         ASSERT_TRUE(ZipFiles(Folder, Archive));
         QDir(Folder).removeRecursively();
     }
@@ -70,6 +71,7 @@ protected:
     bool FolderIsWhole() const { return BytesIn(Folder) == Whole; }
     bool ArchiveIsWhole() const
     {
+        const FileStepsScope fast(Table());
         const TestFolder out;
         return UnzipFiles(QStringLiteral("/"), Archive, out.Path()) &&
                BytesIn(out.Path(QStringLiteral("Dig"))) == Whole;
@@ -97,17 +99,25 @@ struct FormChange
     const char* Name;
     bool FromArchive;
     bool OverOther; ///< of the other form something stands there already
+    bool Deletes;   ///< the folder goes in the end
     Result<SwappedSet> (*Do)(const QString& folder, const QString& archive);
 };
 
 const FormChange FormChanges[] = {
-    {"zip", false, false, [](const QString& folder, const QString& archive) { return ZipSet(folder, archive); }},
-    {"zip over an archive", false, true,
+    {"zip", false, false, false, [](const QString& folder, const QString& archive) { return ZipSet(folder, archive); }},
+    {"zip over an archive", false, true, false,
      [](const QString& folder, const QString& archive) { return ZipSet(folder, archive); }},
-    {"unzip", true, false, [](const QString&, const QString& archive) { return UnzipSet(archive, false); }},
-    {"unzip over a folder", true, true,
+    {"unzip", true, false, false, [](const QString&, const QString& archive) { return UnzipSet(archive, false); }},
+    {"unzip over a folder", true, true, false,
      [](const QString&, const QString& archive) { return UnzipSet(archive, false); }},
-    {"unzip to play", true, false, [](const QString&, const QString& archive) { return UnzipSet(archive, true); }},
+    {"unzip to play", true, false, false,
+     [](const QString&, const QString& archive) { return UnzipSet(archive, true); }},
+    {"play and delete", true, false, true,
+     [](const QString& folder, const QString& archive) {
+         return UnzipSet(archive, true)
+             .and_then([&](const SwappedSet&) { return RemoveUnzipped(folder, archive); })
+             .map([](bool) { return SwappedSet(); });
+     }},
 };
 
 } // namespace
@@ -157,7 +167,7 @@ TEST_F(SetArchives, ASetIsWholeInOneFormAtEachStep)
             calls = std::min(*count, nth);
             ASSERT_TRUE(FolderIsWhole() || ArchiveIsWhole());
             if (done)
-                EXPECT_TRUE(change.FromArchive ? FolderIsWhole() : ArchiveIsWhole());
+                EXPECT_TRUE(change.FromArchive && !change.Deletes ? FolderIsWhole() : ArchiveIsWhole());
             else
                 EXPECT_TRUE(change.FromArchive ? ArchiveIsWhole() : FolderIsWhole() || ArchiveIsWhole());
         }
@@ -214,6 +224,14 @@ TEST_F(SetArchives, WhatCannotBeDoneChangesNothing)
         EXPECT_FALSE(ZipSet(Folder, Archive));
     }
     EXPECT_TRUE(untouched());
+    ASSERT_TRUE(ZipFiles(Folder, Archive));
+    QDir(Folder).removeRecursively();
+    {
+        const FileSizeLimit limit(1000);
+        EXPECT_FALSE(UnzipSet(Archive, false));
+    }
+    EXPECT_TRUE(ArchiveIsWhole() && !QFileInfo::exists(Folder) && Hidden().isEmpty());
+    ASSERT_TRUE(UnzipSet(Archive, false));
     int turns = 0;
     const auto stopped = ZipSet(Folder, Archive, [&](int, int) { return ++turns < 5; });
     ASSERT_FALSE(stopped);

@@ -9,6 +9,9 @@ class DocumentText;
 /// Title of the file dialogs' filter, one for open, save and insert.
 QString DocumentFilter();
 
+/// A zipped set does not: the Level Manager shows it.
+bool OpensInTab(const QString& path);
+
 void NewDocument(int mode);
 void MakeTemplate(int mode);
 void OpenCommand();

@@ -174,13 +174,18 @@ Result<QString> MakeBackup(const QString& path)
     }
 }
 
+bool OpensInTab(const QString& path)
+{
+    return !path.endsWith(QLatin1String(".levzip"), Qt::CaseInsensitive);
+}
+
 bool OpenDocument(const QString& told, bool force)
 {
     StopPreview();
     const BusyScope busy;
     const QString existing = paths::Existing(told);
     const QString path = Absolute(existing.isEmpty() ? paths::Inside(told) : existing);
-    if (path.endsWith(QLatin1String(".levzip"), Qt::CaseInsensitive) && !existing.isEmpty()) {
+    if (!OpensInTab(path) && !existing.isEmpty()) {
         Tools().ShowZippedSet(path);
         return false;
     }

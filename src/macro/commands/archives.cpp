@@ -1,8 +1,11 @@
 #include "frame/messages/asker.h"
 #include "macro/commands/families.h"
+#include "macro/language/outcome.h"
+#include "macro/language/run_state.h"
 #include "macro/language/run_turn.h"
 #include "macro/language/seen_target.h"
 #include "macro/macro_ports.h"
+#include "macro/run_stage.h"
 #include "platform/files/paths.h"
 #include "services/archive_tool.h"
 
@@ -40,7 +43,7 @@ void ResUnpack(RunState& run, Arguments& in)
         TellResource(run, name, done.error());
 }
 
-/// Works on an archive under its window. A stop needs no words.
+/// Works on an archive under its window.
 void WorkOnArchive(RunState& run, ArchiveUse use, const ArchiveWork& work, const QString& fault)
 {
     const SeenTarget seen(run);
@@ -48,8 +51,8 @@ void WorkOnArchive(RunState& run, ArchiveUse use, const ArchiveWork& work, const
         run.Stage.HasWindow() && MacroWindows.UnderZipWindow
             ? MacroWindows.UnderZipWindow(use, work)
             : work(TurnOf(run, use == ArchiveUse::Zip ? QStringLiteral("zip") : QStringLiteral("unzip")));
-    if (!done && !WasStopped(done.error()))
-        run.Fail(fault);
+    if (!done)
+        TellFailure(run, done.error(), fault);
 }
 
 void Zip(RunState& run, Arguments& in)
@@ -87,7 +90,7 @@ void ZipList(RunState& run, Arguments& in)
         return;
     const Result<ArchiveList> entries = ListZip(run.Paths.Resolve(archive));
     if (!entries) {
-        run.Fail(QStringLiteral("Error with the zip file: ") + archive);
+        TellFailure(run, entries.error(), QStringLiteral("Error with the zip file: ") + archive);
         return;
     }
     run.ListTitle = title;

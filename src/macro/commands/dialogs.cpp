@@ -2,6 +2,7 @@
 #include "frame/messages/asker.h"
 #include "graphics/picks.h"
 #include "macro/commands/families.h"
+#include "macro/language/run_state.h"
 #include "macro/language/seen_target.h"
 #include "macro/language/waiting.h"
 #include "platform/files/paths.h"

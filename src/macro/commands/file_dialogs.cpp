@@ -1,5 +1,6 @@
 #include "frame/messages/asker.h"
 #include "macro/commands/families.h"
+#include "macro/language/run_state.h"
 #include "macro/language/seen_target.h"
 #include "macro/set_file.h"
 

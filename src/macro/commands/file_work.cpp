@@ -1,5 +1,6 @@
 #include "frame/frame_state.h"
 #include "macro/commands/families.h"
+#include "macro/language/outcome.h"
 #include "macro/language/run_state.h"
 #include "macro/language/run_turn.h"
 #include "platform/files/file_attributes.h"
@@ -14,11 +15,10 @@ namespace {
 constexpr const char* NoFile = "File doesn't exist or is a system file:-^^";
 constexpr const char* NoFolder = "Folder doesn't exist or is a system folder:-^^";
 
-/// A failure of what was to be done to one path; a stop needs no words.
 void TellOutcome(RunState& run, const Result<>& done, const char* text, const QString& told)
 {
-    if (!done && !WasStopped(done.error()))
-        run.Fail(QLatin1String(text) + told);
+    if (!done)
+        TellFailure(run, done.error(), QLatin1String(text) + told);
 }
 
 void TellOutcome(RunState& run, const Result<>& done, const char* text, const QString& from, const QString& to)

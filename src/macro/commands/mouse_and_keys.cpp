@@ -1,6 +1,7 @@
 #include "frame/frame_state.h"
 #include "frame/messages/asker.h"
 #include "macro/commands/families.h"
+#include "macro/language/run_state.h"
 #include "macro/language/run_turn.h"
 #include "macro/language/seen_target.h"
 #include "macro/language/waiting.h"

@@ -1,4 +1,5 @@
 #include "macro/commands/families.h"
+#include "macro/language/run_state.h"
 #include "macro/language/seen_target.h"
 #include "macro/language/waiting.h"
 #include "macro/language/windows_of_run.h"
@@ -105,10 +106,8 @@ other_windows::Handle WaitForWindow(RunState& run, const processes::StartedProgr
 void TakeWindow(RunState& run, other_windows::Handle window, const QString& alias)
 {
     const other_windows::Handle owner = other_windows::OwnerOf(window);
-    run.CurrentWindow = owner ? owner : window;
-    StartedWindows.Add(alias, run.CurrentWindow);
-    run.CurrentAlias = alias;
-    run.CurrentEntry = int(StartedWindows.Entries().size()) - 1;
+    StartedWindows.Add(alias, owner ? owner : window);
+    ChooseWindow(run, int(StartedWindows.Entries().size()) - 1);
     RaiseWindow(run);
 }
 
@@ -126,7 +125,7 @@ void Execute(RunState& run, Arguments& in)
     const bool waits = third.compare(QLatin1String("wait"), Qt::CaseInsensitive) == 0;
     if (!waits && !CheckHasWindow(run))
         return;
-    if (!waits && StartedWindows.Find(third)) {
+    if (!waits && StartedWindows.IndexOf(third) >= 0) {
         run.Fail(QStringLiteral("Alias already exists: ") + third);
         return;
     }

@@ -12,16 +12,13 @@ void WinSet(RunState& run, Arguments& in)
     const QString alias = in.Text(1);
     if (run.Failed() || !CheckHasWindow(run))
         return;
-    const AliasedWindow* entry = StartedWindows.Find(alias);
-    if (!entry) {
+    const int entry = StartedWindows.IndexOf(alias);
+    if (entry < 0) {
         run.Fail(QStringLiteral("Alias doesn't exists: ") + alias);
         return;
     }
-    if (!CheckWindowAlive(run, entry->Window, alias))
-        return;
-    run.CurrentAlias = alias;
-    run.CurrentWindow = entry->Window;
-    run.CurrentEntry = StartedWindows.IndexOf(alias);
+    ChooseWindow(run, entry);
+    CheckWindowAlive(run);
 }
 
 void WinTitle(RunState& run, Arguments& in)
@@ -100,7 +97,7 @@ void WinSize(RunState& run, Arguments& in)
 void WinWaitUntilClose(RunState& run, Arguments&)
 {
     constexpr int CloseLookEvery = 20; // ms
-    if (!CheckHasWindow(run) || !other_windows::IsAlive(run.CurrentWindow))
+    if (!CheckHasWindow(run) || !IsWindowAlive(run))
         return;
     WaitFor(run.Scope, CloseLookEvery);
     --run.CurrentLine;

@@ -2,16 +2,15 @@
 
 #include "frame/messages/messages.h"
 #include "macro/language/run_state.h"
-#include "macro/run_stage.h"
+#include "macro/language/seen_target.h"
 #include "text/document_text.h"
 
 bool ConfirmCloseChanged(RunState& run)
 {
     if (run.TestRun || !run.Text().Modified())
         return true;
-    run.Stage.ShowTarget(true);
+    const SeenTarget seen(run);
     const bool mayGo = Confirmed(message::CloseChanged);
-    run.Stage.ShowTarget(false);
     if (!mayGo)
         run.Fail("BASIC Stopped because the User didn't want to close their changed file.");
     return mayGo;

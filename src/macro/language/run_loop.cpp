@@ -111,6 +111,7 @@ public:
     explicit BorrowedDesktop(RunState& ofRun) : run(ofRun) {}
     ~BorrowedDesktop()
     {
+        StartedWindows.LetDown();
         if (run.MainHidden)
             run.Stage.ShowMainWindow(true);
         for (const mouse::Button button : {mouse::Button::Left, mouse::Button::Middle, mouse::Button::Right})
@@ -164,6 +165,7 @@ private:
 MacroError Report(RunState& run, const MacroError& error)
 {
     run.RequestStop();
+    StartedWindows.LetDown(); // the user must see what follows
     run.Stage.ShowTarget(true);
     run.Stage.ReportError(error);
     return error;

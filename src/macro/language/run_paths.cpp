@@ -25,7 +25,11 @@ QString RunPaths::Resolve(const QString& told) const
     }
     const QString whole = QDir::isRelativePath(inner) ? QString(folder + inner) : inner;
     const QString existing = paths::Existing(whole);
-    return existing.isEmpty() ? paths::ForWriting(whole) : existing;
+    if (!existing.isEmpty())
+        return existing;
+    // Nothing new goes into the root itself: that was an entry of the current folder.
+    const bool ofRoot = told.startsWith(u'\\') && paths::FolderOfPath(whole) == QLatin1String("/");
+    return paths::ForWriting(ofRoot ? folder + whole.sliced(1) : whole);
 }
 
 QString RunPaths::ResolveToRemove(const QString& told) const

@@ -80,6 +80,7 @@ struct RunState
     QString SetBytesPath;
     QString CurrentAlias;      ///< the one chosen last
     quint64 CurrentWindow = 0; ///< chosen or started last
+    qint64 CurrentProcess = 0; ///< whose it is
     int CurrentEntry = 0;      ///< place of CurrentAlias among the started windows
     bool MainHidden = false;
     int ButtonsDown = 0;    ///< mouse buttons that the macro holds, 1 << mouse::Button

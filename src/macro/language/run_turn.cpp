@@ -9,7 +9,8 @@ CountedTurn TurnOf(RunState& run, const QString& command)
         constexpr int Often = 64; // a detail is only looked at now and then
         if (done % Often == 0)
             run.Scope.SetDetail(
-                QStringLiteral("line %1: %2 %3/%4").arg(run.CurrentLine).arg(command).arg(done).arg(of));
+                of == 0 ? QStringLiteral("line %1: %2 %3").arg(run.CurrentLine).arg(command).arg(done)
+                        : QStringLiteral("line %1: %2 %3/%4").arg(run.CurrentLine).arg(command).arg(done).arg(of));
         return run.Scope.Turn();
     };
 }

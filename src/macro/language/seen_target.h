@@ -1,17 +1,16 @@
 #pragma once
 
-#include "macro/language/run_state.h"
-#include "macro/run_stage.h"
+struct RunState;
 
-/// The target stands before the user's eyes for the scope.
+/// The target stands before the user's eyes for the scope, and no window of another program above what we ask.
 class SeenTarget
 {
 public:
-    explicit SeenTarget(RunState& run) : stage(run.Stage) { stage.ShowTarget(true); }
-    ~SeenTarget() { stage.ShowTarget(false); }
+    explicit SeenTarget(RunState& run);
+    ~SeenTarget();
     SeenTarget(const SeenTarget&) = delete;
     SeenTarget& operator=(const SeenTarget&) = delete;
 
 private:
-    RunStage& stage;
+    RunState& run;
 };

@@ -1,7 +1,7 @@
 #include "frame/messages/asker.h"
 #include "macro/language/run_loop.h"
 #include "macro/language/run_state.h"
-#include "macro/run_stage.h"
+#include "macro/language/seen_target.h"
 
 namespace {
 
@@ -25,9 +25,8 @@ bool SystemSafeCheck(RunState& run, const ProgramLine& line)
     if (!run.SafeSystem)
         return true;
     const SafetyQuestion question{run.Author, QString::fromLatin1(line.Word->Word), ShownArguments(line)};
-    run.Stage.ShowTarget(true);
+    const SeenTarget seen(run);
     const bool passed = Ask(question) == Answer(Pressed{message::Consent});
-    run.Stage.ShowTarget(false);
     if (!passed)
         run.RequestStop();
     return passed;

@@ -2,7 +2,7 @@
 
 #include "macro/language/run_state.h"
 #include "macro/run_stage.h"
-#include "platform/screen/other_windows.h"
+#include "macro/started_windows.h"
 
 bool CheckHasWindow(RunState& run)
 {
@@ -11,21 +11,30 @@ bool CheckHasWindow(RunState& run)
     return !run.Failed();
 }
 
-bool CheckWindowAlive(RunState& run, quint64 window, const QString& alias)
+bool IsWindowAlive(const RunState& run)
 {
-    if (other_windows::IsAlive(window))
-        return true;
-    run.Fail(QStringLiteral("The window associated with the alias '%1' no longer exists!").arg(alias));
-    return false;
+    return AliasedWindow{{}, run.CurrentWindow, run.CurrentProcess}.IsThere();
 }
 
 bool CheckWindowAlive(RunState& run)
 {
-    return CheckWindowAlive(run, run.CurrentWindow, run.CurrentAlias);
+    if (IsWindowAlive(run))
+        return true;
+    run.Fail(QStringLiteral("The window associated with the alias '%1' no longer exists!").arg(run.CurrentAlias));
+    return false;
+}
+
+void ChooseWindow(RunState& run, int entry)
+{
+    const AliasedWindow& window = StartedWindows.Entries().at(size_t(entry));
+    run.CurrentAlias = window.Alias.value_or(QString());
+    run.CurrentWindow = window.Window;
+    run.CurrentProcess = window.Process;
+    run.CurrentEntry = entry;
 }
 
 void RaiseWindow(RunState& run)
 {
-    if (run.CurrentWindow != run.Stage.MainWindow())
+    if (run.CurrentWindow && run.CurrentWindow != run.Stage.MainWindow())
         other_windows::KeepAbove(run.CurrentWindow, true);
 }

@@ -9,7 +9,10 @@ bool CheckHasWindow(RunState& run);
 
 /// Is the window there that the macro works on? False: the run has failed.
 bool CheckWindowAlive(RunState& run);
-bool CheckWindowAlive(RunState& run, quint64 window, const QString& alias);
+bool IsWindowAlive(const RunState& run);
+
+/// Makes an entry of the started windows the one that the macro works on.
+void ChooseWindow(RunState& run, int entry);
 
 /// The window that the macro works on above all others, unless it is our own.
 void RaiseWindow(RunState& run);

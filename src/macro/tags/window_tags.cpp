@@ -82,7 +82,7 @@ Value WinVisible(RunState& run)
 
 Value WinAlive(RunState& run)
 {
-    return run.Stage.HasWindow() ? Value::Truth(other_windows::IsAlive(run.CurrentWindow)) : Value();
+    return run.Stage.HasWindow() ? Value::Truth(IsWindowAlive(run)) : Value();
 }
 
 Value TitleOfWindow(RunState& run)

@@ -1,6 +1,7 @@
 #include "platform/processes/started_program.h"
 
 #include <QProcess>
+#include <csignal>
 #include <poll.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -41,8 +42,10 @@ Result<StartedProgram> StartedProgram::Start(const QString& program, const QStri
 
 bool StartedProgram::HasEnded() const
 {
+    if (watch < 0) // gone before it could be watched, or a kernel that cannot watch
+        return kill(pid_t(process), 0) != 0;
     pollfd asked{watch, POLLIN, 0};
-    return watch < 0 || poll(&asked, 1, 0) > 0;
+    return poll(&asked, 1, 0) > 0;
 }
 
 } // namespace processes

@@ -24,7 +24,7 @@ private:
     explicit StartedProgram(qint64 number);
 
     qint64 process;
-    int watch; ///< tells of the end, also of a process that is nobody's child any more; -1: it has ended before
+    int watch; ///< tells of the end, also of a process that is nobody's child any more; -1: there is none
 };
 
 } // namespace processes

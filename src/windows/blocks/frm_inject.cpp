@@ -9,6 +9,7 @@
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/help_subject.h"
 #include "windows/parts/place_at_mouse.h"
+#include "windows/parts/rolling.h"
 #include "windows/parts/word_list.h"
 
 #include <QApplication>
@@ -48,9 +49,13 @@ frmInject::frmInject(DocumentText& target, const InjectRequest& wanted, QWidget*
     setObjectName(QStringLiteral("frmInject"));
     SetHelpSubject(this, HelpIdFor("edit_element"));
     setWindowTitle(QStringLiteral("Edit Element"));
-    auto* column = new QVBoxLayout(this);
+    auto* all = new QWidget(this);
+    auto* column = new QVBoxLayout(all);
     column->addWidget(MakeLists(), 1);
     column->addWidget(MakeBoxes());
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins({});
+    whole->addWidget(new Rolling(all, this));
     ShowBlock();
     MoveToMouse(*this, BesideMouse);
     loading = false;

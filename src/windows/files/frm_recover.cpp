@@ -7,6 +7,7 @@
 #include "windows/files/recovery_view.h"
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/help_subject.h"
+#include "windows/parts/window_position.h"
 
 #include <QDialog>
 #include <QFontDatabase>
@@ -125,7 +126,7 @@ void frmRecover::PlaceParts()
     column->addWidget(told);
     column->addWidget(split, 1);
     column->addLayout(buttons);
-    resize(Pixels(*this, 680), Pixels(*this, 480));
+    ResizeOnScreen(*this, QSize(Pixels(*this, 680), Pixels(*this, 480)));
 }
 
 void frmRecover::AddRow(int number)

@@ -10,6 +10,7 @@
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/dropped_paths.h"
 #include "windows/parts/help_subject.h"
+#include "windows/parts/window_position.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -115,7 +116,7 @@ frmManyPictures::frmManyPictures(QWidget* owner, const QStringList& files, const
     column->addLayout(foot);
     Add(files);
     FormChanged();
-    resize(Pixels(*this, 760), Pixels(*this, 480));
+    ResizeOnScreen(*this, QSize(Pixels(*this, 760), Pixels(*this, 480)));
     lstFiles->setFocus();
 }
 

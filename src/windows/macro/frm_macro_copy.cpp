@@ -3,6 +3,7 @@
 #include "windows/macro/side_by_side.h"
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/help_subject.h"
+#include "windows/parts/window_position.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -62,7 +63,7 @@ frmMacroCopy::frmMacroCopy(const MacroChanges& changes, QWidget* parent)
     column->addWidget(heading);
     column->addWidget(comparison, 1);
     column->addWidget(buttons);
-    resize(Pixels(*this, Size.width()), Pixels(*this, Size.height()));
+    ResizeOnScreen(*this, QSize(Pixels(*this, Size.width()), Pixels(*this, Size.height())));
     (take->isEnabled() ? take : drop)->setFocus();
 }
 

@@ -43,7 +43,7 @@ void OpenDroppedFiles(const QStringList& files)
     for (const QString& file : files) {
         const QFileInfo facts(file);
         const bool fails = !facts.isFile() || !facts.isReadable(); // and takes no tab
-        if (fails || IsHeld(file) || MakeRoom())
+        if (fails || !OpensInTab(file) || IsHeld(file) || MakeRoom())
             OpenDocument(file, false);
     }
 }

@@ -99,7 +99,7 @@ frmmain::frmmain()
     setObjectName(QStringLiteral("frmmain"));
     setWindowTitle(QStringLiteral("Gemforge"));
     setWindowIcon(CommandIcon(QStringLiteral("app")));
-    setMinimumSize(LeastSize);
+    setMinimumSize(OnScreen(QRect(QPoint(), LeastSize), {}).size()); // a large scale leaves less
     setContextMenuPolicy(Qt::NoContextMenu);
     setAcceptDrops(true);
     LayOut();
@@ -381,8 +381,17 @@ void frmmain::Activated()
         return;
     RefreshLists();
     buttons->Look();
+    ShowMenuIcons();
     if (!IsWorkHeldUp()) // what runs works on the text
         CheckChangedOutside();
+}
+
+void frmmain::ShowMenuIcons()
+{
+    const bool on = Frame.Settings.MenuIcons == 1;
+    commands.ShowMenuIcons(on);
+    for (QAction* macro : buttons->Entries())
+        macro->setIconVisibleInMenu(on);
 }
 
 bool frmmain::event(QEvent* event)
@@ -461,7 +470,7 @@ void frmmain::ShowStarted()
 {
     split->LayoutMainWindow();
     LoadMacroButtons();
-    commands.ShowMenuIcons(Frame.Settings.MenuIcons == 1);
+    ShowMenuIcons();
     UpdateCommands();
     setWindowTitle(windowTitle() + QStringLiteral("  (Startup Time MS = %1)").arg(Frame.StartTicks.elapsed()));
 }

@@ -121,6 +121,7 @@ private:
     void RunMacroFile(const QString& path);
     bool RunMacroOfKey(QChar key); ///< false: no macro has it
     void LoadMacroButtons();
+    void ShowMenuIcons();
     void TakeDrag(QDropEvent& event) const;
     void ManageLevels(const QString& archive);
     void RefreshLists();

@@ -36,6 +36,6 @@ void HandedFiles::ShowWindow()
 
 void HandedFiles::OpenWaiting()
 {
-    if (RunningWork() == 0 && !waiting.isEmpty())
+    if (!IsWorkHeldUp() && !waiting.isEmpty())
         OpenDroppedFiles(std::exchange(waiting, {}));
 }

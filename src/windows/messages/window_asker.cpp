@@ -4,6 +4,7 @@
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/file_filter.h"
 #include "windows/parts/help_subject.h"
+#include "windows/parts/window_position.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -55,6 +56,7 @@ Answer AskFile(const FileQuestion& question, QWidget* parent)
     }
     if (!question.Preset.isEmpty())
         dialog.selectFile(question.Preset);
+    ResizeOnScreen(dialog, dialog.size());
     const QStringList chosen = Chosen(dialog);
     return several && !chosen.isEmpty() ? Answer(chosen) : FirstOf(chosen);
 }
@@ -65,6 +67,7 @@ Answer AskFolder(const FolderQuestion& question, QWidget* parent)
     SetHelpSubject(&dialog, QStringLiteral("H_main_open"));
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
+    ResizeOnScreen(dialog, dialog.size());
     return FirstOf(Chosen(dialog));
 }
 

@@ -43,8 +43,7 @@ frmOptions::frmOptions(const OptionsPorts& ports, QWidget* owner)
         connect(new QShortcut(QKeySequence(back), this), &QShortcut::activated, this, [this] { Turn(-1); });
     tabs->setFocus();
     setMinimumSize(Pixels(*this, LeastSize.width()), Pixels(*this, LeastSize.height()));
-    const QRect wished(pos(), QSize(Pixels(*this, WishedSize.width()), Pixels(*this, WishedSize.height())));
-    resize(OnScreen(wished, minimumSize()).size());
+    ResizeOnScreen(*this, QSize(Pixels(*this, WishedSize.width()), Pixels(*this, WishedSize.height())));
 }
 
 void frmOptions::AddPage(OptionPage* page)

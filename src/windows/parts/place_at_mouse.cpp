@@ -1,6 +1,7 @@
 #include "windows/parts/place_at_mouse.h"
 
 #include "windows/parts/dialog_help.h"
+#include "windows/parts/window_position.h"
 
 #include <QCursor>
 #include <QGuiApplication>
@@ -24,7 +25,9 @@ void MoveToMouse(QWidget& window, QPoint offset)
         screen = QGuiApplication::primaryScreen();
     // The system adds a title above the size.
     const int title = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
-    window.adjustSize();
+    QRect wished(QPoint(), window.sizeHint());
+    wished.moveCenter(mouse);
+    window.resize(OnScreen(wished, window.minimumSizeHint()).size());
     const QSize size = window.size() + QSize(0, title);
     window.move(PlaceAtMouse(mouse, size, {Pixels(window, offset.x()), Pixels(window, offset.y())},
                              screen->availableGeometry()));

@@ -59,3 +59,8 @@ QRect OnScreen(const QRect& place, const QSize& least)
     const int top = std::clamp(place.top(), room.top(), qMax(room.top(), room.bottom() + 1 - size.height()));
     return {QPoint(left, top), size};
 }
+
+void ResizeOnScreen(QWidget& window, const QSize& size)
+{
+    window.resize(OnScreen(QRect(window.pos(), size), window.minimumSize()).size());
+}

@@ -7,6 +7,7 @@
 #include "sets/set_facts.h"
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/dropped_paths.h"
+#include "windows/sets/set_maps.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -35,6 +36,17 @@ bool IsArchive(const QString& path)
 QString Dashed(const QString& text)
 {
     return text.isEmpty() ? QStringLiteral("-") : text;
+}
+
+/// How many tapes, and the first of them.
+QString TapesText(const QStringList& tapes)
+{
+    constexpr qsizetype MostNamed = 6;
+    if (tapes.isEmpty())
+        return QStringLiteral("none");
+    const QString first = tapes.first(std::min(tapes.size(), MostNamed)).join(QStringLiteral(", "));
+    return QStringLiteral("%1: %2").arg(tapes.size()).arg(first) +
+           (tapes.size() > MostNamed ? QStringLiteral(" ...") : QString());
 }
 
 /// The confs of a set that are there, by their usual places.
@@ -128,7 +140,7 @@ void frmLVLManager::ShowLists()
 {
     cmdScan->setText(manager.HasList() ? QStringLiteral("Re-scan Levels Folder")
                                        : QStringLiteral("Scan Levels Folder"));
-    for (QWidget* part : {Frame2, Frame3, static_cast<QWidget*>(txtFilter)})
+    for (QWidget* part : {Frame2, Frame3, static_cast<QWidget*>(txtFilter), static_cast<QWidget*>(maps)})
         part->setVisible(manager.HasList());
 }
 
@@ -148,8 +160,14 @@ void frmLVLManager::Scan()
 
 void frmLVLManager::ShowNode(int node)
 {
-    if (node < 0)
+    if (node < 0) {
+        txtSelected->clear();
+        txtSel2->clear();
+        for (QLabel* fact : facts)
+            fact->clear();
+        maps->Show({}, {});
         return;
+    }
     if (!filter.IndexOf(node).isValid())
         txtFilter->clear();
     if (filter.NodeOf(treeLVL->currentIndex()) != node)
@@ -192,14 +210,16 @@ void frmLVLManager::ShowFacts()
     const QString size = (now.More ? QStringLiteral("more than ") : QString()) +
                          QLocale().formattedDataSize(now.Bytes) + QStringLiteral(", %1 files").arg(now.Files);
     const QString texts[] = {now.Gone ? QStringLiteral("not there any more") : Dashed(now.Name), Dashed(now.Author),
-                             QString::number(now.Levels), size,
-                             now.Tapes > 0 ? QString::number(now.Tapes) : QStringLiteral("none")};
+                             QString::number(now.Levels), size, TapesText(now.Tapes)};
     for (size_t i = 0; i < facts.size(); ++i)
         facts[i]->setText(texts[i]);
+    facts.back()->setToolTip(now.Tapes.join(QStringLiteral(", ")).toHtmlEscaped());
+    maps->Show(FirstLevelsOf(*game, SetMaps::Most), game->OwnName());
 }
 
 void frmLVLManager::ShowBusy(const QString& text)
 {
+    busyText = text;
     cmdZipmess->setText(text);
     for (QWidget* part :
          {static_cast<QWidget*>(cmdZipmess), static_cast<QWidget*>(bar), static_cast<QWidget*>(cmdStop)})
@@ -210,10 +230,13 @@ void frmLVLManager::ShowBusy(const QString& text)
 
 void frmLVLManager::ShowProgress(int done, int of)
 {
+    constexpr int EveryFolders = 100;
     if (bar->maximum() != of)
         bar->setMaximum(of);
     if (of > 0)
         bar->setValue(done);
+    else if (done % EveryFolders == 0)
+        cmdZipmess->setText(busyText + QStringLiteral(": %1 folders").arg(done));
 }
 
 void frmLVLManager::OpenConfs()

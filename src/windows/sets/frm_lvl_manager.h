@@ -13,6 +13,7 @@ class QLineEdit;
 class QProgressBar;
 class QPushButton;
 class QTreeView;
+class SetMaps;
 
 /// "Level Manager": all games in one list, what they are, and what can be done to them.
 class frmLVLManager : public QDialog
@@ -59,6 +60,7 @@ private:
     QString hinders; ///< why the window cannot open
     SetFilter filter;
     QStringList wanted; ///< files to open when the window has closed
+    QString busyText;
     bool closing = false;
     QTimer soon; ///< facts are read when the selection rests
 
@@ -71,4 +73,5 @@ private:
     std::array<QLabel*, 5> facts{};
     QLabel *cmdZipmess, *lblTold;
     QProgressBar* bar;
+    SetMaps* maps;
 };

@@ -2,6 +2,7 @@
 #include "windows/parts/help_subject.h"
 #include "windows/parts/icons.h"
 #include "windows/sets/frm_lvl_manager.h"
+#include "windows/sets/set_maps.h"
 
 #include <QFormLayout>
 #include <QGroupBox>
@@ -113,6 +114,8 @@ QLayout* frmLVLManager::MakeList()
     column->addWidget(cmdScan);
     column->addWidget(txtFilter);
     column->addWidget(treeLVL, 1);
+    maps = new SetMaps(this);
+    column->addWidget(maps);
     return column;
 }
 

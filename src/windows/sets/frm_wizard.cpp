@@ -3,6 +3,7 @@
 #include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
+#include "frame/run_scope.h"
 #include "game/game_folders.h"
 #include "platform/files/ini_file.h"
 #include "platform/files/paths.h"
@@ -188,6 +189,14 @@ void frmWizard::TakeLastTime()
         GoToFolder(paths::Closed(place));
     cmdLastTime->setEnabled(false);
     cmdNext->setFocus();
+}
+
+void frmWizard::reject()
+{
+    if (isEnabled())
+        QDialog::reject();
+    else
+        StopRuns(StopReason::Break);
 }
 
 void frmWizard::MakeGame()

@@ -23,6 +23,8 @@ public:
     /// Opens the window and returns when it is closed.
     static void Run(QWidget* owner);
 
+    void reject() override; ///< while the game is made: stops that, and nothing is left of it
+
 private:
     explicit frmWizard(QWidget* owner);
 

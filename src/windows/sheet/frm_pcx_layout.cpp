@@ -1,5 +1,6 @@
 #include "conf/element_record.h"
 #include "windows/parts/dialog_help.h"
+#include "windows/parts/rolling.h"
 #include "windows/sheet/animation_panel.h"
 #include "windows/sheet/animation_preview.h"
 #include "windows/sheet/frm_pcx.h"
@@ -22,29 +23,8 @@ namespace {
 
 constexpr QSize QuickSize{120, 127}; // pixels at 96 dpi, without the frame
 constexpr int QuickLift = 30;
-constexpr int LeastRollingHeight = 60;
 constexpr int MostPromptLines = 5; // the whole of it is in its tool tip
 constexpr QSize FrameRoom{20, 40}; // what a window manager puts around a window
-
-/// As large as what is in it, and rolled only where the screen is too small for that.
-class Rolling : public QScrollArea
-{
-public:
-    Rolling(QWidget* inside, QWidget* parent) : QScrollArea(parent)
-    {
-        setFrameShape(QFrame::NoFrame);
-        setWidgetResizable(true);
-        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-        setFocusPolicy(Qt::NoFocus);
-        setWidget(inside);
-    }
-    QSize sizeHint() const override { return widget()->sizeHint(); }
-    QSize minimumSizeHint() const override
-    {
-        const int bar = verticalScrollBar()->sizeHint().width();
-        return {widget()->minimumSizeHint().width() + bar, LeastRollingHeight};
-    }
-};
 
 } // namespace
 

@@ -110,3 +110,28 @@ TEST_F(MacroStartTest, EscAndCloseEndIt)
     EXPECT_EQ(RunningWork(), 0);
     EXPECT_TRUE(WaitUntil([this] { return !Window->isVisible(); }));
 }
+
+// Catches: a file's text that passes for the document's own, one that undo does not bring back, a save that leaves tab
+// or flag as they were, makes no backup of what it overwrites, or asks.
+TEST_F(MacroStartTest, FilesComeIntoTheTextAndGoOut)
+{
+    Frame.Settings.SafeSystemBASIC = 0;
+    Frame.Settings.BackupOnSave = 1;
+    const QString before = CurrentPane().Text();
+    const QString other = Run.Work.Write(u"Other.txt"_s, "loaded"), target = Run.Work.Write(u"target.conf"_s, "old");
+    Write("$l.gfb", "openfileload " + other.toUtf8() + "\r\n");
+    StartMacro(Frame.MacrosFolder + u"$l.gfb"_s);
+    EXPECT_EQ(CurrentPane().Text(), u"loaded"_s);
+    EXPECT_TRUE(Frame.Documents.at(Frame.CurrentTab).ForeignText);
+    EXPECT_TRUE(CurrentPane().ExecuteCmd(CmdUndo));
+    EXPECT_EQ(CurrentPane().Text(), before);
+    Write("$s.gfb", "selectall\r\nprint new\r\nopenfilesave " + target.toUtf8() + "\r\nprint [openfilefull]\r\n");
+    StartMacro(Frame.MacrosFolder + u"$s.gfb"_s);
+    EXPECT_EQ(Run.Work.Read(u"target.conf"_s), "new");
+    EXPECT_EQ(Run.Work.Read(u"target.conf_000.GemforgeBackup"_s), "old");
+    EXPECT_EQ(Frame.Documents.at(Frame.CurrentTab).Path, target);
+    EXPECT_FALSE(Frame.Documents.at(Frame.CurrentTab).ForeignText);
+    EXPECT_EQ(CurrentPane().Text(), u"newtarget.conf"_s);
+    EXPECT_TRUE(CurrentPane().Modified());
+    EXPECT_TRUE(Run.Scope.Answers.Asked.empty());
+}

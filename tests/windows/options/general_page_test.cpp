@@ -67,6 +67,8 @@ TEST_F(GeneralPageTest, EveryBoxIsItsSettingAndApplyPutsAllInForce)
     EXPECT_EQ(settings.AutoCompleteTemplate[3], 0);
     EXPECT_FALSE(Window->Menus().Find(QStringLiteral("mnuFile"))->actions().constFirst()->isVisible())
         << "the menus' titles go at once";
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(MenuOf("mnuSave")->isIconVisibleInMenu()) << "pictures go when the window is active again";
     CurrentPane().SetUndoLimit(settings.UndoLimit);
     const QByteArray colours = before.sliced(before.indexOf("[Syntax Colours]"));
     EXPECT_TRUE(Run.UserIni().endsWith(colours)) << "Apply of this page touched a colour";

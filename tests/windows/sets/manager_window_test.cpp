@@ -1,4 +1,5 @@
 #include "game/stand_in_place.h"
+#include "level/level_files.h"
 #include "platform/files/paths.h"
 #include "services/archive_tool.h"
 #include "sets/set_tree.h"
@@ -6,12 +7,15 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QDragEnterEvent>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPushButton>
 #include <QTimer>
 #include <QTreeView>
+#include <QUrl>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -27,8 +31,10 @@ protected:
         Place.MakeSet(QStringLiteral("mine"), "name: mine\n");
         Place.Home.Write(QStringLiteral(".rocksndiamonds/levelsetup.conf"), "last_level_series: tutorial\n");
         Place.Game.Write(QStringLiteral("levels/box/levelinfo.conf"), "name: The Box\nauthor: Ann\n");
-        Place.Game.Write(QStringLiteral("levels/box/001.level"), "RND1");
+        Place.Game.Write(QStringLiteral("levels/box/001.level"), LevelImage(QStringLiteral("LEVEL")));
         Place.Game.Write(QStringLiteral("levels/box/002.level"), "RND1");
+        for (const char* tape : {"002", "001"})
+            Place.Game.Write(QStringLiteral("levels/box/tapes/%1.tape").arg(QLatin1String(tape)), "TAPE");
         const QString box = Place.Game.Path(QStringLiteral("levels/box"));
         if (ZipFiles(box, box + QStringLiteral(".levzip")))
             QDir(box).removeRecursively();
@@ -93,6 +99,11 @@ TEST_F(ManagerWindowTest, TheListAndWhatItShows)
         EXPECT_EQ(Of<QLineEdit>("txtSel2")->text(), QStringLiteral("box.levzip"));
         EXPECT_TRUE(WaitUntil([&] { return Of<QLabel>("lblFact0")->text() == QStringLiteral("The Box"); }));
         EXPECT_EQ(Of<QLabel>("lblFact2")->text(), QStringLiteral("2"));
+        EXPECT_EQ(Of<QLabel>("lblFact4")->text(), QStringLiteral("2: 001, 002"));
+        EXPECT_TRUE(
+            WaitUntil([&] { return Of<QLabel>("lblMap0")->toolTip().startsWith(QStringLiteral("001.level")); }));
+        EXPECT_FALSE(Of<QLabel>("lblMap0")->pixmap(Qt::ReturnByValue).isNull());
+        EXPECT_TRUE(Of<QLabel>("lblMap1")->toolTip().isEmpty()); // of what is no level there is no map
         QTest::keyClicks(Of<QLineEdit>("txtFilter"), QStringLiteral("MIN"));
         EXPECT_EQ(Tree()->model()->rowCount(), 1);
         EXPECT_EQ(Of<QLineEdit>("txtSel2")->text(), QStringLiteral("mine"));
@@ -139,6 +150,34 @@ TEST_F(ManagerWindowTest, InAClosedFolderNothingIsChanged)
         EXPECT_TRUE(IsOn("cmdFolder2"));
     });
     chmod(levels, 0755);
+}
+
+// Catches: an archive that is dropped and not taken, or any other file that is.
+TEST_F(ManagerWindowTest, ADroppedArchiveComesIntoTheList)
+{
+    const QString zip = Place.Game.Path(QStringLiteral("downloaded.zip"));
+    QFile::copy(Place.Game.Path(QStringLiteral("levels/box.levzip")), zip);
+    QFile::remove(Place.Game.Path(QStringLiteral("levels/box.levzip")));
+    const auto drop = [&](const QString& file) {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(file)});
+        QDragEnterEvent enter(QPoint(9, 9), Qt::CopyAction, &data, Qt::LeftButton, {});
+        enter.ignore();
+        QCoreApplication::sendEvent(Manager, &enter);
+        if (!enter.isAccepted())
+            return false;
+        QDropEvent dropped(QPoint(9, 9), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(Manager, &dropped);
+        QCoreApplication::processEvents();
+        return true;
+    };
+    InManager([&] {
+        EXPECT_FALSE(drop(Place.Program()));
+        EXPECT_TRUE(drop(zip));
+        EXPECT_EQ(Of<QLineEdit>("txtSel2")->text(), QStringLiteral("box.levzip"));
+        EXPECT_TRUE(Of<QWidget>("Frame3")->isVisible());
+    });
+    EXPECT_TRUE(QFileInfo::exists(Place.UserFile(QStringLiteral("levels/box.levzip"))));
 }
 
 // Catches: a zipped set that is opened as a text.

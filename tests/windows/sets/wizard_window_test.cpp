@@ -1,8 +1,10 @@
+#include "frame/run_scope.h"
 #include "game/stand_in_place.h"
 #include "windows/main/main_window_test.h"
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QDir>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -138,6 +140,28 @@ TEST_F(WizardWindowTest, FinishedMakesTheGame)
         Click("cmdLastTime");
         EXPECT_EQ(Of<QLineEdit>("txtAuthor")->text(), QStringLiteral("Ann"));
     });
+}
+
+// Catches: a wizard that goes while it still works, or cannot be stopped; half a game that is left behind.
+TEST_F(WizardWindowTest, AStopWhileTheGamePrintsLeavesNothing)
+{
+    StandInPlace::ActsAtPrint("hang");
+    InWizard([&] {
+        TypeNames(QStringLiteral("deep"));
+        Next(6);
+        QTimer look;
+        QObject::connect(&look, &QTimer::timeout, Wizard, [&] {
+            if (RunInFront())
+                Wizard->close();
+        });
+        look.start(20);
+        Click("cmdDone");
+        EXPECT_TRUE(Wizard->isVisible() && Wizard->isEnabled());
+    });
+    EXPECT_EQ(LastMessage(), QString());
+    const QDir levels(Place.Game.Path(QStringLiteral("levels")));
+    EXPECT_EQ(levels.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+              QStringList(QStringLiteral("tutorial")));
 }
 
 // Catches: a wizard that opens without a game.
