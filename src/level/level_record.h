@@ -51,8 +51,8 @@ struct LevelRecord
 /// The one level that is open; its bytes are in the working files (level_files.h).
 struct LevelState : LevelRecord
 {
-    QString CurrentLevelPath;                  ///< empty: no level is open
-    LevelMap LevelClip;                        ///< what was copied of a map, below 0 where nothing; outlives its level
+    QString CurrentLevelPath; ///< empty: no level is open
+    LevelMap LevelClip;       ///< what was copied of a map, below 0 where nothing; outlives its level
     QString Viewer;           ///< program that shows levels to people; empty: the one beside this program
     std::shared_ptr<const ElementNames> Names; ///< of mapele.ini, once they have been asked for
     std::shared_ptr<QTemporaryDir>

@@ -2,8 +2,10 @@
 #include "mapglass/mapglass_window.h"
 #include "platform/files/paths.h"
 
+#include <QClipboard>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPrintDialog>
@@ -15,6 +17,12 @@ void MapglassWindow::AskForLevel()
                                                         QStringLiteral("Levels (*.level *.LEVEL);;All files (*)"));
     if (!chosen.isEmpty())
         OpenLevel(chosen);
+}
+
+void MapglassWindow::CopyPicture()
+{
+    QGuiApplication::clipboard()->setImage(painter.Picture(level.Record.Map));
+    Tell(QStringLiteral("The picture is on the clipboard."));
 }
 
 void MapglassWindow::Export()

@@ -68,6 +68,16 @@ void LevelStripModel::SetPainter(const MapPainter& with)
     between.start(0);
 }
 
+void LevelStripModel::MakeAnew(const QString& name)
+{
+    const int row = RowOf(name);
+    if (row < 0 || !thumbs[size_t(row)].Made)
+        return;
+    thumbs[size_t(row)].Made = false;
+    --made;
+    between.start(0);
+}
+
 int LevelStripModel::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : int(names.size());

@@ -17,6 +17,7 @@ public:
 
     void ShowFolder(const QString& folder); ///< the same folder again: looks whether other files stand there now
     void SetPainter(const MapPainter& painter);
+    void MakeAnew(const QString& name);    ///< the picture of a file that has changed
     void MakeFrom(int row) { next = row; } ///< where pictures are wanted most
 
     int rowCount(const QModelIndex& parent = {}) const override;

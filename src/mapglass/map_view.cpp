@@ -49,6 +49,17 @@ void MapView::ShowMap(const LevelMap& shown)
     emit BoxChanged();
 }
 
+void MapView::ReplaceMap(const LevelMap& now)
+{
+    if (now.Width() != map.Width() || now.Height() != map.Height()) {
+        ShowMap(now);
+        return;
+    }
+    map = now;
+    picture = {};
+    viewport()->update();
+}
+
 void MapView::ShowReason(const QString& why)
 {
     ShowMap({});

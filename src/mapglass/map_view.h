@@ -16,8 +16,9 @@ class MapView : public QAbstractScrollArea
 public:
     explicit MapView(QWidget* parent);
 
-    void ShowMap(const LevelMap& map);   ///< fitted into the view
-    void ShowReason(const QString& why); ///< in place of a map
+    void ShowMap(const LevelMap& map);    ///< fitted into the view
+    void ReplaceMap(const LevelMap& map); ///< as it is now; one of the same size is seen as before
+    void ShowReason(const QString& why);  ///< in place of a map
     void SetPainter(const MapPainter& painter);
     void Mark(const std::set<int>& elements); ///< none: all are bright
     void SetDrawsBox(bool on);

@@ -3,9 +3,11 @@
 #include "mapglass/map_view.h"
 #include "mapglass/mapglass_window.h"
 #include "mapglass/window_memory.h"
+#include "platform/processes/processes.h"
 
 #include <QAction>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -20,6 +22,7 @@
 #include <functional>
 #include <optional>
 #include <span>
+#include <tuple>
 
 namespace {
 
@@ -30,6 +33,12 @@ QLabel* Fact(QWidget* parent)
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     label->setWordWrap(true);
     return label;
+}
+
+void ShowViewerHelp()
+{
+    const QString program = QCoreApplication::applicationDirPath() + QStringLiteral("/Help");
+    std::ignore = processes::StartDetached(program, {QStringLiteral("mapglass")}); // without one F1 does nothing
 }
 
 } // namespace
@@ -122,6 +131,9 @@ void MapglassWindow::MakeActions()
         {"&Previous", "Ctrl+PgUp; Alt+Left", QStyle::SP_ArrowBack, [this] { StepLevel(-1); }, false},
         {"&Next", "Ctrl+PgDown; Alt+Right", QStyle::SP_ArrowForward, [this] { StepLevel(1); }, false},
         {"", "", {}, {}},
+        {"&Read Again", "F5", {}, [this] { ReadAgain(); }, false},
+        {"", "", {}, {}},
+        {"Cop&y Picture", "Ctrl+C", {}, [this] { CopyPicture(); }},
         {"&Export as PNG...", "Ctrl+E; Ctrl+S", QStyle::SP_DialogSaveButton, [this] { Export(); }},
         {"P&rint...", "Ctrl+P", {}, [this] { Print(); }},
         {"", "", {}, {}},
@@ -138,6 +150,7 @@ void MapglassWindow::MakeActions()
         {"Mark What the Set Does Not &Draw", "Ctrl+D", {}, [this] { elements->SelectUndrawn(); }, false, &undrawn},
         {"Mark &Nothing", "Ctrl+Shift+A", {}, [this] { elements->clearSelection(); }, false, &unmark},
     };
+    const Row help[] = {{"&Help", "F1", {}, [] { ShowViewerHelp(); }, false}};
     auto* bar = addToolBar(QStringLiteral("Levels"));
     bar->setMovable(false);
     bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
@@ -166,6 +179,7 @@ void MapglassWindow::MakeActions()
     };
     fill(menuBar()->addMenu(QStringLiteral("&Level")), file);
     fill(menuBar()->addMenu(QStringLiteral("&View")), look);
+    fill(menuBar()->addMenu(QStringLiteral("&Help")), help);
     unmark->setEnabled(false);
     undrawn->setEnabled(false);
 

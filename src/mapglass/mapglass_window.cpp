@@ -38,7 +38,9 @@ MapglassWindow::MapglassWindow(QWidget* parent) : QMainWindow(parent)
 void MapglassWindow::OpenLevel(const QString& told)
 {
     statusBar()->clearMessage();
+    const QString before = path;
     path = QFileInfo(told).absoluteFilePath();
+    readAt = QFileInfo(path).lastModified();
     Result<LevelFile> read = ReadLevelFile(path);
     level = read ? std::move(*read) : LevelFile();
     const bool anotherFolder = folder != paths::FolderOfPath(path);
@@ -46,7 +48,9 @@ void MapglassWindow::OpenLevel(const QString& told)
     if (anotherFolder)
         TakePalettes();
     view->SetPainter(painter);
-    if (read)
+    if (read && path == before)
+        view->ReplaceMap(level.Record.Map);
+    else if (read)
         view->ShowMap(level.Record.Map);
     ShowFacts(read ? QString()
                    : QStringLiteral("%1 cannot be shown:\n%2").arg(paths::FileNameOfPath(path), read.error().Reason));
@@ -153,6 +157,25 @@ void MapglassWindow::UsePalette(const QImage& palette)
     view->SetPainter(painter);
     elements->ShowElements(level.Record.Map, painter);
     strip->Levels().SetPainter(painter);
+}
+
+// A file that changes
+
+void MapglassWindow::ReadAgain()
+{
+    if (path.isEmpty())
+        return;
+    OpenLevel(path);
+    strip->Levels().MakeAnew(paths::FileNameOfPath(path));
+}
+
+/// The author comes back, perhaps from the game's editor.
+void MapglassWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    const bool back = event->type() == QEvent::ActivationChange && isActiveWindow();
+    if (back && !path.isEmpty() && QFileInfo(path).lastModified() != readAt)
+        ReadAgain();
 }
 
 // What the window tells

@@ -5,6 +5,7 @@
 #include "level/level_viewer.h"
 #include "level/palette_maker.h"
 
+#include <QDateTime>
 #include <QMainWindow>
 #include <functional>
 
@@ -35,6 +36,7 @@ public:
     QString Path() const { return path; }
 
 protected:
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -46,6 +48,7 @@ private:
     void LayOut();
     QWidget* MakeSide();
     void MakeActions();
+    void ReadAgain(); ///< the level as it is on disk now
     void AskForLevel();
     void StepLevel(int rows);
     void ShowHeader();
@@ -60,13 +63,15 @@ private:
     void TellZoom();
     void TellBox();
     void MarkElements();
+    void CopyPicture();
     void Export();
     void Print();
     void Finish(bool cancelled);
     void FinishAndClose();
 
     QString path, folder;
-    LevelFile level;       ///< as it is on disk; without a map if it is none
+    LevelFile level;       ///< as it was read; without a map if it is none
+    QDateTime readAt;      ///< the file's time then
     QString wantedPalette; ///< file name that a macro has told
     MapPainter painter;
     std::optional<SetPalette> setPalette;

@@ -162,6 +162,30 @@ TEST_F(MapglassTest, TheSetsGraphicsAndWhatTheyLack)
     EXPECT_EQ(elements.Undrawn(), 2);
 }
 
+// Catches: a level that was saved meanwhile and is still shown as it was, a view that jumps because of it.
+TEST_F(MapglassTest, AChangedFileIsReadAgain)
+{
+    LevelPlan plan{.Form = "1.0", .Width = 5, .Height = 4, .Name = "before"};
+    const QString path = Write(u"001.level"_s, plan);
+    Show(path);
+    View().Zoom(-2);
+    const int side = View().Side();
+    plan.Name = "after";
+    Write(u"001.level"_s, plan);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTime().addSecs(5), QFileDevice::FileModificationTime));
+    file.close();
+    QApplication::setActiveWindow(&window);
+    QEvent back(QEvent::ActivationChange);
+    QApplication::sendEvent(&window, &back);
+    QStringList texts;
+    for (const QLabel* label : window.findChildren<QLabel*>())
+        texts << label->text();
+    EXPECT_TRUE(texts.contains(u"after"_s));
+    EXPECT_EQ(View().Side(), side);
+}
+
 // Catches: a rectangle off by one or outside the map, an answer given twice or not at all, a close that counts as
 // consent.
 TEST_F(MapglassTest, AMacroGetsItsRectangle)
