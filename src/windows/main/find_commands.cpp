@@ -39,7 +39,7 @@ std::span<const CommandRow> FindCommands()
                    ConfModes, ConfModes},
         CommandRow{"mnuPreviousMark", "Previous Mark", "Shift+F8", None, "previous_mark", nullptr, EverywhereKey,
                    [] { GotoMark(false); }, ConfModes, ConfModes},
-        CommandRow{"mnuMarks", "List Of Marks", "Ctrl+F8", tbFind, "list_of_marks", nullptr, NoFlags,
+        CommandRow{"mnuMarks", "List Of Marks", "Ctrl+F8", None, "list_of_marks", nullptr, NoFlags,
                    [] { Tools().ShowList(ListKind::Marks); }, ConfModes, ConfModes},
     };
     return Rows;
