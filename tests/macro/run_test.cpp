@@ -114,6 +114,19 @@ TEST(MacroRun, EventsRunMeanwhile)
     EXPECT_FALSE(scope.Run(u"label @a1\ngotolabel @a1"_s).Error);
 }
 
+// Catches: a run panel that shows the line of the last turn while a later one waits.
+TEST(MacroRun, TellsTheLineThatWaits)
+{
+    MacroScope scope;
+    QString told;
+    QTimer::singleShot(30, [&told] {
+        told = RunInFront()->Detail();
+        StopRuns(StopReason::Esc);
+    });
+    EXPECT_FALSE(scope.Run(u"print a\nprint b\npause 100000"_s).Error);
+    EXPECT_EQ(told, u"line 2"_s);
+}
+
 // Catches: fields of a sheet's pick that the tags do not see, a sheet that was not shown and counts as picked.
 TEST(MacroRun, APickFromASheetFillsTheElement)
 {

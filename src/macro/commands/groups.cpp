@@ -79,7 +79,7 @@ void GroupSub(RunState& run, Arguments& in)
     if (NamesGroup(in)) {
         if (!group->RemoveOrigin(in.Written(2)))
             run.Fail(QStringLiteral("Couldn't find the subgroup: ") + in.Written(2) +
-                     QStringLiteral(", in the main group: ") + group->Name);
+                     QStringLiteral(" in the main group: ") + group->Name);
         return;
     }
     const qint32 position = in.Number(2);

@@ -14,11 +14,17 @@ namespace {
 
 constexpr int LinesPerTurn = 512; ///< between two looks at the clock
 
+/// For the run panel.
+void TellLine(RunState& run)
+{
+    run.Scope.SetDetail(QStringLiteral("line %1").arg(run.CurrentLine));
+}
+
 /// Lets events run if it is time. False: a stop is wanted.
 bool GiveTurn(RunState& run)
 {
     run.TurnWanted = false;
-    run.Scope.SetDetail(QStringLiteral("line %1").arg(run.CurrentLine));
+    TellLine(run);
     if (!run.Scope.Turn())
         run.RequestStop();
     return !run.StopRequested;
@@ -193,6 +199,7 @@ void RunMisshapen(RunState& run, ProgramLine& line)
 /// For commands that ask first or take long.
 void RunWithCare(RunState& run, ProgramLine& line)
 {
+    TellLine(run); // it may wait long at this one
     const quint8 flags = line.Word->Flags;
     if ((flags & SafeGate) && !SystemSafeCheck(run, line))
         return;

@@ -1,11 +1,13 @@
 #include "windows/macro/frm_macro_pause.h"
 
+#include "frame/run_scope.h"
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/help_subject.h"
 #include "windows/parts/icons.h"
 
 #include <QCursor>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
 
@@ -70,6 +72,24 @@ void frmMacroPause::mousePressEvent(QMouseEvent* event)
 {
     event->accept();
     accept();
+}
+
+/// Esc is for the macro, as in every other wait; a key that presses buttons is a click.
+void frmMacroPause::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Escape:
+        StopRuns(StopReason::Esc);
+        reject();
+        break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+        accept();
+        break;
+    default:
+        QDialog::keyPressEvent(event);
+    }
 }
 
 Answer frmMacroPause::Ask(const PauseQuestion& question, QWidget* parent)

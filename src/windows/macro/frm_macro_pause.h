@@ -7,7 +7,8 @@
 
 class QLabel;
 
-/// A small window above all others that waits for a click, or for a time. The text "pausemouse" shows the mouse.
+/// A small window above all others that waits for a click, or for a time; Esc stops the macro. The text "pausemouse"
+/// shows the mouse.
 class frmMacroPause : public QDialog
 {
     Q_OBJECT
@@ -21,6 +22,7 @@ public:
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void Blink();

@@ -1,3 +1,4 @@
+#include "frame/run_scope.h"
 #include "windows/macro/frm_macro_copy.h"
 #include "windows/macro/frm_macro_multi.h"
 #include "windows/macro/frm_macro_new.h"
@@ -106,6 +107,18 @@ TEST(MacroWindows, APauseEndsByClickOrTime)
         EXPECT_TRUE(static_cast<frmMacroPause&>(window).lblMessage()->text().startsWith(u"Mouse X: "_s));
     });
     frmMacroPause::Ask({u"PauseMouse"_s, {}}, nullptr);
+}
+
+// Catches: a macro of pauses that Esc cannot stop, a pause that needs the mouse.
+TEST(MacroWindows, EscInAPauseStopsTheMacro)
+{
+    const RunScope macro(RunKind::Macro, u"trial"_s);
+    OnModal([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Return); });
+    EXPECT_EQ(frmMacroPause::Ask({u"Wait"_s, {}}, nullptr), Answer(Pressed{}));
+    EXPECT_FALSE(macro.Stopped());
+    OnModal([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); });
+    frmMacroPause::Ask({u"Wait"_s, {}}, nullptr);
+    EXPECT_EQ(macro.Why(), StopReason::Esc);
 }
 
 // Catches: a power that is not told, a copy offered where it holds nothing back, an Enter that runs what is risky.
