@@ -1,7 +1,9 @@
 #pragma once
 
 #include "frame/files/file_commands.h"
+#include "frame/frame_state.h"
 #include "macro/run_stage.h"
+#include "platform/files/paths.h"
 #include "services/registry_store.h"
 #include "text/line_text.h"
 
@@ -38,7 +40,13 @@ public:
     void SetTurn(std::function<bool()> give) override { text.SetTurn(std::move(give)); }
     bool HasWindow() const override { return false; }
     RegistryStore& Registry() override { return registry; }
-    Result<> SaveTarget(const QString& path) override { return WriteWithBackup(text, path); }
+    Result<> SaveTarget(const QString& path) override
+    {
+        return WriteWithBackup(text, path).map([&path] {
+            Frame.CurrentFolder = paths::FolderOfPath(path);
+            Frame.CurrentFile = paths::FileNameOfPath(path);
+        });
+    }
     void ReportError(const MacroError& error) override
     {
         if (OnError)

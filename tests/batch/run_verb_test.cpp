@@ -104,6 +104,10 @@ TEST_F(RunVerbTest, TheFileIsTheOpenDocument)
               0);
     EXPECT_EQ(said, u"SoundsInfo.confsoundsinfosame"_s);
     EXPECT_EQ(Frame.CurrentMode, int(ModeSfx));
+    const QByteArray kept = folder.Path(u"kept.txt"_s).toUtf8();
+    EXPECT_EQ(Run("openfilesave " + kept + "\nprint [opendirfull]\n", {u"--on"_s, on, u"--allow-files"_s}), 0);
+    EXPECT_TRUE(said.startsWith(QString::fromUtf8(kept))) << said;
+    EXPECT_EQ(folder.Read(u"kept.txt"_s), "x");
     EXPECT_EQ(Run("print [currentpath]\n"), 0);
     EXPECT_EQ(said, QDir::currentPath() + u'/');
 }
@@ -147,4 +151,7 @@ TEST_F(RunVerbTest, RunsAnArchiveAndKnowsTheWords)
     ASSERT_TRUE(AddBytesToResource(u"basic.txt"_s, "element gfxaction 1\r\nprint [lastelement]\r\n", archive));
     EXPECT_EQ(Call({archive}), 0);
     EXPECT_EQ(said, u"left"_s);
+    ASSERT_TRUE(AddBytesToResource(u"basic.txt"_s, "resunpack none here\r\n", archive));
+    EXPECT_EQ(Call({archive, u"--allow-files"_s}), 1);
+    EXPECT_EQ(told, u"BASIC Error In Line 0: Can't find the file: 'none' in the resource.\n"_s);
 }

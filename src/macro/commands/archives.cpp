@@ -13,19 +13,24 @@
 
 namespace {
 
-/// A failure of the macro's own archive, which stops the run: by its message, or as an error where nobody sees one.
+/// A failure of the macro's own archive, which stops the run: by its message, or with its text where nobody sees one.
 void TellResource(RunState& run, const QString& name, const ResourceFailure& failure)
 {
     constexpr std::pair<ResourceFault, message::Number> Messages[] = {
         {ResourceFault::NotFound, message::ResourceNotFound},
         {ResourceFault::NoOutputFolder, message::ResourceFolderMissing}};
-    for (const auto& [fault, number] : Messages)
-        if (fault == failure.What && run.Stage.HasWindow()) {
-            const SeenTarget seen(run);
-            ShowMessage(number, name);
-            run.RequestStop();
+    for (const auto& [fault, number] : Messages) {
+        if (fault != failure.What)
+            continue;
+        if (!run.Stage.HasWindow()) {
+            run.Fail(RecordOf(number, name).MessageText);
             return;
         }
+        const SeenTarget seen(run);
+        ShowMessage(number, name);
+        run.RequestStop();
+        return;
+    }
     run.Fail(failure.Why.Text());
 }
 

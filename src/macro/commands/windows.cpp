@@ -62,6 +62,8 @@ void WinShowAll(RunState& run, Arguments&)
     if (!CheckHasWindow(run))
         return;
     for (const AliasedWindow& entry : StartedWindows.Entries()) {
+        if (!entry.IsThere())
+            continue;
         other_windows::KeepAbove(entry.Window, true);
         other_windows::Show(entry.Window);
     }
@@ -72,7 +74,8 @@ void WinHideAll(RunState& run, Arguments&)
     if (!CheckHasWindow(run))
         return;
     for (const AliasedWindow& entry : StartedWindows.Entries())
-        other_windows::Hide(entry.Window);
+        if (entry.IsThere())
+            other_windows::Hide(entry.Window);
 }
 
 void WinMove(RunState& run, Arguments& in)

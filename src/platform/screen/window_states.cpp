@@ -48,6 +48,17 @@ void BringToFront(const X11Connection& server, Handle window)
     XSetInputFocus(server.Display(), window, RevertToParent, CurrentTime);
 }
 
+/// A withdrawn window comes back where it stood: without this wish a manager looks for a new place for it.
+void WishToStay(const X11Connection& server, Handle window)
+{
+    XSizeHints hints{};
+    long supplied = 0;
+    if (!XGetWMNormalHints(server.Display(), window, &hints, &supplied))
+        hints = {};
+    hints.flags |= USPosition;
+    XSetWMNormalHints(server.Display(), window, &hints);
+}
+
 /// Place and size in one wish, which a manager takes as those of the frame's corner and of the inner window.
 void AskPlace(const X11Connection& server, Handle window, long what, QPoint at, QSize inner)
 {
@@ -101,6 +112,8 @@ bool Hide(Handle window)
 bool Show(Handle window)
 {
     return Changed(window, [&](const X11Connection& server) {
+        if (!IsVisible(window))
+            WishToStay(server, window);
         XMapRaised(server.Display(), window);
         BringToFront(server, window);
     });

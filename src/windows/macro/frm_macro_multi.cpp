@@ -20,6 +20,7 @@
 namespace {
 
 constexpr int ListWidth = 240, TreeWidth = 360, ListHeight = 260; ///< pixels of a 96-dpi screen
+constexpr int NarrowList = 120;                                   ///< the same, of a list beside others
 
 } // namespace
 
@@ -121,7 +122,7 @@ QWidget* frmMacroMulti::MakePage(const ChoiceQuestion& question)
     row->setContentsMargins(0, 0, 0, 0);
     for (const ChoiceQuestion::List& list : question.Lists) {
         auto* column = new QVBoxLayout;
-        QListView* view = MakeList(list, sheet);
+        QListView* view = MakeList(list, sheet, question.Lists.size() == 1);
         if (page == WordsPage) {
             auto* caption = new QLabel(WithoutMnemonic(list.Caption), sheet);
             caption->setBuddy(view);
@@ -133,7 +134,8 @@ QWidget* frmMacroMulti::MakePage(const ChoiceQuestion& question)
     return sheet;
 }
 
-QListView* frmMacroMulti::MakeList(const ChoiceQuestion::List& list, QWidget* sheet)
+/// One that is not `alone` gives way, so that all fit on a screen of 640 pixels.
+QListView* frmMacroMulti::MakeList(const ChoiceQuestion::List& list, QWidget* sheet, bool alone)
 {
     auto* view = new QListView(sheet);
     view->setObjectName(page == WordsPage ? QStringLiteral("lstElements") : QStringLiteral("lstAsk"));
@@ -141,7 +143,7 @@ QListView* frmMacroMulti::MakeList(const ChoiceQuestion::List& list, QWidget* sh
     view->setModel(new QStringListModel(list.Items, view));
     view->setUniformItemSizes(true);
     view->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    view->setMinimumSize(Pixels(*this, ListWidth), Pixels(*this, ListHeight));
+    view->setMinimumSize(Pixels(*this, alone ? ListWidth : NarrowList), Pixels(*this, ListHeight));
     connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &frmMacroMulti::ChoiceChanged);
     connect(view, &QListView::doubleClicked, this, [this] {
         if (ok->isEnabled())

@@ -40,7 +40,7 @@ private:
     QWidget* MakeTree(const QStringList& entries);
     void EntryChanged();
     QWidget* MakePage(const ChoiceQuestion& question);
-    QListView* MakeList(const ChoiceQuestion::List& list, QWidget* page);
+    QListView* MakeList(const ChoiceQuestion::List& list, QWidget* page, bool alone);
     void ChoiceChanged();
     Answer Chosen() const;
     QString TextOf(const QListView& list) const;

@@ -61,13 +61,15 @@ TEST(MacroWindows, AListGivesThePlaceChosen)
     EXPECT_EQ(frmMacroMulti::Ask(question, nullptr), Answer(Cancelled{}));
 }
 
-// Catches: parts in another order than the lists', an OK while nothing is chosen, a choice that cannot be taken back.
+// Catches: parts in another order than the lists', an OK while nothing is chosen, a choice that cannot be taken back,
+// lists that reach beyond a small screen.
 TEST(MacroWindows, WordsAreJoinedInTheListsOrder)
 {
     OnModal([](QWidget& window) {
         auto& dialog = static_cast<frmMacroMulti&>(window);
         EXPECT_EQ(dialog.SSMultiPage()->currentIndex(), 1);
         EXPECT_FALSE(dialog.cmdOK()->isEnabled());
+        EXPECT_LE(dialog.minimumSizeHint().width(), 640 - 16);
         Select(dialog.lstElements(2), 0);
         EXPECT_EQ(dialog.txtPreview()->text(), u"left"_s);
         Select(dialog.lstElements(0), 1);
