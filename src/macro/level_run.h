@@ -26,7 +26,7 @@ struct LevelNeighbourTest
 /// What the level commands of a run share, beside the level itself.
 struct LevelRun
 {
-    LevelBox Box;
+    LevelBox Box{0, 0, 0, 0};
     int ReplaceFrequency = 100; ///< percent
     std::vector<LevelNeighbourTest> ReplaceTests;
     qint32 LastLevelCount = 0;

@@ -39,6 +39,7 @@ ElementList::ElementList(QWidget* parent) : QTreeWidget(parent)
     setHeaderLabels({QStringLiteral("Element"), QStringLiteral("No."), QStringLiteral("Count"), QStringLiteral("Set")});
     setRootIsDecorated(false);
     setUniformRowHeights(true);
+    setTextElideMode(Qt::ElideMiddle); // names of a family differ at their ends
     setAllColumnsShowFocus(true);
     setSelectionMode(ExtendedSelection);
     setSortingEnabled(true);
@@ -67,6 +68,7 @@ void ElementList::ShowElements(const LevelMap& map, const MapPainter& painter)
         const QString name = NamesOfElements().Name(element);
         auto* row = new ElementRow(this, {name.isEmpty() ? QStringLiteral("(unknown)") : name, QString::number(element),
                                           QString::number(count), QString()});
+        row->setToolTip(NameColumn, row->text(NameColumn));
         row->setIcon(NameColumn, QPixmap::fromImage(painter.Cell(element)));
         for (const int column : {NumberColumn, CountColumn})
             row->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);

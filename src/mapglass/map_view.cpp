@@ -58,6 +58,7 @@ void MapView::ReplaceMap(const LevelMap& now)
     map = now;
     picture = {};
     viewport()->update();
+    TellCell();
 }
 
 void MapView::ShowReason(const QString& why)
@@ -127,6 +128,7 @@ void MapView::SetSide(int wanted, const QPoint& fixed)
     horizontalScrollBar()->setValue(corner.x());
     verticalScrollBar()->setValue(corner.y());
     viewport()->update();
+    TellCell();
     emit SideChanged();
 }
 
@@ -267,9 +269,22 @@ void MapView::mouseMoveEvent(QMouseEvent* event)
         horizontalScrollBar()->setValue(heldAt.x() - place.x());
         verticalScrollBar()->setValue(heldAt.y() - place.y());
     }
-    const QPoint cell = CellAt(place);
+    mouseAt = place;
+    TellCell();
+}
+
+/// Another map, zoom or scrolled place puts another cell under a mouse that stands still.
+void MapView::TellCell()
+{
+    const QPoint cell = mouseAt ? CellAt(*mouseAt) : QPoint(-1, -1);
     const bool inside = map.Contains(cell.x(), cell.y());
     emit CellUnderMouse(inside ? cell.x() : -1, inside ? cell.y() : -1);
+}
+
+void MapView::scrollContentsBy(int, int)
+{
+    viewport()->update();
+    TellCell();
 }
 
 void MapView::mouseReleaseEvent(QMouseEvent*)
@@ -280,7 +295,8 @@ void MapView::mouseReleaseEvent(QMouseEvent*)
 
 void MapView::leaveEvent(QEvent*)
 {
-    emit CellUnderMouse(-1, -1);
+    mouseAt.reset();
+    TellCell();
 }
 
 void MapView::wheelEvent(QWheelEvent* event)

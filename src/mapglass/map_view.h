@@ -44,6 +44,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
@@ -54,6 +55,7 @@ private:
     QPoint Corner() const; ///< of the map in the viewport
     QPoint CellAt(const QPoint& place) const;
     QRect RectOf(const LevelBox& cells) const;
+    void TellCell();
     void DrawMarks(QPainter& painter) const;
     void DragBox(const QPoint& place);
     void TakeBox(const LevelBox& cells);
@@ -69,6 +71,7 @@ private:
     std::optional<LevelBox> box;
     QPoint boxStart;
     Hold held = Hold::Nothing;
-    QPoint heldAt; ///< of the map's corner, where the mouse holds it
+    QPoint heldAt;                 ///< of the map's corner, where the mouse holds it
+    std::optional<QPoint> mouseAt; ///< in the viewport, while it is over it
     int wheelTurn = 0;
 };

@@ -139,13 +139,14 @@ void MapglassWindow::MakeActions()
         {"", "", {}, {}},
         {"&Close", "Esc; Ctrl+W; Ctrl+Q", {}, [this] { close(); }, false},
     };
+    QAction* stripShown = nullptr;
     const Row look[] = {
         {"Zoom &In", "Ctrl++; Ctrl+=", {}, [this] { view->Zoom(1); }},
         {"Zoom &Out", "Ctrl+-", {}, [this] { view->Zoom(-1); }},
         {"&Actual Size", "Ctrl+0", {}, [this] { view->ShowCells(); }},
         {"&Fit", "Ctrl+9", {}, [this] { view->Fit(); }},
         {"", "", {}, {}},
-        {"Show or Hide the &Strip", "F9", {}, [this] { strip->setVisible(!strip->isVisible()); }, false},
+        {"Show or Hide the &Strip", "F9", {}, [this] { strip->setVisible(!strip->isVisible()); }, false, &stripShown},
         {"", "", {}, {}},
         {"Mark What the Set Does Not &Draw", "Ctrl+D", {}, [this] { elements->SelectUndrawn(); }, false, &undrawn},
         {"Mark &Nothing", "Ctrl+Shift+A", {}, [this] { elements->clearSelection(); }, false, &unmark},
@@ -180,6 +181,7 @@ void MapglassWindow::MakeActions()
     fill(menuBar()->addMenu(QStringLiteral("&Level")), file);
     fill(menuBar()->addMenu(QStringLiteral("&View")), look);
     fill(menuBar()->addMenu(QStringLiteral("&Help")), help);
+    otherLevels << stripShown;
     unmark->setEnabled(false);
     undrawn->setEnabled(false);
 

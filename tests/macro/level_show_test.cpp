@@ -121,5 +121,5 @@ TEST_F(LevelShowTest, ARunLeavesItsClipboardAlone)
     EXPECT_FALSE(Level.Folder);
     EXPECT_EQ(Run({u"print [levclipwidth] [levclipheight] [lastboxx2]"_s, u"levload new"_s, u"levpaste 64 32"_s,
                    u"levpaste 62 32"_s, u"levreplace 7 9"_s, u"print [lvp:63:32]"_s, u"levclear"_s}),
-              u"3209"_s);
+              u"3219"_s);
 }

@@ -88,8 +88,8 @@ protected:
 
 } // namespace
 
-// Catches: a header of another level, counts that do not add up, cells counted from 0, a file that is none and leaves
-// the former level standing as if it were it.
+// Catches: a header of another level, counts that do not add up, cells counted from 0, a cell of the former level or
+// zoom that is still told, a file that is none and leaves the former level standing as if it were it.
 TEST_F(MapglassTest, ShowsALevelOrWhyItIsNone)
 {
     Show(Write(u"001.level"_s, {.Form = "1.0", .Width = 5, .Height = 4, .Name = "A cave"}));
@@ -106,7 +106,15 @@ TEST_F(MapglassTest, ShowsALevelOrWhyItIsNone)
     Mouse(QEvent::MouseMove, Cell(2, 1, 5, 4), Qt::NoButton);
     EXPECT_TRUE(In<QLabel>("cellText").text().startsWith(u"3, 2:  145  "_s)) << In<QLabel>("cellText").text();
 
+    Mouse(QEvent::MouseMove, Cell(0, 0, 5, 4), Qt::NoButton);
+    EXPECT_TRUE(In<QLabel>("cellText").text().startsWith(u"1, 1: "_s));
+    View().Zoom(-4); // away from under the mouse
+    EXPECT_EQ(In<QLabel>("cellText").text(), QString());
+    Show(Write(u"003.level"_s, {.Form = "1.0", .Width = 30, .Height = 40}));
+    EXPECT_NE(In<QLabel>("cellText").text(), QString());
+    EXPECT_FALSE(In<QLabel>("cellText").text().startsWith(u"1, 1: "_s));
     Show(folder.Write(u"set/002.level"_s, "no level at all"));
+    EXPECT_EQ(In<QLabel>("cellText").text(), QString());
     EXPECT_EQ(elements.topLevelItemCount(), 0);
     texts.clear();
     for (const QLabel* label : window.findChildren<QLabel*>())
@@ -187,7 +195,7 @@ TEST_F(MapglassTest, AChangedFileIsReadAgain)
 }
 
 // Catches: a rectangle off by one or outside the map, an answer given twice or not at all, a close that counts as
-// consent.
+// consent, a key that leads to other levels.
 TEST_F(MapglassTest, AMacroGetsItsRectangle)
 {
     QList<ViewAnswer> answers;
@@ -210,6 +218,8 @@ TEST_F(MapglassTest, AMacroGetsItsRectangle)
     keyed.ServeMacro({u"Draw"_s, {}}, take);
     keyed.OpenLevel(window.Path());
     keyed.show();
+    for (const QAction* action : keyed.findChildren<QAction*>()) // the strip leads to other levels
+        EXPECT_FALSE(action->isVisible() && action->shortcut() == QKeySequence(Qt::Key_F9));
     MapView& map = *keyed.findChild<MapView*>();
     const auto press = [&map](int key, Qt::KeyboardModifiers held, int times) {
         for (int i = 0; i < times; ++i) {

@@ -1,6 +1,7 @@
 #include "macro/commands/level_condition.h"
 
 #include "level/level_record.h"
+#include "macro/language/comparison.h"
 #include "macro/language/group_items.h"
 #include "macro/language/run_state.h"
 
@@ -17,12 +18,17 @@ bool IsCondition(const QString& written)
 LevelCondition ReadCondition(RunState& run, const QString& written)
 {
     LevelCondition condition;
+    constexpr int Operator = 2; // characters
+    if (written.size() < Operator) {
+        run.Fail(TooShortMessage);
+        return condition;
+    }
     if (!IsCondition(written)) {
         run.Fail("Expected == or <> before variable name");
         return condition;
     }
     condition.Unequal = written.startsWith(u'<');
-    const QString rest = written.sliced(2);
+    const QString rest = written.sliced(Operator);
     if (rest.startsWith(u'?')) {
         condition.Of = GroupOrFail(run, rest);
         return condition;

@@ -18,12 +18,14 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace {
 
 constexpr QSize SheetRoomAt96(120, 120);
-constexpr qint64 ShowEvery = 50; // ms
+constexpr QSize PaletteFrameRoom(20, 40); // what a window manager puts around a window
+constexpr qint64 ShowEvery = 50;          // ms
 
 /// What stands in the way of a palette, in the order of the tests; nothing if all is there.
 std::optional<message::Number> WhatIsMissing()
@@ -104,7 +106,8 @@ void frmMakePreview::LayOut()
     auto* row = new QHBoxLayout(this);
     row->addWidget(left);
     row->addWidget(picMake, 1);
-    resize(Pixels(*this, 720), Pixels(*this, 480));
+    const QRect whole = (parentWidget() ? parentWidget()->screen() : screen())->availableGeometry();
+    resize(QSize(Pixels(*this, 720), Pixels(*this, 480)).boundedTo(whole.size() - PaletteFrameRoom));
 }
 
 void frmMakePreview::Open()

@@ -55,8 +55,9 @@ bool DialogKeys::eventFilter(QObject* watched, QEvent* event)
         CloseMenus();
         emit HelpPressed(id);
     } else if (const auto* dialog = qobject_cast<QDialog*>(part->window())) {
-        if (HelpSubjectOf(dialog) != NoHelpSubject)
-            emit HelpPressed(SubjectIn(*dialog));
+        if (HelpSubjectOf(dialog) == NoHelpSubject)
+            return false; // a key like any other there
+        emit HelpPressed(SubjectIn(*dialog));
     } else {
         return false;
     }

@@ -51,7 +51,8 @@ TEST_F(HelpSubjectTest, FollowsTheMouse)
         }
 }
 
-// Catches: a window in which F1 does nothing, one whose page nobody has written, a menu whose entries F1 does not know.
+// Catches: a window in which F1 does nothing, one whose page nobody has written, a menu whose entries F1 does not know,
+// a window that closes at any key and never sees this one.
 TEST_F(HelpSubjectTest, F1InAWindowAboveShowsItsPage)
 {
     QStringList asked;
@@ -87,6 +88,11 @@ TEST_F(HelpSubjectTest, F1InAWindowAboveShowsItsPage)
         press(dialog);
         dialog->close();
     }
+    QDialog silent(Window.get());
+    SetHelpSubject(&silent, NoHelpSubject);
+    QKeyEvent itsOwn(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier);
+    QCoreApplication::sendEvent(&silent, &itsOwn);
+    EXPECT_FALSE(itsOwn.isAccepted());
     QMenu* menu = Window->Menus().Find(QStringLiteral("mnuEdit"));
     menu->popup(QPoint(0, 0));
     menu->setActiveAction(MenuOf("mnuTidyup"));
