@@ -11,6 +11,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <optional>
 
 namespace {
 
@@ -106,6 +107,7 @@ public:
         made = backup.value_or(QString());
         return refused ? Result<>(tl::unexpected(backup.error())) : Result<>();
     }
+    const QString& Path() const { return made; }
     bool Refused() const { return refused; } ///< by the user, who knows why
     void TakeAway() const
     {
@@ -118,18 +120,19 @@ private:
     bool refused = false;
 };
 
-/// The current text into its file; what stands in the way was told.
-bool Write(const QString& path, bool withBackup)
+/// The current text into its file: the path of its backup, empty without one; nothing if it was not written, for what
+/// was told.
+std::optional<QString> Write(const QString& path, bool withBackup)
 {
     SaveBackup backup;
     const auto before = [&] { return withBackup ? backup.Make(path) : Result<>(); };
     const Result<> written = CurrentPane().SaveFile(path, false, before);
     if (written)
-        return true;
+        return backup.Path();
     backup.TakeAway();
     if (!backup.Refused())
         ShowFailure(written.error());
-    return false;
+    return {};
 }
 
 bool Save(const QString& told, bool backup, bool sure = false)
@@ -145,7 +148,8 @@ bool Save(const QString& told, bool backup, bool sure = false)
     if (givesWay && !KeepText(holder))
         return false;
     // Written before anything gives way, so that a failure leaves every tab as it was.
-    if (!Write(path, backup))
+    const std::optional<QString> written = Write(path, backup);
+    if (!written)
         return false;
     if (!ownPath) {
         if (givesWay)
@@ -156,8 +160,10 @@ bool Save(const QString& told, bool backup, bool sure = false)
     }
     Settle(Frame.CurrentTab);
     RecentAdd(path);
-    if (unsaved)
-        ShowNotice(QStringLiteral("The unsaved text of the replaced tab was kept for recovery."));
+    const QString number = written->section(u'_', -1).section(u'.', 0, 0); // of "_003.GemforgeBackup"
+    ShowNotice(unsaved            ? QStringLiteral("The unsaved text of the replaced tab was kept for recovery.")
+               : number.isEmpty() ? QStringLiteral("Saved")
+                                  : QStringLiteral("Saved, backup _") + number);
     return true;
 }
 

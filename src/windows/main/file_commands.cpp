@@ -42,7 +42,7 @@ std::span<const CommandRow> FileCommands()
                    SaveDocumentAs},
         CommandRow{"mnuAddTab", "Open Tab", "", tbFile, "open_tab", nullptr, NoFlags, OpenTabCommand},
         CommandRow{"mnuDelTab", "Close Tab", "Ctrl+F4", tbFile, "close_tab", nullptr, NoFlags, CloseTab},
-        CommandRow{"mnuReopenTab", "Reopen Closed Tab", "Ctrl+Shift+T", tbFile, "reopen_closed_tab", nullptr, NoFlags,
+        CommandRow{"mnuReopenTab", "Reopen Closed Tab", "Ctrl+Shift+T", None, "reopen_closed_tab", nullptr, NoFlags,
                    ReopenClosedTab},
         CommandRow{"MnuDelAllTabs", "Close All Tabs", "", tbFile, "close_all_tabs", nullptr, SeparatorBehind,
                    CloseAllTabs},

@@ -35,11 +35,11 @@ std::span<const CommandRow> FindCommands()
                    RunOnPane<CmdDocumentEnd>},
         CommandRow{"mnuGotoBlock", "Goto Block", "Ctrl+Shift+B", tbFind, "goto_block", nullptr, SeparatorBehind,
                    [] { Tools().ShowList(ListKind::Blocks); }},
-        CommandRow{"mnuNextMark", "Next Mark", "F8", tbFind, "next_mark", nullptr, EverywhereKey,
-                   [] { GotoMark(true); }, ConfModes, ConfModes},
-        CommandRow{"mnuPreviousMark", "Previous Mark", "Shift+F8", tbFind, "previous_mark", nullptr, EverywhereKey,
+        CommandRow{"mnuNextMark", "Next Mark", "F8", None, "next_mark", nullptr, EverywhereKey, [] { GotoMark(true); },
+                   ConfModes, ConfModes},
+        CommandRow{"mnuPreviousMark", "Previous Mark", "Shift+F8", None, "previous_mark", nullptr, EverywhereKey,
                    [] { GotoMark(false); }, ConfModes, ConfModes},
-        CommandRow{"mnuMarks", "List Of Marks", "Ctrl+F8", tbFind, "list_of_marks", nullptr, NoFlags,
+        CommandRow{"mnuMarks", "List Of Marks", "Ctrl+F8", None, "list_of_marks", nullptr, NoFlags,
                    [] { Tools().ShowList(ListKind::Marks); }, ConfModes, ConfModes},
     };
     return Rows;

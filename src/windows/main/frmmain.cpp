@@ -248,6 +248,11 @@ void frmmain::ConnectPane(int tab, EditorPane& pane)
         MarkBlockAtCaret(pane);
     });
     connect(&pane, &EditorPane::TextChanged, this, [this, tab] { PaneTextChanged(tab); });
+    connect(&pane, &EditorPane::ModifiedChanged, this, [this, tab](bool modified) {
+        strip->SetUnsaved(tab, modified);
+        if (tab == Frame.CurrentTab)
+            panels->SetUnsaved(modified);
+    });
     connect(&pane, &EditorPane::FindWanted, this, [this, &pane](FindKind kind) { ShowFindDialog(this, pane, kind); });
     connect(&pane, &EditorPane::LineCut, this, [](int line, qsizetype length) {
         ShowNotice(QStringLiteral("Line %1 is %2 bytes long; only its front is shown")

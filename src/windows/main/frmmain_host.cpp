@@ -49,7 +49,10 @@ void frmmain::Listen(FrameEvents& events)
             [this](int tab) { strip->SetTab(tab, Frame.Documents.at(tab).Face); });
     connect(&events, &FrameEvents::ModeChanged, this, &frmmain::ModeChanged);
     connect(&events, &FrameEvents::CaretMoved, this, [this](const QString& place) { panels->SetPanel(2, place, 0); });
-    connect(&events, &FrameEvents::PathChanged, this, [this](const QString& path) { panels->SetPanel(3, path, 0); });
+    connect(&events, &FrameEvents::PathChanged, this, [this](const QString& path) {
+        panels->SetUnsaved(Pane(Frame.CurrentTab).Modified());
+        panels->SetPanel(3, path, 0);
+    });
     connect(&events, &FrameEvents::Noticed, panels, &StatusPanels::ShowNotice);
     connect(&events, &FrameEvents::ViewSettingChanged, this, &frmmain::UpdateCommands);
     connect(&events, &FrameEvents::MenuStripsChanged, this, [this](bool on) { menus.ShowStrips(on); });

@@ -52,11 +52,11 @@ std::span<const CommandRow> RnDCommands()
         CommandRow{"mnuRndGameCheck", "Check With The Game", "Shift+F9", tbRnD, "check_with_game", nullptr, NoFlags,
                    CheckWithTheGame},
         CommandRow{"mnuRndErrLog", "View Error Log", "", tbRnD, "view_error_log", nullptr, NoFlags, ViewErrorLog},
-        CommandRow{"mnuRndWords", "The Game's Words", "Ctrl+F9", tbRnD, "game_words", nullptr, NoFlags,
+        CommandRow{"mnuRndWords", "The Game's Words", "Ctrl+F9", None, "game_words", nullptr, NoFlags,
                    ShowWordsCommand},
         CommandRow{"mnuExtractFromRND", "Extract From RnD", "", tbRnD, "extract_rnd", nullptr,
                    OpensMenu | MenuOnly | SeparatorBehind, [] {}},
-        CommandRow{"mnuRndGames", "Games", "", tbRnD, "games", nullptr, NoFlags, GamesCommand},
+        CommandRow{"mnuRndGames", "Games", "", None, "games", nullptr, NoFlags, GamesCommand},
     };
     return Rows;
 }

@@ -11,6 +11,7 @@
 #include <QProgressBar>
 #include <QResizeEvent>
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -79,7 +80,7 @@ void StatusPanels::SetPanel(int panel, const QString& text, int picture)
         noticeEnd.stop();
     }
     if (panel == PathPanel)
-        ShowPathText(text);
+        ShowPathText(unsaved ? QStringLiteral("Not saved: ") + text : text);
     else
         shown.Text->setText(text);
     shown.Text->setAccessibleName(QString::fromLatin1(PanelRows[panel - 1].Name) + QStringLiteral(": ") +
@@ -135,6 +136,12 @@ void StatusPanels::ShowNotice(const QString& text)
     QAccessibleEvent told(place, QAccessible::Alert);
     QAccessible::updateAccessibility(&told);
     noticeEnd.start(NoticeMs);
+}
+
+void StatusPanels::SetUnsaved(bool now)
+{
+    if (std::exchange(unsaved, now) != now && !noticeEnd.isActive())
+        ShowPath();
 }
 
 void StatusPanels::ShowPath()

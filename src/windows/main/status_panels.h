@@ -23,6 +23,9 @@ public:
     /// Panels 4 to 6: a key that is off is shown dim.
     void ShowKey(int panel, bool on);
 
+    /// The path says whether the text in front is saved.
+    void SetUnsaved(bool now);
+
     void ShowNotice(const QString& text);
 
     /// Painted at once, at most every 50 ms, without taking events.
@@ -50,6 +53,7 @@ private:
     };
     std::array<Panel, 6> panels;
     QString path;
+    bool unsaved = false;
     QString pathText; ///< of its panel in full
     QTimer noticeEnd;
     QProgressBar* progress;

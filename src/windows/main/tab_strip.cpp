@@ -10,10 +10,18 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
 #include <QToolButton>
 #include <QToolTip>
 #include <algorithm>
+#include <utility>
+
+namespace {
+
+const QColor UnsavedDot(0xE0, 0x6C, 0x00);
+
+} // namespace
 
 TabStrip::TabStrip(QWidget* parent) : QWidget(parent), bar(new QTabBar(this))
 {
@@ -73,12 +81,33 @@ void TabStrip::SetTab(int tab, const TabFace& face)
         SelectNext(-1);
     }
     bar->setTabText(tab, WithoutMnemonic(face.Caption));
-    const QIcon picture = ListImage(QStringLiteral("mode"), face.Picture);
+    ShowPicture(tab);
     // A disabled tab could not stay selected, and the flash dims the selected one: only its looks change.
-    bar->setTabIcon(tab, face.Enabled ? picture : QIcon(picture.pixmap(bar->iconSize(), QIcon::Disabled)));
     bar->setTabTextColor(tab, face.Enabled ? QColor() : palette().color(QPalette::Disabled, QPalette::WindowText));
     bar->setTabEnabled(tab, face.Visible); // else the wheel and the arrow keys would select what does not show
     bar->setTabVisible(tab, face.Visible);
+}
+
+void TabStrip::SetUnsaved(int tab, bool now)
+{
+    if (std::exchange(unsaved.at(tab), now) != now)
+        ShowPicture(tab);
+}
+
+void TabStrip::ShowPicture(int tab)
+{
+    const TabFace& face = faces.at(tab);
+    const QIcon icon = ListImage(QStringLiteral("mode"), face.Picture);
+    QPixmap picture = icon.pixmap(bar->iconSize(), devicePixelRatio(), face.Enabled ? QIcon::Normal : QIcon::Disabled);
+    if (unsaved.at(tab) && !picture.isNull()) {
+        QPainter painter(&picture);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const qreal side = picture.deviceIndependentSize().width();
+        painter.setPen(QPen(palette().color(QPalette::Window), side / 16));
+        painter.setBrush(UnsavedDot);
+        painter.drawEllipse(QRectF(side * 0.55, side * 0.05, side * 0.4, side * 0.4));
+    }
+    bar->setTabIcon(tab, picture);
 }
 
 void TabStrip::Select(int tab)

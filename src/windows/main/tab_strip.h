@@ -17,7 +17,8 @@ public:
     explicit TabStrip(QWidget* parent = nullptr);
 
     void SetTab(int tab, const TabFace& face);
-    void Select(int tab); ///< by code: tells Changed, not Activated
+    void SetUnsaved(int tab, bool now); ///< a dot on its picture
+    void Select(int tab);               ///< by code: tells Changed, not Activated
     int Selected() const { return bar->currentIndex(); }
     void SelectNext(int step); ///< by key: the next (1) or previous (-1) visible tab, around the ends
     QTabBar* Bar() const { return bar; }
@@ -36,6 +37,7 @@ protected:
 
 private:
     void CurrentChanged(int tab);
+    void ShowPicture(int tab);
     bool KeyPressed(int key);
     void Released(Qt::MouseButton button, int tab);
     void CloseByMouse(int tab);
@@ -43,6 +45,7 @@ private:
 
     QTabBar* bar;
     std::array<TabFace, 8> faces;
+    std::array<bool, 8> unsaved{};
     bool byCode = false;
     bool leftDown = false; ///< a press selects, its release activates
 };

@@ -172,3 +172,25 @@ TEST_F(MainWindowParts, PanesTellTheirTextWhileAReaderIsActive)
     EXPECT_FALSE(tells());
     QAccessible::setActive(false);
 }
+
+// Catches: an unsaved text that neither its tab nor the status bar shows, a mark that stays after the save or goes to
+// another tab, a save that does not say what it did.
+TEST_F(MainWindowTest, UnsavedTextsShow)
+{
+    const TestFolder work;
+    ASSERT_TRUE(OpenDocument(work.Write(QStringLiteral("a.conf"), "a: 1\n"), false));
+    const auto picture = [this](int tab) { return Tabs()->tabIcon(tab).pixmap(16).toImage(); };
+    const auto status = [this] { return Window->StatusBar().PanelText(3); };
+    const QImage saved = picture(0);
+    CurrentPane().AddText(QStringLiteral("x"));
+    QCoreApplication::processEvents();
+    EXPECT_NE(picture(0), saved);
+    EXPECT_TRUE(status().startsWith(QStringLiteral("Not saved: ")));
+    Frame.Settings.BackupOnSave = 1;
+    SaveCommand();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(picture(0), saved);
+    EXPECT_EQ(status(), QStringLiteral("Saved, backup _000"));
+    ShowNotice({});
+    EXPECT_TRUE(status().endsWith(QStringLiteral("a.conf")) && !status().startsWith(QStringLiteral("Not")));
+}
