@@ -126,7 +126,7 @@ namespace {
 /// The one path that a verb works on; empty if what is wrong was told.
 QString TakePath(const char* verb, const QStringList& arguments, VerbStreams& streams)
 {
-    if (arguments.size() != 1) {
+    if (arguments.size() != 1 || arguments.first().isEmpty()) {
         WrongUsage(verb, QStringLiteral("one path is wanted"), streams);
         return {};
     }
@@ -140,6 +140,14 @@ VerbResult TellSwapped(const Result<SwappedSet>& swapped, const QString& now, Ve
         return Unchanged(swapped.error(), streams);
     streams.Out << now << '\n';
     return swapped->OldFormStays ? Failed(swapped->Why, streams) : VerbDone;
+}
+
+/// Does a folder hold levels, or say of itself that it is a set? No other one is packed and removed.
+bool IsLevelSet(const QString& folder)
+{
+    const FolderScan scan{QStringLiteral("*.level"), false, true};
+    const auto levels = GetFiles(folder, scan);
+    return paths::FileExists(paths::Closed(folder) + Frame.ConfNames.at(ModeLvl)) || (levels && !levels->empty());
 }
 
 } // namespace
@@ -168,6 +176,8 @@ VerbResult SetZipVerb(const QStringList& arguments, VerbStreams& streams)
         return Failed({folder, qt_error_string(ENOTDIR)}, streams);
     if (QFileInfo::exists(archive))
         return Unchanged({archive, qt_error_string(EEXIST)}, streams);
+    if (!IsLevelSet(folder))
+        return Unchanged({folder, QStringLiteral("no level set: neither a level nor a levelinfo.conf in it")}, streams);
     return TellSwapped(ZipSet(folder, archive), archive, streams);
 }
 

@@ -135,8 +135,8 @@ constexpr Verb AllVerbs[] = {
      "Packs a level set into FOLDER.levzip, removes the folder once the archive was read again and compared, and "
      "prints\n"
      "the archive's path. Ends with 1 and the reason if nothing has changed, such as where that archive stands "
-     "already;\n"
-     "with 2 if FOLDER is none, or stays beside its archive.\n",
+     "already\n"
+     "or FOLDER holds neither a level nor a levelinfo.conf; with 2 if FOLDER is none, or stays beside its archive.\n",
      SetZipVerb},
     {"set unzip", "FILE",
      "Unpacks a .levzip into the folder of its name beside it, removes the archive once the folder was compared with\n"

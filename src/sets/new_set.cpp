@@ -94,8 +94,11 @@ QString NewSet::Folder() const
     return paths::Closed(Path) + ShortName;
 }
 
-QString NewSetText(const QString& typed)
+QString NewSetText(QString typed)
 {
+    for (QChar& c : typed)
+        if (c.category() == QChar::Other_Control)
+            c = u' ';
     return typed.trimmed().toLower();
 }
 

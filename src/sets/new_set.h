@@ -49,7 +49,7 @@ struct NewSet
 };
 
 /// As the wizard keeps a title, a short name or an author.
-QString NewSetText(const QString& typed);
+QString NewSetText(QString typed);
 
 /// Every character that is not a letter, a digit, "-", "_", "[" or "]" becomes "_". Letters are those of ASCII.
 QString FilterFileName(QString text);

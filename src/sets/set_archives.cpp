@@ -201,17 +201,21 @@ Result<> RemoveZipped(const QString& folder, const std::vector<Trace>& traces)
     return removed;
 }
 
-/// Does the archive hold one folder of this name, letter case ignored, and nothing else? Its name as the archive has
-/// it.
+/// Does the archive hold one folder of this name, letter case ignored, and nothing else, and each file once? The
+/// folder's name as the archive has it.
 Result<QString> OneTopFolder(const QString& path, const QString& name)
 {
     return ZipArchive::Open(path).and_then([&](const ZipArchive& archive) -> Result<QString> {
         QString top;
+        QSet<QString> files;
         for (const ZipEntry& entry : archive.Entries()) {
             const QString first = entry.Name.section(u'/', 0, 0);
             if (!entry.Name.contains(u'/') || (!top.isNull() && first != top) ||
                 first.compare(name, Qt::CaseInsensitive) != 0)
                 return Fail(path, QStringLiteral("The archive holds something else than its folder: ") + entry.Name);
+            if (files.contains(entry.Name) && !entry.Name.endsWith(u'/'))
+                return Fail(path, QStringLiteral("The archive holds two files of one name: ") + entry.Name);
+            files.insert(entry.Name);
             top = first;
         }
         return top;

@@ -6,6 +6,7 @@
 #include "platform/archives/zip_archive.h"
 #include "platform/files/paths.h"
 #include "sets/set_tree.h"
+#include "text/encoding.h"
 
 #include <QDirIterator>
 
@@ -27,7 +28,7 @@ void Count(const QString& path, qint64 bytes, SetFacts& facts)
 
 void TakeLevelinfo(const QByteArray& bytes, SetFacts& facts)
 {
-    const ConfIndex index(bytes);
+    const ConfIndex index(FromFile(bytes, EncodingOf(bytes)));
     facts.Name = index.ValueOfKey(QStringLiteral("name"));
     facts.Author = index.ValueOfKey(QStringLiteral("author"));
 }

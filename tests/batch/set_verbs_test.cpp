@@ -64,6 +64,8 @@ TEST_F(SetVerbs, NewMakesWhatIsNamed)
     EXPECT_EQ(New("x", {QStringLiteral("--title")}).Code, VerbFailed);
     EXPECT_EQ(New("x", {QStringLiteral("stray")}).Code, VerbFailed);
     EXPECT_EQ(New("").Code, VerbFailed);
+    EXPECT_EQ(New("lines", {QStringLiteral("--title"), QStringLiteral("The\nDig")}).Code, VerbDone);
+    EXPECT_TRUE(Levels.Read(QStringLiteral("lines/levelinfo.conf")).contains(" the dig\r\n"));
 }
 
 // Catches: a form that stays beside the other, one that takes another's place, a path that is told wrongly.
@@ -86,4 +88,19 @@ TEST_F(SetVerbs, ZipAndUnzipTakeEachOthersPlace)
     EXPECT_EQ(Call("unzip", archive).Code, VerbFailed);
     EXPECT_EQ(Call("zip", Levels.Path(QStringLiteral("nowhere"))).Code, VerbFailed);
     EXPECT_EQ(Call("list", Levels.Path(QStringLiteral("nowhere"))).Code, VerbFailed);
+}
+
+// Catches: a folder that is no level set and goes into an archive, a wrong call that ends without a word.
+TEST_F(SetVerbs, ZipTakesOnlyLevelSets)
+{
+    Levels.Write(QStringLiteral("papers/letter.txt"), "dear all");
+    EXPECT_EQ(Call("zip", Levels.Path(QStringLiteral("papers"))).Code, VerbFound);
+    EXPECT_EQ(FilesIn("papers"), 1);
+    Levels.Write(QStringLiteral("papers/001.LEVEL"), "x");
+    EXPECT_EQ(Call("zip", Levels.Path(QStringLiteral("papers"))).Code, VerbDone);
+    for (const char* verb : {"list", "zip", "unzip"}) {
+        const Spoken spoken = Call(verb, {});
+        EXPECT_EQ(spoken.Code, VerbFailed);
+        EXPECT_FALSE(spoken.Err.isEmpty()) << verb;
+    }
 }

@@ -4,6 +4,7 @@
 #include "services/archive_tool.h"
 #include "services/made_archive.h"
 #include "sets/get_files.h"
+#include "sets/set_facts.h"
 #include "sets/setup_file.h"
 
 #include <QFile>
@@ -290,4 +291,14 @@ TEST_F(LevelManagerTest, ADroppedArchiveIsTakenIn)
     Manager.TakeArchive(Level("box/Boxed.levzip"));
     EXPECT_EQ(Manager.SelectedNode()->Text, QStringLiteral("Boxed - box"));
     EXPECT_EQ(Manager.Tree.rowCount(), rows);
+}
+
+// Catches: names of old sets, which are not in UTF-8, that show as holes.
+TEST_F(LevelManagerTest, OldNamesAreReadAsTheyWereWritten)
+{
+    const TestFolder set;
+    for (const char* author : {"B\xf6hm", "B\xc3\xb6hm"}) {
+        set.Write(QStringLiteral("levelinfo.conf"), QByteArray("author: ") + author + "\n");
+        EXPECT_EQ(FactsOf({set.Path(), {}}).Author, QStringLiteral("B\u00f6hm"));
+    }
 }

@@ -215,7 +215,7 @@ TEST_F(SetArchives, WhatDiffersIsSeen)
 }
 
 // Catches: a set that goes although it could not be packed or unpacked whole, for a full disk, a closed folder, an
-// archive of another set or of more than one, a link, or a wish to stop.
+// archive of another set, of more than one, or with two files of one name, a link, or a wish to stop.
 TEST_F(SetArchives, WhatCannotBeDoneChangesNothing)
 {
     const auto untouched = [&] { return FolderIsWhole() && !QFileInfo::exists(Archive) && Hidden().isEmpty(); };
@@ -247,11 +247,14 @@ TEST_F(SetArchives, WhatCannotBeDoneChangesNothing)
     EXPECT_TRUE(untouched());
 
     QDir(Folder).removeRecursively();
-    for (const std::vector<MadeEntry>& entries :
-         {std::vector<MadeEntry>{{"Other/levelinfo.conf", "x"}}, {{"Dig/a", "x"}, {"Other/b", "y"}}, {{"a", "x"}}}) {
+    for (const std::vector<MadeEntry>& entries : {std::vector<MadeEntry>{{"Other/levelinfo.conf", "x"}},
+                                                  {{"Dig/a", "x"}, {"Other/b", "y"}},
+                                                  {{"Dig/twice1", "x"}, {"Dig/twice2", "y"}},
+                                                  {{"a", "x"}}}) {
         QFile::remove(Archive);
         MakeArchive(Archive, entries);
-        const QByteArray before = Levels.Read(QStringLiteral("Dig.levzip"));
+        const QByteArray before = Levels.Read(QStringLiteral("Dig.levzip")).replace("twice2", "twice1");
+        Levels.Write(QStringLiteral("Dig.levzip"), before);
         EXPECT_FALSE(UnzipSet(Archive, false));
         EXPECT_EQ(Levels.Read(QStringLiteral("Dig.levzip")), before);
         EXPECT_FALSE(QFileInfo::exists(Folder));

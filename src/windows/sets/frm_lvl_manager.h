@@ -41,7 +41,7 @@ private:
     QWidget* MakePaths();
     QWidget* MakeButtons();
     QGroupBox* MakeButtonFrame(const char* name, const char* caption, const char* button, bool zipped);
-    void MakeFacts();
+    QWidget* MakeFacts();
     QLayout* MakeFoot();
     void Connect();
 

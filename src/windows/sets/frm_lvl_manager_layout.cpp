@@ -1,6 +1,7 @@
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/help_subject.h"
 #include "windows/parts/icons.h"
+#include "windows/parts/rolling.h"
 #include "windows/sets/frm_lvl_manager.h"
 #include "windows/sets/set_maps.h"
 
@@ -73,20 +74,15 @@ frmLVLManager::frmLVLManager(QWidget* owner) : QDialog(DialogParent(owner)), fil
     SetHelpSubject(this, HelpIdFor("rnd_levman"));
     setWindowTitle(QStringLiteral("Level Manager"));
     setAcceptDrops(true);
-    auto* right = new QVBoxLayout;
-    QLayout* left = MakeList();
-    right->addWidget(MakeButtons());
-    MakeFacts();
-    right->addStretch();
     auto* both = new QHBoxLayout;
-    both->addLayout(left, 1);
-    both->addLayout(right);
+    both->addLayout(MakeList(), 1);
+    both->addWidget(MakeButtons());
     auto* column = new QVBoxLayout(this);
     column->addLayout(both, 1);
     column->addWidget(MakePaths());
     column->addLayout(MakeFoot());
     const QRect whole = (parentWidget() ? parentWidget()->screen() : screen())->availableGeometry();
-    resize(QSize(Pixels(*this, 660), Pixels(*this, 560)).boundedTo(whole.size() - ManagerFrameRoom));
+    resize(QSize(Pixels(*this, 660), Pixels(*this, 680)).boundedTo(whole.size() - ManagerFrameRoom));
     Connect();
 }
 
@@ -136,7 +132,7 @@ QWidget* frmLVLManager::MakePaths()
 
 QGroupBox* frmLVLManager::MakeButtonFrame(const char* name, const char* caption, const char* button, bool zipped)
 {
-    auto* frame = new QGroupBox(QString::fromLatin1(caption), Frame3);
+    auto* frame = new QGroupBox(QString::fromLatin1(caption), this);
     frame->setObjectName(QString::fromLatin1(name));
     auto* column = new QVBoxLayout(frame);
     auto& buttons = zipped ? cmdZip : cmdFolder;
@@ -160,20 +156,23 @@ QGroupBox* frmLVLManager::MakeButtonFrame(const char* name, const char* caption,
 
 QWidget* frmLVLManager::MakeButtons()
 {
-    Frame3 = new QWidget(this);
-    Frame3->setObjectName(QStringLiteral("Frame3"));
-    auto* column = new QVBoxLayout(Frame3);
+    auto* inside = new QWidget(this);
+    auto* column = new QVBoxLayout(inside);
     column->setContentsMargins({});
     frmDir = MakeButtonFrame("frmDir", "Normal Game", "cmdFolder", false);
     frmZip = MakeButtonFrame("frmZip", "Zipped Game", "cmdZip", true);
     column->addWidget(frmDir);
     column->addWidget(frmZip);
+    column->addWidget(MakeFacts());
+    column->addStretch();
+    Frame3 = new Rolling(inside, this);
+    Frame3->setObjectName(QStringLiteral("Frame3"));
     return Frame3;
 }
 
-void frmLVLManager::MakeFacts()
+QWidget* frmLVLManager::MakeFacts()
 {
-    auto* part = new QWidget(Frame3);
+    auto* part = new QWidget(this);
     auto* form = new QFormLayout(part);
     form->setContentsMargins({});
     form->setRowWrapPolicy(QFormLayout::DontWrapRows);
@@ -186,7 +185,7 @@ void frmLVLManager::MakeFacts()
         facts[i]->setObjectName(QStringLiteral("lblFact%1").arg(i));
         form->addRow(QString::fromLatin1(FactCaptions[i]), facts[i]);
     }
-    Frame3->layout()->addWidget(part);
+    return part;
 }
 
 QLayout* frmLVLManager::MakeFoot()
