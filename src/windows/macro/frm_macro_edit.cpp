@@ -18,6 +18,8 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTabWidget>
@@ -26,6 +28,7 @@
 namespace {
 
 constexpr int HighlightedLineSlot = 30;
+constexpr int StepColour = 0xA4FE9E;
 constexpr int CaretLineColour = 0xD4D4D4, FaultColour = 0x8C8CFF, EarlyFaultColour = 0x0000FF;
 
 FileQuestion MacroQuestion(FileQuestion::Use use, const char* title)
@@ -146,6 +149,7 @@ void frmMacroEdit::TakeFile(const QString& taken)
     mnusave->setText(path.isEmpty() ? QStringLiteral("&Save")
                                     : QStringLiteral("&Save \"%1\"").arg(WithoutMnemonic(name)));
     lblFile->setText(name);
+    ShowResources();
 }
 
 void frmMacroEdit::TakeText(const QString& text)
@@ -154,6 +158,55 @@ void frmMacroEdit::TakeText(const QString& text)
     code.SetText(text);
     code.ClearUndoBuffer();
     code.SetModified(false);
+}
+
+void frmMacroEdit::ShowResources()
+{
+    constexpr int Fixed = 2; // what stands in front of the resources
+    for (QAction* entry : mnuRes->actions().mid(Fixed)) {
+        mnuRes->removeAction(entry);
+        entry->deleteLater(); // it may be the one that was chosen
+    }
+    const ArchiveList names = path.isEmpty() ? ArchiveList() : ListResource(path).value_or(ArchiveList());
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        const QString& name = names.at(i);
+        if (name.compare(QLatin1String("basic.txt"), Qt::CaseInsensitive) == 0)
+            continue;
+        QAction* entry = mnuRes->addAction(WithoutMnemonic(name));
+        entry->setObjectName(QStringLiteral("mnuRESMENU%1").arg(i + 1));
+        connect(entry, &QAction::triggered, this, [this, name] { RemoveResource(name); });
+    }
+}
+
+void frmMacroEdit::AddResource()
+{
+    if (path.isEmpty()) {
+        ShowMessage(message::ResourceNeedsSave);
+        return;
+    }
+    const FileQuestion question{.Title = QStringLiteral("Open a file"),
+                                .Filter = QStringLiteral("All Files (*.*)|*.*"),
+                                .Folder = Frame.MacrosFolder,
+                                .Preset = {}};
+    const auto file = AskText(question);
+    if (!file)
+        return;
+    if (paths::Canonical(*file) == paths::Canonical(path)) {
+        ShowMessage(message::ResourceIsItself);
+        return;
+    }
+    if (const ResourceResult<> added = AddToResource(*file, path); !added)
+        TellResourceFailure(paths::FileNameOfPath(*file), added.error());
+    ShowResources();
+}
+
+void frmMacroEdit::RemoveResource(const QString& name)
+{
+    if (!Confirmed(message::DeleteResource))
+        return;
+    if (const ResourceResult<> gone = DeleteFromResource(name, path); !gone)
+        TellResourceFailure(name, gone.error());
+    ShowResources();
 }
 
 bool frmMacroEdit::MayGiveUpCode()
@@ -267,4 +320,62 @@ void frmMacroEdit::ShowFault(const MacroError& error)
     code.ExecuteCmd(CmdLineStart);
     code.SetColor(HighlightedLineSlot, error.BeforeRun ? EarlyFaultColour : FaultColour);
     code.SetHighlightedLine(error.Line);
+}
+
+bool frmMacroEdit::StepsLines() const
+{
+    return chkStep->isChecked();
+}
+
+void frmMacroEdit::WantSteps(bool wanted)
+{
+    chkStep->setChecked(wanted);
+}
+
+void frmMacroEdit::ShowStep(int line)
+{
+    EditorPane& code = txtEdit(Code);
+    code.SetColor(HighlightedLineSlot, StepColour);
+    code.ExecuteCmd(CmdGotoLine, line);
+    code.SetHighlightedLine(line);
+}
+
+bool frmMacroEdit::Watches() const
+{
+    return chkWatch->isChecked();
+}
+
+void frmMacroEdit::ShowWatch(const QStringList& lines)
+{
+    lstWatch->clear();
+    lstWatch->addItems(lines);
+}
+
+void frmMacroEdit::ShowLists()
+{
+    const bool watches = Watches();
+    labcom->setText(watches ? QStringLiteral("Watch") : QStringLiteral("Commands"));
+    txtFilter->setVisible(!watches);
+    lstCom->setVisible(!watches);
+    lstWatch->setVisible(watches);
+}
+
+void frmMacroEdit::FilterCommands(const QString& typed)
+{
+    for (int row = 0; row < lstCom->count(); ++row) {
+        QListWidgetItem* entry = lstCom->item(row);
+        const bool word = !entry->text().isEmpty() && !entry->text().startsWith(QLatin1String("--"));
+        entry->setHidden(!typed.isEmpty() && !(word && entry->text().contains(typed, Qt::CaseInsensitive)));
+    }
+}
+
+void frmMacroEdit::InsertCommand()
+{
+    const QListWidgetItem* entry = lstCom->currentItem();
+    if (!entry || entry->text().isEmpty() || entry->text().startsWith(QLatin1String("--")))
+        return;
+    EditorPane& code = txtEdit(Code);
+    SSmacro->setCurrentIndex(Code);
+    code.ReplaceSel(entry->text());
+    code.FocusPane();
 }

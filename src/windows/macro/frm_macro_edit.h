@@ -8,6 +8,8 @@
 
 class QCheckBox;
 class QLabel;
+class QLineEdit;
+class QListWidget;
 class QMenu;
 class QMenuBar;
 class QPushButton;
@@ -38,6 +40,8 @@ private:
     void MakePanes();
     void MakeMenus();
     QWidget* MakeSide();
+    QWidget* MakeLists(QWidget* side);
+    void FillCommands();
     void Connect();
     void DressCode();
     void DressOutput();
@@ -51,6 +55,9 @@ private:
     bool SaveUnder(const QString& path);
     void TakeFile(const QString& path); ///< what is open from now on; empty: a new macro
     void TakeText(const QString& text);
+    void ShowResources();
+    void AddResource();
+    void RemoveResource(const QString& name);
     bool MayGiveUpCode();
     bool MayLeave();
     bool HandCodeToTab(); ///< before the program ends: it keeps the texts of its tabs
@@ -64,6 +71,14 @@ private:
     EditorPane& PaneInFront() const;
     void ShowFault(const MacroError& error) override;
     QProgressBar& ProgressBar() override { return *progress; }
+    bool StepsLines() const override;
+    void WantSteps(bool wanted) override;
+    void ShowStep(int line) override;
+    bool Watches() const override;
+    void ShowWatch(const QStringList& lines) override;
+    void ShowLists();
+    void FilterCommands(const QString& typed);
+    void InsertCommand();
 
     std::array<std::unique_ptr<EditorPane>, 2> panes;
     QMenuBar* menus;
@@ -71,9 +86,13 @@ private:
     QTabWidget* SSmacro;
     QLabel* lblFile;
     QPushButton *cmdTest, *cmdClear;
-    QCheckBox *chkClear, *chkSpace, *chkTerminal9;
+    QCheckBox *chkClear, *chkSpace, *chkStep, *chkWatch, *chkTerminal9;
+    QLabel* labcom;
+    QLineEdit* txtFilter;
+    QListWidget *lstCom, *lstWatch;
     QProgressBar* progress;
     QAction *mnusave, *mnutest;
+    QMenu* mnuRes;
     QString path; ///< MacroFilePath
     const QString keptFolder, keptFile;
     bool running = false, closeWanted = false;

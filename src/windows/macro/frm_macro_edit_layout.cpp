@@ -11,10 +11,13 @@
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QTabWidget>
 
 // The parts of the workbench and where they stand.
@@ -106,7 +109,6 @@ void frmMacroEdit::MakePanes()
         widget->setAccessibleName(names[side]);
         SSmacro->addTab(widget, captions[side]);
     }
-    txtEdit(Code).SetLineNumbering(true);
 }
 
 void frmMacroEdit::MakeMenus()
@@ -127,6 +129,9 @@ void frmMacroEdit::MakeMenus()
     mnutest = Entry(edit, "mnutest", "&Test", Qt::Key_F5);
     connect(mnutest, &QAction::triggered, this, &frmMacroEdit::Test);
     connect(Entry(edit, "mnuClear", "&Clear Test Window"), &QAction::triggered, this, &frmMacroEdit::ClearOutput);
+    mnuRes = menus->addMenu(QStringLiteral("&Resources"));
+    connect(Entry(*mnuRes, "mnuResAdd", "&Add A File"), &QAction::triggered, this, &frmMacroEdit::AddResource);
+    mnuRes->addSeparator()->setObjectName(QStringLiteral("mnusepok"));
 }
 
 QWidget* frmMacroEdit::MakeSide()
@@ -143,6 +148,8 @@ QWidget* frmMacroEdit::MakeSide()
     chkClear = WorkbenchCheck("chkClear", "Clear When Run", "Empties the output pane before each run", side);
     chkSpace = WorkbenchCheck("chkSpace", "Show Spaces + Tabs", "Shows blanks and tabs in both panes", side);
     chkTerminal9 = WorkbenchCheck("chkTerminal9", "Terminal 9", "The font of the output pane", side);
+    chkStep = WorkbenchCheck("chkStep", "Single Step Mode", "Asks before each line of a run", side);
+    chkWatch = WorkbenchCheck("chkWatch", "Watch Mode", "Shows variables and results in place of the commands", side);
     progress = new QProgressBar(side);
     progress->setObjectName(QStringLiteral("ProgressBar"));
     progress->setAccessibleName(QStringLiteral("Progress of the macro"));
@@ -153,10 +160,52 @@ QWidget* frmMacroEdit::MakeSide()
     column->addWidget(lblFile);
     for (QWidget* part :
          {static_cast<QWidget*>(cmdTest), static_cast<QWidget*>(cmdClear), static_cast<QWidget*>(chkClear),
-          static_cast<QWidget*>(chkSpace), static_cast<QWidget*>(chkTerminal9), static_cast<QWidget*>(progress)})
+          static_cast<QWidget*>(chkSpace), static_cast<QWidget*>(chkStep), static_cast<QWidget*>(chkWatch),
+          static_cast<QWidget*>(chkTerminal9), static_cast<QWidget*>(progress)})
         column->addWidget(part);
-    column->addStretch(1);
+    column->addWidget(MakeLists(side), 1);
     return side;
+}
+
+QWidget* frmMacroEdit::MakeLists(QWidget* side)
+{
+    auto* part = new QWidget(side);
+    labcom = new QLabel(part);
+    labcom->setObjectName(QStringLiteral("labcom"));
+    txtFilter = new QLineEdit(part);
+    txtFilter->setObjectName(QStringLiteral("txtFilter"));
+    txtFilter->setAccessibleName(QStringLiteral("Filter of the commands"));
+    txtFilter->setPlaceholderText(QStringLiteral("Filter"));
+    txtFilter->setClearButtonEnabled(true);
+    lstCom = new QListWidget(part);
+    lstCom->setObjectName(QStringLiteral("lstCom"));
+    lstCom->setAccessibleName(QStringLiteral("Commands"));
+    lstCom->setToolTip(QStringLiteral("A double click puts the word into the code"));
+    lstWatch = new QListWidget(part);
+    lstWatch->setObjectName(QStringLiteral("lstWatch"));
+    lstWatch->setAccessibleName(QStringLiteral("Watch"));
+    auto* column = new QVBoxLayout(part);
+    column->setContentsMargins({});
+    column->addWidget(labcom);
+    column->addWidget(txtFilter);
+    for (QListWidget* list : {lstCom, lstWatch}) {
+        list->setUniformItemSizes(true);
+        column->addWidget(list, 1);
+    }
+    FillCommands();
+    ShowLists();
+    return part;
+}
+
+void frmMacroEdit::FillCommands()
+{
+    for (const BasicWordGroup& group : BasicWords()) {
+        if (!group.Heading.isEmpty() && lstCom->count() > 0)
+            lstCom->addItem(QString());
+        if (!group.Heading.isEmpty())
+            lstCom->addItem(group.Heading);
+        lstCom->addItems(group.Words);
+    }
 }
 
 void frmMacroEdit::DressCode()
@@ -191,6 +240,11 @@ void frmMacroEdit::Connect()
             txtEdit(side).SetDisplayWhitespace(on);
         PaneInFront().FocusPane();
     });
+    connect(chkWatch, &QCheckBox::toggled, this, &frmMacroEdit::ShowLists);
+    connect(txtFilter, &QLineEdit::textChanged, this, &frmMacroEdit::FilterCommands);
+    connect(lstCom, &QListWidget::itemActivated, this, &frmMacroEdit::InsertCommand);
+    connect(new QShortcut(QKeySequence::SelectAll, body), &QShortcut::activated, this,
+            [this] { PaneInFront().ExecuteCmd(CmdSelectAll); });
     connect(chkTerminal9, &QCheckBox::toggled, this, [this](bool on) {
         txtEdit(Output).SetPaneFont(on ? QStringLiteral("Terminal") : QStringLiteral("Courier New"),
                                     on ? TerminalPoints : OutputPoints);

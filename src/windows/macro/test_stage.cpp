@@ -3,6 +3,7 @@
 #include "frame/editor_pane.h"
 #include "frame/frame_state.h"
 #include "macro/run_macro.h"
+#include "macro/watch_lines.h"
 #include "platform/files/paths.h"
 
 #include <QProgressBar>
@@ -22,6 +23,25 @@ void TestStage::ReportError(const MacroError& error)
 {
     ShowMessage(message::BasicError, error.Text, QString::number(error.Line));
     view.ShowFault(error);
+}
+
+StepAnswer TestStage::Step(int line, const QString& written)
+{
+    ShowTarget(true);
+    view.ShowStep(line);
+    switch (ShowMessage(message::BasicStep, written, QString::number(line))) {
+    case 1:
+        return StepAnswer::Next;
+    case 2:
+        return StepAnswer::Continue;
+    default:
+        return StepAnswer::Break;
+    }
+}
+
+void TestStage::Watch(const RunState& run)
+{
+    view.ShowWatch(WatchLines(run));
 }
 
 void TestStage::Show(int most)

@@ -11,6 +11,8 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QTabWidget>
 
@@ -189,4 +191,99 @@ TEST_F(Workbench, TheOpenFilesNameComesBack)
     });
     EXPECT_EQ(Run.Work.Read(u"out.txt"_s), "words");
     EXPECT_EQ(Frame.CurrentFolder + u'|' + Frame.CurrentFile, folder + u'|' + file);
+}
+
+// Catches: a prompt in front of another line or with another answer's effect, `break` that does nothing, a tick that
+// stays.
+TEST_F(Workbench, StepsThroughTheLines)
+{
+    Open([&](frmMacroEdit& window) {
+        auto& step = Part<QCheckBox>(window, "chkStep");
+        step.setChecked(true);
+        AnswerNext(Pressed{1});
+        AnswerNext(Pressed{3});
+        RunTest(window, u"print a\n# note\nprint b\nprint c"_s);
+        EXPECT_EQ(Run.TakeMessages(), QStringList({u"Line: 0^^print a"_s, u"Line: 2^^print b"_s}));
+        EXPECT_EQ(Output(window).Text(), u"ab"_s); // the line at hand still runs
+        EXPECT_EQ(Code(window).GetColor(LineSlot), 0xA4FE9E);
+        EXPECT_EQ(Code(window).CaretLine(), 2);
+        EXPECT_FALSE(step.isChecked());
+        AnswerNext(Pressed{2});
+        RunTest(window, u"print d\nbreak\nprint e\nprint f"_s);
+        EXPECT_EQ(Run.TakeMessages(), QStringList{u"Line: 2^^print e"_s});
+        EXPECT_EQ(Output(window).Text(), u"abdef"_s);
+    });
+}
+
+// Catches: a watch list that lags, lacks what a run has left or shows beside the commands.
+TEST_F(Workbench, WatchesARun)
+{
+    Open([&](frmMacroEdit& window) {
+        auto& list = Part<QListWidget>(window, "lstWatch");
+        const auto line = [&list](const QString& text) { return list.findItems(text, Qt::MatchExactly).size(); };
+        RunTest(window, u"dim $two\ndim $one\nset $one =7\nvarlen $one\nlabel @Here\nlistadd x\nlistadd y"_s);
+        auto& watch = Part<QCheckBox>(window, "chkWatch");
+        EXPECT_FALSE(list.isVisible());
+        watch.setChecked(true);
+        EXPECT_TRUE(list.isVisible());
+        EXPECT_FALSE(Part<QListWidget>(window, "lstCom").isVisible());
+        EXPECT_EQ(Part<QLabel>(window, "labcom").text(), u"Watch"_s);
+        EXPECT_EQ(list.item(0)->text(), u"$two = "_s);
+        EXPECT_EQ(list.item(1)->text(), u"$one = 7"_s);
+        EXPECT_EQ(list.item(2)->text(), u"@Here,Line = 4"_s);
+        EXPECT_EQ(line(u"[LastLen] = 1"_s), 1);
+        EXPECT_EQ(line(u"[ListCount] = 2"_s), 1);
+        RunTest(window, u"loop 2\nendloop\nnoword"_s);
+        EXPECT_EQ(line(u"$one = 7"_s), 0);
+        watch.setChecked(false);
+        EXPECT_EQ(Part<QLabel>(window, "labcom").text(), u"Commands"_s);
+    });
+}
+
+// Catches: a heading that is put in, a word that stays selected and is typed over, words of the table that are missing,
+// a filter that leaves the headings.
+TEST_F(Workbench, CommandsAreFoundAndPutIn)
+{
+    Open([&](frmMacroEdit& window) {
+        auto& list = Part<QListWidget>(window, "lstCom");
+        const auto choose = [&list](const QString& text) {
+            list.setCurrentItem(list.findItems(text, Qt::MatchExactly).value(0));
+            emit list.itemActivated(list.currentItem());
+        };
+        EXPECT_EQ(list.item(0)->text(), u"--------BASIC-------"_s);
+        for (const char* word : {"if", "[br]", "==", "[numerical]", "print"})
+            EXPECT_EQ(list.findItems(QLatin1String(word), Qt::MatchExactly).size(), 1) << word;
+        choose(u"--------TEXT--------"_s);
+        choose(u"print"_s);
+        choose(u"[br]"_s);
+        EXPECT_EQ(Code(window).Text(), u"print[br]"_s);
+        Part<QLineEdit>(window, "txtFilter").setText(u"CASEsel"_s);
+        for (int row = 0; row < list.count(); ++row)
+            EXPECT_EQ(list.item(row)->isHidden(), list.item(row)->text() != u"caseselect"_s);
+    });
+}
+
+// Catches: a resource added to a macro without a file, to itself, or not shown; one that goes against the answer.
+TEST_F(Workbench, ResourcesAreAddedAndTakenAway)
+{
+    const QString path = Run.Work.Path(u"m.gfb"_s), picture = Run.Work.Write(u"pic & co.pcx"_s, "picture");
+    Open([&](frmMacroEdit& window) {
+        Choose(window, "mnuResAdd");
+        EXPECT_EQ(Run.TakeMessages(), QStringList{u"You need to save the file first."_s});
+        AnswerNext(path);
+        Choose(window, "mnusave");
+        AnswerNext(path);
+        Choose(window, "mnuResAdd");
+        EXPECT_EQ(Run.TakeMessages().size(), 1);
+        AnswerNext(picture);
+        Choose(window, "mnuResAdd");
+        EXPECT_EQ(Part<QAction>(window, "mnuRESMENU2").text(), u"pic && co.pcx"_s);
+        EXPECT_EQ(window.findChild<QAction*>(u"mnuRESMENU1"_s), nullptr);
+        AnswerNext(Pressed{2});
+        Choose(window, "mnuRESMENU2");
+        EXPECT_EQ(ListResource(path)->size(), 2);
+        AnswerNext(Pressed{1});
+        Choose(window, "mnuRESMENU2");
+        EXPECT_EQ(*ListResource(path), ArchiveList({u"basic.txt"_s}));
+    });
 }
