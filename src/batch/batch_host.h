@@ -35,6 +35,7 @@ public:
     bool CanPreview(int) const override { return false; }
     void PreviewMedia(const MediaRequest& request) override;
     void StopPlayers() override {}
+    void EditMacro(const QString&) override {}
     void ShowZippedSet(const QString& archive) override { ZippedSets << archive; }
     void Listen(FrameEvents& events) override;
 

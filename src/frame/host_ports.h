@@ -55,6 +55,7 @@ public:
     virtual bool CanPreview(int mode) const = 0;                ///< is there a tool that opens the media of a mode?
     virtual void PreviewMedia(const MediaRequest& request) = 0; ///< returns when done
     virtual void StopPlayers() = 0;
+    virtual void EditMacro(const QString& path) = 0;        ///< on the workbench; empty: a new one. Returns when closed
     virtual void ShowZippedSet(const QString& archive) = 0; ///< in the Level Manager, once the caller has returned
 };
 

@@ -12,7 +12,7 @@ class RunScope;
 struct MacroRequest
 {
     PreparedSource Source;
-    QString Path;                ///< of the macro's file; empty in a test run
+    QString Path;                ///< of the macro's file; empty: of source that was never saved
     bool TestRun = false;        ///< on the workbench: lines may be stepped through and watched
     QString Folder;              ///< the run's current folder at its start
     std::optional<quint32> Seed; ///< of the macro's random numbers; none: from the clock

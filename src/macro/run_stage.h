@@ -72,7 +72,7 @@ public:
     virtual void WantSteps(bool) {}
     virtual StepAnswer Step(int, const QString&) { return StepAnswer::Continue; }
     virtual bool Watches() const { return false; }
-    virtual void Watch(const RunState&) {} ///< behind each line while Watches() is true
+    virtual void Watch(const RunState&) {} ///< behind each line while Watches() is true, and at the end
 };
 
 /// Why a macro failed. Line is the index of its line.

@@ -6,6 +6,7 @@
 #include "frame/media/media_lists.h"
 #include "frame/run_scope.h"
 #include "macro/known_macros.h"
+#include "macro/macro_file.h"
 #include "macro/macro_ports.h"
 #include "macro/macro_powers.h"
 #include "macro/pane_stage.h"
@@ -70,16 +71,6 @@ void RunOn(EditorPane& pane, const MacroRequest& request, bool onCopy)
         stage.WriteBack();
 }
 
-/// What a start reports when it cannot read its macro.
-void TellUnreadable(const QString& path, const Failure& failure)
-{
-    const bool archive = QFileInfo(path).suffix().compare(QLatin1String("gfb"), Qt::CaseInsensitive) == 0;
-    if (archive && failure.Reason.contains(QLatin1String("basic.txt")))
-        ShowMessage(message::ResourceNotFound, QStringLiteral("basic.txt"));
-    else
-        ShowFailure(failure);
-}
-
 } // namespace
 
 void StartMacro(const QString& path)
@@ -91,7 +82,7 @@ void StartMacro(const QString& path)
         return;
     const Result<QByteArray> source = ReadMacroSource(path);
     if (!source) {
-        TellUnreadable(path, source.error());
+        TellUnreadableMacro(path, source.error());
         return;
     }
     MacroRequest request;

@@ -46,6 +46,7 @@ const char* const Buttons[] = {
     "make_headline",
     "pcx_lab",
     "avi_to_bitmap",
+    "basic",
     "run_rnd",
     "run_rnd_fast",
     "test_set_safely",

@@ -278,9 +278,10 @@ std::optional<MacroError> RunProgram(RunState& run, const PreparedSource& source
         return std::nullopt;
     {
         const EditBatch batch(run.Text());
-        if (run.TestRun)
+        if (run.TestRun) {
             RunWatchedLines(run);
-        else
+            run.Stage.Watch(run);
+        } else
             RunLines(run);
     }
     std::optional<MacroError> error;

@@ -44,7 +44,7 @@ struct RunState
     RunStage& Stage;
     RunScope& Scope;
     DocumentText& Text() { return *target; }
-    QString MacroPath; ///< of the macro's file; empty in a test run
+    QString MacroPath; ///< of the macro's file; empty: of source that was never saved
     bool TestRun = false;
 
     Program Code;

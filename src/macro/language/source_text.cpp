@@ -31,6 +31,17 @@ QString CollapseBlanks(QStringView line, bool& inside)
     return out;
 }
 
+/// Of typed source; `inside`: a quote is open in front of the line, and behind it.
+QString TidyLine(const QString& line, bool& inside)
+{
+    const QStringView trimmed = TrimBlanks(line);
+    if (!trimmed.startsWith(u'#'))
+        return CollapseBlanks(trimmed, inside);
+    if (trimmed.count(Quote) % 2)
+        inside = !inside;
+    return trimmed.toString();
+}
+
 /// A line without the gaps that empty pairs of quotes leave at its ends.
 QStringView WithoutOuterGaps(QStringView line)
 {
@@ -110,19 +121,29 @@ TidySource TidyTypedSource(const QStringList& typed)
     TidySource tidy;
     bool inside = false;
     for (const QString& line : typed) {
-        const QStringView trimmed = TrimBlanks(line);
-        if (trimmed.startsWith(u'$')) {
+        if (TrimBlanks(line).startsWith(u'$')) {
             tidy.FaultLine = int(tidy.Lines.size());
             return tidy;
         }
-        const bool comment = trimmed.startsWith(u'#');
-        if (comment && trimmed.count(Quote) % 2)
-            inside = !inside;
-        tidy.Lines << (comment ? trimmed.toString() : CollapseBlanks(trimmed, inside));
+        tidy.Lines << TidyLine(line, inside);
     }
     if (tidy.Lines.isEmpty() || !tidy.Lines.last().isEmpty())
         tidy.Lines << QString();
     return tidy;
+}
+
+QString SourceToSave(const QStringList& typed)
+{
+    QString source;
+    bool inside = false;
+    for (qsizetype i = 0; i < typed.size(); ++i) {
+        QString line = TidyLine(typed.at(i), inside);
+        line.replace(QLatin1String("\t "), QLatin1String("\t"));
+        line.replace(QLatin1String(" \t"), QLatin1String("\t"));
+        if (i + 1 < typed.size() || !line.isEmpty())
+            source += line + QLatin1String("\r\n");
+    }
+    return source;
 }
 
 QString WithoutTabs(QString text)

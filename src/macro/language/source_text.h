@@ -23,7 +23,7 @@ QString MaskQuotedSpaces(const QString& text, QString& errorText);
 /// and a lone line feed ends a line too.
 PreparedSource PrepareSource(QString text);
 
-/// Source that was typed, tidied for a test run or for saving.
+/// Source that was typed, tidied for a test run.
 struct TidySource
 {
     QStringList Lines;
@@ -32,6 +32,9 @@ struct TidySource
 
 /// Trims every line and makes one blank of several outside quotes; comments keep theirs. The last line is empty.
 TidySource TidyTypedSource(const QStringList& typed);
+
+/// Typed source as it is saved: tidied lines, each with its end. The last one is left out if it is empty.
+QString SourceToSave(const QStringList& typed);
 
 /// Takes the tabs out of tidied lines, with the blanks beside them.
 QString WithoutTabs(QString text);

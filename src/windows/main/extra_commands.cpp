@@ -22,6 +22,12 @@ void WizardCommand()
     OpenToolAndFocus<ToolWindow::Wizard>();
 }
 
+void BasicCommand()
+{
+    if (IsRndPathSet())
+        Tools().EditMacro({});
+}
+
 } // namespace
 
 std::span<const CommandRow> ExtraCommands()
@@ -38,7 +44,7 @@ std::span<const CommandRow> ExtraCommands()
                    OpenToolAndFocus<ToolWindow::PCXLab>},
         CommandRow{"mnuExtraAVI", "AVI To Bitmap", "", tbExtra, "avi_to_bitmap", nullptr, SeparatorBehind,
                    OpenToolAndFocus<ToolWindow::AVI2BMP>},
-        CommandRow{"mnubasic", "Gemforge BASIC", "", tbExtra, "basic", nullptr, NoFlags, NotThere},
+        CommandRow{"mnubasic", "Gemforge BASIC", "", tbExtra, "basic", nullptr, NoFlags, BasicCommand},
     };
     return Rows;
 }

@@ -440,6 +440,7 @@ void frmmain::CloseAfterWork()
 void frmmain::WorkChanged()
 {
     runs->WorkChanged();
+    closeWanted = closeWanted && Frame.Closing; // a window may have called it off
     if (!closeWanted)
         return;
     if (RunningWork() > 0) {

@@ -69,6 +69,7 @@ public:
     bool CanPreview(int mode) const override;
     void PreviewMedia(const MediaRequest& request) override;
     void StopPlayers() override { audio::Stop(); }
+    void EditMacro(const QString& path) override;
     void ShowZippedSet(const QString& archive) override;
     void PlayModule(const QByteArray& bytes) { audio::PlayModule(bytes); }
     void Listen(FrameEvents& events) override;

@@ -16,6 +16,7 @@
 #include "windows/lists/comment_tree.h"
 #include "windows/lists/marks_panel.h"
 #include "windows/lists/recent_popup.h"
+#include "windows/macro/frm_macro_edit.h"
 #include "windows/macro/macro_buttons.h"
 #include "windows/main/command_keys.h"
 #include "windows/main/dropped_files.h"
@@ -142,6 +143,12 @@ void frmmain::OpenTool(ToolWindow tool)
 void frmmain::ManageLevels(const QString& archive)
 {
     OpenDroppedFiles(frmLVLManager::Run(this, archive));
+}
+
+void frmmain::EditMacro(const QString& path)
+{
+    HideLists();
+    frmMacroEdit::Run(this, path);
 }
 
 void frmmain::ShowZippedSet(const QString& archive)

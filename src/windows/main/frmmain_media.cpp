@@ -44,7 +44,11 @@ void frmmain::AddMediaLists()
     connect(&ssML->Macros(), &MacroTree::Pressed, this, &frmmain::LeaveLists);
     connect(&ssML->Macros(), &MacroTree::Started, this, &frmmain::RunMacroFile, Qt::QueuedConnection);
     connect(
-        &ssML->Macros(), &MacroTree::Opened, this, [](const QString& path) { OpenDroppedFiles({path}); },
+        &ssML->Macros(), &MacroTree::Opened, this,
+        [this](const QString& path) {
+            if (IsRndPathSet())
+                EditMacro(path);
+        },
         Qt::QueuedConnection);
     connect(watch, &MediaWatch::Changed, this, [this] {
         RefreshMedia();

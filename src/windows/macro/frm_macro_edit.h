@@ -1,0 +1,99 @@
+#pragma once
+
+#include "windows/macro/test_stage.h"
+
+#include <QDialog>
+#include <array>
+#include <memory>
+
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QMenu;
+class QMenuBar;
+class QPushButton;
+class QTabWidget;
+
+/// The workbench of Gemforge BASIC: a pane with a macro's code, and a pane on which its test runs work.
+class frmMacroEdit : public QDialog, private TestView
+{
+    Q_OBJECT
+
+public:
+    /// Open until its user leaves it. `macroToEdit`: the macro's file; empty: a new one.
+    static void Run(QWidget* owner, const QString& macroToEdit = {});
+
+    ~frmMacroEdit() override;
+
+    enum Side { Code, Output };
+    EditorPane& txtEdit(Side side) const { return *panes[side]; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    explicit frmMacroEdit(QWidget* owner);
+
+    // Parts
+    void MakePanes();
+    void MakeMenus();
+    QWidget* MakeSide();
+    QWidget* MakeLists(QWidget* side);
+    void FillCommands();
+    void Connect();
+    void DressCode();
+    void DressOutput();
+
+    // Files
+    void New();
+    void AskForMacro();
+    void Open(const QString& path);
+    bool Save(); ///< false: not saved
+    bool SaveAs();
+    bool SaveUnder(const QString& path);
+    void TakeFile(const QString& path); ///< what is open from now on; empty: a new macro
+    void TakeText(const QString& text);
+    void ShowResources();
+    void AddResource();
+    void RemoveResource(const QString& name);
+    bool MayGiveUpCode();
+    bool MayLeave();
+    bool HandCodeToTab(); ///< before the program ends: it keeps the texts of its tabs
+
+    // Test runs
+    void Test();
+    void RunTest();
+    void ClearOutput();
+    void SetBusy(bool busy);
+    void MarkCaretLine(Side side);
+    EditorPane& PaneInFront() const;
+    void ShowFault(const MacroError& error) override;
+    QProgressBar& ProgressBar() override { return *progress; }
+    bool StepsLines() const override;
+    void WantSteps(bool wanted) override;
+    void ShowStep(int line) override;
+    bool Watches() const override;
+    void ShowWatch(const QStringList& lines) override;
+    void ShowLists();
+    void FilterCommands(const QString& typed);
+    void InsertCommand();
+
+    std::array<std::unique_ptr<EditorPane>, 2> panes;
+    QMenuBar* menus;
+    QWidget* body;
+    QTabWidget* SSmacro;
+    QLabel* lblFile;
+    QPushButton *cmdTest, *cmdClear;
+    QCheckBox *chkClear, *chkSpace, *chkStep, *chkWatch, *chkTerminal9;
+    QLabel* labcom;
+    QLineEdit* txtFilter;
+    QListWidget *lstCom, *lstWatch;
+    QProgressBar* progress;
+    QAction *mnusave, *mnutest;
+    QMenu* mnuRes;
+    QString path; ///< MacroFilePath
+    const QString keptFolder, keptFile;
+    bool running = false, closeWanted = false;
+};

@@ -1,0 +1,259 @@
+#include "windows/macro/frm_macro_edit.h"
+
+#include "editor/make_pane.h"
+#include "frame/editor_pane.h"
+#include "frame/frame_state.h"
+#include "macro/basic_words.h"
+#include "windows/find/find_dialogs.h"
+#include "windows/parts/dialog_help.h"
+#include "windows/parts/help_subject.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QShortcut>
+#include <QTabWidget>
+
+// The parts of the workbench and where they stand.
+
+namespace {
+
+constexpr QSize WorkbenchSize{860, 620};    // pixels at 96 dpi
+constexpr QSize WorkbenchFrameRoom{20, 40}; // what a window manager puts around it
+constexpr double CodePoints = 8;
+
+struct CodeColour
+{
+    int Slot, Colour; ///< 0xBBGGRR
+};
+constexpr CodeColour CodeColours[] = {{8, 0xB00000},  {24, 32896}, {20, 29952},   {10, 200},
+                                      {22, 102},      {4, 102},    {6, 102},      {14, 7759126},
+                                      {15, 15131861}, {16, 29952}, {30, 0xD4D4D4}};
+
+struct CodeStyle
+{
+    int Slot, Style;
+};
+constexpr CodeStyle CodeStyles[] = {{2, 0}, {10, 0}, {8, 1}, {3, 1}, {9, 1}, {0, 0}, {1, 0}, {5, 0}, {6, 0}};
+
+QPushButton* WorkbenchButton(const char* name, const char* caption, QWidget* parent)
+{
+    auto* made = new QPushButton(QString::fromLatin1(caption), parent);
+    made->setObjectName(QString::fromLatin1(name));
+    made->setAutoDefault(false); // Enter belongs to the text
+    return made;
+}
+
+QCheckBox* WorkbenchCheck(const char* name, const char* caption, const char* tip, QWidget* parent)
+{
+    auto* made = new QCheckBox(QString::fromLatin1(caption), parent);
+    made->setObjectName(QString::fromLatin1(name));
+    made->setToolTip(QString::fromLatin1(tip));
+    return made;
+}
+
+QAction* Entry(QMenu& menu, const char* name, const char* caption, const QKeySequence& key = {})
+{
+    QAction* entry = menu.addAction(QString::fromLatin1(caption));
+    entry->setObjectName(QString::fromLatin1(name));
+    entry->setShortcut(key);
+    return entry;
+}
+
+} // namespace
+
+frmMacroEdit::frmMacroEdit(QWidget* owner)
+    : QDialog(DialogParent(owner)), keptFolder(Frame.CurrentFolder), keptFile(Frame.CurrentFile)
+{
+    setObjectName(QStringLiteral("frmMacroEdit"));
+    SetHelpSubject(this, HelpIdFor("basic"));
+    setWindowTitle(QStringLiteral("Gemforge BASIC[*]"));
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    if (Frame.CurrentFile.isEmpty()) { // test runs have a file name to work with
+        Frame.CurrentFolder = Frame.ProgramFolder;
+        Frame.CurrentFile = Frame.ConfNames.at(size_t(Frame.CurrentMode));
+    }
+    body = new QWidget(this);
+    MakePanes();
+    auto* row = new QHBoxLayout(body);
+    row->addWidget(SSmacro, 1);
+    row->addWidget(MakeSide());
+    MakeMenus();
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->setMenuBar(menus);
+    column->addWidget(body);
+    DressCode();
+    DressOutput();
+    Connect();
+    const QSize wanted(Pixels(*this, WorkbenchSize.width()), Pixels(*this, WorkbenchSize.height()));
+    resize(wanted.boundedTo(screen()->availableSize() - WorkbenchFrameRoom));
+}
+
+void frmMacroEdit::MakePanes()
+{
+    SSmacro = new QTabWidget(body);
+    SSmacro->setObjectName(QStringLiteral("SSmacro"));
+    const QString captions[] = {QStringLiteral("Code"), QStringLiteral("Output")};
+    const QString names[] = {QStringLiteral("Code of the macro"), QStringLiteral("Output of test runs")};
+    for (const Side side : {Code, Output}) {
+        panes[side] = MakePane(SSmacro);
+        QWidget* widget = WidgetOf(*panes[side]);
+        widget->setObjectName(QStringLiteral("txtEdit%1").arg(side));
+        widget->setAccessibleName(names[side]);
+        SSmacro->addTab(widget, captions[side]);
+    }
+}
+
+void frmMacroEdit::MakeMenus()
+{
+    menus = new QMenuBar(this);
+    QMenu& file = *menus->addMenu(QStringLiteral("&File"));
+    connect(Entry(file, "mnuOpen", "&Open", QKeySequence::Open), &QAction::triggered, this, &frmMacroEdit::AskForMacro);
+    connect(Entry(file, "mnuNew", "&New", QKeySequence::New), &QAction::triggered, this, [this] {
+        if (MayGiveUpCode())
+            New();
+    });
+    mnusave = Entry(file, "mnusave", "Save", QKeySequence::Save);
+    connect(mnusave, &QAction::triggered, this, &frmMacroEdit::Save);
+    connect(Entry(file, "mnusaveas", "Save &As"), &QAction::triggered, this, &frmMacroEdit::SaveAs);
+    file.addSeparator();
+    connect(Entry(file, "mnuExit", "E&xit"), &QAction::triggered, this, &QWidget::close);
+    QMenu& edit = *menus->addMenu(QStringLiteral("&Edit"));
+    mnutest = Entry(edit, "mnutest", "&Test", Qt::Key_F5);
+    connect(mnutest, &QAction::triggered, this, &frmMacroEdit::Test);
+    connect(Entry(edit, "mnuClear", "&Clear Test Window"), &QAction::triggered, this, &frmMacroEdit::ClearOutput);
+    mnuRes = menus->addMenu(QStringLiteral("&Resources"));
+    connect(Entry(*mnuRes, "mnuResAdd", "&Add A File"), &QAction::triggered, this, &frmMacroEdit::AddResource);
+    mnuRes->addSeparator()->setObjectName(QStringLiteral("mnusepok"));
+}
+
+QWidget* frmMacroEdit::MakeSide()
+{
+    auto* side = new QWidget(body);
+    lblFile = new QLabel(side);
+    lblFile->setObjectName(QStringLiteral("lblFile"));
+    lblFile->setTextFormat(Qt::PlainText);
+    lblFile->setWordWrap(true);
+    cmdTest = WorkbenchButton("cmdTest", "Test", side);
+    cmdTest->setToolTip(QStringLiteral("Runs the code on the output pane (F5). Esc stops it"));
+    cmdClear = WorkbenchButton("cmdClear", "Clear", side);
+    cmdClear->setToolTip(QStringLiteral("Empties the output pane"));
+    chkClear = WorkbenchCheck("chkClear", "Clear When Run", "Empties the output pane before each run", side);
+    chkSpace = WorkbenchCheck("chkSpace", "Show Spaces + Tabs", "Shows blanks and tabs in both panes", side);
+    chkTerminal9 = WorkbenchCheck("chkTerminal9", "Terminal 9", "The font of the output pane", side);
+    chkStep = WorkbenchCheck("chkStep", "Single Step Mode", "Asks before each line of a run", side);
+    chkWatch = WorkbenchCheck("chkWatch", "Watch Mode", "Shows variables and results in place of the commands", side);
+    progress = new QProgressBar(side);
+    progress->setObjectName(QStringLiteral("ProgressBar"));
+    progress->setAccessibleName(QStringLiteral("Progress of the macro"));
+    progress->setTextVisible(false);
+    progress->hide();
+    auto* column = new QVBoxLayout(side);
+    column->setContentsMargins({});
+    column->addWidget(lblFile);
+    for (QWidget* part :
+         {static_cast<QWidget*>(cmdTest), static_cast<QWidget*>(cmdClear), static_cast<QWidget*>(chkClear),
+          static_cast<QWidget*>(chkSpace), static_cast<QWidget*>(chkStep), static_cast<QWidget*>(chkWatch),
+          static_cast<QWidget*>(chkTerminal9), static_cast<QWidget*>(progress)})
+        column->addWidget(part);
+    column->addWidget(MakeLists(side), 1);
+    return side;
+}
+
+QWidget* frmMacroEdit::MakeLists(QWidget* side)
+{
+    auto* part = new QWidget(side);
+    labcom = new QLabel(part);
+    labcom->setObjectName(QStringLiteral("labcom"));
+    txtFilter = new QLineEdit(part);
+    txtFilter->setObjectName(QStringLiteral("txtFilter"));
+    txtFilter->setAccessibleName(QStringLiteral("Filter of the commands"));
+    txtFilter->setPlaceholderText(QStringLiteral("Filter"));
+    txtFilter->setClearButtonEnabled(true);
+    lstCom = new QListWidget(part);
+    lstCom->setObjectName(QStringLiteral("lstCom"));
+    lstCom->setAccessibleName(QStringLiteral("Commands"));
+    lstCom->setToolTip(QStringLiteral("A double click puts the word into the code"));
+    lstWatch = new QListWidget(part);
+    lstWatch->setObjectName(QStringLiteral("lstWatch"));
+    lstWatch->setAccessibleName(QStringLiteral("Watch"));
+    auto* column = new QVBoxLayout(part);
+    column->setContentsMargins({});
+    column->addWidget(labcom);
+    column->addWidget(txtFilter);
+    for (QListWidget* list : {lstCom, lstWatch}) {
+        list->setUniformItemSizes(true);
+        column->addWidget(list, 1);
+    }
+    FillCommands();
+    ShowLists();
+    return part;
+}
+
+void frmMacroEdit::FillCommands()
+{
+    for (const BasicWordGroup& group : BasicWords()) {
+        if (!group.Heading.isEmpty() && lstCom->count() > 0)
+            lstCom->addItem(QString());
+        if (!group.Heading.isEmpty())
+            lstCom->addItem(group.Heading);
+        lstCom->addItems(group.Words);
+    }
+}
+
+void frmMacroEdit::DressCode()
+{
+    Frame.Globals.RegisterLanguage(QStringLiteral("mac"), BasicLanguage(BasicWords()));
+    EditorPane& code = txtEdit(Code);
+    code.SetLanguage(QStringLiteral("mac"));
+    for (const CodeColour& row : CodeColours)
+        code.SetColor(row.Slot, row.Colour);
+    for (const CodeStyle& row : CodeStyles)
+        code.SetFontStyle(row.Slot, row.Style);
+    code.SetPaneFont(QStringLiteral("Courier New"), CodePoints);
+}
+
+/// As a text of the main window.
+void frmMacroEdit::DressOutput()
+{
+    EditorPane& output = txtEdit(Output);
+    LoadSyntaxColours(output, SectionOf(FormInUse()));
+    output.SetLanguage(QStringLiteral("GFX"));
+    if (Frame.Settings.SuperTab)
+        output.SetTabSize(Frame.Settings.SpacerWidth - 1);
+}
+
+void frmMacroEdit::Connect()
+{
+    constexpr double OutputPoints = 9.75, TerminalPoints = 9;
+    connect(cmdTest, &QPushButton::clicked, this, &frmMacroEdit::Test);
+    connect(cmdClear, &QPushButton::clicked, this, &frmMacroEdit::ClearOutput);
+    connect(chkSpace, &QCheckBox::toggled, this, [this](bool on) {
+        for (const Side side : {Code, Output})
+            txtEdit(side).SetDisplayWhitespace(on);
+        PaneInFront().FocusPane();
+    });
+    connect(chkWatch, &QCheckBox::toggled, this, &frmMacroEdit::ShowLists);
+    connect(txtFilter, &QLineEdit::textChanged, this, &frmMacroEdit::FilterCommands);
+    connect(lstCom, &QListWidget::itemActivated, this, &frmMacroEdit::InsertCommand);
+    connect(new QShortcut(QKeySequence::SelectAll, body), &QShortcut::activated, this,
+            [this] { PaneInFront().ExecuteCmd(CmdSelectAll); });
+    connect(chkTerminal9, &QCheckBox::toggled, this, [this](bool on) {
+        txtEdit(Output).SetPaneFont(on ? QStringLiteral("Terminal") : QStringLiteral("Courier New"),
+                                    on ? TerminalPoints : OutputPoints);
+    });
+    for (const Side side : {Code, Output}) {
+        EditorPane& pane = txtEdit(side);
+        connect(&pane, &DocumentText::SelectionChanged, this, [this, side] { MarkCaretLine(side); });
+        connect(&pane, &EditorPane::FindWanted, this,
+                [this, &pane](FindKind kind) { ShowFindDialog(this, pane, kind); });
+    }
+    connect(&txtEdit(Code), &DocumentText::ModifiedChanged, this, &QWidget::setWindowModified);
+}

@@ -1,0 +1,65 @@
+#include "windows/macro/test_stage.h"
+
+#include "frame/editor_pane.h"
+#include "frame/frame_state.h"
+#include "macro/run_macro.h"
+#include "macro/watch_lines.h"
+#include "platform/files/paths.h"
+
+#include <QProgressBar>
+
+Result<> TestStage::SaveTarget(const QString& path)
+{
+    WriteBack();
+    if (const Result<> saved = Pane().SaveFile(path, false); !saved)
+        return saved;
+    Copy().SetModified(false);
+    Frame.CurrentFolder = paths::FolderOfPath(path);
+    Frame.CurrentFile = paths::FileNameOfPath(path);
+    return {};
+}
+
+void TestStage::ReportError(const MacroError& error)
+{
+    ShowMessage(message::BasicError, error.Text, QString::number(error.Line));
+    view.ShowFault(error);
+}
+
+StepAnswer TestStage::Step(int line, const QString& written)
+{
+    ShowTarget(true);
+    view.ShowStep(line);
+    switch (ShowMessage(message::BasicStep, written, QString::number(line))) {
+    case 1:
+        return StepAnswer::Next;
+    case 2:
+        return StepAnswer::Continue;
+    default:
+        return StepAnswer::Break;
+    }
+}
+
+void TestStage::Watch(const RunState& run)
+{
+    view.ShowWatch(WatchLines(run));
+}
+
+void TestStage::Show(int most)
+{
+    maximum = most;
+    progress = qMin(progress, most);
+    view.ProgressBar().setRange(0, maximum);
+    view.ProgressBar().setValue(progress);
+    view.ProgressBar().show();
+}
+
+void TestStage::SetValue(int value)
+{
+    progress = value;
+    view.ProgressBar().setValue(value);
+}
+
+void TestStage::Hide()
+{
+    view.ProgressBar().hide();
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "macro/pane_stage.h"
+
+class QProgressBar;
+
+/// What a test run shows on the workbench. Told while the run is under way.
+class TestView
+{
+public:
+    virtual ~TestView() = default;
+    virtual void ShowFault(const MacroError& error) = 0; ///< the code in front, its line marked
+    virtual QProgressBar& ProgressBar() = 0;
+    virtual bool StepsLines() const = 0;
+    virtual void WantSteps(bool wanted) = 0;
+    virtual void ShowStep(int line) = 0; ///< it runs next
+    virtual bool Watches() const = 0;
+    virtual void ShowWatch(const QStringList& lines) = 0;
+};
+
+/// The workbench as a macro's stage: its commands work on the output pane.
+class TestStage : public PaneStage
+{
+public:
+    TestStage(EditorPane& output, TestView& workbench) : PaneStage(output), view(workbench) {}
+
+    void TextCameFrom(const QString&) override {} // the pane is no document
+    Result<> SaveTarget(const QString& path) override;
+    void ReportError(const MacroError& error) override;
+    bool StepsLines() const override { return view.StepsLines(); }
+    void WantSteps(bool wanted) override { view.WantSteps(wanted); }
+    StepAnswer Step(int line, const QString& written) override;
+    bool Watches() const override { return view.Watches(); }
+    void Watch(const RunState& run) override;
+
+private:
+    void Show(int most) override;
+    void SetValue(int value) override;
+    void Hide() override;
+    int Maximum() const override { return maximum; }
+    int Value() const override { return progress; }
+
+    TestView& view;
+    int maximum = 1, progress = 0;
+};

@@ -1,0 +1,289 @@
+#include "windows/macro/frm_macro_edit.h"
+
+#include "frame/frame_state.h"
+#include "frame/host_ports.h"
+#include "frame/program_scope.h"
+#include "frame/run_scope.h"
+#include "macro/run_macro.h"
+#include "services/archive_tool.h"
+#include "windows/parts/dialog_support.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTabWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int LineSlot = 30;
+
+class Workbench : public testing::Test
+{
+protected:
+    void SetUp() override { Run.Start(); }
+
+    /// Opens the window, acts on it, and leaves it; a question about unsaved code is answered with OK.
+    void Open(const std::function<void(frmMacroEdit&)>& act, const QString& macro = {})
+    {
+        OnModal([&](QWidget& window) {
+            act(static_cast<frmMacroEdit&>(window));
+            static_cast<frmMacroEdit&>(window).txtEdit(frmMacroEdit::Code).SetModified(false);
+        });
+        frmMacroEdit::Run(nullptr, macro);
+    }
+
+    static EditorPane& Code(frmMacroEdit& window) { return window.txtEdit(frmMacroEdit::Code); }
+    static EditorPane& Output(frmMacroEdit& window) { return window.txtEdit(frmMacroEdit::Output); }
+    static void Choose(QWidget& window, const char* entry) { Part<QAction>(window, entry).trigger(); }
+
+    static void RunTest(frmMacroEdit& window, const QString& source)
+    {
+        Code(window).SetText(source);
+        Part<QPushButton>(window, "cmdTest").click();
+    }
+
+    void AnswerNext(const Answer& answer) { Run.Scope.Answers.Next.push_back(answer); }
+
+    ProgramScope Run;
+};
+
+} // namespace
+
+// Catches: a run on a document, output of an earlier run that goes or stays against the tick, a run of several steps
+// for undo, a window that stays locked.
+TEST_F(Workbench, TestRunsWorkOnTheOutput)
+{
+    const QString document = CurrentPane().Text();
+    Open([&](frmMacroEdit& window) {
+        RunTest(window, u"print   one!\nprint two!"_s);
+        EXPECT_EQ(Output(window).Text(), u"one!two!"_s);
+        EXPECT_EQ(Code(window).Text(), u"print one!\r\nprint two!\r\n"_s);
+        RunTest(window, u"print three"_s);
+        EXPECT_EQ(Output(window).Text(), u"one!two!three"_s);
+        Output(window).ExecuteCmd(CmdUndo);
+        EXPECT_EQ(Output(window).Text(), u"one!two!"_s);
+        Part<QCheckBox>(window, "chkClear").setChecked(true);
+        RunTest(window, u"print four"_s);
+        EXPECT_EQ(Output(window).Text(), u"four"_s);
+        EXPECT_TRUE(Part<QPushButton>(window, "cmdTest").isEnabled());
+        EXPECT_TRUE(Part<QAction>(window, "mnusave").isEnabled());
+        Part<QPushButton>(window, "cmdClear").click();
+        EXPECT_EQ(Output(window).Text(), QString());
+    });
+    EXPECT_EQ(CurrentPane().Text(), document);
+}
+
+// Catches: an error told with another line or marked in another colour or under the output, a mark that stays.
+TEST_F(Workbench, AFaultIsMarkedInTheCode)
+{
+    Open([&](frmMacroEdit& window) {
+        auto& tabs = Part<QTabWidget>(window, "SSmacro");
+        tabs.setCurrentIndex(frmMacroEdit::Output);
+        RunTest(window, u"print a\n# note\nnoword\nprint b"_s);
+        EXPECT_EQ(Run.TakeMessages(), QStringList{u"Unrecognised command: noword"_s});
+        EXPECT_EQ(tabs.currentIndex(), int(frmMacroEdit::Code));
+        EXPECT_EQ(Code(window).CaretLine(), 2);
+        EXPECT_EQ(Code(window).GetColor(LineSlot), 0x8C8CFF);
+        EXPECT_EQ(Output(window).Text(), u"a"_s);
+        Code(window).ExecuteCmd(CmdLineUp);
+        EXPECT_EQ(Code(window).GetColor(LineSlot), 0xD4D4D4);
+        RunTest(window, u"print a\n$b = 1"_s);
+        EXPECT_EQ(Run.TakeMessages(), QStringList{u"Variable has no command"_s});
+        EXPECT_EQ(Code(window).CaretLine(), 1);
+        EXPECT_EQ(Code(window).GetColor(LineSlot), 0x0000FF);
+    });
+}
+
+// Catches: a save that costs the resources or asks for a name again, one over another macro, code that is not what was
+// saved, a name that stays with a new macro.
+TEST_F(Workbench, MacrosAreSavedAndOpened)
+{
+    const QString path = Run.Work.Path(u"mine.gfb"_s), other = Run.Work.Write(u"other.gfb"_s, "print other");
+    Open([&](frmMacroEdit& window) {
+        const auto& save = Part<QAction>(window, "mnusave");
+        const auto& name = Part<QLabel>(window, "lblFile");
+        Code(window).SetText(u"  print \"a  b\"  \n$c  1\n# two  blanks \n\t if\n\n"_s);
+        AnswerNext(other);
+        Choose(window, "mnusave");
+        EXPECT_EQ(Run.TakeMessages(), QStringList{u"Can't overwrite BASIC files!"_s});
+        EXPECT_EQ(name.text(), QString());
+        AnswerNext(path);
+        Choose(window, "mnusave");
+        EXPECT_EQ(name.text(), u"mine.gfb"_s);
+        EXPECT_TRUE(save.text().contains(u"\"mine.gfb\""_s));
+        EXPECT_FALSE(Code(window).Modified());
+        ASSERT_TRUE(AddToResource(Run.Work.Write(u"pic.pcx"_s, "picture"), path));
+        Code(window).AddText(u"print x"_s);
+        Choose(window, "mnusave");
+        EXPECT_EQ(*ListResource(path), QStringList({u"basic.txt"_s, u"pic.pcx"_s}));
+        Choose(window, "mnuNew");
+        EXPECT_EQ(Code(window).Text() + name.text(), QString());
+        AnswerNext(path);
+        Choose(window, "mnuOpen");
+        EXPECT_EQ(name.text(), u"mine.gfb"_s);
+        EXPECT_FALSE(Code(window).Modified());
+    });
+    EXPECT_EQ(Run.Work.Read(u"other.gfb"_s), "print other");
+    const auto source = ReadMacroSource(path);
+    EXPECT_TRUE(source->startsWith("print \"a  b\"\r\n$c 1\r\n# two  blanks\r\n\tif\r\n")) << source->toStdString();
+    Open([&](frmMacroEdit& window) { EXPECT_TRUE(Code(window).Text().startsWith(u"print \"a  b\"\r\n"_s)); }, path);
+}
+
+// Catches: unsaved code that goes unasked, or with the program's end; a window that Esc closes.
+TEST_F(Workbench, UnsavedCodeIsNotLost)
+{
+    OnModal([&](QWidget& window) {
+        auto& workbench = static_cast<frmMacroEdit&>(window);
+        Code(workbench).SetText(u"print mine"_s);
+        for (const char* entry : {"mnuNew", "mnuOpen", "mnuExit"}) {
+            AnswerNext(Pressed{2});
+            Choose(window, entry);
+            EXPECT_EQ(Run.TakeMessages().size(), 1) << entry;
+        }
+        QTest::keyClick(&window, Qt::Key_Escape);
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_EQ(Code(workbench).Text(), u"print mine"_s);
+        Frame.Closing = true;
+        window.close();
+        EXPECT_FALSE(window.isVisible());
+        Frame.Closing = false;
+    });
+    frmMacroEdit::Run(nullptr, {});
+    EXPECT_EQ(CurrentPane().Text(), u"print mine"_s);
+    EXPECT_TRUE(CurrentPane().Modified());
+}
+
+// Catches: a run that Esc's wish or the close box does not end, a window that closes under its run or never.
+TEST_F(Workbench, ARunEndsBeforeTheWindow)
+{
+    OnModal([&](QWidget& window) {
+        auto& workbench = static_cast<frmMacroEdit&>(window);
+        const QString endless = u"print a\nlabel @a1\ngotolabel @a1"_s;
+        QTimer::singleShot(50, &window, [] { StopRuns(StopReason::Esc); });
+        RunTest(workbench, endless);
+        EXPECT_EQ(Output(workbench).Text(), u"a"_s);
+        EXPECT_TRUE(window.isVisible());
+        QTimer::singleShot(50, &window, [&] {
+            window.close();
+            EXPECT_TRUE(window.isVisible());
+        });
+        AnswerNext(Pressed{1});
+        RunTest(workbench, endless);
+        EXPECT_FALSE(window.isVisible());
+    });
+    frmMacroEdit::Run(nullptr, {});
+}
+
+// Catches: a run without a name for the open file, the document's name lost to a test run that saves its output.
+TEST_F(Workbench, TheOpenFilesNameComesBack)
+{
+    Frame.Settings.SafeSystemBASIC = 0;
+    const QString folder = Frame.CurrentFolder, file = Frame.CurrentFile, target = Run.Work.Path(u"out.txt"_s);
+    Open([&](frmMacroEdit& window) {
+        EXPECT_FALSE(Frame.CurrentFile.isEmpty());
+        RunTest(window, u"print words\nopenfilesave "_s + target);
+        EXPECT_EQ(Frame.CurrentFile, u"out.txt"_s);
+    });
+    EXPECT_EQ(Run.Work.Read(u"out.txt"_s), "words");
+    EXPECT_EQ(Frame.CurrentFolder + u'|' + Frame.CurrentFile, folder + u'|' + file);
+}
+
+// Catches: a prompt in front of another line or with another answer's effect, `break` that does nothing, a tick that
+// stays.
+TEST_F(Workbench, StepsThroughTheLines)
+{
+    Open([&](frmMacroEdit& window) {
+        auto& step = Part<QCheckBox>(window, "chkStep");
+        step.setChecked(true);
+        AnswerNext(Pressed{1});
+        AnswerNext(Pressed{3});
+        RunTest(window, u"print a\n# note\nprint b\nprint c"_s);
+        EXPECT_EQ(Run.TakeMessages(), QStringList({u"Line: 0^^print a"_s, u"Line: 2^^print b"_s}));
+        EXPECT_EQ(Output(window).Text(), u"ab"_s); // the line at hand still runs
+        EXPECT_EQ(Code(window).GetColor(LineSlot), 0xA4FE9E);
+        EXPECT_EQ(Code(window).CaretLine(), 2);
+        EXPECT_FALSE(step.isChecked());
+        AnswerNext(Pressed{2});
+        RunTest(window, u"print d\nbreak\nprint e\nprint f"_s);
+        EXPECT_EQ(Run.TakeMessages(), QStringList{u"Line: 2^^print e"_s});
+        EXPECT_EQ(Output(window).Text(), u"abdef"_s);
+    });
+}
+
+// Catches: a watch list that lags, lacks what a run has left or shows beside the commands.
+TEST_F(Workbench, WatchesARun)
+{
+    Open([&](frmMacroEdit& window) {
+        auto& list = Part<QListWidget>(window, "lstWatch");
+        const auto line = [&list](const QString& text) { return list.findItems(text, Qt::MatchExactly).size(); };
+        RunTest(window, u"dim $two\ndim $one\nset $one =7\nvarlen $one\nlabel @Here\nlistadd x\nlistadd y"_s);
+        auto& watch = Part<QCheckBox>(window, "chkWatch");
+        EXPECT_FALSE(list.isVisible());
+        watch.setChecked(true);
+        EXPECT_TRUE(list.isVisible());
+        EXPECT_FALSE(Part<QListWidget>(window, "lstCom").isVisible());
+        EXPECT_EQ(Part<QLabel>(window, "labcom").text(), u"Watch"_s);
+        EXPECT_EQ(list.item(0)->text(), u"$two = "_s);
+        EXPECT_EQ(list.item(1)->text(), u"$one = 7"_s);
+        EXPECT_EQ(list.item(2)->text(), u"@Here,Line = 4"_s);
+        EXPECT_EQ(line(u"[LastLen] = 1"_s), 1);
+        EXPECT_EQ(line(u"[ListCount] = 2"_s), 1);
+        RunTest(window, u"loop 2\nendloop\nnoword"_s);
+        EXPECT_EQ(line(u"$one = 7"_s), 0);
+        watch.setChecked(false);
+        EXPECT_EQ(Part<QLabel>(window, "labcom").text(), u"Commands"_s);
+    });
+}
+
+// Catches: a heading that is put in, a word that stays selected and is typed over, words of the table that are missing,
+// a filter that leaves the headings.
+TEST_F(Workbench, CommandsAreFoundAndPutIn)
+{
+    Open([&](frmMacroEdit& window) {
+        auto& list = Part<QListWidget>(window, "lstCom");
+        const auto choose = [&list](const QString& text) {
+            list.setCurrentItem(list.findItems(text, Qt::MatchExactly).value(0));
+            emit list.itemActivated(list.currentItem());
+        };
+        EXPECT_EQ(list.item(0)->text(), u"--------BASIC-------"_s);
+        for (const char* word : {"if", "[br]", "==", "[numerical]", "print"})
+            EXPECT_EQ(list.findItems(QLatin1String(word), Qt::MatchExactly).size(), 1) << word;
+        choose(u"--------TEXT--------"_s);
+        choose(u"print"_s);
+        choose(u"[br]"_s);
+        EXPECT_EQ(Code(window).Text(), u"print[br]"_s);
+        Part<QLineEdit>(window, "txtFilter").setText(u"CASEsel"_s);
+        for (int row = 0; row < list.count(); ++row)
+            EXPECT_EQ(list.item(row)->isHidden(), list.item(row)->text() != u"caseselect"_s);
+    });
+}
+
+// Catches: a resource added to a macro without a file, to itself, or not shown; one that goes against the answer.
+TEST_F(Workbench, ResourcesAreAddedAndTakenAway)
+{
+    const QString path = Run.Work.Path(u"m.gfb"_s), picture = Run.Work.Write(u"pic & co.pcx"_s, "picture");
+    Open([&](frmMacroEdit& window) {
+        Choose(window, "mnuResAdd");
+        EXPECT_EQ(Run.TakeMessages(), QStringList{u"You need to save the file first."_s});
+        AnswerNext(path);
+        Choose(window, "mnusave");
+        AnswerNext(path);
+        Choose(window, "mnuResAdd");
+        EXPECT_EQ(Run.TakeMessages().size(), 1);
+        AnswerNext(picture);
+        Choose(window, "mnuResAdd");
+        EXPECT_EQ(Part<QAction>(window, "mnuRESMENU2").text(), u"pic && co.pcx"_s);
+        EXPECT_EQ(window.findChild<QAction*>(u"mnuRESMENU1"_s), nullptr);
+        AnswerNext(Pressed{2});
+        Choose(window, "mnuRESMENU2");
+        EXPECT_EQ(ListResource(path)->size(), 2);
+        AnswerNext(Pressed{1});
+        Choose(window, "mnuRESMENU2");
+        EXPECT_EQ(*ListResource(path), ArchiveList({u"basic.txt"_s}));
+    });
+}
