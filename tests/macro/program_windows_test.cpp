@@ -71,7 +71,7 @@ TEST_F(ProgramWindows, AreFoundSteeredAndClosed)
         return QStringLiteral("label @until%1\npause 20\nif %2\ngotolabel @until%1\nendif\n").arg(label).arg(condition);
     };
     const Outcome outcome = Run(
-        u"execute XTERM \"-T before -geometry 60x12+50+40 -e cat\" term\n"
+        u"execute XTERM \"-T before -geometry 60x12 -e cat\" term\n"
         "print [winalive] [winvisible] [wintitle] [br]\n"
         "wintitle \"a new name\"\nprint [wintitle] [br]\nwinmove 120 90\n"_s +
         until(u"[winx] <>120"_s) + u"print [winx] | [winy] [br]\nwinsizemin\n"_s + until(u"[winwidth] <>0"_s) +
