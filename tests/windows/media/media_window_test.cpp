@@ -6,6 +6,7 @@
 #include "level/level_palette.h"
 #include "level/palette_maker.h"
 #include "platform/sound/audio.h"
+#include "windows/macro/frm_macro_edit.h"
 #include "windows/main/dropped_files.h"
 #include "windows/main/main_window_test.h"
 #include "windows/media/extra_page.h"
@@ -392,9 +393,13 @@ TEST_F(MediaWindow, MacrosShowWithTheirKeys)
     EXPECT_TRUE(WaitUntil([&] { return CurrentPane().Text() == QStringLiteral("ran") + before; }));
     QTest::keyClick(&tree, Qt::Key_Return);
     EXPECT_TRUE(WaitUntil([&] { return CurrentPane().Text() == QStringLiteral("ranran") + before; }));
+    QString opened;
     QTest::mouseClick(tree.viewport(), Qt::RightButton, {}, tree.visualItemRect(tree.topLevelItem(1)).center());
-    EXPECT_TRUE(WaitUntil([] { return CurrentPane().Text() == QStringLiteral("print ran"); }));
-    EXPECT_TRUE(Frame.Documents.at(Frame.CurrentTab).Path.endsWith(QStringLiteral("Macros/Align.All.GFB")));
+    OnModal([&](QWidget& workbench) {
+        opened = static_cast<frmMacroEdit&>(workbench).txtEdit(frmMacroEdit::Code).Text();
+        workbench.close();
+    });
+    EXPECT_TRUE(WaitUntil([&] { return opened == QStringLiteral("print ran"); }));
 }
 
 // Catches: colours of a dark desktop in a list that has its own, pictures that do not come or that the setting does
