@@ -4,8 +4,8 @@
 #include "conf/line_pass.h"
 
 #include <QHash>
-#include <QRect>
 #include <algorithm>
+#include <limits>
 
 namespace {
 
@@ -86,7 +86,7 @@ QString Meant(const QString& word, const QStringList& known)
 QString NumberHint(const QString& value)
 {
     bool isNumber = false;
-    value.toInt(&isNumber, 0);
+    value.toInt(&isNumber);
     return isNumber ? QString()
                     : QStringLiteral("\"%1\" is no number; the game takes what stands in front.").arg(value);
 }
@@ -120,6 +120,9 @@ QString ElementHint(const QString& value, const QStringList& elements)
                : QStringLiteral("There is no \"%1\" to take this from.").arg(value) + Meant(element, elements);
 }
 
+constexpr int Largest = std::numeric_limits<qint16>::max(); ///< of a number: no sheet is larger
+constexpr int Reach = 200;                                  ///< lines below the main line that are looked at
+
 /// The parameters of a block as numbers; what is not there is its default.
 class BlockNumbers
 {
@@ -129,7 +132,7 @@ public:
         qsizetype from = 0;
         const ByteLine main = TakeLine(block, from);
         const QByteArrayView key = main.Text.first(qMax<qsizetype>(main.Text.indexOf(':'), 0)).trimmed();
-        for (int number = 1; from < block.size(); ++number) {
+        for (int number = 1; from < block.size() && number <= Reach; ++number) {
             const ByteLine line = TakeLine(block, from);
             if (key.isEmpty() || !line.Text.startsWith(key))
                 return;
@@ -153,8 +156,8 @@ public:
     int Number(const char* word, int standard) const
     {
         bool isNumber = false;
-        const int number = values.value(QByteArrayView(word)).Text.toInt(&isNumber, 0);
-        return isNumber ? number : standard;
+        const int number = values.value(QByteArrayView(word)).Text.toInt(&isNumber);
+        return isNumber ? std::clamp(number, -Largest, Largest) : standard;
     }
 
 private:
@@ -166,12 +169,18 @@ private:
     QHash<QByteArrayView, Value> values;
 };
 
-/// Where frames lie on their sheet, in pixels.
+/// A place on a sheet, or a way over it, in pixels. What a conf tells may lie far outside of both.
+struct SheetPlace
+{
+    qint64 X = 0, Y = 0;
+};
+
+/// Where frames lie on their sheet.
 struct FrameRun
 {
     QSize Frame;
-    QPoint Start, Offset;
-    int Frames = 1, PerLine = 0;
+    SheetPlace Start, Offset;
+    int Frames = 1, PerLine = 1;
 };
 
 FrameRun RunOf(const BlockNumbers& block, QSize sheet)
@@ -179,13 +188,13 @@ FrameRun RunOf(const BlockNumbers& block, QSize sheet)
     FrameRun run;
     const int tile = block.Number("tile_size", 32);
     run.Frame = QSize(qMax(1, block.Number("width", tile)), qMax(1, block.Number("height", tile)));
-    run.Start = QPoint(block.Number("x", block.Number("xpos", 0) * run.Frame.width()),
-                       block.Number("y", block.Number("ypos", 0) * run.Frame.height()));
+    run.Start = {block.Number("x", block.Number("xpos", 0) * run.Frame.width()),
+                 block.Number("y", block.Number("ypos", 0) * run.Frame.height())};
     const bool vertical = block.True("vertical");
     const int offset = block.Number("offset", vertical ? run.Frame.height() : run.Frame.width());
-    run.Offset = vertical ? QPoint(0, offset) : QPoint(offset, 0);
+    run.Offset = vertical ? SheetPlace{0, offset} : SheetPlace{offset, 0};
     if (block.Has("xoffset") || block.Has("yoffset"))
-        run.Offset = QPoint(block.Number("xoffset", 0), block.Number("yoffset", 0));
+        run.Offset = {block.Number("xoffset", 0), block.Number("yoffset", 0)};
     run.Frames = qMax(1, block.Number("frames", 1));
     const int fits = vertical ? sheet.height() / run.Frame.height() : sheet.width() / run.Frame.width();
     run.PerLine = qMax(1, block.Number("frames_per_line", qMax(1, fits)));
@@ -193,20 +202,28 @@ FrameRun RunOf(const BlockNumbers& block, QSize sheet)
 }
 
 /// Frames in rows go on in the next row, those in columns in the next column.
-QRect LastFrame(const FrameRun& run)
+SheetPlace LastFrame(const FrameRun& run)
 {
-    const auto [width, height] = std::pair(run.Frame.width(), run.Frame.height());
-    QPoint place = run.Start + (run.Frames - 1) * run.Offset;
-    if (run.Offset.y() == 0) {
-        const int row = run.PerLine * width;
-        const int along = run.Start.y() / height * row + place.x();
-        place = QPoint(along % row, run.Start.y() % height + along / row * height);
-    } else if (run.Offset.x() == 0) {
-        const int column = run.PerLine * height;
-        const int along = run.Start.x() / width * column + place.y();
-        place = QPoint(run.Start.x() % width + along / column * width, along % column);
+    const qint64 width = run.Frame.width(), height = run.Frame.height();
+    const SheetPlace place{run.Start.X + (run.Frames - 1) * run.Offset.X,
+                           run.Start.Y + (run.Frames - 1) * run.Offset.Y};
+    if (run.Offset.Y == 0) {
+        const qint64 row = run.PerLine * width;
+        const qint64 along = run.Start.Y / height * row + place.X;
+        return {along % row, run.Start.Y % height + along / row * height};
     }
-    return {place, run.Frame};
+    if (run.Offset.X == 0) {
+        const qint64 column = run.PerLine * height;
+        const qint64 along = run.Start.X / width * column + place.Y;
+        return {run.Start.X % width + along / column * width, along % column};
+    }
+    return place;
+}
+
+bool LiesOn(QSize sheet, SheetPlace place, QSize frame)
+{
+    return place.X >= 0 && place.Y >= 0 && place.X + frame.width() <= sheet.width() &&
+           place.Y + frame.height() <= sheet.height();
 }
 
 } // namespace
@@ -243,12 +260,11 @@ std::vector<BlockHint> BlockHints(QByteArrayView block, QSize sheet)
     if (sheet.isEmpty() || !placed || numbers.Has("scale_up_factor"))
         return said;
     const FrameRun run = RunOf(numbers, sheet);
-    const QRect whole(QPoint(), sheet);
     const QString outside =
         QStringLiteral(" outside the sheet of %1 by %2 pixels.").arg(sheet.width()).arg(sheet.height());
-    if (!whole.contains(QRect(run.Start, run.Frame)))
+    if (!LiesOn(sheet, run.Start, run.Frame))
         said.push_back({0, QStringLiteral("The first frame lies") + outside});
-    else if (!whole.contains(LastFrame(run)))
+    else if (!LiesOn(sheet, LastFrame(run), run.Frame))
         said.push_back({0, QStringLiteral("The last of %1 frames lies").arg(run.Frames) + outside});
     return said;
 }

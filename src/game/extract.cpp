@@ -1,8 +1,8 @@
 #include "game/extract.h"
-#include "frame/files/closed_tabs.h"
 
 #include "conf/line_pass.h"
 #include "frame/editor_pane.h"
+#include "frame/files/closed_tabs.h"
 #include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"

@@ -1,8 +1,8 @@
 #include "game/game_words.h"
-#include "frame/files/tab_commands.h"
 
 #include "frame/editor_pane.h"
 #include "frame/files/file_commands.h"
+#include "frame/files/tab_commands.h"
 #include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"

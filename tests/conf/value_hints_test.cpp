@@ -58,6 +58,22 @@ TEST(ValueHints, TellFramesOutsideTheSheet)
     EXPECT_EQ(OfBlock("a: s.png\na.xpos: 99\n", {}), QString());
 }
 
+// Catches: numbers whose product does not fit (a row of no width divides by nothing), leading zeros read as another
+// base, a block that is followed through the whole text for each of its lines.
+TEST(ValueHints, StandAnyNumberAndAnyRun)
+{
+    EXPECT_EQ(OfBlock("a: s.png\na.xpos: 0\na.frames_per_line: 134217728\n", Sheet), QString());
+    for (const char* word : {"xpos", "ypos", "width", "height", "frames", "offset", "frames_per_line"})
+        for (const char* number : {"2147483647", "-2147483648", "99999999999", "-1", "0"})
+            OfBlock(QByteArray("a: s.png\na.x: 3\na.xpos: 32767\na.") + word + ": " + number + "\n", Sheet);
+    EXPECT_EQ(OfValue("emerald.xpos", "08"), QString());
+    HintContext context;
+    context.Values = true;
+    context.Check.SheetKinds = {QStringLiteral("png")};
+    const QByteArray text = QByteArray("a: s.png\n").repeated(100'000);
+    HintsForLines(text, 0, 0, 100'000, context);
+}
+
 // Catches: an offset of 0 that freezes an animation in silence, one of a single frame marked, the mark on another line.
 TEST(ValueHints, TellAFrozenAnimationBesideItsOffset)
 {

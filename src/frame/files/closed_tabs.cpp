@@ -29,12 +29,14 @@ std::optional<RecoveredText> LastClosedText()
 {
     if (!Frame.Keeper)
         return {};
-    while (std::optional<RecoveredText> text = Frame.Keeper->LastClosed()) {
-        if (!StandsInATab(*text))
-            return text;
+    QString forgotten;
+    std::optional<RecoveredText> text = Frame.Keeper->LastClosed();
+    while (text && text->Folder != forgotten && StandsInATab(*text)) { // a copy may not let itself be removed
+        forgotten = text->Folder;
         Frame.Keeper->Forget(*text);
+        text = Frame.Keeper->LastClosed();
     }
-    return {};
+    return text;
 }
 
 bool OpenInFreeTab(const QString& path)

@@ -1,6 +1,6 @@
 #include "frame/files/file_commands.h"
-#include "frame/files/closed_tabs.h"
 
+#include "frame/files/closed_tabs.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
 #include "frame/media/media_lists.h"

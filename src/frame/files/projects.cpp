@@ -1,7 +1,7 @@
 #include "frame/files/projects.h"
-#include "frame/files/tab_commands.h"
 
 #include "frame/files/file_commands.h"
+#include "frame/files/tab_commands.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
 #include "frame/messages/asker.h"

@@ -1,6 +1,6 @@
 #include "frame/files/recent_list.h"
-#include "frame/files/closed_tabs.h"
 
+#include "frame/files/closed_tabs.h"
 #include "frame/files/file_commands.h"
 #include "frame/frame_events.h"
 #include "frame/frame_state.h"

@@ -105,6 +105,15 @@ qsizetype LastSeparator(const QString& path)
     return std::max(path.lastIndexOf(QLatin1Char('/')), path.lastIndexOf(QLatin1Char('\\')));
 }
 
+/// As told, in our form, or by its names whatever their case, as far as something stands there.
+Walk FindPath(const QString& told)
+{
+    if (IsThere(told))
+        return {told, {}};
+    const QString inner = paths::Inside(told);
+    return IsThere(inner) ? Walk{inner, {}} : WalkDown(inner);
+}
+
 } // namespace
 
 namespace paths {
@@ -118,23 +127,13 @@ QString Inside(const QString& told)
 
 QString Existing(const QString& told)
 {
-    if (IsThere(told))
-        return told;
-    QString inner = Inside(told);
-    if (IsThere(inner))
-        return inner;
-    const Walk walk = WalkDown(inner);
+    const Walk walk = FindPath(told);
     return walk.Rest.isEmpty() ? walk.Known : QString();
 }
 
 QString ForWriting(const QString& told)
 {
-    if (IsThere(told))
-        return told;
-    QString inner = Inside(told);
-    if (IsThere(inner))
-        return inner;
-    const Walk walk = WalkDown(inner);
+    const Walk walk = FindPath(told);
     return walk.Known + walk.Rest;
 }
 

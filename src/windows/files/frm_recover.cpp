@@ -1,7 +1,7 @@
 #include "windows/files/frm_recover.h"
-#include "frame/files/take_recovered.h"
 
 #include "frame/documents/documents.h"
+#include "frame/files/take_recovered.h"
 #include "frame/recovery/recovery.h"
 #include "platform/files/paths.h"
 #include "windows/files/recovery_view.h"

@@ -9,15 +9,18 @@
 
 namespace {
 
-constexpr int LookAgain = 400;            // milliseconds without a key
+constexpr int LookAgain = 400; // milliseconds without a key
+constexpr int LinesAtOnce = 4000;
+constexpr size_t MostMarks = 2000;        // of a list that anybody reads; what a stray file would have is without end
 constexpr qsizetype FollowUpTo = 4 << 20; // bytes; a larger text is looked at when the list is asked for
 
 QString MarksText(const LineMarksModel& model)
 {
     const int all = model.rowCount();
-    return all == 0   ? QStringLiteral("No line of this document has a mark.")
-           : all == 1 ? QStringLiteral("1 mark in this document.")
-                      : QStringLiteral("%1 marks in this document.").arg(all);
+    return all >= int(MostMarks) ? QStringLiteral("The first %1 marks of this document.").arg(all)
+           : all == 0            ? QStringLiteral("No line of this document has a mark.")
+           : all == 1            ? QStringLiteral("1 mark in this document.")
+                                 : QStringLiteral("%1 marks in this document.").arg(all);
 }
 
 } // namespace
@@ -112,7 +115,12 @@ void MarksPanel::Look()
 {
     const LineHint* current = model.At(List()->currentIndex().row());
     const int line = current ? current->Line : -1;
-    model.Show(HintsOfDocument().InLines(0, CurrentPane().LineCount() - 1));
+    std::vector<LineHint> marks;
+    for (int first = 0; first < CurrentPane().LineCount() && marks.size() < MostMarks; first += LinesAtOnce)
+        for (LineHint& hint : HintsOfDocument().InLines(first, first + LinesAtOnce - 1))
+            if (marks.size() < MostMarks)
+                marks.push_back(std::move(hint));
+    model.Show(std::move(marks));
     SetBarText(MarksText(model));
     ShowColumns();
     for (int row = 0; line >= 0 && row < model.rowCount(); ++row)

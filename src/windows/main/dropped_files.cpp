@@ -1,9 +1,9 @@
 #include "windows/main/dropped_files.h"
-#include "frame/files/closed_tabs.h"
-#include "frame/files/tab_commands.h"
 
 #include "frame/documents/documents.h"
+#include "frame/files/closed_tabs.h"
 #include "frame/files/file_commands.h"
+#include "frame/files/tab_commands.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
 #include "frame/media/media_lists.h"

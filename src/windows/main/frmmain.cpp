@@ -1,6 +1,4 @@
 #include "windows/main/frmmain.h"
-#include "frame/files/tab_commands.h"
-#include "macro/started_windows.h"
 
 #include "conf/block_outline.h"
 #include "conf/help_for_word.h"
@@ -8,6 +6,7 @@
 #include "frame/documents/documents.h"
 #include "frame/files/file_commands.h"
 #include "frame/files/recent_list.h"
+#include "frame/files/tab_commands.h"
 #include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
@@ -15,6 +14,7 @@
 #include "frame/run_scope.h"
 #include "frame/vocabulary.h"
 #include "macro/start_macro.h"
+#include "macro/started_windows.h"
 #include "platform/files/paths.h"
 #include "platform/processes/processes.h"
 #include "platform/screen/lock_keys.h"
