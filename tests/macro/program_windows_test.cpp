@@ -88,7 +88,10 @@ TEST_F(ProgramWindows, AreFoundSteeredAndClosed)
 // Catches: keys that go elsewhere, a notation that is not understood and goes through.
 TEST_F(ProgramWindows, TakeKeys)
 {
-    const Outcome outcome = Run(u"execute XTERM \"-e sh -c 'cat > typed'\" term\npause 1000\n"
+    // The window has the keys at the latest when its program runs and shows its title.
+    folder.Write(u"type.sh"_s, "printf '\\033]2;ready\\007'\nexec cat > typed\n");
+    const Outcome outcome = Run(u"execute XTERM \"-e sh type.sh\" term\n"
+                                "label @wait\npause 50\nif [wintitle] <>ready\ngotolabel @wait\nendif\npause 300\n"
                                 "keysend \"Hello+1{LEFT}~\"\nkeysend ^d\nwinwaituntilclose\n"
                                 "fileset typed\nprint [lastfilesize]\n"_s);
     EXPECT_EQ(outcome.Error, QString());
