@@ -178,6 +178,26 @@ TEST_F(MapglassTest, TheSetsGraphicsAndWhatTheyLack)
     EXPECT_EQ(elements.Undrawn(), 2);
 }
 
+// Catches: names that are cut to nothing by the numbers beside them where there is little room, a number that is then
+// told nowhere.
+TEST_F(MapglassTest, NamesOfElementsKeepTheirRoom)
+{
+    ElementList elements(nullptr);
+    LevelMap map(1, 1);
+    map.At(0, 0) = 860; // dc_magic_wall
+    elements.ShowElements(map, {});
+    elements.SetDrawn(std::set<int>());
+    elements.show();
+    const int letters = elements.fontMetrics().averageCharWidth();
+    for (const int room : {36, 44, 60}) {
+        elements.resize(letters * room, letters * 30);
+        QApplication::processEvents();
+        EXPECT_GE(elements.columnWidth(0), letters * 16) << room;
+        EXPECT_EQ(elements.isColumnHidden(1), room < 60) << room;
+    }
+    EXPECT_TRUE(elements.topLevelItem(0)->toolTip(0).endsWith(u", 860"_s));
+}
+
 // Catches: a level that was saved meanwhile and is still shown as it was, a view that jumps because of it.
 TEST_F(MapglassTest, AChangedFileIsReadAgain)
 {
