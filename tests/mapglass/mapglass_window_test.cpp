@@ -189,11 +189,11 @@ TEST_F(MapglassTest, NamesOfElementsKeepTheirRoom)
     elements.SetDrawn(std::set<int>());
     elements.show();
     const int letters = elements.fontMetrics().averageCharWidth();
-    for (const int room : {36, 44, 60}) {
+    for (const int room : {36, 46, 60}) {
         elements.resize(letters * room, letters * 30);
         QApplication::processEvents();
         EXPECT_GE(elements.columnWidth(0), letters * 16) << room;
-        EXPECT_EQ(elements.isColumnHidden(1), room < 60) << room;
+        EXPECT_EQ(elements.isColumnHidden(1), room < 40) << room;
     }
     EXPECT_TRUE(elements.topLevelItem(0)->toolTip(0).endsWith(u", 860"_s));
 }
