@@ -5,6 +5,8 @@
 #include "frame/frame_state.h"
 #include "macro/basic_words.h"
 #include "windows/find/find_dialogs.h"
+#include "windows/macro/kept_code.h"
+#include "windows/macro/live_marks.h"
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/help_subject.h"
 
@@ -18,6 +20,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
+#include <QSplitter>
 #include <QTabWidget>
 
 // The parts of the workbench and where they stand.
@@ -81,9 +84,22 @@ frmMacroEdit::frmMacroEdit(QWidget* owner)
     }
     body = new QWidget(this);
     MakePanes();
-    auto* row = new QHBoxLayout(body);
-    row->addWidget(SSmacro, 1);
-    row->addWidget(MakeSide());
+    kept = std::make_unique<KeptCode>(txtEdit(Code));
+    marks = std::make_unique<LiveMarks>(txtEdit(Code));
+    auto* split = new QSplitter(body);
+    split->setObjectName(QStringLiteral("split"));
+    split->setChildrenCollapsible(false);
+    split->addWidget(SSmacro);
+    split->addWidget(MakeSide());
+    split->setStretchFactor(0, 1);
+    split->setStretchFactor(1, 0);
+    lblSays = new QLabel(body);
+    lblSays->setObjectName(QStringLiteral("lblSays"));
+    lblSays->setTextFormat(Qt::PlainText);
+    lblSays->setWordWrap(true);
+    auto* rows = new QVBoxLayout(body);
+    rows->addWidget(split, 1);
+    rows->addWidget(lblSays);
     MakeMenus();
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins({});
@@ -129,6 +145,11 @@ void frmMacroEdit::MakeMenus()
     mnutest = Entry(edit, "mnutest", "&Test", Qt::Key_F5);
     connect(mnutest, &QAction::triggered, this, &frmMacroEdit::Test);
     connect(Entry(edit, "mnuClear", "&Clear Test Window"), &QAction::triggered, this, &frmMacroEdit::ClearOutput);
+    edit.addSeparator();
+    connect(Entry(edit, "mnuNextMark", "&Next Mark", Qt::Key_F8), &QAction::triggered, this,
+            [this] { GotoMark(true); });
+    connect(Entry(edit, "mnuPreviousMark", "&Previous Mark", Qt::SHIFT | Qt::Key_F8), &QAction::triggered, this,
+            [this] { GotoMark(false); });
     mnuRes = menus->addMenu(QStringLiteral("&Resources"));
     connect(Entry(*mnuRes, "mnuResAdd", "&Add A File"), &QAction::triggered, this, &frmMacroEdit::AddResource);
     mnuRes->addSeparator()->setObjectName(QStringLiteral("mnusepok"));
@@ -256,4 +277,7 @@ void frmMacroEdit::Connect()
                 [this, &pane](FindKind kind) { ShowFindDialog(this, pane, kind); });
     }
     connect(&txtEdit(Code), &DocumentText::ModifiedChanged, this, &QWidget::setWindowModified);
+    connect(marks.get(), &LiveMarks::Said, lblSays, &QLabel::setText);
+    // Behind the drop: a question may come.
+    connect(&txtEdit(Code), &EditorPane::FilesDropped, this, &frmMacroEdit::TakeDropped, Qt::QueuedConnection);
 }
