@@ -1,5 +1,6 @@
 #include "windows/macro/frm_macro_edit.h"
 
+#include "conf/help_for_word.h"
 #include "frame/documents/documents.h"
 #include "frame/files/file_commands.h"
 #include "frame/files/tab_commands.h"
@@ -13,16 +14,18 @@
 #include "macro/run_macro.h"
 #include "macro/started_windows.h"
 #include "macro/test_source.h"
+#include "macro/word_facts.h"
 #include "platform/files/paths.h"
+#include "windows/macro/command_list.h"
 #include "windows/macro/kept_code.h"
 #include "windows/macro/live_marks.h"
 #include "windows/parts/dialog_help.h"
+#include "windows/parts/help_subject.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QPushButton>
@@ -395,27 +398,23 @@ void frmMacroEdit::ShowLists()
 {
     const bool watches = Watches();
     labcom->setText(watches ? QStringLiteral("Watch") : QStringLiteral("Commands"));
-    txtFilter->setVisible(!watches);
-    lstCom->setVisible(!watches);
+    words->setVisible(!watches);
     lstWatch->setVisible(watches);
 }
 
-void frmMacroEdit::FilterCommands(const QString& typed)
+void frmMacroEdit::InsertCommand(const QString& word)
 {
-    for (int row = 0; row < lstCom->count(); ++row) {
-        QListWidgetItem* entry = lstCom->item(row);
-        const bool word = !entry->text().isEmpty() && !entry->text().startsWith(QLatin1String("--"));
-        entry->setHidden(!typed.isEmpty() && !(word && entry->text().contains(typed, Qt::CaseInsensitive)));
-    }
-}
-
-void frmMacroEdit::InsertCommand()
-{
-    const QListWidgetItem* entry = lstCom->currentItem();
-    if (!entry || entry->text().isEmpty() || entry->text().startsWith(QLatin1String("--")))
-        return;
     EditorPane& code = txtEdit(Code);
     SSmacro->setCurrentIndex(Code);
-    code.ReplaceSel(entry->text());
+    code.ReplaceSel(word);
     code.FocusPane();
+}
+
+/// The page of the word at hand, or the window's.
+void frmMacroEdit::HelpForCode(bool ofList)
+{
+    const EditorPane& code = txtEdit(Code);
+    const QString word = ofList ? words->CurrentWord() : WordAt(code.GetLine(code.CaretLine()), code.CaretColumn());
+    const std::optional<WordFacts> facts = FactsOfWord(word);
+    RunHelp(facts ? facts->HelpId : HelpSubjectOf(this));
 }

@@ -9,12 +9,12 @@
 
 class QCheckBox;
 class QLabel;
-class QLineEdit;
 class QListWidget;
 class QMenu;
 class QMenuBar;
 class QPushButton;
 class QTabWidget;
+class CommandList;
 class KeptCode;
 class LiveMarks;
 struct RecoveredText;
@@ -48,7 +48,6 @@ private:
     void MakeMenus();
     QWidget* MakeSide();
     QWidget* MakeLists(QWidget* side);
-    void FillCommands();
     void Connect();
     void DressCode();
     void DressOutput();
@@ -86,8 +85,8 @@ private:
     bool Watches() const override;
     void ShowWatch(const QStringList& lines) override;
     void ShowLists();
-    void FilterCommands(const QString& typed);
-    void InsertCommand();
+    void InsertCommand(const QString& word);
+    void HelpForCode(bool ofList);
 
     std::array<std::unique_ptr<EditorPane>, 2> panes;
     std::unique_ptr<KeptCode> kept;
@@ -99,8 +98,8 @@ private:
     QPushButton *cmdTest, *cmdClear;
     QCheckBox *chkClear, *chkSpace, *chkStep, *chkWatch, *chkTerminal9;
     QLabel* labcom;
-    QLineEdit* txtFilter;
-    QListWidget *lstCom, *lstWatch;
+    CommandList* words;
+    QListWidget* lstWatch;
     QProgressBar* progress;
     QAction *mnusave, *mnutest;
     QMenu* mnuRes;

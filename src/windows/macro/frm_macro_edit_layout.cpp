@@ -5,6 +5,8 @@
 #include "frame/frame_state.h"
 #include "macro/basic_words.h"
 #include "windows/find/find_dialogs.h"
+#include "windows/macro/code_completion.h"
+#include "windows/macro/command_list.h"
 #include "windows/macro/kept_code.h"
 #include "windows/macro/live_marks.h"
 #include "windows/parts/dialog_help.h"
@@ -13,7 +15,6 @@
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QProgressBar>
@@ -193,40 +194,18 @@ QWidget* frmMacroEdit::MakeLists(QWidget* side)
     auto* part = new QWidget(side);
     labcom = new QLabel(part);
     labcom->setObjectName(QStringLiteral("labcom"));
-    txtFilter = new QLineEdit(part);
-    txtFilter->setObjectName(QStringLiteral("txtFilter"));
-    txtFilter->setAccessibleName(QStringLiteral("Filter of the commands"));
-    txtFilter->setPlaceholderText(QStringLiteral("Filter"));
-    txtFilter->setClearButtonEnabled(true);
-    lstCom = new QListWidget(part);
-    lstCom->setObjectName(QStringLiteral("lstCom"));
-    lstCom->setAccessibleName(QStringLiteral("Commands"));
-    lstCom->setToolTip(QStringLiteral("A double click puts the word into the code"));
+    words = new CommandList(part);
     lstWatch = new QListWidget(part);
     lstWatch->setObjectName(QStringLiteral("lstWatch"));
     lstWatch->setAccessibleName(QStringLiteral("Watch"));
     auto* column = new QVBoxLayout(part);
     column->setContentsMargins({});
     column->addWidget(labcom);
-    column->addWidget(txtFilter);
-    for (QListWidget* list : {lstCom, lstWatch}) {
-        list->setUniformItemSizes(true);
-        column->addWidget(list, 1);
-    }
-    FillCommands();
+    lstWatch->setUniformItemSizes(true);
+    column->addWidget(words, 1);
+    column->addWidget(lstWatch, 1);
     ShowLists();
     return part;
-}
-
-void frmMacroEdit::FillCommands()
-{
-    for (const BasicWordGroup& group : BasicWords()) {
-        if (!group.Heading.isEmpty() && lstCom->count() > 0)
-            lstCom->addItem(QString());
-        if (!group.Heading.isEmpty())
-            lstCom->addItem(group.Heading);
-        lstCom->addItems(group.Words);
-    }
 }
 
 void frmMacroEdit::DressCode()
@@ -239,6 +218,7 @@ void frmMacroEdit::DressCode()
     for (const CodeStyle& row : CodeStyles)
         code.SetFontStyle(row.Slot, row.Style);
     code.SetPaneFont(QStringLiteral("Courier New"), CodePoints);
+    OfferCodeWords(code);
 }
 
 /// As a text of the main window.
@@ -262,8 +242,10 @@ void frmMacroEdit::Connect()
         PaneInFront().FocusPane();
     });
     connect(chkWatch, &QCheckBox::toggled, this, &frmMacroEdit::ShowLists);
-    connect(txtFilter, &QLineEdit::textChanged, this, &frmMacroEdit::FilterCommands);
-    connect(lstCom, &QListWidget::itemActivated, this, &frmMacroEdit::InsertCommand);
+    connect(words, &CommandList::Chosen, this, &frmMacroEdit::InsertCommand);
+    for (QWidget* part : {WidgetOf(txtEdit(Code)), static_cast<QWidget*>(words)})
+        connect(new QShortcut(Qt::Key_F1, part, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
+                &QShortcut::activated, this, [this, part] { HelpForCode(part == words); });
     connect(new QShortcut(QKeySequence::SelectAll, body), &QShortcut::activated, this,
             [this] { PaneInFront().ExecuteCmd(CmdSelectAll); });
     connect(chkTerminal9, &QCheckBox::toggled, this, [this](bool on) {
