@@ -116,28 +116,28 @@ void frmmain::BusyPointer(bool busy)
 
 void frmmain::OpenTool(ToolWindow tool)
 {
-    if (tool == ToolWindow::Project)
-        RunProjectWindow(this);
-    if (tool == ToolWindow::About)
-        frmAbout::Run({[this](const QByteArray& tune) { PlayModule(tune); }, [this] { StopPlayers(); }}, this);
-    if (tool == ToolWindow::Options) {
-        RunOptionsWindow({[this] { bars.SaveCoolbar(); }, [this] { StorePosition(*this); },
-                          [this] { return CommandShortcuts(buttons->Entries()); }},
-                         this);
-        FocusPane();
-    }
-    if (tool == ToolWindow::PCXLab)
-        frmPCXLab::Run(this);
-    if (tool == ToolWindow::AVI2BMP)
-        frmAVI2BMP::Run(this);
-    if (tool == ToolWindow::MakePreview)
-        frmMakePreview::Run(this);
-    if (tool == ToolWindow::Games)
-        RunGamesWindow(this);
-    if (tool == ToolWindow::Wizard)
-        frmWizard::Run(this);
-    if (tool == ToolWindow::LevelManager)
-        ManageLevels({});
+    // In the order of ToolWindow.
+    static constexpr void (*Openers[])(frmmain&) = {
+        [](frmmain& main) { RunProjectWindow(&main); },
+        [](frmmain& main) {
+            frmAbout::Run({[&main](const QByteArray& tune) { main.PlayModule(tune); }, [&main] { main.StopPlayers(); }},
+                          &main);
+        },
+        [](frmmain& main) {
+            RunOptionsWindow({[&main] { main.bars.SaveCoolbar(); }, [&main] { StorePosition(main); },
+                              [&main] { return CommandShortcuts(main.buttons->Entries()); }},
+                             &main);
+            main.FocusPane();
+        },
+        [](frmmain& main) { frmPCXLab::Run(&main); },
+        [](frmmain& main) { frmAVI2BMP::Run(&main); },
+        [](frmmain& main) { RunGamesWindow(&main); },
+        [](frmmain& main) { frmMakePreview::Run(&main); },
+        [](frmmain& main) { frmWizard::Run(&main); },
+        [](frmmain& main) { main.ManageLevels({}); },
+    };
+    static_assert(std::size(Openers) == size_t(ToolWindow::LevelManager) + 1);
+    Openers[size_t(tool)](*this);
 }
 
 /// Confs that are chosen there open once the window has closed.
