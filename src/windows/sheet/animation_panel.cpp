@@ -71,6 +71,7 @@ AnimationPanel::AnimationPanel(QWidget* parent) : QWidget(parent)
     column->setContentsMargins({});
     column->addWidget(Frame2);
     column->addWidget(Frame3);
+    column->addStretch();
 }
 
 void AnimationPanel::MakePlace()

@@ -50,7 +50,8 @@ void frmPCX::LayOut()
     buttonsHint = new QLabel(QString::fromLatin1(ButtonsHint), this);
     buttonsHint->setObjectName(QStringLiteral("buttonsHint"));
     buttonsHint->setWordWrap(true);
-    buttonsHint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // as wide as the sheet
+    buttonsHint->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    buttonsHint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Maximum); // as wide as the sheet
     const auto button = [this](const char* name, const char* caption, const char* tip) {
         auto* made = new QPushButton(QString::fromLatin1(caption), this);
         made->setObjectName(QString::fromLatin1(name));
@@ -68,8 +69,7 @@ void frmPCX::LayOut()
     beside->setContentsMargins({});
     beside->addWidget(preview);
     panelArea = new Rolling(panel, side);
-    beside->addWidget(panelArea);
-    beside->addStretch();
+    beside->addWidget(panelArea, 1);
     for (QPushButton* made : {cmdUpdate, cmdNew, cmdExit})
         beside->addWidget(made);
     sheetColumn = new QVBoxLayout;
@@ -160,6 +160,8 @@ void frmPCX::CentreOnScreen()
 /// size.
 void frmPCX::FitSheetColumn()
 {
-    const int more = side->sizeHint().height() - sheetColumn->sizeHint().height();
+    const int cut =
+        panel->sizeHint().height() - panelArea->sizeHint().height(); // an area hints at no more than it likes
+    const int more = side->sizeHint().height() + qMax(0, cut) - sheetColumn->sizeHint().height();
     place->setMinimumHeight(place->sizeHint().height() + qMax(0, more));
 }

@@ -241,7 +241,7 @@ void SheetView::DrawRun(QPainter& painter) const
 
 void SheetView::DrawTilesInUse(QPainter& painter, const QRect& area) const
 {
-    painter.setPen(QPen(QColor(255, 200, 0, 150), 1, Qt::DotLine));
+    painter.setPen(QPen(QColor(255, 200, 0, 220), 1, Qt::DotLine));
     painter.setBrush(Qt::NoBrush);
     for (const UsedTile& used : inUse)
         if (const QRect place = PlaceOf(used.Tile); place.intersects(area))
