@@ -3,9 +3,23 @@
 #include "platform/files/paths.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+#include <dirent.h>
+#include <memory>
 
 namespace {
+
+/// A name in the folder that is not in the encoding of the system, as old ones are; lists leave it out. Empty if all
+/// names can be told.
+QString NameInOtherEncoding(const QString& folder)
+{
+    const std::unique_ptr<DIR, int (*)(DIR*)> open(opendir(QFile::encodeName(folder)), closedir);
+    while (const dirent* entry = open ? readdir(open.get()) : nullptr)
+        if (QFile::encodeName(QFile::decodeName(entry->d_name)) != entry->d_name)
+            return QString::fromLatin1(entry->d_name);
+    return {};
+}
 
 class FolderWalk
 {
@@ -25,6 +39,8 @@ public:
         const QDir dir(folder);
         if (!dir.isReadable())
             return Fail(folder, qt_error_string(EACCES));
+        if (const QString other = NameInOtherEncoding(folder); !other.isEmpty())
+            return Fail(folder, QStringLiteral("The name of a file in it is not in this system's encoding: ") + other);
         const auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
         for (const QFileInfo& entry : dir.entryInfoList(all, QDir::Name))
             if (Result<> taken = Take(entry, name); !taken)
