@@ -57,6 +57,8 @@ private:
         const QString path = entry.filePath();
         if (turn && !turn(0, 1))
             return Stopped(path);
+        if (entry.fileName().contains(u'\\')) // it would come out as a folder
+            return Fail(path, QStringLiteral("A name with a backslash cannot stand in an archive."));
         if (entry.isSymLink() && !paths::Closed(paths::Canonical(path)).startsWith(paths::Closed(top)))
             return Fail(path, QStringLiteral("The link leads out of the folder."));
         if (entry.isDir())
