@@ -35,8 +35,18 @@
 namespace {
 
 constexpr int HighlightedLineSlot = 30;
-constexpr int StepColour = 0xA4FE9E;
-constexpr int CaretLineColour = 0xD4D4D4, FaultColour = 0x8C8CFF, EarlyFaultColour = 0x0000FF;
+
+/// Colours of a line that stands out.
+struct LineMarks
+{
+    int Caret, Step, Fault, EarlyFault; ///< 0xBBGGRR
+};
+LineMarks MarksOfForm()
+{
+    if (FormInUse() == LookForm::Dark)
+        return {LookOf(LookForm::Dark).HighlightedLine, 0x2A5A1F, 0x2A2A7A, 0x1818A0};
+    return {0xD4D4D4, 0xA4FE9E, 0x8C8CFF, 0x0000FF};
+}
 
 FileQuestion MacroQuestion(FileQuestion::Use use, const char* title)
 {
@@ -337,8 +347,7 @@ void frmMacroEdit::MarkCaretLine(Side side)
     EditorPane& pane = txtEdit(side);
     if (running || !pane.Visible())
         return;
-    const bool dark = side == Output && FormInUse() == LookForm::Dark;
-    pane.SetColor(HighlightedLineSlot, dark ? LookOf(LookForm::Dark).HighlightedLine : CaretLineColour);
+    pane.SetColor(HighlightedLineSlot, MarksOfForm().Caret);
     pane.SetHighlightedLine(pane.CaretLine());
 }
 
@@ -361,7 +370,7 @@ void frmMacroEdit::ShowFault(const MacroError& error)
     code.FocusPane();
     code.ExecuteCmd(CmdGotoLine, error.Line);
     code.ExecuteCmd(CmdLineStart);
-    code.SetColor(HighlightedLineSlot, error.BeforeRun ? EarlyFaultColour : FaultColour);
+    code.SetColor(HighlightedLineSlot, error.BeforeRun ? MarksOfForm().EarlyFault : MarksOfForm().Fault);
     code.SetHighlightedLine(error.Line);
 }
 
@@ -378,7 +387,7 @@ void frmMacroEdit::WantSteps(bool wanted)
 void frmMacroEdit::ShowStep(int line)
 {
     EditorPane& code = txtEdit(Code);
-    code.SetColor(HighlightedLineSlot, StepColour);
+    code.SetColor(HighlightedLineSlot, MarksOfForm().Step);
     code.ExecuteCmd(CmdGotoLine, line);
     code.SetHighlightedLine(line);
 }

@@ -3,6 +3,7 @@
 #include "editor/make_pane.h"
 #include "frame/editor_pane.h"
 #include "frame/frame_state.h"
+#include "frame/settings/form_looks.h"
 #include "macro/basic_words.h"
 #include "windows/find/find_dialogs.h"
 #include "windows/macro/code_completion.h"
@@ -34,11 +35,12 @@ constexpr double CodePoints = 8;
 
 struct CodeColour
 {
-    int Slot, Colour; ///< 0xBBGGRR
+    int Slot, Light, Dark; ///< 0xBBGGRR
 };
-constexpr CodeColour CodeColours[] = {{8, 0xB00000},  {24, 32896}, {20, 29952},   {10, 200},
-                                      {22, 102},      {4, 102},    {6, 102},      {14, 7759126},
-                                      {15, 15131861}, {16, 29952}, {30, 0xD4D4D4}};
+constexpr CodeColour CodeColours[] = {
+    {8, 0xB00000, 0xFFB478},  {24, 32896, 0x6FD0D8}, {20, 29952, 0x8AD07F}, {10, 200, 0x8080FF},
+    {22, 102, 0xA0A0E8},      {4, 102, 0xA0A0E8},    {6, 102, 0xA0A0E8},    {14, 7759126, 0xD4C47F},
+    {15, 15131861, 0x3C3822}, {16, 29952, 0x8AD07F}, {17, -1, -1}};
 
 struct CodeStyle
 {
@@ -213,8 +215,11 @@ void frmMacroEdit::DressCode()
     Frame.Globals.RegisterLanguage(QStringLiteral("mac"), BasicLanguage(BasicWords()));
     EditorPane& code = txtEdit(Code);
     code.SetLanguage(QStringLiteral("mac"));
+    const bool dark = FormInUse() == LookForm::Dark;
+    if (dark)
+        GiveLook(code, LookOf(LookForm::Dark));
     for (const CodeColour& row : CodeColours)
-        code.SetColor(row.Slot, row.Colour);
+        code.SetColor(row.Slot, dark ? row.Dark : row.Light);
     for (const CodeStyle& row : CodeStyles)
         code.SetFontStyle(row.Slot, row.Style);
     code.SetPaneFont(QStringLiteral("Courier New"), CodePoints);
