@@ -133,6 +133,27 @@ private:
     private:
         ScintillaPane& pane;
     };
+    /// One numbered command as it is told. Made in front of the work, so that its end is told behind the changes.
+    class Deed
+    {
+    public:
+        Deed(ScintillaPane& owner, int told) : pane(owner), number(owner.working == 0 ? told : 0)
+        {
+            if (number)
+                emit pane.CommandBegins(number);
+        }
+        ~Deed()
+        {
+            if (number)
+                emit pane.CommandDone(number);
+        }
+        Deed(const Deed&) = delete;
+        Deed& operator=(const Deed&) = delete;
+
+    private:
+        ScintillaPane& pane;
+        const int number;
+    };
     struct CommandRow;
     static const CommandRow CommandRows[];
     struct KeyRow;

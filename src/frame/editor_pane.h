@@ -73,6 +73,8 @@ public:
     std::function<bool(const QStringList& paths)> LeaveNames; ///< would files that are dragged leave their names?
 
 signals:
+    void CommandBegins(int number); ///< a numbered command, by a key or by a caller; none of those inside it
+    void CommandDone(int number);
     void FindWanted(FindKind kind);           ///< a command asks for a dialog beside this text
     void LineCut(int line, qsizetype length); ///< a line has come that is too long to be shown whole
     void ViewMoved();                         ///< other lines are in view

@@ -47,6 +47,7 @@ const char* const Buttons[] = {
     "pcx_lab",
     "avi_to_bitmap",
     "basic",
+    "record_macro",
     "run_rnd",
     "run_rnd_fast",
     "test_set_safely",
