@@ -2,6 +2,7 @@
 
 #include "conf/block_outline.h"
 #include "conf/help_for_word.h"
+#include "conf/value_list.h"
 #include "editor/make_pane.h"
 #include "frame/documents/documents.h"
 #include "frame/files/file_commands.h"
@@ -234,6 +235,8 @@ void frmmain::ConnectPane(int tab, EditorPane& pane)
 {
     pane.CodeList = OfferedWords;
     pane.CodeListPick = PickCodeListItem;
+    pane.CodeValues = ValuesAtCaret;
+    pane.CodePicture = ValuePicture;
     pane.HoverText = [](EditorPane& hovered, int line, int column) {
         return Frame.CurrentMode == ModeGfx ? BlockSummary(LinesOf(hovered), line, column, Frame.Settings.SheetKinds)
                                             : QString();
