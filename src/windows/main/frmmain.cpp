@@ -70,6 +70,12 @@ QString TipOfTab(int tab)
     return Panes().Pane(tab).Modified() ? name + QStringLiteral("\nNot saved") : name;
 }
 
+QString FileOfTab(int tab)
+{
+    const Document& document = Frame.Documents.at(tab);
+    return HasFile(document) ? paths::FileNameOfPath(document.Path) : QString();
+}
+
 void MarkBlockAtCaret(EditorPane& pane)
 {
     const auto block = Frame.CurrentMode == ModeGfx
@@ -150,6 +156,7 @@ void frmmain::ConnectParts()
     connect(strip, &TabStrip::NewWanted, commands.MenuOf(OpenTabCommand), &QAction::trigger);
     connect(strip, &TabStrip::CloseWanted, commands.MenuOf(CloseTab), &QAction::trigger);
     strip->TipOf = TipOfTab;
+    strip->FileOf = FileOfTab;
     connect(&commands, &CommandSet::AboutToRun, this, &frmmain::HideLists);
     connect(&commands, &CommandSet::AboutToRun, this, [this] { ssML->NoteSelection(); });
     connect(recent, &RecentPopup::Chosen, this, RecentOpenSelected, Qt::QueuedConnection);
@@ -314,8 +321,10 @@ void frmmain::EscapePressed()
     } else if (bars.cmbFind()->hasFocus() || strip->Bar()->hasFocus() || ssML->isAncestorOf(focusWidget()) ||
                words->HasKeyboard() || marks->HasKeyboard())
         FocusPane();
-    else
+    else if (AnyRun())
         StopRuns(StopReason::Esc);
+    else
+        StopPreview();
 }
 
 void frmmain::LeaveMenuBar()
