@@ -67,7 +67,7 @@ tl::expected<MediaRequest, NotLocated> LocateElementImage(DocumentText& pane)
     const std::optional<int> mainLine = MainLineAbove(pane, caretLine);
     if (!mainLine)
         return tl::unexpected(NoMainLine);
-    const QString line = pane.GetLine(*mainLine);
+    const QString line = WithoutNote(pane.GetLine(*mainLine));
     const qsizetype colon = line.lastIndexOf(QLatin1Char(':'));
     const QString name = colon < 0 ? QString() : CleanValue(line.mid(colon + 1));
     if (name.isEmpty())

@@ -41,12 +41,11 @@ TEST_F(LocateImage, FindsTheFirstListsEntryAndItsBlock)
     {
         const char *Value, *File;
         MediaSource Source;
-    } cases[] = {{"zip.pcx", "zip.pcx", MediaSource::PCXBrowser},
-                 {"Rocks.png", nullptr, MediaSource::None},
-                 {"rocksdoor.PNG", "RocksDoor.pcx", MediaSource::PCXBrowser},
-                 {"far.pcx", "far.PNG", MediaSource::Extra},
-                 {"game.pc", nullptr, MediaSource::None},
-                 {"C:game.pcx", "game.pcx", MediaSource::Rnd}};
+    } cases[] = {
+        {"zip.pcx", "zip.pcx", MediaSource::PCXBrowser}, {"zip.pcx  # see: x", "zip.pcx", MediaSource::PCXBrowser},
+        {"Rocks.png", nullptr, MediaSource::None},       {"rocksdoor.PNG", "RocksDoor.pcx", MediaSource::PCXBrowser},
+        {"far.pcx", "far.PNG", MediaSource::Extra},      {"game.pc", nullptr, MediaSource::None},
+        {"C:game.pcx", "game.pcx", MediaSource::Rnd}};
     for (const auto& one : cases) {
         SCOPED_TRACE(one.Value);
         Load(QByteArray("zip: ") + one.Value + "\nzip.xpos: 4\n", 1);
