@@ -18,6 +18,11 @@ static void LinkShippedSettings()
 
 namespace {
 
+/// Keys that came later than their section: a file without them is older, not broken.
+constexpr QLatin1StringView LaterKeys[] = {QLatin1StringView("AskBeforeMacros"), QLatin1StringView("LineHints"),
+                                           QLatin1StringView("Thumbnails"), QLatin1StringView("ScreenReader"),
+                                           QLatin1StringView("ColourForm")};
+
 QString Place(const QString& section, const QString& key)
 {
     return section.toLower() + u'\n' + key.toLower();
@@ -74,9 +79,12 @@ QString SettingsReader::Shipped(const QString& section, const QString& key)
 
 QString SettingsReader::Correct(const QString& section, const QString& key)
 {
-    // A section that is not there at all is newer than the file.
-    if (!ReadSection(section).isEmpty())
-        corrected << u'[' + section + QStringLiteral("] ") + key;
+    const bool newer = ReadSection(section).isEmpty() ||
+                       (ReadIni(section, key) == IniFile::NotFound &&
+                        std::find(std::begin(LaterKeys), std::end(LaterKeys), key) != std::end(LaterKeys));
+    const QString told = u'[' + section + QStringLiteral("] ") + key;
+    if (!newer && !corrected.contains(told))
+        corrected << told;
     return Take(section, key);
 }
 

@@ -4,6 +4,7 @@
 #include "frame/documents/documents.h"
 #include "frame/frame_events.h"
 #include "frame/frame_state.h"
+#include "frame/recovery/recovery.h"
 #include "windows/about/frm_about.h"
 #include "windows/files/frm_project.h"
 #include "windows/find/find_dialogs.h"
@@ -22,6 +23,7 @@
 #include "windows/main/dropped_files.h"
 #include "windows/main/status_panels.h"
 #include "windows/main/tab_strip.h"
+#include "windows/main/waiting_tools.h"
 #include "windows/options/frm_options.h"
 #include "windows/parts/window_position.h"
 #include "windows/sets/frm_lvl_manager.h"
@@ -30,7 +32,6 @@
 #include <QApplication>
 #include <QMenuBar>
 #include <QStackedWidget>
-#include <QTimer>
 
 // What the rooms below ask of their host.
 
@@ -115,28 +116,28 @@ void frmmain::BusyPointer(bool busy)
 
 void frmmain::OpenTool(ToolWindow tool)
 {
-    if (tool == ToolWindow::Project)
-        RunProjectWindow(this);
-    if (tool == ToolWindow::About)
-        frmAbout::Run({[this](const QByteArray& tune) { PlayModule(tune); }, [this] { StopPlayers(); }}, this);
-    if (tool == ToolWindow::Options) {
-        RunOptionsWindow({[this] { bars.SaveCoolbar(); }, [this] { StorePosition(*this); },
-                          [this] { return CommandShortcuts(buttons->Entries()); }},
-                         this);
-        FocusPane();
-    }
-    if (tool == ToolWindow::PCXLab)
-        frmPCXLab::Run(this);
-    if (tool == ToolWindow::AVI2BMP)
-        frmAVI2BMP::Run(this);
-    if (tool == ToolWindow::MakePreview)
-        frmMakePreview::Run(this);
-    if (tool == ToolWindow::Games)
-        RunGamesWindow(this);
-    if (tool == ToolWindow::Wizard)
-        frmWizard::Run(this);
-    if (tool == ToolWindow::LevelManager)
-        ManageLevels({});
+    // In the order of ToolWindow.
+    static constexpr void (*Openers[])(frmmain&) = {
+        [](frmmain& main) { RunProjectWindow(&main); },
+        [](frmmain& main) {
+            frmAbout::Run({[&main](const QByteArray& tune) { main.PlayModule(tune); }, [&main] { main.StopPlayers(); }},
+                          &main);
+        },
+        [](frmmain& main) {
+            RunOptionsWindow({[&main] { main.bars.SaveCoolbar(); }, [&main] { StorePosition(main); },
+                              [&main] { return CommandShortcuts(main.buttons->Entries()); }},
+                             &main);
+            main.FocusPane();
+        },
+        [](frmmain& main) { frmPCXLab::Run(&main); },
+        [](frmmain& main) { frmAVI2BMP::Run(&main); },
+        [](frmmain& main) { RunGamesWindow(&main); },
+        [](frmmain& main) { frmMakePreview::Run(&main); },
+        [](frmmain& main) { frmWizard::Run(&main); },
+        [](frmmain& main) { main.ManageLevels({}); },
+    };
+    static_assert(std::size(Openers) == size_t(ToolWindow::LevelManager) + 1);
+    Openers[size_t(tool)](*this);
 }
 
 /// Confs that are chosen there open once the window has closed.
@@ -153,9 +154,25 @@ void frmmain::EditMacro(const QString& path)
 
 void frmmain::ShowZippedSet(const QString& archive)
 {
-    QTimer::singleShot(0, this, [this, archive] {
+    tools->Add([this, archive] {
         if (IsRndPathSet())
             ManageLevels(archive);
+    });
+}
+
+void frmmain::ShowMacro(const QString& path)
+{
+    tools->Add([this, path] {
+        if (IsRndPathSet())
+            EditMacro(path);
+    });
+}
+
+void frmmain::ShowCode(const RecoveredText& code)
+{
+    tools->Add([this, code] {
+        HideLists();
+        frmMacroEdit::TakeBack(this, code);
     });
 }
 

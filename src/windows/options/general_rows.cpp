@@ -1,11 +1,15 @@
 #include "windows/options/general_rows.h"
 
+#include "conf/block_commands.h"
+
 namespace {
 
 constexpr const char* CodeLists[] = {"Elements", "Actions", "Graphic commands", "Special"};
 constexpr const char* NagNames[] = {"Document Changed", "Save Messages", "Image Errors", "Text Errors", "File Errors"};
-constexpr const char* QuickFields[] = {"Xpos",        "Ypos", "Frames",      "Delay",  "Anim_mode",
-                                       "Start_frame", "Name", "Global_sync", "Offset", "Editor info"};
+/// In the order of QuickFields.
+constexpr const char* QuickFieldNames[] = {"Xpos",        "Ypos", "Frames",      "Delay",  "Anim_mode",
+                                           "Start_frame", "Name", "Global_sync", "Offset", "Editor info"};
+static_assert(std::size(QuickFieldNames) == QuickFields.size());
 
 } // namespace
 
@@ -14,7 +18,7 @@ std::span<const FlagFrame> FlagFrames()
     static constexpr FlagFrame Frames[] = {
         {"Auto Complete", "chkAutoComp", "AutoCompleteTemplate", CodeLists},
         {"Nag Messages", "chkNag", "Nags", NagNames},
-        {"Quick Element Template", "chkQuickEle", "QuickElementTemplate", QuickFields},
+        {"Quick Element Template", "chkQuickEle", "QuickElementTemplate", QuickFieldNames},
     };
     return Frames;
 }

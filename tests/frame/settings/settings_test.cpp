@@ -29,6 +29,7 @@ TEST_F(Settings, BrokenAndMissingNumbersTakeTheShippedValueAndAreToldOnce)
     Run.Edit("UndoLimit=-1\n", "");
     Run.Edit("MainFontSize=9.75", "MainFontSize=9,75");
     Run.Edit("WindowColour=16050410", "WindowColour=");
+    Run.Edit("ColourForm=0", "ColourForm=grey"); // is asked for twice
     Run.Start();
     EXPECT_EQ(Frame.Settings.SpacerWidth, 43);
     EXPECT_EQ(Frame.Settings.UndoLimit, -1);
@@ -36,8 +37,19 @@ TEST_F(Settings, BrokenAndMissingNumbersTakeTheShippedValueAndAreToldOnce)
     EXPECT_EQ(Window.Pane(0).GetColor(0), 16050410);
     const QStringList told = Run.TakeMessages();
     ASSERT_EQ(told.size(), 1);
-    EXPECT_EQ(told[0].count(u"[Misc]"), 2);
+    EXPECT_EQ(told[0].count(u"[Misc]"), 3);
     EXPECT_EQ(told[0].count(u"[Syntax Colours]"), 2);
+}
+
+// Catches: a new release that calls the settings of the one before broken, or leaves its new ones out.
+TEST_F(Settings, WhatAnOlderFileLacksIsAddedInSilence)
+{
+    Run.Edit("ColourForm=0", "");
+    Run.Edit("LineHints=1\n", "");
+    Run.Start();
+    EXPECT_EQ(Run.TakeMessages(), QStringList());
+    EXPECT_EQ(Frame.Settings.LineHints, 1);
+    EXPECT_TRUE(Run.UserIni().contains("ColourForm=0") && Run.UserIni().contains("LineHints=1\n"));
 }
 
 // Catches: a correction that is told again at every start, tool bars that lose their rows because a key of theirs is

@@ -129,7 +129,7 @@ TEST_F(GeneralPageTest, ThePositionIsStoredWhereTicked)
     Window->move(30, 40);
     Options([&](frmOptions& window) {
         Click(window, "cmblApply0");
-        EXPECT_EQ(Ini("Window Positions", "Width"), QStringLiteral("1100"));
+        EXPECT_EQ(Ini("Window Positions", "Width"), QStringLiteral("1200"));
         Click(window, "chkOther0");
         Click(window, "cmblApply0");
     });
