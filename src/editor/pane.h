@@ -249,7 +249,7 @@ private:
     struct SearchPiece;
     SearchPiece PieceFrom(const Search& search, qsizetype at, qsizetype end) const;
     bool ReplaceIn(const Search& search, Span& range, RunScope& run);
-    bool ReplaceAllIn(const Search& search, QList<Span>& pieces);
+    bool ReplaceAllIn(const Search& search, QList<Span>& pieces, const std::function<void()>& select);
     Search StartSearch(bool replacing);
 
     Component text;
