@@ -77,6 +77,7 @@ private:
     bool Watches() const override;
     void ShowWatch(const QStringList& lines) override;
     void ShowLists();
+    void TurnToList();
     void FilterCommands(const QString& typed);
     void InsertCommand();
 
