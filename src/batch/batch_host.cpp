@@ -1,6 +1,7 @@
 #include "batch/batch_host.h"
 
 #include "frame/frame_events.h"
+#include "frame/recovery/recovery.h"
 
 BatchHost::BatchHost() = default;
 BatchHost::~BatchHost() = default;
@@ -18,6 +19,11 @@ EditorPane& BatchHost::txtBuffer()
     if (!buffer)
         buffer = MakePane();
     return *buffer;
+}
+
+void BatchHost::ShowCode(const RecoveredText& code)
+{
+    ShownCode = code.Bytes;
 }
 
 void BatchHost::SelectTab(int tab)

@@ -37,12 +37,15 @@ public:
     void StopPlayers() override {}
     void EditMacro(const QString&) override {}
     void ShowZippedSet(const QString& archive) override { ZippedSets << archive; }
+    void ShowMacro(const QString& path) override { ShownMacros << path; }
+    void ShowCode(const RecoveredText& code) override;
     void Listen(FrameEvents& events) override;
 
     std::array<TabFace, 8> Faces;
     std::vector<int> Modes; ///< as they came
     QString CaretPlace, Path;
-    QStringList Notices, ZippedSets;
+    QStringList Notices, ZippedSets, ShownMacros;
+    QByteArray ShownCode;
     std::optional<ListKind> ShownList;
     MediaHit ShownEntry{MediaSource::None, -1, {}};     ///< of the media lists
     std::function<void(const MediaRequest&)> OnPreview; ///< stands for the tool that opens a media file

@@ -144,18 +144,28 @@ qsizetype CodeListBox::FirstFor(const QString& word) const
         });
         return found == items.end() ? -1 : found - items.begin();
     };
-    const qsizetype bracketed = BehindBracket() ? first(u'[' + word) : -1;
-    return bracketed < 0 ? first(word) : bracketed;
+    const QString sign = SignBefore();
+    const qsizetype signedOne = sign.isEmpty() ? -1 : first(sign + word);
+    return signedOne < 0 ? first(word) : signedOne;
 }
 
-/// Some items begin with a bracket, which is no part of a word.
-bool CodeListBox::BehindBracket() const
+/// Some items begin with a bracket or another sign, which is no part of a word.
+QString CodeListBox::SignBefore() const
 {
+    constexpr QByteArrayView Signs("[$@?");
     const qsizetype caret = text.Selection().Caret;
     QByteArrayView before = text.Piece(text.LineStart(text.LineOf(caret)), caret);
     while (!before.isEmpty() && IsWordByte(before.back())) // the caret may stand inside the word
         before.chop(1);
-    return before.endsWith('[');
+    return !before.isEmpty() && Signs.contains(before.back()) ? QString(QLatin1Char(before.back())) : QString();
+}
+
+/// Is the word at the caret the item, or what stands in front of the item's form?
+bool CodeListBox::Stands(qsizetype row) const
+{
+    const QString word = pane.CurrentWord();
+    const QString item = items[row].section(u' ', 0, 0);
+    return item == word || item == QString(SignBefore() + word);
 }
 
 void CodeListBox::Follow()
@@ -192,7 +202,7 @@ bool CodeListBox::TakeAccept(bool always)
 {
     const qsizetype row = IsOpen() ? Selected() : -1;
     Close();
-    if (row < 0 || (!always && items[row] == pane.CurrentWord()))
+    if (row < 0 || (!always && Stands(row)))
         return false;
     Pick(row);
     return true;

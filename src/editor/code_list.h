@@ -32,7 +32,8 @@ private:
     void Place();
     void Pick(qsizetype row);
     qsizetype FirstFor(const QString& word) const;
-    bool BehindBracket() const;
+    QString SignBefore() const;
+    bool Stands(qsizetype row) const;
     qsizetype Selected() const;
 
     EditorPane& pane;

@@ -6,6 +6,7 @@ class EditorPane;
 class FrameEvents;
 struct MediaHit;
 struct MediaRequest;
+struct RecoveredText;
 
 /// What a tab of the strip shows.
 struct TabFace
@@ -55,8 +56,11 @@ public:
     virtual bool CanPreview(int mode) const = 0;                ///< is there a tool that opens the media of a mode?
     virtual void PreviewMedia(const MediaRequest& request) = 0; ///< returns when done
     virtual void StopPlayers() = 0;
-    virtual void EditMacro(const QString& path) = 0;        ///< on the workbench; empty: a new one. Returns when closed
-    virtual void ShowZippedSet(const QString& archive) = 0; ///< in the Level Manager, once the caller has returned
+    virtual void EditMacro(const QString& path) = 0; ///< on the workbench; empty: a new one. Returns when closed
+    // Once the caller has returned and nothing else is at work.
+    virtual void ShowZippedSet(const QString& archive) = 0; ///< in the Level Manager
+    virtual void ShowMacro(const QString& path) = 0;        ///< on the workbench
+    virtual void ShowCode(const RecoveredText& code) = 0;   ///< unsaved code, on the workbench; its copy goes then
 };
 
 /// A host has all the ports, and hears what changes.

@@ -2,6 +2,8 @@
 
 #include "frame/messages/messages.h"
 #include "macro/language/source_text.h"
+#include "macro/run_macro.h"
+#include "platform/files/paths.h"
 #include "text/document_text.h"
 
 #include <QFileInfo>
@@ -17,7 +19,12 @@ ResourceResult<> SaveMacroSource(const DocumentText& code, const QString& path)
     QStringList typed;
     for (int i = 0; i < code.LineCount(); ++i)
         typed << code.GetLine(i);
-    return AddBytesToResource(SourceOfMacro, SourceToSave(typed).toUtf8(), path);
+    const QByteArray source = SourceToSave(typed).toUtf8();
+    if (!IsPlainSource(path))
+        return AddBytesToResource(SourceOfMacro, source, path);
+    if (const Result<> written = paths::WriteWhole(path, source); !written)
+        return tl::unexpected(ResourceFailure{ResourceFault::Other, written.error()});
+    return {};
 }
 
 void TellUnreadableMacro(const QString& path, const Failure& failure)

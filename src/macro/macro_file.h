@@ -8,7 +8,7 @@
 class DocumentText;
 
 /// The text of a code pane into a macro's archive as its source, the resources in it untouched. The archive is made if
-/// there is none.
+/// there is none; a file of plain source stays one.
 [[nodiscard]] ResourceResult<> SaveMacroSource(const DocumentText& code, const QString& path);
 
 /// Tells the user that a macro's file cannot be read.

@@ -34,6 +34,14 @@ Result<QByteArray> ReadMacroSource(const QString& path)
     return tl::unexpected(source.error().Why);
 }
 
+bool IsPlainSource(const QString& path)
+{
+    if (!paths::FileExists(path))
+        return path.endsWith(QLatin1String(".gfbasic"), Qt::CaseInsensitive);
+    const Result<QByteArray> bytes = paths::ReadWhole(path, LargestSource);
+    return bytes && !IsArchive(*bytes) && !bytes->contains('\0'); // damaged archives are none
+}
+
 std::optional<MacroError> RunMacro(const MacroRequest& request, RunStage& stage, RunScope& scope)
 {
     const auto run = std::make_unique<RunState>(stage, scope);

@@ -21,6 +21,9 @@ struct MacroRequest
 /// The source in a macro's file: an archive with the entry "basic.txt", or plain source.
 [[nodiscard]] Result<QByteArray> ReadMacroSource(const QString& path);
 
+/// Is a macro's file source without an archive around it? One that is not there yet: by its name.
+bool IsPlainSource(const QString& path);
+
 /// Runs a macro to its end. Nothing of the run is left afterwards but what it did to texts and files. The error has
 /// been shown by the stage.
 std::optional<MacroError> RunMacro(const MacroRequest& request, RunStage& stage, RunScope& scope);

@@ -1,3 +1,4 @@
+#include "check_cases.h"
 #include "frame/vocabulary.h"
 #include "macro_scope.h"
 #include "services/archive_tool.h"
@@ -6,57 +7,9 @@
 #include <QFile>
 #include <gtest/gtest.h>
 
-// The files in checks/ hold one macro a case:
-//
-//     === what the case shows
-//     < a line of the text it works on
-//     ? an answer to its dialogs
-//     the macro
-//     ---
-//     what it must do: MESSAGE and the like as they come, "> " and a line of the text it leaves, ERROR LINE: TEXT
-//
-// "{folder}" stands for the folder that the macro runs in, which holds "Plain.txt" (5 bytes) and the folder "Sub".
-
 namespace {
 
-struct Case
-{
-    QString Name;
-    QStringList Text, Answers, Source, Wanted;
-};
-
-std::vector<Case> CasesOf(const QString& file)
-{
-    QFile opened(file);
-    std::vector<Case> cases;
-    if (!opened.open(QIODevice::ReadOnly))
-        return cases;
-    QStringList lines = QString::fromUtf8(opened.readAll()).split(u'\n');
-    lines.removeLast();
-    bool wanted = false;
-    for (const QString& line : lines) {
-        if (line.startsWith(QLatin1String("=== "))) {
-            cases.push_back({line.sliced(4), {}, {}, {}, {}});
-            wanted = false;
-        } else if (cases.empty()) {
-            continue;
-        } else if (wanted) {
-            if (!line.isEmpty())
-                cases.back().Wanted << line;
-        } else if (line == QLatin1String("---")) {
-            wanted = true;
-        } else if (line.startsWith(QLatin1String("< ")) && cases.back().Source.isEmpty()) {
-            cases.back().Text << line.sliced(2);
-        } else if (line.startsWith(QLatin1String("? ")) && cases.back().Source.isEmpty()) {
-            cases.back().Answers << line.sliced(2);
-        } else {
-            cases.back().Source << line;
-        }
-    }
-    return cases;
-}
-
-QStringList Done(const Case& one)
+QStringList Done(const CheckCase& one)
 {
     MacroScope scope;
     Frame.DataFolder = ProjectFile(QStringLiteral("data/"));
@@ -103,9 +56,9 @@ TEST(MacroChecks, EveryFileDoesWhatItSays)
     const QStringList files = folder.entryList({QStringLiteral("*.txt")}, QDir::Files, QDir::Name);
     EXPECT_GT(files.size(), 5);
     for (const QString& file : files) {
-        const std::vector<Case> cases = CasesOf(folder.filePath(file));
+        const std::vector<CheckCase> cases = CheckCasesOf(folder.filePath(file));
         EXPECT_FALSE(cases.empty()) << file;
-        for (const Case& one : cases) {
+        for (const CheckCase& one : cases) {
             SCOPED_TRACE(QString(file + QStringLiteral(": ") + one.Name));
             EXPECT_EQ(Joined(Done(one)), Joined(one.Wanted));
         }

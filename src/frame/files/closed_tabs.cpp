@@ -18,6 +18,8 @@ constexpr size_t MostClosedFiles = 20;
 /// A text that was given up, but whose tab then stayed, is not brought back beside itself.
 bool StandsInATab(const RecoveredText& text)
 {
+    if (text.Code)
+        return false;
     for (int tab = 0; tab < 8; ++tab)
         if (Frame.Documents.at(tab).Face.Visible && Panes().Pane(tab).FileBytes() == text.Bytes)
             return true;
@@ -37,6 +39,14 @@ std::optional<RecoveredText> LastClosedText()
         text = Frame.Keeper->LastClosed();
     }
     return text;
+}
+
+void KeepAsClosed(int tab)
+{
+    if (!Frame.Keeper)
+        return;
+    if (const Result<> kept = Frame.Keeper->KeepClosed(tab); !kept)
+        ShowNotice(QStringLiteral("The text can not be kept as a closed one: ") + kept.error().Reason);
 }
 
 bool OpenInFreeTab(const QString& path)
@@ -78,10 +88,12 @@ void KeepClosedText(int tab)
             Frame.Closed.erase(Frame.Closed.begin());
         return;
     }
-    if (!Frame.Keeper)
-        return;
-    if (const Result<> kept = Frame.Keeper->KeepClosed(tab); !kept)
-        ShowNotice(QStringLiteral("The text can not be kept as a closed one: ") + kept.error().Reason);
+    KeepAsClosed(tab);
+}
+
+void KeepClosedCode()
+{
+    KeepAsClosed(Recovery::CodeTab);
 }
 
 void ReopenClosedTab()
@@ -96,6 +108,8 @@ void ReopenClosedTab()
     }
     if (!text)
         return ShowNotice(QStringLiteral("No closed tab is known"));
-    ShowNotice(TakeRecovered(*text) ? QStringLiteral("The text is back, unsaved as it was")
-                                    : QStringLiteral("All eight tabs are taken"));
+    if (!TakeRecovered(*text))
+        ShowNotice(QStringLiteral("All eight tabs are taken"));
+    else if (!text->Code) // its window comes by itself
+        ShowNotice(QStringLiteral("The text is back, unsaved as it was"));
 }

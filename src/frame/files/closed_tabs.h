@@ -10,5 +10,9 @@ bool MayGiveUp(DocumentText& pane);
 /// could be kept nowhere is told in the status bar.
 void KeepClosedText(int tab);
 
-/// "Reopen Closed Tab": what left its tab last comes back, an unsaved text as one, in its own tab or a free one.
+/// The same for unsaved code of the workbench, which has told the keeper of it.
+void KeepClosedCode();
+
+/// "Reopen Closed Tab": what left its tab last comes back, an unsaved text as one, in its own tab or a free one; code
+/// on the workbench.
 void ReopenClosedTab();

@@ -9,15 +9,15 @@ class DocumentText;
 /// Title of the file dialogs' filter, one for open, save and insert.
 QString DocumentFilter();
 
-/// A zipped set does not: the Level Manager shows it.
+/// A zipped set does not: the Level Manager shows it. Nor does a macro, which the workbench shows.
 bool OpensInTab(const QString& path);
 
 void NewDocument(int mode);
 void MakeTemplate(int mode);
 void OpenCommand();
 /// Opens a file in the current tab, or shows the tab that has it unless `force` is set. True if a tab shows it now;
-/// otherwise the reason was told and tab, path and text are as they were. A zipped
-/// level set opens in the Level Manager instead.
+/// otherwise the reason was told and tab, path and text are as they were. What does not
+/// open in a tab is shown by its tool instead, once the caller has returned.
 bool OpenDocument(const QString& path, bool force);
 void RevertDocument();
 void InsertFileAtCaret();

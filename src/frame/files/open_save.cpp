@@ -167,6 +167,27 @@ bool Save(const QString& told, bool backup, bool sure = false)
     return true;
 }
 
+/// What shows files whose bytes are not for a tab.
+using ShowInTool = void (ToolPort::*)(const QString& path);
+struct ToolFile
+{
+    QLatin1StringView Ending;
+    ShowInTool Show;
+};
+constexpr ToolFile ToolFiles[] = {
+    {QLatin1StringView(".levzip"), &ToolPort::ShowZippedSet},
+    {QLatin1StringView(".gfb"), &ToolPort::ShowMacro},
+    {QLatin1StringView(".gfbasic"), &ToolPort::ShowMacro},
+};
+
+ShowInTool ToolFor(const QString& path)
+{
+    for (const ToolFile& row : ToolFiles)
+        if (path.endsWith(row.Ending, Qt::CaseInsensitive))
+            return row.Show;
+    return nullptr;
+}
+
 } // namespace
 
 Result<QString> MakeBackup(const QString& path)
@@ -182,7 +203,7 @@ Result<QString> MakeBackup(const QString& path)
 
 bool OpensInTab(const QString& path)
 {
-    return !path.endsWith(QLatin1String(".levzip"), Qt::CaseInsensitive);
+    return !ToolFor(path);
 }
 
 bool OpenDocument(const QString& told, bool force)
@@ -191,8 +212,8 @@ bool OpenDocument(const QString& told, bool force)
     const BusyScope busy;
     const QString existing = paths::Existing(told);
     const QString path = Absolute(existing.isEmpty() ? paths::Inside(told) : existing);
-    if (!OpensInTab(path) && !existing.isEmpty()) {
-        Tools().ShowZippedSet(path);
+    if (const ShowInTool show = ToolFor(path); show && !existing.isEmpty()) {
+        (Tools().*show)(path);
         return false;
     }
     const int holder = force ? -1 : TabWithFile(path);

@@ -63,6 +63,10 @@ void Fill(int tab, const RecoveredText& text)
 
 bool TakeRecovered(const RecoveredText& text)
 {
+    if (text.Code) {
+        Tools().ShowCode(text);
+        return true;
+    }
     const int tab = TabFor(text);
     if (tab < 0)
         return false;

@@ -13,6 +13,7 @@
 namespace {
 
 constexpr qint64 Never = -1;
+constexpr int Slots = Recovery::CodeTab + 1;
 
 struct WaitingTab
 {
@@ -30,12 +31,9 @@ QString CopyName(int tab)
     return TabCopies + QString::number(tab);
 }
 
-recovery::CopyFacts FactsOf(int tab, const DocumentText& pane)
+recovery::CopyFacts FactsOf(const DocumentText& pane)
 {
-    const Document& document = Frame.Documents.at(tab);
     recovery::CopyFacts facts;
-    facts.DocumentPath = HasFile(document) ? document.Path : QString();
-    facts.Mode = document.Mode;
     facts.Encoding = pane.FitsEncoding() ? pane.Encoding() : FileEncoding::Utf8;
     facts.LineEnd = pane.LineEnd();
     facts.Kept = QDateTime::currentMSecsSinceEpoch();
@@ -63,20 +61,38 @@ struct Recovery::Private
         Clock.start();
     }
 
+    /// Null: there is none, or nobody sees it.
+    const DocumentText* TextOf(int tab) const
+    {
+        if (tab == CodeTab)
+            return Code;
+        return Frame.Documents.at(tab).Face.Visible ? &Panes().Pane(tab) : nullptr;
+    }
+
     qint64 DueAt(int tab) const
     {
         const WaitingTab& waiting = Tabs.at(tab);
         if (waiting.FirstEdit == Never)
             return waiting.Again;
-        const bool large = Panes().Pane(tab).Bytes().size() > LargeText;
+        const DocumentText* text = TextOf(tab);
+        const bool large = text && text->Bytes().size() > LargeText;
         return std::min(waiting.LastEdit + Pace.Quiet, waiting.FirstEdit + (large ? Pace.MostLarge : Pace.Most));
     }
 
     /// `untilWritten`: the caller waits for the worker and lets nothing change meanwhile.
     void Keep(int tab, const QString& name, bool untilWritten)
     {
-        const DocumentText& pane = Panes().Pane(tab);
-        Worker.Write(name, FactsOf(tab, pane), BytesOf(pane, untilWritten));
+        const DocumentText& pane = tab == CodeTab ? *Code : Panes().Pane(tab);
+        recovery::CopyFacts facts = FactsOf(pane);
+        if (tab == CodeTab) {
+            facts.DocumentPath = Macro;
+            facts.Code = true;
+        } else {
+            const Document& document = Frame.Documents.at(tab);
+            facts.DocumentPath = HasFile(document) ? document.Path : QString();
+            facts.Mode = document.Mode;
+        }
+        Worker.Write(name, facts, BytesOf(pane, untilWritten));
     }
 
     void KeepTab(int tab, bool untilWritten)
@@ -97,7 +113,9 @@ struct Recovery::Private
 
     QString Folder, Spare; ///< Spare may be empty
     RecoveryPace Pace;
-    std::array<WaitingTab, 8> Tabs;
+    std::array<WaitingTab, Slots> Tabs;
+    const DocumentText* Code = nullptr;
+    QString Macro; ///< that Code belongs to
     QElapsedTimer Clock;
     QTimer Timer;
     int Apart = 0;
@@ -120,13 +138,14 @@ Recovery::Recovery(const QString& stateFolder, QObject* parent, RecoveryPace pac
     connect(&d->Timer, &QTimer::timeout, this, [this] {
         const qint64 now = d->Clock.elapsed();
         qint64 next = Never;
-        for (int tab = 0; tab < 8; ++tab) {
+        for (int tab = 0; tab < Slots; ++tab) {
             if (!d->Tabs.at(tab).Waits())
                 continue;
+            const DocumentText* text = d->TextOf(tab);
             const qint64 due = d->DueAt(tab);
             if (due > now)
                 next = next == Never ? due : std::min(next, due);
-            else if (Panes().Pane(tab).Modified())
+            else if (text && text->Modified())
                 d->KeepTab(tab, false);
             else
                 TextSettled(tab);
@@ -146,6 +165,14 @@ void Recovery::Written(const QString& name, const Result<>& written)
         return;
     ShowNotice(written ? QStringLiteral("Unsaved text is kept for recovery again.")
                        : QStringLiteral("Unsaved text can not be kept for recovery: ") + written.error().Reason);
+}
+
+void Recovery::SetCode(const DocumentText* code, const QString& macro)
+{
+    if (code != d->Code)
+        d->Tabs.at(CodeTab) = {};
+    d->Code = code;
+    d->Macro = macro;
 }
 
 void Recovery::TextEdited(int tab)
@@ -182,14 +209,14 @@ Result<> Recovery::KeepClosed(int tab)
 
 Result<> Recovery::KeepAllNow()
 {
-    for (int tab = 0; tab < 8; ++tab) {
-        if (Frame.Documents.at(tab).Face.Visible && Panes().Pane(tab).Modified())
+    for (int tab = 0; tab < Slots; ++tab) {
+        if (const DocumentText* text = d->TextOf(tab); text && text->Modified())
             d->KeepTab(tab, true);
         else
             TextSettled(tab);
     }
     WaitForWorker();
-    for (int tab = 0; tab < 8; ++tab)
+    for (int tab = 0; tab < Slots; ++tab)
         if (d->Tabs.at(tab).HasCopy)
             if (const Result<> kept = d->Worker.Settled(CopyName(tab)); !kept)
                 return kept;

@@ -19,6 +19,7 @@ struct RecoveredText
     QDateTime Kept;
     QByteArray Bytes;        ///< as the file would have been written
     bool SameAsDisk = false; ///< the file holds these very bytes now
+    bool Code = false;       ///< a macro's source: it belongs on the workbench, not in a tab
 };
 
 /// How long an edit may wait for its copy, in milliseconds.
@@ -43,6 +44,12 @@ public:
     explicit Recovery(const QString& stateFolder, QObject* parent = nullptr, RecoveryPace pace = {},
                       const QString& spareFolder = {});
     ~Recovery() override;
+
+    /// Beside the tabs 0 to 7: the code on the workbench, which all routines take as one more tab.
+    static constexpr int CodeTab = 8;
+    /// The code that is on the workbench from now on, and the macro it belongs to; null: none. A copy of the one before
+    /// stays as it is.
+    void SetCode(const DocumentText* code, const QString& macro = {});
 
     void TextEdited(int tab);  ///< the pane of the tab changed and is Modified
     void TextSettled(int tab); ///< saved, reverted or given up: its copy goes

@@ -121,6 +121,7 @@ std::optional<RecoveredText> ReadCopy(const QString& copy)
     text.LineEnd = LineBreak(lineEnd);
     text.Kept = QDateTime::fromMSecsSinceEpoch((*header)[u"kept"].toInteger());
     text.Bytes = std::move(*bytes);
+    text.Code = (*header)[u"code"].toBool();
     text.SameAsDisk = SameOnDisk(text);
     return text;
 }
@@ -136,6 +137,7 @@ QByteArray HeaderOf(const recovery::CopyFacts& facts, const QString& data, QByte
         {QStringLiteral("kept"), facts.Kept},
         {QStringLiteral("data"), data},
         {QStringLiteral("hash"), HashOf(bytes)},
+        {QStringLiteral("code"), facts.Code},
     };
     return QJsonDocument(header).toJson();
 }

@@ -18,6 +18,7 @@ struct CopyFacts
     FileEncoding Encoding = FileEncoding::Utf8;
     LineBreak LineEnd = LineBreak::CrLf;
     qint64 Kept = 0; ///< milliseconds since 1970
+    bool Code = false;
 };
 
 /// Copies older than this are of no use to anybody.

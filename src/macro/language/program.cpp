@@ -21,7 +21,7 @@ qsizetype TrimmedSize(QStringView token)
 }
 
 /// The fault of a label's or sub's line; stores its name if there is none.
-QString TakeLabel(Program& program, const QString& line, int index)
+QString TakeLabel(LabelTable& labels, const QString& line, int index)
 {
     const QStringList tokens = line.split(u' ');
     if (QString fault = ShapeFault(tokens, Exactly(1)); !fault.isEmpty())
@@ -29,10 +29,10 @@ QString TakeLabel(Program& program, const QString& line, int index)
     const QString& name = tokens.at(1);
     if (QString fault = LabelNameFault(name); !fault.isEmpty())
         return fault;
-    if (program.Labels.Find(name))
+    if (labels.Find(name))
         return QStringLiteral("Duplicate Label\\Sub error");
-    if (program.Labels.Count() < LabelTable::Most)
-        program.Labels.Add(name, index);
+    if (labels.Count() < LabelTable::Most)
+        labels.Add(name, index);
     return {};
 }
 
@@ -51,19 +51,27 @@ void Program::Take(const QStringList& lines)
     }
 }
 
+bool IsLabelLine(const QString& line)
+{
+    return Begins(line, QLatin1String("label")) || Begins(line, QLatin1String("sub"));
+}
+
+QString PrePassLine(LabelTable& labels, const QString& line, int index)
+{
+    if (!line.startsWith(u'#') && line.contains(QLatin1String("  ")))
+        return QStringLiteral("Found double spaces on this line. Spaces are used as delimiters!");
+    return IsLabelLine(line) ? TakeLabel(labels, line, index) : QString();
+}
+
 ProgramFault PrePass(Program& program)
 {
     ProgramFault tooMany;
     int found = 0;
     for (int i = 0; i <= program.LastLine; ++i) {
         const QString& line = program.Lines[size_t(i)].Written;
-        if (!line.startsWith(u'#') && line.contains(QLatin1String("  ")))
-            return {QStringLiteral("Found double spaces on this line. Spaces are used as delimiters!"), i};
-        if (!Begins(line, QLatin1String("label")) && !Begins(line, QLatin1String("sub")))
-            continue;
-        if (QString fault = TakeLabel(program, line, i); !fault.isEmpty())
+        if (QString fault = PrePassLine(program.Labels, line, i); !fault.isEmpty())
             return {fault, i};
-        if (++found > LabelTable::Most)
+        if (IsLabelLine(line) && ++found > LabelTable::Most)
             tooMany = {QStringLiteral("You can only have 1000 Labels + Subs per macro"), i};
     }
     return tooMany;

@@ -63,6 +63,10 @@ struct ProgramFault
 /// Checks every line and collects labels and subs.
 ProgramFault PrePass(Program& program);
 
+/// The same for one line, after those in front of it; empty: nothing is wrong.
+QString PrePassLine(LabelTable& labels, const QString& line, int index);
+bool IsLabelLine(const QString& line); ///< by its first letters, as the pre-pass takes it
+
 /// The test of a line's tokens; empty: nothing is wrong.
 QString ShapeFault(const QStringList& tokens, const Shape& shape);
 

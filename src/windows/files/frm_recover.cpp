@@ -103,7 +103,8 @@ void frmRecover::MakeParts()
 void frmRecover::PlaceParts()
 {
     auto* told = new QLabel(QStringLiteral("These texts were not saved when Gemforge ended. Take opens a text as an "
-                                           "unsaved document; the file on disk stays as it is until you save."),
+                                           "unsaved document, code of a macro on the workbench once this window has "
+                                           "gone; the file on disk stays as it is until you save."),
                             this);
     told->setWordWrap(true);
     auto* below = new QWidget(this);
@@ -134,7 +135,8 @@ void frmRecover::AddRow(int number)
     const RecoveredText& text = texts[number];
     const QLocale locale;
     const QString name = text.DocumentPath.isEmpty()
-                             ? QStringLiteral("(never saved, ") + ModeName(text.Mode).trimmed() + QLatin1Char(')')
+                             ? QStringLiteral("(never saved, %1)")
+                                   .arg(text.Code ? QStringLiteral("BASIC") : ModeName(text.Mode).trimmed())
                              : paths::Native(text.DocumentPath);
     auto* item = new QTreeWidgetItem(treeTexts, {name, locale.toString(text.Kept.toLocalTime(), QLocale::ShortFormat),
                                                  locale.formattedDataSize(text.Bytes.size())});

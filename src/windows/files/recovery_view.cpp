@@ -2,6 +2,7 @@
 
 #include "frame/recovery/line_diff.h"
 #include "platform/files/paths.h"
+#include "services/archive_tool.h"
 #include "text/encoding.h"
 
 namespace {
@@ -51,13 +52,23 @@ QString Changes(const std::vector<DiffLine>& changes)
     return lines;
 }
 
+/// Of a macro its source, which may lie in an archive.
+Result<QByteArray> FileOf(const RecoveredText& text)
+{
+    if (text.Code)
+        if (ResourceResult<QByteArray> source =
+                ReadResource(QStringLiteral("basic.txt"), text.DocumentPath, LargestCompared))
+            return *std::move(source);
+    return paths::ReadWhole(text.DocumentPath, LargestCompared);
+}
+
 } // namespace
 
 RecoveryView ViewOf(const RecoveredText& text)
 {
     if (text.DocumentPath.isEmpty())
         return {QStringLiteral("This text was never saved:"), Plain(text.Bytes)};
-    const Result<QByteArray> file = paths::ReadWhole(text.DocumentPath, LargestCompared);
+    const Result<QByteArray> file = FileOf(text);
     if (!file && !paths::FileExists(text.DocumentPath))
         return {QStringLiteral("The file has gone. The kept text:"), Plain(text.Bytes)};
     if (!file || text.Bytes.size() > LargestCompared)

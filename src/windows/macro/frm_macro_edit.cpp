@@ -1,19 +1,27 @@
 #include "windows/macro/frm_macro_edit.h"
 
+#include "conf/help_for_word.h"
 #include "frame/documents/documents.h"
+#include "frame/files/file_commands.h"
 #include "frame/files/tab_commands.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
 #include "frame/messages/asker.h"
+#include "frame/recovery/recovery.h"
 #include "frame/run_scope.h"
 #include "macro/language/source_text.h"
 #include "macro/macro_file.h"
 #include "macro/run_macro.h"
 #include "macro/started_windows.h"
 #include "macro/test_source.h"
+#include "macro/word_facts.h"
 #include "platform/files/paths.h"
 #include "windows/macro/code_look.h"
+#include "windows/macro/command_list.h"
+#include "windows/macro/kept_code.h"
+#include "windows/macro/live_marks.h"
 #include "windows/parts/dialog_help.h"
+#include "windows/parts/help_subject.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -44,12 +52,28 @@ FileQuestion MacroQuestion(FileQuestion::Use use, const char* title)
 
 void frmMacroEdit::Run(QWidget* owner, const QString& macroToEdit)
 {
+    Show(owner, [&](frmMacroEdit& window) {
+        if (!macroToEdit.isEmpty())
+            window.Open(macroToEdit);
+    });
+}
+
+void frmMacroEdit::TakeBack(QWidget* owner, const RecoveredText& kept)
+{
+    Show(owner, [&](frmMacroEdit& window) {
+        if (paths::FileExists(kept.DocumentPath))
+            window.Open(kept.DocumentPath);
+        window.kept->TakeBack(kept);
+    });
+}
+
+void frmMacroEdit::Show(QWidget* owner, const std::function<void(frmMacroEdit&)>& fill)
+{
     {
         const ModalScope scope;
         frmMacroEdit window(owner);
         window.New();
-        if (!macroToEdit.isEmpty())
-            window.Open(macroToEdit);
+        fill(window);
         window.txtEdit(Code).FocusPane();
         window.exec();
     }
@@ -100,6 +124,14 @@ void frmMacroEdit::AskForMacro()
         Open(*chosen);
 }
 
+/// The first of them that is a macro; whatever else is dropped is none of the workbench's.
+void frmMacroEdit::TakeDropped(const QStringList& files)
+{
+    const auto macro = std::ranges::find_if(files, [](const QString& file) { return !OpensInTab(file); });
+    if (!running && macro != files.end() && MayGiveUpCode())
+        Open(*macro);
+}
+
 void frmMacroEdit::Open(const QString& wanted)
 {
     const Result<QByteArray> source = ReadMacroSource(wanted);
@@ -107,8 +139,8 @@ void frmMacroEdit::Open(const QString& wanted)
         TellUnreadableMacro(wanted, source.error());
         return;
     }
-    TakeFile(wanted);
     TakeText(SourceFromBytes(*source));
+    TakeFile(wanted);
     for (const int command : {CmdDocumentStart, CmdCharRight, CmdCharLeft})
         txtEdit(Code).ExecuteCmd(command);
 }
@@ -144,6 +176,7 @@ bool frmMacroEdit::SaveUnder(const QString& wanted)
 void frmMacroEdit::TakeFile(const QString& taken)
 {
     path = taken;
+    kept->BelongsTo(path);
     const QString name = paths::FileNameOfPath(path);
     mnusave->setText(path.isEmpty() ? QStringLiteral("&Save")
                                     : QStringLiteral("&Save \"%1\"").arg(WithoutMnemonic(name)));
@@ -153,6 +186,7 @@ void frmMacroEdit::TakeFile(const QString& taken)
 
 void frmMacroEdit::TakeText(const QString& text)
 {
+    kept->GiveUp();
     EditorPane& code = txtEdit(Code);
     code.SetText(text);
     code.ClearUndoBuffer();
@@ -215,9 +249,13 @@ bool frmMacroEdit::MayGiveUpCode()
 
 bool frmMacroEdit::MayLeave()
 {
-    if (!Frame.Closing && !Frame.Ending)
-        return MayGiveUpCode();
-    if (!txtEdit(Code).Modified() || HandCodeToTab())
+    if (!Frame.Closing && !Frame.Ending) {
+        const bool may = MayGiveUpCode();
+        if (may)
+            kept->GiveUp();
+        return may;
+    }
+    if (!txtEdit(Code).Modified() || kept->KeepForNextStart() || HandCodeToTab())
         return true;
     Frame.Closing = false; // the program stays: the code would be lost
     return Frame.Ending;
@@ -303,6 +341,12 @@ void frmMacroEdit::MarkCaretLine(Side side)
     pane.SetHighlightedLine(pane.CaretLine());
 }
 
+void frmMacroEdit::GotoMark(bool forward)
+{
+    SSmacro->setCurrentIndex(Code);
+    marks->Goto(forward);
+}
+
 EditorPane& frmMacroEdit::PaneInFront() const
 {
     return txtEdit(Side(SSmacro->currentIndex()));
@@ -316,8 +360,8 @@ void frmMacroEdit::ShowFault(const MacroError& error)
     code.FocusPane();
     code.ExecuteCmd(CmdGotoLine, error.Line);
     code.ExecuteCmd(CmdLineStart);
-    const LineMarkColours& marks = CodeMarks(FormInUse());
-    code.SetColor(HighlightedLineSlot, error.BeforeRun ? marks.EarlyFault : marks.Fault);
+    const LineMarkColours& colours = CodeMarks(FormInUse());
+    code.SetColor(HighlightedLineSlot, error.BeforeRun ? colours.EarlyFault : colours.Fault);
     code.SetHighlightedLine(error.Line);
 }
 
@@ -354,8 +398,7 @@ void frmMacroEdit::ShowLists()
 {
     const bool watches = Watches();
     labcom->setText(watches ? QStringLiteral("Watch") : QStringLiteral("Commands"));
-    txtFilter->setVisible(!watches);
-    lstCom->setVisible(!watches);
+    words->setVisible(!watches);
     lstWatch->setVisible(watches);
 }
 
@@ -370,22 +413,19 @@ void frmMacroEdit::TurnToList()
         body->findChild<QLineEdit*>(QStringLiteral("txtFilter"))->setFocus(Qt::ShortcutFocusReason);
 }
 
-void frmMacroEdit::FilterCommands(const QString& typed)
+void frmMacroEdit::InsertCommand(const QString& word)
 {
-    for (int row = 0; row < lstCom->count(); ++row) {
-        QListWidgetItem* entry = lstCom->item(row);
-        const bool word = !entry->text().isEmpty() && !entry->text().startsWith(QLatin1String("--"));
-        entry->setHidden(!typed.isEmpty() && !(word && entry->text().contains(typed, Qt::CaseInsensitive)));
-    }
-}
-
-void frmMacroEdit::InsertCommand()
-{
-    const QListWidgetItem* entry = lstCom->currentItem();
-    if (!entry || entry->text().isEmpty() || entry->text().startsWith(QLatin1String("--")))
-        return;
     EditorPane& code = txtEdit(Code);
     SSmacro->setCurrentIndex(Code);
-    code.ReplaceSel(entry->text());
+    code.ReplaceSel(word);
     code.FocusPane();
+}
+
+/// The page of the word at hand, or the window's.
+void frmMacroEdit::HelpForCode(bool ofList)
+{
+    const EditorPane& code = txtEdit(Code);
+    const QString word = ofList ? words->CurrentWord() : WordAt(code.GetLine(code.CaretLine()), code.CaretColumn());
+    const std::optional<WordFacts> facts = FactsOfWord(word);
+    RunHelp(facts ? facts->HelpId : HelpSubjectOf(this));
 }

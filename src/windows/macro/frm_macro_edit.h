@@ -4,16 +4,20 @@
 
 #include <QDialog>
 #include <array>
+#include <functional>
 #include <memory>
 
 class QCheckBox;
 class QLabel;
-class QLineEdit;
 class QListWidget;
 class QMenu;
 class QMenuBar;
 class QPushButton;
 class QTabWidget;
+class CommandList;
+class KeptCode;
+class LiveMarks;
+struct RecoveredText;
 
 /// The workbench of Gemforge BASIC: a pane with a macro's code, and a pane on which its test runs work.
 class frmMacroEdit : public QDialog, private TestView
@@ -23,6 +27,8 @@ class frmMacroEdit : public QDialog, private TestView
 public:
     /// Open until its user leaves it. `macroToEdit`: the macro's file; empty: a new one.
     static void Run(QWidget* owner, const QString& macroToEdit = {});
+    /// The same with unsaved code of an earlier window.
+    static void TakeBack(QWidget* owner, const RecoveredText& kept);
 
     ~frmMacroEdit() override;
 
@@ -35,13 +41,13 @@ protected:
 
 private:
     explicit frmMacroEdit(QWidget* owner);
+    static void Show(QWidget* owner, const std::function<void(frmMacroEdit&)>& fill);
 
     // Parts
     void MakePanes();
     void MakeMenus();
     QWidget* MakeSide();
     QWidget* MakeLists(QWidget* side);
-    void FillCommands();
     void Connect();
     void DressCode();
     void DressOutput();
@@ -49,6 +55,7 @@ private:
     // Files
     void New();
     void AskForMacro();
+    void TakeDropped(const QStringList& files);
     void Open(const QString& path);
     bool Save(); ///< false: not saved
     bool SaveAs();
@@ -60,7 +67,7 @@ private:
     void RemoveResource(const QString& name);
     bool MayGiveUpCode();
     bool MayLeave();
-    bool HandCodeToTab(); ///< before the program ends: it keeps the texts of its tabs
+    bool HandCodeToTab(); ///< where it cannot be kept as code
 
     // Test runs
     void Test();
@@ -68,6 +75,7 @@ private:
     void ClearOutput();
     void SetBusy(bool busy);
     void MarkCaretLine(Side side);
+    void GotoMark(bool forward);
     EditorPane& PaneInFront() const;
     void ShowFault(const MacroError& error) override;
     QProgressBar& ProgressBar() override { return *progress; }
@@ -78,19 +86,21 @@ private:
     void ShowWatch(const QStringList& lines) override;
     void ShowLists();
     void TurnToList();
-    void FilterCommands(const QString& typed);
-    void InsertCommand();
+    void InsertCommand(const QString& word);
+    void HelpForCode(bool ofList);
 
     std::array<std::unique_ptr<EditorPane>, 2> panes;
+    std::unique_ptr<KeptCode> kept;
+    std::unique_ptr<LiveMarks> marks;
     QMenuBar* menus;
     QWidget* body;
     QTabWidget* SSmacro;
-    QLabel* lblFile;
+    QLabel *lblFile, *lblSays;
     QPushButton *cmdTest, *cmdClear;
     QCheckBox *chkClear, *chkSpace, *chkStep, *chkWatch, *chkTerminal9;
     QLabel* labcom;
-    QLineEdit* txtFilter;
-    QListWidget *lstCom, *lstWatch;
+    CommandList* words;
+    QListWidget* lstWatch;
     QProgressBar* progress;
     QAction *mnusave, *mnutest;
     QMenu* mnuRes;

@@ -7,20 +7,24 @@
 #include "macro/basic_words.h"
 #include "macro/watch_lines.h"
 #include "windows/find/find_dialogs.h"
+#include "windows/macro/code_completion.h"
 #include "windows/macro/code_look.h"
+#include "windows/macro/command_list.h"
+#include "windows/macro/kept_code.h"
+#include "windows/macro/live_marks.h"
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/help_subject.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
+#include <QSplitter>
 #include <QTabWidget>
 
 // The parts of the workbench and where they stand.
@@ -70,9 +74,22 @@ frmMacroEdit::frmMacroEdit(QWidget* owner)
     }
     body = new QWidget(this);
     MakePanes();
-    auto* row = new QHBoxLayout(body);
-    row->addWidget(SSmacro, 1);
-    row->addWidget(MakeSide());
+    kept = std::make_unique<KeptCode>(txtEdit(Code));
+    marks = std::make_unique<LiveMarks>(txtEdit(Code));
+    auto* split = new QSplitter(body);
+    split->setObjectName(QStringLiteral("split"));
+    split->setChildrenCollapsible(false);
+    split->addWidget(SSmacro);
+    split->addWidget(MakeSide());
+    split->setStretchFactor(0, 1);
+    split->setStretchFactor(1, 0);
+    lblSays = new QLabel(body);
+    lblSays->setObjectName(QStringLiteral("lblSays"));
+    lblSays->setTextFormat(Qt::PlainText);
+    lblSays->setWordWrap(true);
+    auto* rows = new QVBoxLayout(body);
+    rows->addWidget(split, 1);
+    rows->addWidget(lblSays);
     MakeMenus();
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins({});
@@ -119,6 +136,11 @@ void frmMacroEdit::MakeMenus()
     mnutest = Entry(edit, "mnutest", "&Test", Qt::Key_F5);
     connect(mnutest, &QAction::triggered, this, &frmMacroEdit::Test);
     connect(Entry(edit, "mnuClear", "&Clear Test Window"), &QAction::triggered, this, &frmMacroEdit::ClearOutput);
+    edit.addSeparator();
+    connect(Entry(edit, "mnuNextMark", "&Next Mark", Qt::Key_F8), &QAction::triggered, this,
+            [this] { GotoMark(true); });
+    connect(Entry(edit, "mnuPreviousMark", "&Previous Mark", Qt::SHIFT | Qt::Key_F8), &QAction::triggered, this,
+            [this] { GotoMark(false); });
     mnuRes = menus->addMenu(QStringLiteral("&Resources"));
     connect(Entry(*mnuRes, "mnuResAdd", "&Add A File"), &QAction::triggered, this, &frmMacroEdit::AddResource);
     mnuRes->addSeparator()->setObjectName(QStringLiteral("mnusepok"));
@@ -162,40 +184,18 @@ QWidget* frmMacroEdit::MakeLists(QWidget* side)
     auto* part = new QWidget(side);
     labcom = new QLabel(part);
     labcom->setObjectName(QStringLiteral("labcom"));
-    txtFilter = new QLineEdit(part);
-    txtFilter->setObjectName(QStringLiteral("txtFilter"));
-    txtFilter->setAccessibleName(QStringLiteral("Filter of the commands"));
-    txtFilter->setPlaceholderText(QStringLiteral("Filter"));
-    txtFilter->setClearButtonEnabled(true);
-    lstCom = new QListWidget(part);
-    lstCom->setObjectName(QStringLiteral("lstCom"));
-    lstCom->setAccessibleName(QStringLiteral("Commands"));
-    lstCom->setToolTip(QStringLiteral("A double click puts the word into the code"));
+    words = new CommandList(part);
     lstWatch = new QListWidget(part);
     lstWatch->setObjectName(QStringLiteral("lstWatch"));
     lstWatch->setAccessibleName(QStringLiteral("Watch"));
     auto* column = new QVBoxLayout(part);
     column->setContentsMargins({});
     column->addWidget(labcom);
-    column->addWidget(txtFilter);
-    for (QListWidget* list : {lstCom, lstWatch}) {
-        list->setUniformItemSizes(true);
-        column->addWidget(list, 1);
-    }
-    FillCommands();
+    lstWatch->setUniformItemSizes(true);
+    column->addWidget(words, 1);
+    column->addWidget(lstWatch, 1);
     ShowLists();
     return part;
-}
-
-void frmMacroEdit::FillCommands()
-{
-    for (const BasicWordGroup& group : BasicWords()) {
-        if (!group.Heading.isEmpty() && lstCom->count() > 0)
-            lstCom->addItem(QString());
-        if (!group.Heading.isEmpty())
-            lstCom->addItem(group.Heading);
-        lstCom->addItems(group.Words);
-    }
 }
 
 void frmMacroEdit::DressCode()
@@ -205,6 +205,7 @@ void frmMacroEdit::DressCode()
     code.SetLanguage(QStringLiteral("mac"));
     GiveCodeLook(code, FormInUse());
     code.SetPaneFont(QStringLiteral("Courier New"), CodePoints);
+    OfferCodeWords(code);
 }
 
 /// As a text of the main window.
@@ -228,9 +229,11 @@ void frmMacroEdit::Connect()
         PaneInFront().FocusPane();
     });
     connect(chkWatch, &QCheckBox::toggled, this, &frmMacroEdit::ShowLists);
-    connect(txtFilter, &QLineEdit::textChanged, this, &frmMacroEdit::FilterCommands);
-    connect(lstCom, &QListWidget::itemActivated, this, &frmMacroEdit::InsertCommand);
     connect(new QShortcut(Qt::Key_F6, body), &QShortcut::activated, this, &frmMacroEdit::TurnToList);
+    connect(words, &CommandList::Chosen, this, &frmMacroEdit::InsertCommand);
+    for (QWidget* part : {WidgetOf(txtEdit(Code)), static_cast<QWidget*>(words)})
+        connect(new QShortcut(Qt::Key_F1, part, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
+                &QShortcut::activated, this, [this, part] { HelpForCode(part == words); });
     connect(new QShortcut(QKeySequence::SelectAll, body), &QShortcut::activated, this,
             [this] { PaneInFront().ExecuteCmd(CmdSelectAll); });
     connect(chkTerminal9, &QCheckBox::toggled, this, [this](bool on) {
@@ -248,4 +251,7 @@ void frmMacroEdit::Connect()
         GiveLook(txtEdit(Output), LookOf(FormInUse()));
     });
     connect(&txtEdit(Code), &DocumentText::ModifiedChanged, this, &QWidget::setWindowModified);
+    connect(marks.get(), &LiveMarks::Said, lblSays, &QLabel::setText);
+    // Behind the drop: a question may come.
+    connect(&txtEdit(Code), &EditorPane::FilesDropped, this, &frmMacroEdit::TakeDropped, Qt::QueuedConnection);
 }

@@ -34,6 +34,7 @@
 #include "windows/main/run_watch.h"
 #include "windows/main/status_panels.h"
 #include "windows/main/tab_strip.h"
+#include "windows/main/waiting_tools.h"
 #include "windows/main/window_keys.h"
 #include "windows/media/media_tabs.h"
 #include "windows/media/media_view.h"
@@ -94,7 +95,8 @@ frmmain::frmmain()
       hints(new LineHintsView(this)),
       keys(new WindowKeys(this)),
       runs(new RunWatch(this, *panels)),
-      buttons(new MacroButtons(this))
+      buttons(new MacroButtons(this)),
+      tools(new WaitingTools(this))
 {
     setObjectName(QStringLiteral("frmmain"));
     setWindowTitle(QStringLiteral("Gemforge"));

@@ -27,6 +27,7 @@ class RunWatch;
 class StatusPanels;
 class TabStrip;
 class MarksPanel;
+class WaitingTools;
 class WordsPanel;
 class WindowKeys;
 
@@ -71,6 +72,8 @@ public:
     void StopPlayers() override { audio::Stop(); }
     void EditMacro(const QString& path) override;
     void ShowZippedSet(const QString& archive) override;
+    void ShowMacro(const QString& path) override;
+    void ShowCode(const RecoveredText& code) override;
     void PlayModule(const QByteArray& bytes) { audio::PlayModule(bytes); }
     void Listen(FrameEvents& events) override;
 
@@ -149,6 +152,7 @@ private:
     WindowKeys* keys;
     RunWatch* runs;
     MacroButtons* buttons;
+    WaitingTools* tools;
     std::array<std::unique_ptr<EditorPane>, 8> panes;
     std::unique_ptr<EditorPane> buffer;
     bool overtype = false;

@@ -4,6 +4,7 @@
 #include "frame/documents/documents.h"
 #include "frame/frame_events.h"
 #include "frame/frame_state.h"
+#include "frame/recovery/recovery.h"
 #include "windows/about/frm_about.h"
 #include "windows/files/frm_project.h"
 #include "windows/find/find_dialogs.h"
@@ -22,6 +23,7 @@
 #include "windows/main/dropped_files.h"
 #include "windows/main/status_panels.h"
 #include "windows/main/tab_strip.h"
+#include "windows/main/waiting_tools.h"
 #include "windows/options/frm_options.h"
 #include "windows/parts/window_position.h"
 #include "windows/sets/frm_lvl_manager.h"
@@ -30,7 +32,6 @@
 #include <QApplication>
 #include <QMenuBar>
 #include <QStackedWidget>
-#include <QTimer>
 
 // What the rooms below ask of their host.
 
@@ -153,9 +154,25 @@ void frmmain::EditMacro(const QString& path)
 
 void frmmain::ShowZippedSet(const QString& archive)
 {
-    QTimer::singleShot(0, this, [this, archive] {
+    tools->Add([this, archive] {
         if (IsRndPathSet())
             ManageLevels(archive);
+    });
+}
+
+void frmmain::ShowMacro(const QString& path)
+{
+    tools->Add([this, path] {
+        if (IsRndPathSet())
+            EditMacro(path);
+    });
+}
+
+void frmmain::ShowCode(const RecoveredText& code)
+{
+    tools->Add([this, code] {
+        HideLists();
+        frmMacroEdit::TakeBack(this, code);
     });
 }
 

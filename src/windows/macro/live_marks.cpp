@@ -1,0 +1,64 @@
+#include "windows/macro/live_marks.h"
+
+#include "frame/frame_state.h"
+#include "macro/source_marks.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int PauseBeforeMarks = 250; // milliseconds without a key
+
+} // namespace
+
+QStringList LinesOfText(const DocumentText& text)
+{
+    return text.Text().split(QStringLiteral("\r\n"));
+}
+
+LiveMarks::LiveMarks(EditorPane& ofWorkbench) : code(ofWorkbench)
+{
+    soon.setSingleShot(true);
+    soon.setInterval(PauseBeforeMarks);
+    if (Frame.Settings.LineHints != 1)
+        return;
+    code.ShowLineMarks(true);
+    connect(&soon, &QTimer::timeout, this, &LiveMarks::Look);
+    connect(&code, &DocumentText::TextChanged, &soon, qOverload<>(&QTimer::start));
+    connect(&code, &DocumentText::SelectionChanged, this, &LiveMarks::SayCaretLine);
+}
+
+void LiveMarks::Look()
+{
+    soon.stop();
+    marks = MarksOfSource(LinesOfText(code));
+    code.SetLineMarks(marks);
+    SayCaretLine();
+}
+
+void LiveMarks::SayCaretLine()
+{
+    QStringList said;
+    if (!soon.isActive()) // else lines may have moved
+        for (const LineMark& mark : std::ranges::equal_range(marks, code.CaretLine(), {}, &LineMark::Line))
+            said << QString(mark.Message).replace(u'\n', QLatin1String("   "));
+    emit Said(said.join(QStringLiteral("   ")));
+}
+
+void LiveMarks::Goto(bool forward)
+{
+    if (soon.isActive())
+        Look();
+    if (marks.empty()) {
+        emit Said(QStringLiteral("No line of this macro has a mark"));
+        return;
+    }
+    const int caret = code.CaretLine();
+    const auto behind = std::ranges::upper_bound(marks, caret, {}, &LineMark::Line);
+    const auto at = std::ranges::lower_bound(marks, caret, {}, &LineMark::Line);
+    const LineMark& wanted = forward ? (behind == marks.end() ? marks.front() : *behind)
+                                     : (at == marks.begin() ? marks.back() : *std::prev(at));
+    code.FocusPane();
+    code.ExecuteCmd(CmdGotoLine, wanted.Line);
+    SayCaretLine();
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "frame/editor_pane.h"
+
+#include <QTimer>
+
+/// Marks in the margin of the code, anew whenever its user has stopped typing for a moment.
+class LiveMarks : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit LiveMarks(EditorPane& code);
+
+    /// The caret goes to the next marked line, round the ends of the code.
+    void Goto(bool forward);
+
+signals:
+    void Said(const QString& text); ///< of the line that the caret stands in; empty: nothing
+
+private:
+    void Look();
+    void SayCaretLine();
+
+    EditorPane& code;
+    QTimer soon;
+    std::vector<LineMark> marks;
+};
+
+/// All lines of a text.
+QStringList LinesOfText(const DocumentText& text);
