@@ -16,6 +16,7 @@
 #include "macro/test_source.h"
 #include "macro/word_facts.h"
 #include "platform/files/paths.h"
+#include "windows/macro/code_look.h"
 #include "windows/macro/command_list.h"
 #include "windows/macro/kept_code.h"
 #include "windows/macro/live_marks.h"
@@ -26,6 +27,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QPushButton>
@@ -35,18 +37,6 @@
 namespace {
 
 constexpr int HighlightedLineSlot = 30;
-
-/// Colours of a line that stands out.
-struct LineMarks
-{
-    int Caret, Step, Fault, EarlyFault; ///< 0xBBGGRR
-};
-LineMarks MarksOfForm()
-{
-    if (FormInUse() == LookForm::Dark)
-        return {LookOf(LookForm::Dark).HighlightedLine, 0x2A5A1F, 0x2A2A7A, 0x1818A0};
-    return {0xD4D4D4, 0xA4FE9E, 0x8C8CFF, 0x0000FF};
-}
 
 FileQuestion MacroQuestion(FileQuestion::Use use, const char* title)
 {
@@ -355,7 +345,7 @@ void frmMacroEdit::MarkCaretLine(Side side)
     EditorPane& pane = txtEdit(side);
     if (running || !pane.Visible())
         return;
-    pane.SetColor(HighlightedLineSlot, MarksOfForm().Caret);
+    pane.SetColor(HighlightedLineSlot, CodeMarks(FormInUse()).Caret);
     pane.SetHighlightedLine(pane.CaretLine());
 }
 
@@ -378,7 +368,8 @@ void frmMacroEdit::ShowFault(const MacroError& error)
     code.FocusPane();
     code.ExecuteCmd(CmdGotoLine, error.Line);
     code.ExecuteCmd(CmdLineStart);
-    code.SetColor(HighlightedLineSlot, error.BeforeRun ? MarksOfForm().EarlyFault : MarksOfForm().Fault);
+    const LineMarkColours& colours = CodeMarks(FormInUse());
+    code.SetColor(HighlightedLineSlot, error.BeforeRun ? colours.EarlyFault : colours.Fault);
     code.SetHighlightedLine(error.Line);
 }
 
@@ -395,7 +386,7 @@ void frmMacroEdit::WantSteps(bool wanted)
 void frmMacroEdit::ShowStep(int line)
 {
     EditorPane& code = txtEdit(Code);
-    code.SetColor(HighlightedLineSlot, MarksOfForm().Step);
+    code.SetColor(HighlightedLineSlot, CodeMarks(FormInUse()).Step);
     code.ExecuteCmd(CmdGotoLine, line);
     code.SetHighlightedLine(line);
 }
@@ -417,6 +408,17 @@ void frmMacroEdit::ShowLists()
     labcom->setText(watches ? QStringLiteral("Watch") : QStringLiteral("Commands"));
     words->setVisible(!watches);
     lstWatch->setVisible(watches);
+}
+
+/// From a pane to the words or the watch list, and back: Tab belongs to the text.
+void frmMacroEdit::TurnToList()
+{
+    if (!SSmacro->isAncestorOf(focusWidget()))
+        PaneInFront().FocusPane();
+    else if (Watches())
+        lstWatch->setFocus(Qt::ShortcutFocusReason);
+    else
+        body->findChild<QLineEdit*>(QStringLiteral("txtFilter"))->setFocus(Qt::ShortcutFocusReason);
 }
 
 void frmMacroEdit::InsertCommand(const QString& word)

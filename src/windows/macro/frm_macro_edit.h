@@ -87,6 +87,7 @@ private:
     bool Watches() const override;
     void ShowWatch(const QStringList& lines) override;
     void ShowLists();
+    void TurnToList();
     void InsertCommand(const QString& word);
     void HelpForCode(bool ofList);
 
