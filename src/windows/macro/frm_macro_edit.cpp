@@ -19,6 +19,8 @@
 #include "windows/macro/command_list.h"
 #include "windows/macro/kept_code.h"
 #include "windows/macro/live_marks.h"
+#include "windows/macro/stop_bar.h"
+#include "windows/macro/watch_list.h"
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/help_subject.h"
 
@@ -26,7 +28,6 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QListWidget>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTabWidget>
@@ -187,6 +188,7 @@ void frmMacroEdit::TakeFile(const QString& taken)
 void frmMacroEdit::TakeText(const QString& text)
 {
     kept->GiveUp();
+    stops->Clear();
     EditorPane& code = txtEdit(Code);
     code.SetText(text);
     code.ClearUndoBuffer();
@@ -276,8 +278,9 @@ bool frmMacroEdit::HandCodeToTab()
 
 // Test runs
 
-void frmMacroEdit::Test()
+void frmMacroEdit::TestFrom(CodeStops::Way way)
 {
+    stops->Begin(way, txtEdit(Code).CaretLine());
     if (chkClear->isChecked())
         txtEdit(Output).SetText({});
     SetBusy(true);
@@ -286,6 +289,7 @@ void frmMacroEdit::Test()
     running = true;
     RunTest();
     running = false;
+    bar->hide();
     SetBusy(false);
     if (std::ranges::none_of(StartedWindows.Entries(), &AliasedWindow::IsThere))
         PaneInFront().FocusPane();
@@ -320,7 +324,7 @@ void frmMacroEdit::SetBusy(bool busy)
     menus->setEnabled(!busy);
     for (QAction* menu : menus->actions())
         for (QAction* entry : menu->menu()->actions())
-            entry->setEnabled(!busy); // their keys too
+            entry->setEnabled(!busy && !onlyStopped.contains(entry)); // their keys too
     body->setEnabled(!busy);
 }
 
@@ -386,12 +390,6 @@ void frmMacroEdit::ShowStep(int line)
 bool frmMacroEdit::Watches() const
 {
     return chkWatch->isChecked();
-}
-
-void frmMacroEdit::ShowWatch(const QStringList& lines)
-{
-    lstWatch->clear();
-    lstWatch->addItems(lines);
 }
 
 void frmMacroEdit::ShowLists()
