@@ -28,6 +28,6 @@ add_link_options(-Wl,--as-needed)
 
 # Units of several files (CMAKE_UNITY_BUILD in the presets) take a third of the time; types of unnamed namespaces then
 # seem to come from a header.
-if(CMAKE_UNITY_BUILD)
+if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   add_compile_options(-Wno-subobject-linkage)
 endif()

@@ -13,8 +13,8 @@ if(pages)
   execute_process(COMMAND ${CMAKE_COMMAND} -E tar cf ${BIN}/Help.zip --format=zip ${pages}
                   WORKING_DIRECTORY ${SOURCE}/help COMMAND_ERROR_IS_FATAL ANY)
 endif()
-# Each macro as the archive that it is when it is written in the program; the same bytes from the same source. The sums
-# tell which macros came with the program.
+# Each macro as the archive that it is when it is written in the program, its source first, then the files of the folder
+# of its name as its resources; the same bytes from the same source. The sums tell which macros came with the program.
 set(sums "")
 file(GLOB macros ${SOURCE}/macros/*.gfbasic)
 foreach(macro ${macros})
@@ -22,7 +22,12 @@ foreach(macro ${macros})
   set(place "${BIN}/../packed_macros/${name}")
   file(MAKE_DIRECTORY "${place}")
   configure_file("${macro}" "${place}/basic.txt" COPYONLY)
-  execute_process(COMMAND ${CMAKE_COMMAND} -E tar cf "${BIN}/Macros/${name}.gfb" --format=zip "--mtime=2020-01-01" basic.txt
+  file(GLOB resources RELATIVE "${SOURCE}/macros/${name}" "${SOURCE}/macros/${name}/*")
+  foreach(resource ${resources})
+    configure_file("${SOURCE}/macros/${name}/${resource}" "${place}/${resource}" COPYONLY)
+  endforeach()
+  execute_process(COMMAND ${CMAKE_COMMAND} -E tar cf "${BIN}/Macros/${name}.gfb" --format=zip "--mtime=2020-01-01"
+                          basic.txt ${resources}
                   WORKING_DIRECTORY "${place}" COMMAND_ERROR_IS_FATAL ANY)
   file(SHA256 "${BIN}/Macros/${name}.gfb" sum)
   string(APPEND sums "${sum}\n")

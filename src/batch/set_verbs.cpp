@@ -53,6 +53,23 @@ QString TakeExtras(const ParsedArguments& call, NewSet& set)
     return {};
 }
 
+/// What is too long for the wizard's fields too; empty if nothing is.
+QString TooLong(const NewSet& set)
+{
+    const struct
+    {
+        const char* Option;
+        const QString& Text;
+        int Longest;
+    } texts[] = {{"--title", set.GameName, LongestGameName},
+                 {"--short", set.ShortName, LongestShortName},
+                 {"--author", set.Author, LongestAuthor}};
+    for (const auto& [option, text, longest] : texts)
+        if (text.size() > longest)
+            return QStringLiteral("%1 takes %2 characters at most").arg(QLatin1StringView(option)).arg(longest);
+    return {};
+}
+
 /// What a call of "set new" wants; false: what is wrong was told.
 bool TakeNewSet(const QStringList& arguments, NewSet& set, QString& program, VerbStreams& streams)
 {
@@ -68,7 +85,7 @@ bool TakeNewSet(const QStringList& arguments, NewSet& set, QString& program, Ver
     const QString wrong = !call.Wrong.isEmpty() ? call.Wrong
                           : !set.IsFinished() || !call.Plain.isEmpty()
                               ? QStringLiteral("--title, --short, --author and --in are wanted, and nothing else")
-                          : unknown.isEmpty() ? QString()
+                          : unknown.isEmpty() ? TooLong(set)
                                               : unknown + QStringLiteral(": there is no such extra");
     if (!wrong.isEmpty()) {
         WrongUsage("set new", wrong, streams);

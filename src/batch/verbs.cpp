@@ -118,12 +118,10 @@ constexpr Verb AllVerbs[] = {
      "Ends with 1 if there is any, else as game info does.\n",
      GameCheckVerb},
     {"set new", "--title T --short S --author A --in FOLDER [--with WORD,...] [--game PATH]",
-     "Makes a new level set in FOLDER, as the wizard does, and prints its folder. The words are graphics-dump,\n"
-     "graphics-example, sounds-dump, sounds-example, music-dump, music-example, level, helptext, helpanim, "
-     "editorsetup\n"
-     "and readme; without --with all that need no game, with an empty one none. A dump is printed by the game at "
-     "PATH,\n"
-     "else by the one of the settings.\n"
+     "Makes a new level set in FOLDER, as the wizard does, and prints its folder. T, S and A may have 255, 15 and 100\n"
+     "characters. The words are graphics-dump, graphics-example, sounds-dump, sounds-example, music-dump,\n"
+     "music-example, level, helptext, helpanim, editorsetup and readme; without --with all that need no game, with an\n"
+     "empty one none. A dump is printed by the game at PATH, else by the one of the settings.\n"
      "Ends with 1 if nothing was made, and tells why; with 2 after a wrong call.\n",
      SetNewVerb},
     {"set list", "FOLDER",

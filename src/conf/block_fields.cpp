@@ -135,6 +135,29 @@ std::vector<LineChange> UpdatedLines(const BlockSource& source, ElementRecord& r
     return changes;
 }
 
+std::vector<LineChange> LackingLines(const BlockSource& source, const ElementRecord& record, const FieldFlags& fields,
+                                     const ValueColumn& column)
+{
+    std::array<int, RecordFields> lines;
+    lines.fill(-1);
+    ForEachField(source, Trimmed, [&lines](const FieldHit& hit) { lines.at(hit.Field) = hit.Line; });
+    const QString key = KeyOfLine(source.Lines(source.MainLine).value_or(QString())).trimmed();
+    ElementRecord written = record;
+    written.StartFrame = qMax(0, record.StartFrame);
+    if (written.ElementName.isEmpty())
+        written.ElementName = key;
+    std::vector<LineChange> made;
+    int before = source.MainLine + 1;
+    for (size_t field = 0; field < RecordFields; ++field) {
+        if (lines.at(field) >= 0)
+            before = lines.at(field) + 1;
+        else if (fields.at(field))
+            made.push_back({before, WithValue(key + Tokens().at(field), FieldText(field, written), column)});
+    }
+    std::stable_sort(made.begin(), made.end(), [](const auto& a, const auto& b) { return a.Line < b.Line; });
+    return made;
+}
+
 QString WithValue(const QString& line, const QString& value, const ValueColumn& column)
 {
     const QString whole = line.trimmed();
@@ -142,7 +165,7 @@ QString WithValue(const QString& line, const QString& value, const ValueColumn& 
     return key + PadAfterKey(key, column) + value;
 }
 
-void UpdateElementBlock(DocumentText& pane, const BlockPlace& place, ElementRecord& record)
+void UpdateElementBlock(DocumentText& pane, const BlockPlace& place, ElementRecord& record, const FieldFlags& add)
 {
     const UndoGroup group(pane);
     const BlockSource source{LinesOf(pane), place.MainLine, Frame.Settings.SheetKinds};
@@ -150,5 +173,10 @@ void UpdateElementBlock(DocumentText& pane, const BlockPlace& place, ElementReco
         pane.SelectLine(change.Line, true);
         pane.ReplaceSel(change.Text);
     }
-    pane.SetSel({.StartLine = place.CaretLine, .EndLine = place.CaretLine}, true);
+    int caret = place.CaretLine, inserted = 0;
+    for (const LineChange& line : LackingLines(source, record, add, CurrentValueColumn())) {
+        pane.InsertLine(line.Line + inserted++, line.Text);
+        caret += line.Line <= place.CaretLine;
+    }
+    pane.SetSel({.StartLine = caret, .EndLine = caret}, true);
 }

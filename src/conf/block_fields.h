@@ -47,5 +47,11 @@ QString WithValue(const QString& line, const QString& value, const ValueColumn& 
 /// The anim_mode of a record with its word reverse.
 QString ModeWithReverse(const ElementRecord& record);
 
-/// Writes UpdatedLines into the block of a pane, as one undo step; the caret goes to the place's CaretLine.
-void UpdateElementBlock(DocumentText& pane, const BlockPlace& place, ElementRecord& record);
+/// The lines of `fields` that the block has not, each with the number of the line that it stands in front of, first to
+/// last. They stand in the order that the program writes fields in. An empty name becomes the key.
+std::vector<LineChange> LackingLines(const BlockSource& source, const ElementRecord& record, const FieldFlags& fields,
+                                     const ValueColumn& column);
+
+/// Writes UpdatedLines, then the LackingLines of `add`, into the block of a pane, as one undo step; the caret goes to
+/// the place's CaretLine.
+void UpdateElementBlock(DocumentText& pane, const BlockPlace& place, ElementRecord& record, const FieldFlags& add = {});

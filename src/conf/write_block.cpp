@@ -39,7 +39,8 @@ QStringList NewBlockLines(const QString& key, const ElementRecord& record, const
     for (size_t place = 0; place < QuickFields.size(); ++place) {
         const size_t command = QuickFields.at(place);
         const BlockCommand& row = BlockCommands.at(command);
-        if (fields.at(place) != 1 || (command == StartFrameField && record.StartFrame == -1))
+        if (fields.at(place) != 1 || (command == StartFrameField && record.StartFrame == -1) ||
+            (command == OffsetField && record.Offset == 0))
             continue;
         if (!row.IsSubGroup()) {
             addField(key, command);
@@ -71,7 +72,8 @@ void WriteElementBlock(DocumentText& pane, const ElementRecord& record, bool ful
     pane.SelectLine(line, true);
     pane.ReplaceSel(NewBlockLines(key, record, fields, CurrentValueColumn()).join(QStringLiteral("\r\n")));
     pane.SetSel({.StartLine = line, .EndLine = line}, true);
-    pane.ExecuteCmd(CmdCloseUndoGroup);
+    if (undoMark != CallersUndoGroup)
+        pane.ExecuteCmd(CmdCloseUndoGroup);
 }
 
 void QuickElement()

@@ -12,6 +12,7 @@ constexpr int TileSize = 32; ///< pixels, in both directions; the game's own
 struct SheetState
 {
     QImage Picture;
+    QImage AsShown;                            ///< the same as the game shows it: what it takes for see-through is so
     int SheetWidth = 0, SheetHeight = 0;       ///< pixels
     int SheetColumns = 0, SheetRows = 0;       ///< whole tiles
     int EndColumn = 0, EndRow = 0;             ///< result of GetEndFrame
@@ -26,11 +27,22 @@ void ResetSheet();
 /// Takes a picture as the sheet on show; no marks, no warnings.
 void ShowSheet(const QImage& picture);
 
-/// The same sheet, painted anew outside: the marks stay.
+/// The same sheet, painted anew outside: first tile and frames stay, and the other marks follow them where the sheet
+/// has become wider or narrower.
 void ReplacePicture(const QImage& picture);
 
 /// Number of the first tile of the block in work.
 int BaseTile();
+
+/// Tiles of the run that is marked, from its first one.
+struct TileRun
+{
+    int First = 0, Count = 0;
+
+    bool operator==(const TileRun&) const = default;
+};
+/// Nothing without a mark on the first tile.
+std::optional<TileRun> MarkedRun();
 
 /// Puts the place of tile BaseTile() + count - 1 into EndColumn and EndRow. Without whole columns EndRow stays.
 void GetEndFrame(int count);

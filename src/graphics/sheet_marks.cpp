@@ -3,11 +3,18 @@
 #include "conf/element_record.h"
 #include "graphics/sheet.h"
 
+#include <algorithm>
+
 namespace {
 
 int TileNumber(QPoint tile)
 {
     return tile.y() * Sheet.SheetColumns + tile.x();
+}
+
+QPoint TileOfNumber(int number)
+{
+    return {number % Sheet.SheetColumns, number / Sheet.SheetColumns};
 }
 
 void DropPlayStart()
@@ -27,6 +34,7 @@ bool MarkFirstTile(QPoint tile)
     const int number = TileNumber(tile);
     if (number < Sheet.EndIndex) {
         element.Frames = Sheet.EndIndex - number + 1;
+        Sheet.End = TileOfNumber(Sheet.EndIndex); // which a last tile in front of the first one had hidden
     } else {
         Sheet.End.reset();
         element.Frames = 1;
@@ -46,9 +54,15 @@ bool MarkLastTile(QPoint tile)
     if (element.Frames < 1) {
         element.Frames = 1;
         Sheet.End.reset();
-        Sheet.EndIndex = -1; // a first tile marked next must not reach to an end that nobody sees
     }
     return true;
+}
+
+bool MarkRun(QPoint from, QPoint to)
+{
+    const auto [first, last] = std::minmax(from, to, [](QPoint a, QPoint b) { return TileNumber(a) < TileNumber(b); });
+    MarkFirstTile(first);
+    return MarkLastTile(last);
 }
 
 bool MarkPlayStart(QPoint tile)

@@ -9,5 +9,7 @@
 bool MarkFirstTile(QPoint tile);
 /// Right button: the last tile.
 bool MarkLastTile(QPoint tile);
+/// The left button held from one tile to another, whichever lies in front: first and last tile.
+bool MarkRun(QPoint from, QPoint to);
 /// Middle button: the tile where the animation begins to play.
 bool MarkPlayStart(QPoint tile);

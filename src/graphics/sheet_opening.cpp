@@ -95,8 +95,8 @@ void StartFromDefaults()
 void TakeElement(const SheetRequest& request, const DocumentText& text)
 {
     ElementRecord& element = Conf.Element;
-    if (request.Source != MediaSource::PCXBrowser && !request.Block)
-        element.ImageFile.clear(); // or a sheet of that name from another folder would be taken for this one
+    if (!request.Block)
+        element.ImageFile.clear(); // no block of before describes this sheet
     if (request.IsPick())
         return;
     if (!request.Block)

@@ -25,8 +25,9 @@ struct SheetRequest
 enum class SheetOutcome {
     NotShown, ///< the file is no picture, or nobody is there to look; the reason was shown
     Closed,
-    Update,    ///< the block of the request is to take the element
-    NewElement ///< a block of Key is wanted
+    Update,     ///< the block of the request is to take the element
+    NewElement, ///< a block of Key is wanted
+    GoTo        ///< the block at Line of the text is wanted in view
 };
 
 struct SheetAnswer
@@ -35,4 +36,6 @@ struct SheetAnswer
     ElementRecord Element; ///< as it was when the window closed
     QString Key;           ///< of a new element
     bool Full = false;     ///< every field of it, or those of the quick element settings
+    FieldFlags Added{};    ///< of an update: fields whose line the block is to get if it has none
+    int Line = 0;          ///< to go to
 };

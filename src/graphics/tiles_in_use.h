@@ -4,8 +4,9 @@
 #include "frame/media/sheet_endings.h"
 
 #include <QByteArrayView>
-#include <QList>
 #include <QPoint>
+#include <QString>
+#include <vector>
 
 /// The sheet whose use is asked for.
 struct SheetUse
@@ -16,5 +17,20 @@ struct SheetUse
     SheetEndings Endings;
 };
 
-/// Tiles (column, row) of the sheet that the blocks of a text use, each once. `text` and `lines` are the same text.
-QList<QPoint> TilesInUse(QByteArrayView text, const LineReader& lines, const SheetUse& sheet);
+/// A block that uses a tile.
+struct TileUser
+{
+    QString Key;
+    int Line = 0; ///< its main line
+
+    bool operator==(const TileUser&) const = default;
+};
+
+struct UsedTile
+{
+    QPoint Tile; ///< column and row
+    std::vector<TileUser> Users;
+};
+
+/// Tiles of the sheet that the blocks of a text use, row by row, each once. `text` and `lines` are the same text.
+std::vector<UsedTile> TilesInUse(QByteArrayView text, const LineReader& lines, const SheetUse& sheet);

@@ -9,9 +9,10 @@
 Result<QStringList> LevelsIn(const QString& folder)
 {
     const QDir levels(folder);
-    if (!levels.exists() || !levels.isReadable())
-        return Fail(folder, levels.exists() ? QStringLiteral("Permission denied")
-                                            : QStringLiteral("No such file or directory"));
+    if (!levels.exists())
+        return Fail(folder, qt_error_string(QFileInfo::exists(folder) ? ENOTDIR : ENOENT));
+    if (!levels.isReadable())
+        return Fail(folder, qt_error_string(EACCES));
     QStringList names = levels.entryList({QStringLiteral("*.level")}, QDir::Files | QDir::Hidden);
     std::sort(names.begin(), names.end(), NaturallyBefore);
     return names;

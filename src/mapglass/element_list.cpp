@@ -47,11 +47,9 @@ ElementList::ElementList(QWidget* parent) : QTreeWidget(parent)
     setIconSize({PaletteCell, PaletteCell});
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(NameColumn, QHeaderView::Stretch);
-    for (const int column : {NumberColumn, CountColumn, SetColumn})
-        header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
     headerItem()->setToolTip(SetColumn, QStringLiteral("Does the set draw it?"));
-    header()->setMinimumSectionSize(fontMetrics().averageCharWidth() * 5);
     setColumnHidden(SetColumn, true);
+    connect(header(), &QHeaderView::sortIndicatorChanged, this, &ElementList::FitColumns);
     connect(this, &QTreeWidget::itemSelectionChanged, this, &ElementList::MarksChanged);
 }
 
@@ -68,7 +66,7 @@ void ElementList::ShowElements(const LevelMap& map, const MapPainter& painter)
         const QString name = NamesOfElements().Name(element);
         auto* row = new ElementRow(this, {name.isEmpty() ? QStringLiteral("(unknown)") : name, QString::number(element),
                                           QString::number(count), QString()});
-        row->setToolTip(NameColumn, row->text(NameColumn));
+        row->setToolTip(NameColumn, QStringLiteral("%1, %2").arg(row->text(NameColumn), row->text(NumberColumn)));
         row->setIcon(NameColumn, QPixmap::fromImage(painter.Cell(element)));
         for (const int column : {NumberColumn, CountColumn})
             row->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
@@ -76,6 +74,33 @@ void ElementList::ShowElements(const LevelMap& map, const MapPainter& painter)
     }
     setSortingEnabled(true);
     TellDrawn();
+}
+
+/// Names need the room: the other columns are as wide as what stands in them, with the arrow only where it shows, and
+/// numbers, which the tips tell too, give way to names.
+void ElementList::FitColumns()
+{
+    const QFontMetrics letters = fontMetrics();
+    const int margins = 2 * (style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, header()) + 1);
+    const int arrow = style()->pixelMetric(QStyle::PM_HeaderMarkSize, nullptr, header()) + margins / 2;
+    const std::pair<int, const char*> columns[] = {{NumberColumn, "00000"}, {CountColumn, "00000"}, {SetColumn, "yes"}};
+    int left = viewport()->width();
+    for (const auto& [column, widest] : columns) {
+        const int texts = qMax(letters.horizontalAdvance(QLatin1StringView(widest)),
+                               letters.horizontalAdvance(headerItem()->text(column)));
+        const int width = texts + margins + (column == sortColumn() ? arrow : 0);
+        header()->setSectionResizeMode(column, QHeaderView::Fixed);
+        header()->resizeSection(column, width);
+        left -= column == SetColumn && !drawn ? 0 : width;
+    }
+    constexpr int NameLetters = 18;
+    setColumnHidden(NumberColumn, left < iconSize().width() + letters.averageCharWidth() * NameLetters);
+}
+
+void ElementList::resizeEvent(QResizeEvent* event)
+{
+    QTreeWidget::resizeEvent(event);
+    FitColumns();
 }
 
 void ElementList::SetDrawn(const std::optional<std::set<int>>& elements)
@@ -88,6 +113,7 @@ void ElementList::TellDrawn()
 {
     undrawn = 0;
     setColumnHidden(SetColumn, !drawn);
+    FitColumns();
     for (int i = 0; drawn && i < topLevelItemCount(); ++i) {
         const bool own = drawn->contains(NumberOf(*topLevelItem(i)));
         undrawn += !own;

@@ -28,8 +28,10 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void FitColumns();
     void TellDrawn();
 
     std::optional<std::set<int>> drawn;

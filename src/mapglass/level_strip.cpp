@@ -11,20 +11,49 @@
 
 namespace {
 
+const QString NoLevel = QStringLiteral("no level");
 constexpr qint64 SliceMs = 12; ///< of one turn of work: the window stays alive
 
-/// The picture in the middle of a tile of fixed size, so that all rows stand alike.
-QIcon Framed(const QImage& picture, const QSize& size)
+/// A tile of fixed size, so that all rows stand alike, with what `draw` puts on it.
+template <class Draw>
+QIcon Tile(const QSize& size, Draw draw)
 {
     QPixmap tile(size);
     tile.fill(QColor(24, 20, 32));
-    const QSize fitted = picture.size().boundedTo(size);
     QPainter painter(&tile);
-    painter.drawImage((size.width() - fitted.width()) / 2, (size.height() - fitted.height()) / 2, picture, 0, 0,
-                      fitted.width(), fitted.height());
+    draw(painter);
+    painter.end();
     QIcon icon(tile);
     icon.addPixmap(tile, QIcon::Selected); // a style would tint it
     return icon;
+}
+
+/// The picture in the middle.
+QIcon Framed(const QImage& picture, const QSize& size)
+{
+    return Tile(size, [&](QPainter& painter) {
+        const QSize fitted = picture.size().boundedTo(size);
+        painter.drawImage((size.width() - fitted.width()) / 2, (size.height() - fitted.height()) / 2, picture, 0, 0,
+                          fitted.width(), fitted.height());
+    });
+}
+
+/// For a file that is no level: a struck-out map, which no level looks like.
+QIcon NoLevelSign(const QSize& size)
+{
+    return Tile(size, [&](QPainter& painter) {
+        const QRect room = QRect(QPoint(), size).marginsRemoved({16, 10, 16, 26});
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(QColor(232, 108, 96), 3));
+        painter.drawRect(room);
+        painter.drawLine(room.topLeft(), room.bottomRight());
+        painter.drawLine(room.topRight(), room.bottomLeft());
+        QFont font = painter.font();
+        font.setPixelSize(13);
+        painter.setFont(font);
+        painter.setPen(QColor(255, 214, 208));
+        painter.drawText(QRect(0, size.height() - 24, size.width(), 22), Qt::AlignCenter, NoLevel);
+    });
 }
 
 /// A map too large for a pixel a cell is shown thinned out.
@@ -96,6 +125,7 @@ QVariant LevelStripModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return name.chopped(QStringLiteral(".level").size());
     case Qt::ToolTipRole:
+    case Qt::AccessibleDescriptionRole:
         return thumb.Title.isEmpty() ? name : name + u'\n' + thumb.Title;
     case Qt::DecorationRole:
         return thumb.Picture;
@@ -110,8 +140,8 @@ void LevelStripModel::Make(int row)
 {
     Thumb& thumb = thumbs[size_t(row)];
     const Result<LevelFile> level = ReadLevelFile(Path(row));
-    thumb.Picture = Framed(level ? Thumbnail(level->Record.Map, painter, Picture) : QImage(), Picture);
-    thumb.Title = level ? level->Record.Info.Cavename : level.error().Reason;
+    thumb.Picture = level ? Framed(Thumbnail(level->Record.Map, painter, Picture), Picture) : NoLevelSign(Picture);
+    thumb.Title = level ? level->Record.Info.Cavename : NoLevel + QStringLiteral(": ") + level.error().Reason;
     thumb.Made = true;
     ++made;
     emit dataChanged(index(row), index(row));

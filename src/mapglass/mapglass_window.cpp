@@ -19,6 +19,23 @@
 #include <QTimer>
 #include <QUrl>
 
+namespace {
+
+/// The first file that is dragged; empty if it is none of this machine.
+QString LocalFile(const QDropEvent& event)
+{
+    return event.mimeData()->urls().value(0).toLocalFile();
+}
+
+/// Whatever the source proposes: one that is told "moved" may remove its file.
+void TakeCopy(QDropEvent& event)
+{
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+}
+
+} // namespace
+
 MapglassWindow::MapglassWindow(QWidget* parent) : QMainWindow(parent)
 {
     setWindowTitle(QStringLiteral("Mapglass"));
@@ -254,13 +271,14 @@ void MapglassWindow::keyPressEvent(QKeyEvent* event)
 
 void MapglassWindow::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!answer && event->mimeData()->hasUrls() && event->mimeData()->urls().first().isLocalFile())
-        event->acceptProposedAction();
+    if (!answer && !LocalFile(*event).isEmpty())
+        TakeCopy(*event);
 }
 
 void MapglassWindow::dropEvent(QDropEvent* event)
 {
-    OpenLevel(event->mimeData()->urls().first().toLocalFile());
+    TakeCopy(*event);
+    OpenLevel(LocalFile(*event));
 }
 
 // A macro that waits

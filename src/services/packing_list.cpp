@@ -19,7 +19,7 @@ public:
     {
         const QString real = paths::Canonical(folder);
         if (inside.contains(real))
-            return Fail(folder, qt_error_string(ELOOP));
+            return Fail(folder, QStringLiteral("The link leads to a folder that it lies in."));
         inside.append(real);
         parts.push_back({name, EmptyFolder{}});
         const QDir dir(folder);
@@ -41,7 +41,7 @@ private:
         const QString path = entry.filePath();
         if (turn && !turn(0, 1))
             return Stopped(path);
-        if (entry.isSymLink() && !paths::Canonical(path).startsWith(top + QLatin1Char('/')))
+        if (entry.isSymLink() && !paths::Closed(paths::Canonical(path)).startsWith(paths::Closed(top)))
             return Fail(path, QStringLiteral("The link leads out of the folder."));
         if (entry.isDir())
             return Walk(path, above + entry.fileName() + QLatin1Char('/'));

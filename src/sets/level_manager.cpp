@@ -35,9 +35,7 @@ QString LevelManager::Open()
     SettingsFolder = GameUserFolder();
     SetupFile = SettingsFolder + GameCompat(QStringLiteral("DefMyDocsRND2"));
     TapesFolder = GameFolderOf("DefMyDocsRND4");
-    for (const QString& root : {Frame.Settings.LevelsFolder, GameFolderOf("DefMyDocsRND3")})
-        if (paths::FolderExists(root) && (Roots.isEmpty() || paths::Canonical(Roots.front()) != paths::Canonical(root)))
-            Roots << paths::Closed(root);
+    FindRoots();
     if (!paths::FolderExists(SettingsFolder))
         return QStringLiteral("Couldn't find the Rocks'n'Diamonds settings folder in 'Your Documents'. This could be "
                               "because you haven't played it yet!");
@@ -50,6 +48,15 @@ QString LevelManager::Open()
     return {};
 }
 
+/// The player's own may have come into being since.
+void LevelManager::FindRoots()
+{
+    Roots.clear();
+    for (const QString& root : {Frame.Settings.LevelsFolder, GameFolderOf("DefMyDocsRND3")})
+        if (paths::FolderExists(root) && (Roots.isEmpty() || paths::Canonical(Roots.front()) != paths::Canonical(root)))
+            Roots << paths::Closed(root);
+}
+
 void LevelManager::Close()
 {
     if (Tree.Nodes().empty())
@@ -60,6 +67,7 @@ void LevelManager::Close()
 
 void LevelManager::Scan()
 {
+    FindRoots();
     std::vector<SetNode> nodes;
     Failure why;
     const bool done = Run(

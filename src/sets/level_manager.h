@@ -72,6 +72,7 @@ signals:
 
 private:
     struct WorkingScope;
+    void FindRoots();
     bool Run(const QString& text, const std::function<Result<>(const CountedTurn&)>& work, Failure& why);
     bool SwapForms(const QString& text, const std::function<Result<SwappedSet>(const CountedTurn&)>& swap,
                    message::Number failed, SwappedSet& swapped);

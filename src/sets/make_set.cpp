@@ -186,7 +186,10 @@ Result<MadeSet> MakeSet(const NewSet& set, const DumpSource& dump)
     if (!beside)
         return tl::unexpected(beside.error());
     Maker maker(set, dump, beside->Path() + set.ShortName + u'/');
-    return maker.Make().and_then([&] { return beside->MoveToNew(set.ShortName, set.Folder()); }).map([&] {
-        return MadeSet{set.Folder(), std::move(maker.NotPrinted)};
-    });
+    return maker.Make()
+        .map_error([&](const Failure& failure) { return beside->InOpenWords(failure); })
+        .and_then([&] { return beside->MoveToNew(set.ShortName, set.Folder()); })
+        .map([&] {
+            return MadeSet{set.Folder(), std::move(maker.NotPrinted)};
+        });
 }

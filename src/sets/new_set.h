@@ -33,6 +33,9 @@ struct SetExtraRow
 };
 const std::array<SetExtraRow, SetExtraCount>& SetExtras();
 
+/// The most characters of the three texts.
+constexpr int LongestGameName = 255, LongestShortName = 15, LongestAuthor = 100;
+
 /// What the wizard has been told. Texts that nobody has entered hold their start value.
 struct NewSet
 {

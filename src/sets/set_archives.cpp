@@ -167,6 +167,13 @@ public:
     HiddenFile& operator=(const HiddenFile&) = delete;
 
     QString Path() const { return QFile::decodeName(name); }
+    /// A failure of work on it as people know the place.
+    Failure InOpenWords(Failure failure, const QString& target) const
+    {
+        failure.Path.replace(Path(), target);
+        failure.Reason.replace(Path(), target);
+        return failure;
+    }
     Result<> MoveOver(const QString& target)
     {
         const QByteArray to = QFile::encodeName(target);
@@ -198,7 +205,7 @@ Result<> RemoveZipped(const QString& folder, const std::vector<Trace>& traces)
                                         : RemoveTree(taken);
     if (!removed && QFileInfo::exists(taken))
         static_cast<void>(away->MoveToNew(name, folder));
-    return removed;
+    return removed.map_error([&](const Failure& failure) { return away->InOpenWords(failure); });
 }
 
 /// Does the archive hold one folder of this name, letter case ignored, and nothing else, and each file once? The
@@ -267,6 +274,7 @@ Result<SwappedSet> ZipSet(const QString& folder, const QString& archive, const C
     HiddenFile made(archive);
     return WriteZip(made.Path(), *parts, nullptr, turn)
         .and_then([&] { return CheckSame(folder, made.Path(), turn); })
+        .map_error([&](const Failure& failure) { return made.InOpenWords(failure, archive); })
         .and_then([&] { return made.MoveOver(archive); })
         .map([&] { return Swapped(RemoveZipped(folder, *traces)); });
 }
@@ -281,6 +289,7 @@ Result<SwappedSet> UnzipSet(const QString& archive, bool keepArchive, const Coun
         return tl::unexpected(beside.error());
     return UnzipFiles(name.toLower() + u'/', archive, beside->Path(), turn)
         .and_then([&] { return CheckSame(beside->Path() + *top, archive, turn); })
+        .map_error([&](const Failure& failure) { return beside->InOpenWords(failure); })
         .and_then([&] { return beside->MoveOver(*top, folder); })
         .map([&]() -> SwappedSet {
             if (keepArchive)

@@ -14,6 +14,7 @@ namespace {
 
 constexpr QLatin1StringView TapeEnd(".tape");
 constexpr qint64 LargestLevelinfo = qint64(1) << 20;
+const QString NotThere = QStringLiteral("not there any more");
 
 /// One more file, by its path in the set.
 void Count(const QString& path, qint64 bytes, SetFacts& facts)
@@ -36,7 +37,8 @@ void TakeLevelinfo(const QByteArray& bytes, SetFacts& facts)
 SetFacts FactsOfFolder(const QString& folder)
 {
     SetFacts facts;
-    facts.Gone = !paths::FolderExists(folder);
+    if (!paths::FolderExists(folder))
+        facts.Trouble = NotThere;
     const QString top = paths::Closed(folder);
     TakeLevelinfo(paths::ReadWhole(top + Frame.ConfNames.at(ModeLvl), LargestLevelinfo).value_or(QByteArray()), facts);
     QDirIterator all(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
@@ -53,9 +55,10 @@ SetFacts FactsOfArchive(const SetNode& node)
 {
     SetFacts facts;
     const Result<ZipArchive> archive = ZipArchive::Open(node.Key);
-    facts.Gone = !archive;
-    if (!archive)
+    if (!archive) {
+        facts.Trouble = paths::FileExists(node.Key) ? archive.error().Reason : NotThere;
         return facts;
+    }
     for (const ZipEntry& entry : archive->Entries())
         if (!entry.IsFolder())
             Count(entry.Name.mid(entry.Name.indexOf(u'/') + 1), entry.Size, facts);

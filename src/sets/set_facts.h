@@ -13,7 +13,7 @@ struct SetFacts
     QStringList Tapes; ///< names of their files without the ending, in order; of several folders each once
     qint64 Bytes = 0;  ///< of the files, unpacked
     bool More = false; ///< there are too many files; those counted are the first
-    bool Gone = false; ///< it cannot be read
+    QString Trouble;   ///< why nothing can be told; empty if it can
 };
 SetFacts FactsOf(const SetNode& node);
 

@@ -47,7 +47,7 @@ protected:
 } // namespace
 
 // Catches: extras that are made without being named, or named ones that are not; a set that is half made without a
-// game, or over another; a wrong call that is told as a failure.
+// game, or over another; a wrong call that is told as a failure; a name that the wizard would not take.
 TEST_F(SetVerbs, NewMakesWhatIsNamed)
 {
     EXPECT_EQ(New("Dig It").Out, Levels.Path(QStringLiteral("dig_it\n")));
@@ -64,6 +64,9 @@ TEST_F(SetVerbs, NewMakesWhatIsNamed)
     EXPECT_EQ(New("x", {QStringLiteral("--title")}).Code, VerbFailed);
     EXPECT_EQ(New("x", {QStringLiteral("stray")}).Code, VerbFailed);
     EXPECT_EQ(New("").Code, VerbFailed);
+    EXPECT_EQ(New("fifteen-letters").Code, VerbDone);
+    EXPECT_TRUE(New("sixteen-letters-").Err.contains(QStringLiteral("--short takes 15 characters")));
+    EXPECT_EQ(FilesIn("sixteen-letters-"), 0);
     EXPECT_EQ(New("lines", {QStringLiteral("--title"), QStringLiteral("The\nDig")}).Code, VerbDone);
     EXPECT_TRUE(Levels.Read(QStringLiteral("lines/levelinfo.conf")).contains(" the dig\r\n"));
 }

@@ -23,11 +23,11 @@ TEST_F(WriteBlock, PutsAWholeBlockInPlaceOfTheLine)
     EXPECT_EQ(Bytes(), before);
 }
 
-// Catches: quick element that ignores its ticks or writes the main line only if ticked; a caller's undo step that is
-// left open or split.
+// Catches: quick element that ignores its ticks, writes the main line only if ticked, or an offset that would stop the
+// animation; a caller's undo step that is ended or split.
 TEST_F(WriteBlock, QuickElementWritesTheTickedFieldsOnly)
 {
-    Frame.Settings.QuickElementTemplate = {0, 1, 0, 0, 0, 1, 0, 0, 0, 0};
+    Frame.Settings.QuickElementTemplate = {0, 1, 0, 0, 0, 1, 0, 0, 1, 0};
     Load("yamyam.moving.right");
     Pane().ExecuteCmd(CmdSelectAll);
     QuickElement();
@@ -38,7 +38,9 @@ TEST_F(WriteBlock, QuickElementWritesTheTickedFieldsOnly)
     Pane().InsertLine(1, QStringLiteral("zip"));
     Select(1, 0, 3);
     WriteElementBlock(Pane(), Conf.Element, false, CallersUndoGroup);
-    EXPECT_FALSE(Pane().UndoGroupOpen());
+    EXPECT_TRUE(Pane().UndoGroupOpen());
+    Pane().InsertLine(0, QStringLiteral("more"));
+    Pane().ExecuteCmd(CmdCloseUndoGroup);
     Pane().ExecuteCmd(CmdUndo);
     EXPECT_EQ(Bytes(), "x\n");
 }

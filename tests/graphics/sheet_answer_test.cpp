@@ -5,7 +5,8 @@
 
 #include <gtest/gtest.h>
 
-// Catches: an answer written that was none, into another place, or as two steps.
+// Catches: an answer written that was none, into another place, into the midst of a block, or as two steps; a line that
+// the block has added once more.
 TEST(SheetAnswer, IsWrittenAsOneStep)
 {
     SheetScope scope(4, 3);
@@ -30,12 +31,25 @@ TEST(SheetAnswer, IsWrittenAsOneStep)
     text.ExecuteCmd(CmdUndo);
     EXPECT_EQ(text.Bytes(), before);
 
-    text.SetSel({.StartLine = 1, .EndLine = 1}, false);
+    answer.Added[FramesField] = answer.Added[NameField] = answer.Added[XPosField] = 1;
+    WriteSheetAnswer(text, request, answer);
+    EXPECT_EQ(text.Bytes(),
+              "one\nzip: a.pcx\nzip.xpos:  3\nzip.ypos:  0\nzip.frames:1\nzip.name:  Element's Full Name\n");
+    EXPECT_EQ(text.GetSel(true).StartLine, 3);
+    text.ExecuteCmd(CmdUndo);
+    EXPECT_EQ(text.Bytes(), before);
+
+    answer.Outcome = SheetOutcome::GoTo;
+    WriteSheetAnswer(text, request, answer);
+    EXPECT_EQ(text.GetSel(true).StartLine, 0);
     Frame.Settings.QuickElementTemplate = {1, 0, 0, 0, 1};
     answer.Outcome = SheetOutcome::NewElement;
     WriteSheetAnswer(text, request, answer);
-    EXPECT_EQ(text.Bytes(),
-              QByteArray("one\nmole:      a.pcx\nmole.xpos: 3\nmole.anim_mode:reverse\n" + before.sliced(4)));
+    const QByteArray mole = "mole:      a.pcx\nmole.xpos: 3\nmole.anim_mode:reverse\n";
+    EXPECT_EQ(text.Bytes(), QByteArray(mole + before));
     text.ExecuteCmd(CmdUndo);
     EXPECT_EQ(text.Bytes(), before);
+    text.SetSel({.StartLine = 2, .EndLine = 2}, false);
+    WriteSheetAnswer(text, request, answer);
+    EXPECT_EQ(text.Bytes(), QByteArray(before + mole)) << "no block is parted";
 }

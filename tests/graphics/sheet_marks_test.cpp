@@ -32,12 +32,40 @@ TEST(SheetMarks, LastTileInFrontOfTheFirstIsOneFrame)
     MarkLastTile({1, 1});
     EXPECT_EQ(Conf.Element.Frames, 1);
     EXPECT_FALSE(Sheet.End);
-    MarkFirstTile({0, 0});
-    EXPECT_EQ(Conf.Element.Frames, 1) << "the hidden end counts no more";
+    MarkFirstTile({0, 1});
+    EXPECT_EQ(Conf.Element.Frames, 2) << "the end was only hidden";
+    EXPECT_EQ(Sheet.End, QPoint(1, 1));
     MarkFirstTile({2, 1});
     MarkLastTile({2, 1});
     EXPECT_EQ(Conf.Element.Frames, 1);
     EXPECT_EQ(Sheet.End, QPoint(2, 1));
+}
+
+// Catches: a run dragged upward that ends before it begins, one that keeps the end of the run before.
+TEST(SheetMarks, ADragMarksTheRunEitherWay)
+{
+    SheetScope scope(4, 3);
+    MarkLastTile({3, 2});
+    for (const auto& [from, to] : {std::pair(QPoint(3, 0), QPoint(1, 1)), std::pair(QPoint(1, 1), QPoint(3, 0))}) {
+        MarkRun(from, to);
+        EXPECT_EQ(MarkedRun(), (TileRun{3, 3}));
+        EXPECT_EQ(Sheet.Start, QPoint(3, 0));
+        EXPECT_EQ(Sheet.End, QPoint(1, 1));
+    }
+}
+
+// Catches: an end mark that stays on its place while the tiles wrap at another edge.
+TEST(SheetMarks, FollowTheFramesOnASheetOfAnotherWidth)
+{
+    SheetScope scope(4, 3);
+    MarkRun({3, 0}, {1, 1});
+    MarkPlayStart({0, 1});
+    ReplacePicture(QImage(5 * TileSize, 3 * TileSize, QImage::Format_RGB32));
+    EXPECT_EQ(MarkedRun(), (TileRun{3, 3}));
+    EXPECT_EQ(Sheet.End, QPoint(0, 1));
+    EXPECT_EQ(Sheet.InStart, QPoint(4, 0));
+    MarkFirstTile({4, 0});
+    EXPECT_EQ(Conf.Element.Frames, 2) << "counted in the new columns";
 }
 
 // Catches: a start of play outside the run, or a restart where nothing was marked.

@@ -92,7 +92,12 @@ TEST(LevelVerbs, ListPrintsALineALevel)
     const Ran broken = Batch("level list", {set});
     EXPECT_EQ(broken.Out, fine.Out);
     EXPECT_EQ(broken.End, VerbFound);
-    EXPECT_EQ(Batch("level list", {folder.Path(QStringLiteral("nowhere"))}).End, VerbFailed);
+    const QString nowhere = folder.Path(QStringLiteral("nowhere")), file = set + QStringLiteral("/009.level");
+    for (const auto& [wrong, error] : {std::pair(nowhere, ENOENT), std::pair(file, ENOTDIR)}) {
+        const Ran refused = Batch("level list", {wrong});
+        EXPECT_EQ(refused.Err, QString(wrong + u": " + qt_error_string(error) + u'\n'));
+        EXPECT_EQ(refused.End, VerbFailed);
+    }
 }
 
 // Catches: differences that are not seen (settings, what stands after the map), coordinates from 0, levels that differ

@@ -9,7 +9,8 @@
 /// What a macro did: its dialogs, the text it leaves, its error.
 struct MacroTrial
 {
-    QStringList Told; ///< "MESSAGE title|text|buttons", "REFUSED", "MISFIT ..."
+    QStringList Told;  ///< "MESSAGE title|text|buttons", "REFUSED", "MISFIT ..."
+    QStringList Lists; ///< that were to be chosen from: "title|item|item"
     std::optional<MacroError> Error;
 };
 
@@ -41,6 +42,9 @@ public:
         request.Path = Path;
         trial.Error = RunMacro(request, Stage, scope);
         Frame.Ask = &Host.Answers;
+        for (const ChoiceQuestion& choice : asker.AskedFor<ChoiceQuestion>())
+            if (choice.Lists.size() == 1)
+                trial.Lists << choice.Title + u'|' + choice.Lists.front().Items.join(u'|');
         return trial;
     }
     LineText& Text() { return Stage.TargetLines(); }

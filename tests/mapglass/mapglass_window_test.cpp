@@ -126,15 +126,15 @@ TEST_F(MapglassTest, ShowsALevelOrWhyItIsNone)
 }
 
 // Catches: an order other than people's, keys that lead past the ends or are eaten by the part with the keyboard, a
-// strip that never becomes whole.
+// strip that never becomes whole, a broken level that looks there like one without a cell of note.
 TEST_F(MapglassTest, KeysLeadThroughTheFolder)
 {
     const QString second = Write(u"2.level"_s, {.Name = "two"}), tenth = Write(u"10.level"_s, {.Name = "ten"});
+    folder.Write(u"set/11.level"_s, "no level at all");
+    folder.Write(u"set/12.level"_s, {});
     Show(second);
     Press(Qt::Key_PageUp);
     EXPECT_EQ(window.Path(), second);
-    Press(Qt::Key_PageDown);
-    EXPECT_EQ(window.Path(), tenth);
     Press(Qt::Key_PageDown);
     EXPECT_EQ(window.Path(), tenth);
     LevelStrip& strip = In<LevelStrip>();
@@ -144,8 +144,16 @@ TEST_F(MapglassTest, KeysLeadThroughTheFolder)
         QApplication::processEvents();
     EXPECT_TRUE(strip.Levels().IsWhole());
     EXPECT_EQ(strip.currentIndex().row(), 1);
+    const auto shown = [&](int row, int role) { return strip.model()->index(row, 0).data(role); };
+    const auto tile = [&](int row) { return shown(row, Qt::DecorationRole).value<QIcon>().pixmap(112, 84).toImage(); };
+    EXPECT_NE(tile(1), tile(2));
+    EXPECT_EQ(tile(2), tile(3));
+    EXPECT_TRUE(shown(2, Qt::ToolTipRole).toString().startsWith(u"11.level\nno level: "_s));
     strip.setCurrentIndex(strip.model()->index(0, 0));
     EXPECT_EQ(window.Path(), second);
+    for (int i = 0; i < 5; ++i)
+        Press(Qt::Key_PageDown);
+    EXPECT_TRUE(window.Path().endsWith(u"/12.level"_s));
 }
 
 // Catches: marks that stay with the former level's elements, a palette of the set that is made of another folder,
@@ -168,6 +176,26 @@ TEST_F(MapglassTest, TheSetsGraphicsAndWhatTheyLack)
     EXPECT_EQ(In<QComboBox>("palettes").currentText(), u"Classic"_s);
     Show(level);
     EXPECT_EQ(elements.Undrawn(), 2);
+}
+
+// Catches: names that are cut to nothing by the numbers beside them where there is little room, a number that is then
+// told nowhere.
+TEST_F(MapglassTest, NamesOfElementsKeepTheirRoom)
+{
+    ElementList elements(nullptr);
+    LevelMap map(1, 1);
+    map.At(0, 0) = 860; // dc_magic_wall
+    elements.ShowElements(map, {});
+    elements.SetDrawn(std::set<int>());
+    elements.show();
+    const int letters = elements.fontMetrics().averageCharWidth();
+    for (const int room : {36, 46, 60}) {
+        elements.resize(letters * room, letters * 30);
+        QApplication::processEvents();
+        EXPECT_GE(elements.columnWidth(0), letters * 16) << room;
+        EXPECT_EQ(elements.isColumnHidden(1), room < 40) << room;
+    }
+    EXPECT_TRUE(elements.topLevelItem(0)->toolTip(0).endsWith(u", 860"_s));
 }
 
 // Catches: a level that was saved meanwhile and is still shown as it was, a view that jumps because of it.

@@ -87,7 +87,7 @@ TEST_F(LevelManagerTest, WithoutTheGamesSettingsItSaysSo)
 }
 
 // Catches: a game that is missing, doubled or called otherwise; a circle of links that is walked for ever; a list that
-// does not come back, or one that a stop has emptied.
+// does not come back, or one that a stop has emptied; the player's own folder that is made while the window is open.
 TEST_F(LevelManagerTest, TheScanFindsEveryGameOnce)
 {
     QFile::link(Scope.Game.Path(QStringLiteral("levels")), Level("group/deep/circle"));
@@ -106,6 +106,16 @@ TEST_F(LevelManagerTest, TheScanFindsEveryGameOnce)
     EXPECT_EQ(Manager.SelectedNode()->Text, QStringLiteral("tutorial"));
     EXPECT_EQ(Manager.RootOf(*Manager.SelectedNode()), Scope.Game.Path(QStringLiteral("levels/")));
     Manager.Close();
+
+    const QString own = Scope.UserFile(QStringLiteral("levels")), away = Scope.UserFile(QStringLiteral("away"));
+    QFile::rename(own, away);
+    LevelManager early;
+    ASSERT_EQ(early.Open(), QString());
+    early.Scan();
+    EXPECT_EQ(early.Tree.rowCount(), all.size() - 1);
+    QFile::rename(away, own);
+    early.Scan();
+    EXPECT_EQ(early.Tree.Nodes(), Manager.Tree.Nodes());
 
     LevelManager next;
     ASSERT_EQ(next.Open(), QString());
@@ -291,6 +301,17 @@ TEST_F(LevelManagerTest, ADroppedArchiveIsTakenIn)
     Manager.TakeArchive(Level("box/Boxed.levzip"));
     EXPECT_EQ(Manager.SelectedNode()->Text, QStringLiteral("Boxed - box"));
     EXPECT_EQ(Manager.Tree.rowCount(), rows);
+}
+
+// Catches: an archive that cannot be read and is said to be gone, as if nothing stood there.
+TEST_F(LevelManagerTest, WhatCannotBeReadIsToldApartFromWhatIsGone)
+{
+    const TestFolder sets;
+    const QString archive = sets.Write(QStringLiteral("dig.levzip"), "of a torn download");
+    EXPECT_EQ(FactsOf({archive, {}}).Trouble, QStringLiteral("Not a zip archive"));
+    for (const char* name : {"gone.levzip", "gone"})
+        EXPECT_EQ(FactsOf({sets.Path(QString::fromLatin1(name)), {}}).Trouble, QStringLiteral("not there any more"));
+    EXPECT_EQ(FactsOf({sets.Path(), {}}).Trouble, QString());
 }
 
 // Catches: names of old sets, which are not in UTF-8, that show as holes.

@@ -77,6 +77,8 @@ protected:
                BytesIn(out.Path(QStringLiteral("Dig"))) == Whole;
     }
 
+    static Failure WhyNot(const Result<SwappedSet>& outcome) { return outcome ? Failure() : outcome.error(); }
+
     /// The system's calls without the waits of a sync.
     static FileSteps Table()
     {
@@ -215,20 +217,23 @@ TEST_F(SetArchives, WhatDiffersIsSeen)
 }
 
 // Catches: a set that goes although it could not be packed or unpacked whole, for a full disk, a closed folder, an
-// archive of another set, of more than one, or with two files of one name, a link, or a wish to stop.
+// archive of another set, of more than one, or with two files of one name, a link, or a wish to stop; a failure that is
+// told of a hidden name instead of the set's, a link to the set's own folder as one that leads out.
 TEST_F(SetArchives, WhatCannotBeDoneChangesNothing)
 {
     const auto untouched = [&] { return FolderIsWhole() && !QFileInfo::exists(Archive) && Hidden().isEmpty(); };
     {
         const FileSizeLimit limit(100);
-        EXPECT_FALSE(ZipSet(Folder, Archive));
+        EXPECT_EQ(WhyNot(ZipSet(Folder, Archive)).Path, Archive);
     }
     EXPECT_TRUE(untouched());
     ASSERT_TRUE(ZipFiles(Folder, Archive));
     QDir(Folder).removeRecursively();
     {
         const FileSizeLimit limit(1000);
-        EXPECT_FALSE(UnzipSet(Archive, false));
+        const Failure why = WhyNot(UnzipSet(Archive, false));
+        EXPECT_EQ(why.Path, Levels.Path());
+        EXPECT_FALSE(why.Text().contains(u".gemforge-")) << why.Text();
     }
     EXPECT_TRUE(ArchiveIsWhole() && !QFileInfo::exists(Folder) && Hidden().isEmpty());
     ASSERT_TRUE(UnzipSet(Archive, false));
@@ -244,6 +249,9 @@ TEST_F(SetArchives, WhatCannotBeDoneChangesNothing)
     QFile::link(QStringLiteral("/etc/passwd"), Folder + QStringLiteral("/leads_out"));
     EXPECT_FALSE(ZipSet(Folder, Archive));
     QFile::remove(Folder + QStringLiteral("/leads_out"));
+    QFile::link(Folder, Folder + QStringLiteral("/back"));
+    EXPECT_EQ(WhyNot(ZipSet(Folder, Archive)).Reason, QStringLiteral("The link leads to a folder that it lies in."));
+    QFile::remove(Folder + QStringLiteral("/back"));
     EXPECT_TRUE(untouched());
 
     QDir(Folder).removeRecursively();

@@ -7,6 +7,7 @@ namespace {
 
 struct ConditionData : LineData
 {
+    const Value *Left = nullptr, *Right = nullptr; ///< of a line with one condition, where they stand
     std::vector<Condition> Conditions;
 };
 
@@ -40,18 +41,26 @@ bool AllHold(RunState& run, const ProgramLine& line, const Value& left, bool& tr
 /// The conditions of a line whose shape and left name are right.
 void TestConditions(RunState& run, const ProgramLine& line)
 {
-    const Token& leftToken = line.Tokens[1];
     run.Block.IfActive = true;
     run.Block.IfTrue = false;
-    bool tested = false;
-    if (const Value* known = KnownValue(leftToken); known && known->IsKnownWhole()) {
-        tested = AllHold(run, line, *known, run.Block.IfTrue, true);
-    } else {
-        Value scratch, shown;
-        const Value& left = ShownValue(leftToken, Evaluate(run, leftToken, scratch), shown);
-        tested = !run.Failed() && AllHold(run, line, left, run.Block.IfTrue, true);
+    const Token& leftToken = line.Tokens[1];
+    Value scratch, shown;
+    const Value& left = ShownValue(leftToken, Evaluate(run, leftToken, scratch), shown);
+    if (!run.Failed() && AllHold(run, line, left, run.Block.IfTrue, true) && !run.Block.IfTrue)
+        SkipToElseOrEndIf(run);
+}
+
+/// Most lines compare two whole numbers and need no more than this.
+void TestLine(RunState& run, const ProgramLine& line)
+{
+    const auto& data = static_cast<const ConditionData&>(*line.Data);
+    if (!data.Right || !data.Left->IsKnownWhole() || !data.Right->IsKnownWhole()) {
+        TestConditions(run, line);
+        return;
     }
-    if (tested && !run.Block.IfTrue)
+    run.Block.IfActive = true;
+    run.Block.IfTrue = WholeHolds(*data.Conditions.front().Op, data.Left->Number(), data.Right->Number());
+    if (!run.Block.IfTrue)
         SkipToElseOrEndIf(run);
 }
 
@@ -60,7 +69,7 @@ void RunIf(RunState& run, ProgramLine& line)
     if (run.Block.IfActive)
         run.Fail("Can't have an If statement embedded in another If statement!");
     else
-        TestConditions(run, line);
+        TestLine(run, line);
 }
 
 void RunAnd(RunState& run, ProgramLine& line)
@@ -68,7 +77,7 @@ void RunAnd(RunState& run, ProgramLine& line)
     if (!run.Block.IfActive)
         run.Fail("And without If statement");
     else if (run.Block.IfTrue)
-        TestConditions(run, line);
+        TestLine(run, line);
 }
 
 /// What is wrong with the shape or the left name.
@@ -101,6 +110,10 @@ void PrepareIf(RunState& run, ProgramLine& line)
     if (!line.ShapeFault.isEmpty() || !VariableNameFault(line.Tokens[1].Written, true).isEmpty())
         return;
     PrepareConditions(run, line, FirstCondition);
+    auto& data = static_cast<ConditionData&>(*line.Data);
+    data.Left = PlaceOfValue(line.Tokens[1]);
+    if (data.Left && data.Conditions.size() == 1 && data.Conditions.front().Op)
+        data.Right = PlaceOfValue(data.Conditions.front().Right);
     line.Run = Direct;
 }
 

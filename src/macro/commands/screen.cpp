@@ -88,13 +88,13 @@ void Colour(RunState& run, Arguments& in)
         parts[i] = in.Number(int(i) + 1);
         if (run.Failed())
             return;
-        if (parts[i] < 0 || parts[i] > 255) {
+        if (parts[i] > 255) {
             run.Fail("RGB ranges are 0-255");
             return;
         }
     }
-    const auto mixed = [&parts](size_t first) {
-        return parts[first] + 256 * parts[first + 1] + 65536 * parts[first + 2];
+    const auto mixed = [&parts](size_t first) { // in 24 bits, whatever a part below 0 does to them
+        return int((parts[first] + 256LL * parts[first + 1] + 65536LL * parts[first + 2]) & 0xFFFFFF);
     };
     constexpr size_t Ground = 3;
     run.Stage.Screen().SetColor(PrintSlot, mixed(0));

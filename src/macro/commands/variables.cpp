@@ -41,6 +41,8 @@ struct SetStep
 
 struct SetData : LineData
 {
+    Value* Target = nullptr; ///< of a line with one step only: what it changes
+    const Value* Right = nullptr;
     QString NameFault;
     std::vector<SetStep> Steps;
 };
@@ -107,14 +109,33 @@ void RunSet(RunState& run, ProgramLine& line)
             return;
 }
 
-/// One step on a variable, as most lines have it: whole numbers need no more than this.
+/// One step on a variable, as most lines have it: whole numbers need no more than this. A routine for each operator,
+/// so that none is chosen while the macro runs.
+template <Operator Op>
 void RunSetOnce(RunState& run, ProgramLine& line)
 {
-    const SetStep& step = static_cast<const SetData&>(*line.Data).Steps.front();
-    Variable& target = *line.Tokens[1].Slot;
-    const Value* known = KnownValue(step.Right);
-    if (!known || !target.Declared || !run.BranchIsLive() || !ApplyToWhole(*step.Op, target.Held, *known))
+    const auto& data = static_cast<const SetData&>(*line.Data);
+    if (!run.BranchIsLive() || !ApplyToWhole(Op, *data.Target, *data.Right))
         RunSet(run, line);
+}
+
+/// In the order of Operator.
+constexpr void (*SetOnceRuns[])(RunState&, ProgramLine&) = {
+    RunSetOnce<Operator::Assign>, RunSetOnce<Operator::Add>, RunSetOnce<Operator::Subtract>,
+    RunSetOnce<Operator::Multiply>, RunSetOnce<Operator::Divide>};
+
+/// Chooses how a line runs.
+void ChooseSetRun(ProgramLine& line, SetData& data)
+{
+    line.Run = RunSet;
+    const Token& target = line.Tokens[1];
+    const SetStep& step = data.Steps.front();
+    if (data.Steps.size() != 1 || !step.Op || !data.NameFault.isEmpty() || target.What != Token::Kind::Variable)
+        return;
+    data.Target = &target.Slot->Held;
+    data.Right = PlaceOfValue(step.Right);
+    if (data.Right)
+        line.Run = SetOnceRuns[size_t(*step.Op)];
 }
 
 void PrepareSet(RunState& run, ProgramLine& line)
@@ -130,9 +151,7 @@ void PrepareSet(RunState& run, ProgramLine& line)
         step.Tab = step.Right.What == Token::Kind::Tag && step.Right.Plain == FindPlainTag(u"[tab]");
         data->Steps.push_back(std::move(step));
     }
-    const bool once = data->Steps.size() == 1 && data->Steps.front().Op && data->NameFault.isEmpty() &&
-                      line.Tokens[1].What == Token::Kind::Variable;
-    line.Run = once ? RunSetOnce : RunSet;
+    ChooseSetRun(line, *data);
     line.Data = std::move(data);
 }
 

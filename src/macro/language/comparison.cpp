@@ -46,26 +46,6 @@ bool AreEqual(RunState& run, const Value& left, const Value& right, bool allWord
     }
 }
 
-/// Two whole numbers, which are texts of their own too.
-bool WholeHolds(Comparison comparison, qint32 left, qint32 right)
-{
-    switch (comparison) {
-    case Comparison::Equal:
-        return left == right;
-    case Comparison::Unequal:
-        return left != right;
-    case Comparison::Less:
-        return left < right;
-    case Comparison::Greater:
-        return left > right;
-    case Comparison::AtMost:
-        return left <= right;
-    case Comparison::AtLeast:
-        return left >= right;
-    }
-    return false;
-}
-
 } // namespace
 
 Condition ReadCondition(const QString& token, VariableTable& variables)

@@ -18,6 +18,26 @@ struct Condition
 };
 Condition ReadCondition(const QString& token, VariableTable& variables);
 
+/// Two whole numbers, which are texts of their own too.
+inline bool WholeHolds(Comparison comparison, qint32 left, qint32 right)
+{
+    switch (comparison) {
+    case Comparison::Equal:
+        return left == right;
+    case Comparison::Unequal:
+        return left != right;
+    case Comparison::Less:
+        return left < right;
+    case Comparison::Greater:
+        return left > right;
+    case Comparison::AtMost:
+        return left <= right;
+    case Comparison::AtLeast:
+        return left >= right;
+    }
+    return false;
+}
+
 /// Does the condition hold for a left value? `allWords`: as for `if`, all three special words are known and both sides
 /// are converted to numbers whatever the operator is. Fails with the message of what is wrong.
 bool Holds(RunState& run, const Condition& condition, const Value& left, bool allWords);

@@ -43,6 +43,15 @@ inline const Value* KnownValue(const Token& token)
     return token.What == Token::Kind::Variable && token.Slot->Declared ? &token.Slot->Held : nullptr;
 }
 
+/// Where a token's value stands for as long as the token lives, if it stands anywhere. What a variable that was never
+/// made holds is no whole number.
+inline const Value* PlaceOfValue(const Token& token)
+{
+    if (token.What == Token::Kind::Plain)
+        return &token.Told;
+    return token.What == Token::Kind::Variable ? &token.Slot->Held : nullptr;
+}
+
 /// The same for what `if` and `case` compare with: a group's name gives `key` itself if the group has it as an item.
 const Value& EvaluateMember(RunState& run, const Token& token, const Value& key, Value& scratch);
 

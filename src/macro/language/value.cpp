@@ -14,6 +14,13 @@ void Value::Write() const
     written = true;
 }
 
+void Value::Unwrite(qint32 whole)
+{
+    text = QString();
+    written = false;
+    Set(whole);
+}
+
 QString PipeToSpace(const QString& text)
 {
     return text.contains(QLatin1Char('|')) ? QString(text).replace(QLatin1Char('|'), QLatin1Char(' ')) : text;

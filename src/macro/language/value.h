@@ -18,11 +18,12 @@ public:
 
     void Set(qint32 whole)
     {
-        if (written)
-            text = QString();
+        if (written) {
+            Unwrite(whole);
+            return;
+        }
         number = whole;
         form = Form::Whole;
-        written = false;
         inRange = true;
     }
     void Set(const QString& told)
@@ -88,6 +89,7 @@ private:
     }
     void ReadText() const;
     void Write() const;
+    void Unwrite(qint32 whole); ///< lets the text go as well
 
     mutable QString text;
     mutable qint32 number = 0;

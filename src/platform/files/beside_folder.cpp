@@ -166,6 +166,14 @@ Result<> BesideFolder::Take(const QString& folder) const
     return Outcome(folder, Steps().RenameNew(from, to) == 0 ? 0 : errno);
 }
 
+Failure BesideFolder::InOpenWords(Failure failure) const
+{
+    const QString own = path.chopped(1), above = paths::FolderOfPath(own).chopped(1);
+    failure.Path.replace(own, above);
+    failure.Reason.replace(own, above);
+    return failure;
+}
+
 Result<> RemoveTree(const QString& folder)
 {
     const QByteArray top = WithoutSlash(folder);

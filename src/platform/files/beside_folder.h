@@ -29,6 +29,9 @@ public:
     /// Takes a folder in, by its own name. That one has to be free in here.
     [[nodiscard]] Result<> Take(const QString& folder) const;
 
+    /// A failure of work in here as people know the place: by the folder above, where what is made is to stand.
+    Failure InOpenWords(Failure failure) const;
+
 private:
     BesideFolder() = default;
     QString path;

@@ -34,6 +34,19 @@ constexpr QEvent::Type InputEvents[] = {QEvent::MouseButtonPress,
                                         QEvent::TouchBegin,
                                         QEvent::InputMethod};
 
+bool IsEscape(const QObject* watched, const QEvent& event)
+{
+    return event.type() == QEvent::KeyPress && watched->isWindowType() &&
+           static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape;
+}
+
+/// Esc that is held down in a window which the work has opened. One press only answers the window, and a macro may ask
+/// for ever.
+bool IsHeldEscape(const QObject* watched, const QEvent& event)
+{
+    return !RunInFront() && AnyRun() && IsEscape(watched, event) && static_cast<const QKeyEvent&>(event).isAutoRepeat();
+}
+
 QString TextOf(const RunScope& run)
 {
     return run.Detail().isEmpty() ? run.Name() : run.Name() + QStringLiteral(": ") + run.Detail();
@@ -103,8 +116,7 @@ void RunWatch::ShowPanel()
 bool RunWatch::TakesEscape(QObject* watched, const QEvent& event) const
 {
     const RunScope* run = RunInFront();
-    if (!run || event.type() != QEvent::KeyPress || static_cast<const QKeyEvent&>(event).key() != Qt::Key_Escape ||
-        !watched->isWindowType() || QApplication::activePopupWidget())
+    if (!run || !IsEscape(watched, event) || QApplication::activePopupWidget())
         return false;
     // In the main window what floats closes first, unless it is disabled.
     const bool mainWindow = window && watched == window->windowHandle();
@@ -130,5 +142,7 @@ bool RunWatch::eventFilter(QObject* watched, QEvent* event)
         StopRuns(StopReason::Esc);
         return true;
     }
+    if (IsHeldEscape(watched, *event))
+        StopRuns(StopReason::Esc); // and the window closes by it
     return IsHeldBack(watched, *event);
 }

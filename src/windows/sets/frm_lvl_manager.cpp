@@ -209,7 +209,7 @@ void frmLVLManager::ShowFacts()
     const SetFacts now = FactsOf(*game);
     const QString size = (now.More ? QStringLiteral("more than ") : QString()) +
                          QLocale().formattedDataSize(now.Bytes) + QStringLiteral(", %1 files").arg(now.Files);
-    const QString texts[] = {now.Gone ? QStringLiteral("not there any more") : Dashed(now.Name), Dashed(now.Author),
+    const QString texts[] = {now.Trouble.isEmpty() ? Dashed(now.Name) : now.Trouble, Dashed(now.Author),
                              QString::number(now.Levels), size, TapesText(now.Tapes)};
     for (size_t i = 0; i < facts.size(); ++i)
         facts[i]->setText(texts[i]);

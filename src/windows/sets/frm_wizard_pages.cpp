@@ -109,17 +109,18 @@ void frmWizard::MakeNamesPage()
          "Hover the mouse over each control to get more detailed information."});
     QVBoxLayout& column = *ColumnOf(made);
     column.addStretch();
-    txtGameName = MakeLine("txtGameName", "Your Games Full Title", 255,
+    txtGameName = MakeLine("txtGameName", "Your Games Full Title", LongestGameName,
                            TitledTip("Your Games Full Title",
                                      "The full name of your game. This long name is displayed\non the title screen and "
                                      "in the level select screen"),
                            column);
-    txtGameShortName = MakeLine("txtGameShortName", "Its Short Name", 15,
+    txtGameShortName = MakeLine("txtGameShortName", "Its Short Name", LongestShortName,
                                 TitledTip("Its Short Name",
                                           "This is used for the folder name and levelinfo referencing.\nTry to keep it "
                                           "short and meaningful."),
                                 column);
-    txtAuthor = MakeLine("txtAuthor", "Your Name", 100, TitledTip("Your Name", "That's you that is...."), column);
+    txtAuthor =
+        MakeLine("txtAuthor", "Your Name", LongestAuthor, TitledTip("Your Name", "That's you that is...."), column);
     cmdLastTime = new QPushButton(QStringLiteral("Name And Folder Of Last Time"), made);
     cmdLastTime->setObjectName(QStringLiteral("cmdLastTime"));
     cmdLastTime->setAutoDefault(false);

@@ -1,6 +1,6 @@
 #include "windows/sheet/animation_panel.h"
 
-#include "conf/element_record.h"
+#include "conf/block_commands.h"
 #include "frame/frame_state.h"
 #include "graphics/animation.h"
 #include "windows/sheet/apply_field.h"
@@ -15,6 +15,8 @@
 #include <QVBoxLayout>
 
 namespace {
+
+constexpr int WholeTile = 32; // pixels: the game's own offset
 
 QString NumberTaken(const QString& text)
 {
@@ -69,6 +71,7 @@ AnimationPanel::AnimationPanel(QWidget* parent) : QWidget(parent)
     column->setContentsMargins({});
     column->addWidget(Frame2);
     column->addWidget(Frame3);
+    column->addStretch();
 }
 
 void AnimationPanel::MakePlace()
@@ -76,18 +79,22 @@ void AnimationPanel::MakePlace()
     Frame2 = new QGroupBox(QStringLiteral("Tiles"), this);
     Frame2->setObjectName(QStringLiteral("Frame2"));
     auto* form = new QFormLayout(Frame2);
-    const auto box = [this, form](const char* name, const char* label) {
+    const auto box = [this](const char* name) {
         auto* made = new QLineEdit(Frame2);
         made->setObjectName(QString::fromLatin1(name));
         made->setReadOnly(true); // the marks on the sheet set it
-        form->addRow(QString::fromLatin1(label), made);
         return made;
     };
-    txtXpos = box("txtXpos", "Xpos");
-    txtYpos = box("txtYpos", "Ypos");
-    txtFrames = box("txtFrames", "Frames");
-    txtStart = box("txtStart", "Start");
-    txtCurrent = box("txtCurrent", "Current");
+    txtXpos = box("txtXpos");
+    txtYpos = box("txtYpos");
+    txtFrames = box("txtFrames");
+    txtStart = box("txtStart");
+    txtCurrent = box("txtCurrent");
+    form->addRow(QStringLiteral("Xpos"), txtXpos);
+    form->addRow(QStringLiteral("Ypos"), txtYpos);
+    form->addRow(QStringLiteral("Frames"), WithAdd(txtFrames, FramesField, "Frames"));
+    form->addRow(QStringLiteral("Start"), WithAdd(txtStart, StartFrameField, "Start"));
+    form->addRow(QStringLiteral("Current"), txtCurrent);
 }
 
 void AnimationPanel::MakePlay()
@@ -115,6 +122,7 @@ void AnimationPanel::MakePlay()
     delay->addWidget(txtDelay, 1);
     delay->addWidget(cmdDelaySpin[0]);
     delay->addWidget(cmdDelaySpin[1]);
+    delay->addWidget(AddButton(DelayField, "Delay"));
     cmbAnimMode = new QComboBox(Frame3);
     cmbAnimMode->setObjectName(QStringLiteral("cmbAnimMode"));
     cmbAnimMode->addItems(Frame.Settings.AnimModes);
@@ -123,14 +131,56 @@ void AnimationPanel::MakePlay()
     chkGlobalsync = new QCheckBox(QStringLiteral("Global Sync"), Frame3);
     chkGlobalsync->setObjectName(QStringLiteral("chkGlobalsync"));
     form->addRow(QStringLiteral("Delay"), delay);
-    form->addRow(QStringLiteral("Anim Mode"), cmbAnimMode);
-    form->addRow(QStringLiteral("Offset"), txtOffset);
-    form->addRow(QStringLiteral("Name"), txtName);
+    form->addRow(QStringLiteral("Anim Mode"), WithAdd(cmbAnimMode, AnimModeField, "AnimMode"));
+    form->addRow(QStringLiteral("Offset"), WithAdd(txtOffset, OffsetField, "Offset"));
+    form->addRow(QStringLiteral("Name"), WithAdd(txtName, NameField, "Name"));
     form->addRow(chkReverse);
-    form->addRow(chkGlobalsync);
-    setTabOrder(txtDelay, cmbAnimMode);
-    setTabOrder(cmbAnimMode, txtOffset);
-    setTabOrder(txtOffset, txtName);
+    form->addRow(WithAdd(chkGlobalsync, GlobalSyncField, "GlobalSync"));
+    QWidget* const order[] = {txtDelay,
+                              cmdAdd[DelayField],
+                              cmbAnimMode,
+                              cmdAdd[AnimModeField],
+                              txtOffset,
+                              cmdAdd[OffsetField],
+                              txtName,
+                              cmdAdd[NameField],
+                              chkReverse,
+                              chkGlobalsync,
+                              cmdAdd[GlobalSyncField]};
+    for (size_t place = 1; place < std::size(order); ++place)
+        setTabOrder(order[place - 1], order[place]);
+}
+
+QToolButton* AnimationPanel::AddButton(BlockField field, const char* what)
+{
+    auto* made = new QToolButton(this);
+    made->setObjectName(QStringLiteral("cmdAdd") + QLatin1String(what));
+    made->setText(QStringLiteral("+"));
+    made->setCheckable(true);
+    made->setToolTip(QStringLiteral("Adds the line .%1 at Update").arg(QLatin1String(BlockCommands.at(field).Word)));
+    made->setAccessibleName(made->toolTip());
+    made->hide();
+    connect(made, &QToolButton::toggled, this, [this, field](bool on) { Add(field, on); });
+    cmdAdd.at(field) = made;
+    return made;
+}
+
+QHBoxLayout* AnimationPanel::WithAdd(QWidget* box, BlockField field, const char* what)
+{
+    auto* row = new QHBoxLayout;
+    row->setSpacing(1);
+    row->addWidget(box, 1);
+    row->addWidget(AddButton(field, what));
+    return row;
+}
+
+void AnimationPanel::Add(BlockField field, bool on)
+{
+    EnableField(field, on);
+    if (on && field == OffsetField && Conf.Element.Offset == 0) {
+        Conf.Element.Offset = WholeTile; // 0 would show the first frame for ever
+        txtOffset->Show(QString::number(WholeTile));
+    }
 }
 
 void AnimationPanel::ConnectPlay()
@@ -200,7 +250,7 @@ void AnimationPanel::ShowCurrent(int tile)
     txtCurrent->setText(QString::number(tile));
 }
 
-void AnimationPanel::EnableFound()
+void AnimationPanel::EnableField(BlockField wanted, bool on)
 {
     const std::pair<QWidget*, BlockField> controls[] = {
         {txtDelay, DelayField},           {cmdDelaySpin[0], DelayField}, {cmdDelaySpin[1], DelayField},
@@ -208,7 +258,25 @@ void AnimationPanel::EnableFound()
         {chkGlobalsync, GlobalSyncField}, {txtOffset, OffsetField},      {txtName, NameField},
     };
     for (const auto& [control, field] : controls)
-        control->setEnabled(Conf.FieldFound[field]);
+        if (field == wanted)
+            control->setEnabled(on);
+}
+
+void AnimationPanel::EnableFound(bool mayAdd)
+{
+    for (size_t field = FramesField; field < RecordFields; ++field) {
+        const bool found = Conf.FieldFound.at(field);
+        EnableField(BlockField(field), found);
+        cmdAdd.at(field)->setVisible(mayAdd && !found);
+    }
+}
+
+FieldFlags AnimationPanel::Added() const
+{
+    FieldFlags added{};
+    for (size_t field = FramesField; field < RecordFields; ++field)
+        added.at(field) = cmdAdd.at(field)->isChecked();
+    return added;
 }
 
 void AnimationPanel::EnablePlace(bool on)

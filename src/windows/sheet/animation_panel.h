@@ -1,5 +1,7 @@
 #pragma once
 
+#include "conf/element_record.h"
+
 #include <QWidget>
 
 class ApplyField;
@@ -7,6 +9,7 @@ class QCheckBox;
 class QComboBox;
 class QGroupBox;
 class QLineEdit;
+class QHBoxLayout;
 class QToolButton;
 
 /// The boxes beside the sheet: where the animation lies on it, and how it plays. They show and change the block in
@@ -21,7 +24,9 @@ public:
     void ShowRecord();          ///< every box from the block
     void ShowPlace();           ///< the boxes that the marks change
     void ShowCurrent(int tile); ///< what the preview shows
-    void EnableFound();         ///< what the block has no line for cannot be changed
+    /// What the block has no line for cannot be changed, unless its line is to be added: `mayAdd` offers that.
+    void EnableFound(bool mayAdd);
+    FieldFlags Added() const; ///< fields whose line is to be added
     void EnablePlace(bool on);
     void EnableAll(bool on);
     void FocusFirst();
@@ -34,6 +39,10 @@ private:
     void MakePlace();
     void MakePlay();
     void ConnectPlay();
+    QToolButton* AddButton(BlockField field, const char* what);
+    QHBoxLayout* WithAdd(QWidget* box, BlockField field, const char* what);
+    void EnableField(BlockField field, bool on);
+    void Add(BlockField field, bool on);
     void ApplyDelay(const QString& text);
     void SpinDelay(int step);
 
@@ -43,4 +52,5 @@ private:
     QComboBox* cmbAnimMode;
     QCheckBox *chkReverse, *chkGlobalsync;
     QToolButton* cmdDelaySpin[2];
+    std::array<QToolButton*, RecordFields> cmdAdd{}; ///< none for what every block on a sheet has
 };

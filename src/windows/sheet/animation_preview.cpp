@@ -7,12 +7,13 @@
 #include <QLabel>
 #include <QPainter>
 #include <QRandomGenerator>
+#include <QtMath>
 #include <chrono>
 #include <optional>
 
 namespace {
 
-constexpr QSize HintSize{120, 126};
+constexpr QSize HintSize{136, 136};   // a tile at the largest zoom
 constexpr int MostTicksAtOnce = 1000; // after a sleep of the machine the run just goes on
 
 int AnyTile(int frames)
@@ -31,7 +32,6 @@ AnimationPreview::AnimationPreview(QWidget* parent) : QFrame(parent), picPreview
     MarkFocus(*this, false);
     setFocusPolicy(Qt::TabFocus);
     picPreview->setObjectName(QStringLiteral("picPreview"));
-    picPreview->setFixedSize(TileSize, TileSize);
     setMinimumHeight(TileSize * 3 / 2);
     tmrAnimation.setSingleShot(true);
     tmrAnimation.setTimerType(Qt::PreciseTimer);
@@ -100,12 +100,15 @@ void AnimationPreview::ShowFrame(int tile)
     const int row = Sheet.SheetColumns > 0 ? tile / Sheet.SheetColumns : 0;
     const int column = tile - row * Sheet.SheetColumns;
     const QPoint place(qMax(0, column), qMax(0, row));
-    QPixmap shown(TileSize, TileSize);
+    const QSize size(TileSize * Scale(), TileSize * Scale());
+    QPixmap shown(size);
     QPainter painter(&shown);
     painter.fillRect(shown.rect(), GroundBrush(ground));
-    painter.drawImage(QPoint(), Sheet.Picture, QRect(place * TileSize, shown.size()));
+    painter.drawImage(shown.rect(), Sheet.AsShown, QRect(place * TileSize, QSize(TileSize, TileSize)));
     painter.end();
+    shown.setDevicePixelRatio(devicePixelRatioF());
     picPreview->setPixmap(shown);
+    PlacePicture();
     emit FrameShown(place);
 }
 
@@ -119,6 +122,19 @@ void AnimationPreview::SetGround(SheetGround kind)
     ground = kind;
     if (!picPreview->pixmap().isNull())
         Redraw();
+}
+
+void AnimationPreview::SetZoom(int times)
+{
+    zoom = times;
+    setMinimumHeight(qMax(TileSize * 3 / 2, TileSize * zoom + 2 * frameWidth()));
+    if (!picPreview->pixmap().isNull())
+        Redraw();
+}
+
+int AnimationPreview::Scale() const
+{
+    return qMax(1, qRound(zoom * devicePixelRatioF()));
 }
 
 void AnimationPreview::SetPaused(bool on)
@@ -159,5 +175,11 @@ void AnimationPreview::focusOutEvent(QFocusEvent*)
 
 void AnimationPreview::resizeEvent(QResizeEvent*)
 {
-    picPreview->move((width() - TileSize) / 2, (height() - TileSize) / 2);
+    PlacePicture();
+}
+
+void AnimationPreview::PlacePicture()
+{
+    const int side = qCeil(TileSize * Scale() / devicePixelRatioF());
+    picPreview->setGeometry((width() - side) / 2, (height() - side) / 2, side, side);
 }

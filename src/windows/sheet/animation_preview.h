@@ -23,6 +23,7 @@ public:
     void ShowFrame(int tile);
     void Redraw(); ///< what is due now, from a picture painted anew
     void SetGround(SheetGround kind);
+    void SetZoom(int times);
     void SetPaused(bool on);
     bool Paused() const { return paused; }
     void StepOnce(); ///< one tick, while paused
@@ -42,6 +43,8 @@ protected:
 private:
     void Tick();
     void Arm();
+    void PlacePicture();
+    int Scale() const; ///< pixels of the screen for one of the sheet: whole ones, so that a tile stays crisp
     void ShowBegin();
 
     QLabel* picPreview;
@@ -52,5 +55,6 @@ private:
     int drawn = 0;     ///< the tile on show
     bool held = false; ///< it stays there for a tick that turned outside the run
     bool paused = false;
+    int zoom = 1;
     SheetGround ground = SheetGround::Checker;
 };

@@ -27,9 +27,11 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
+#include <QMenu>
 #include <QPushButton>
 #include <QToolButton>
 #include <QUrl>
+#include <QWindow>
 #include <utility>
 
 namespace {
@@ -141,7 +143,7 @@ void frmPCX::EnableTools()
 void frmPCX::ShowElement()
 {
     if (opening.FromBlock)
-        panel->EnableFound();
+        panel->EnableFound(opening.MayUpdate && !isPick);
     panel->ShowRecord();
     const bool named = opening.FromBlock && !Conf.Element.BlockKey.isEmpty();
     setWindowTitle(named ? Conf.Element.BlockKey + QStringLiteral(" - ") + request.File : request.File);
@@ -155,7 +157,7 @@ void frmPCX::ShowPick()
     if (isPreview) {
         Sheet.Start = Sheet.End = Sheet.InStart = std::nullopt;
         picScroll->MarksMoved();
-        for (QWidget* part : std::initializer_list<QWidget*>{side, tools, place})
+        for (QWidget* part : std::initializer_list<QWidget*>{side, tools, buttonsHint, place})
             part->hide();
         layout()->setContentsMargins({});
         picScroll->setFrameShape(QFrame::NoFrame);
@@ -184,12 +186,20 @@ void frmPCX::ShowWarnings()
         ShowMessage(message::ImageErrors, Sheet.ImageWarnings.chopped(1));
 }
 
-void frmPCX::leaveEvent(QEvent* event)
+/// The quick preview is small, and the mouse may never have come into it, or have left it while a message was up.
+void frmPCX::CloseIfLeft()
 {
-    QDialog::leaveEvent(event);
     const bool hasMessage = QApplication::activeModalWidget() != this; // the mouse went to that
-    if (isQuick && Frame.Settings.QuickClose && !hasMessage)
+    const bool shown = windowHandle() && windowHandle()->isExposed();
+    if (Frame.Settings.QuickClose && shown && !hasMessage && !frameGeometry().contains(QCursor::pos()))
         close();
+}
+
+void frmPCX::resizeEvent(QResizeEvent* event)
+{
+    QDialog::resizeEvent(event);
+    if (!picNewElement->isHidden())
+        PlaceNewElement();
 }
 
 void frmPCX::Press(QPoint tile, Qt::MouseButton button)
@@ -205,13 +215,23 @@ void frmPCX::Press(QPoint tile, Qt::MouseButton button)
         if (row.Button != button)
             continue;
         const bool restarts = row.Mark(tile);
-        picScroll->MarksMoved();
-        panel->ShowPlace();
         if (button == Qt::LeftButton)
             preview->ShowFrame(BaseTile());
-        if (restarts)
-            Restart();
+        ShowMarked(restarts);
     }
+}
+
+void frmPCX::MarkDragged(QPoint from, QPoint to)
+{
+    ShowMarked(MarkRun(from, to));
+}
+
+void frmPCX::ShowMarked(bool restarts)
+{
+    picScroll->MarksMoved();
+    panel->ShowPlace();
+    if (restarts)
+        Restart();
 }
 
 void frmPCX::MoveMark(int key, Qt::KeyboardModifiers keys)
@@ -277,8 +297,27 @@ void frmPCX::OpenNewElement()
 {
     panel->EnableAll(false);
     picScroll->setEnabled(false);
-    picNewElement->move(Pixels(*this, NewElementPlace.x()), Pixels(*this, NewElementPlace.y()));
+    PlaceNewElement();
     picNewElement->Open();
+}
+
+/// Inside the window, however small that is.
+void frmPCX::PlaceNewElement()
+{
+    QRect where({Pixels(*this, NewElementPlace.x()), Pixels(*this, NewElementPlace.y())}, picNewElement->sizeHint());
+    where.setSize(where.size().boundedTo(size()));
+    where.moveLeft(qMin(where.left(), width() - where.width()));
+    where.moveTop(qMin(where.top(), height() - where.height()));
+    picNewElement->setGeometry(where);
+}
+
+/// Ctrl+Enter: the button of what is in work, with what is typed in a box but not taken yet.
+void frmPCX::AcceptByKey()
+{
+    if (!picNewElement->isHidden())
+        picNewElement->Make();
+    else if (cmdUpdate->isEnabled() && cmdUpdate->isVisible())
+        UpdateElement();
 }
 
 void frmPCX::CloseNewElement()
@@ -298,8 +337,10 @@ void frmPCX::MakeElement(const QString& key, bool full)
 
 void frmPCX::UpdateElement()
 {
+    cmdUpdate->setFocus(); // a box takes what is typed into it when the keyboard leaves
     if (const auto mode = std::exchange(Conf.UnknownMode, std::nullopt))
         Conf.Element.AnimMode = *mode;
+    answer.Added = panel->Added();
     End(SheetOutcome::Update);
 }
 
@@ -320,6 +361,24 @@ void frmPCX::MarkTilesInUse()
                    {request.File, Sheet.SheetColumns, Sheet.SheetRows, own, Frame.Settings.SheetKinds}));
 }
 
+void frmPCX::GoToUser(const std::vector<TileUser>& users)
+{
+    const auto go = [this](int line) {
+        answer.Line = line;
+        End(SheetOutcome::GoTo);
+    };
+    if (users.size() == 1) {
+        go(users.front().Line);
+        return;
+    }
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const TileUser& user : users)
+        menu->addAction(QStringLiteral("%1 (line %2)").arg(WithoutMnemonic(user.Key)).arg(user.Line + 1), this,
+                        [go, line = user.Line] { go(line); });
+    menu->popup(QCursor::pos());
+}
+
 void frmPCX::WatchFile()
 {
     watcher.addPath(path);
@@ -335,6 +394,7 @@ void frmPCX::ReadAgain()
             return; // a program is still at it
         ReplacePicture(picture->Pixels);
         picScroll->PictureChanged();
+        picScroll->MarksMoved();
         preview->Redraw();
     });
 }

@@ -7,6 +7,7 @@
 #include <QFileSystemWatcher>
 #include <QTimer>
 
+struct TileUser;
 class AnimationPanel;
 class AnimationPreview;
 class NewElementPanel;
@@ -32,7 +33,7 @@ public:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void leaveEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
@@ -48,6 +49,8 @@ private:
     void CentreOnScreen();
     void FitSheetColumn();
     void Press(QPoint tile, Qt::MouseButton button);
+    void MarkDragged(QPoint from, QPoint to);
+    void ShowMarked(bool restarts);
     void MoveMark(int key, Qt::KeyboardModifiers keys);
     void Restart();
     void ShowPlayed(QPoint tile);
@@ -56,6 +59,10 @@ private:
     void FlashTitle();
     void OpenNewElement();
     void CloseNewElement();
+    void PlaceNewElement();
+    void AcceptByKey();
+    void CloseIfLeft();
+    void GoToUser(const std::vector<TileUser>& users);
     void MakeElement(const QString& key, bool full);
     void UpdateElement();
     void End(SheetOutcome outcome);
@@ -76,9 +83,9 @@ private:
     NewElementPanel* picNewElement;
     QWidget *side, *panelArea;
     QVBoxLayout* sheetColumn; ///< with its tools above and the place of the mouse below
-    QLabel *picFlash, *place;
+    QLabel *picFlash, *buttonsHint, *place;
     QPushButton *cmdExit, *cmdNew, *cmdUpdate;
-    QTimer tmrFlash, tmrFlashTitle, readAgain;
+    QTimer tmrFlash, tmrFlashTitle, tmrMouseLeave, readAgain;
     QFileSystemWatcher watcher; ///< of the file
     FolderWatch folderWatch;
     int MarkerPhase = 1;

@@ -15,6 +15,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 // The parts of the sheet window and where they stand.
@@ -22,6 +23,9 @@
 namespace {
 
 constexpr QSize QuickSize{120, 127}; // pixels at 96 dpi, without the frame
+constexpr const char* ButtonsHint =
+    "Left button: first tile, held down: a whole run.  Right: last tile.  Middle: where it "
+    "begins to play.";
 constexpr int QuickLift = 30;
 constexpr int MostPromptLines = 5; // the whole of it is in its tool tip
 constexpr QSize FrameRoom{20, 40}; // what a window manager puts around a window
@@ -43,29 +47,35 @@ void frmPCX::LayOut()
     picFlash->hide();
     place = new QLabel(this);
     place->setObjectName(QStringLiteral("place"));
-    const auto button = [this](const char* name, const char* caption) {
+    buttonsHint = new QLabel(QString::fromLatin1(ButtonsHint), this);
+    buttonsHint->setObjectName(QStringLiteral("buttonsHint"));
+    buttonsHint->setWordWrap(true);
+    buttonsHint->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    buttonsHint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Maximum); // as wide as the sheet
+    const auto button = [this](const char* name, const char* caption, const char* tip) {
         auto* made = new QPushButton(QString::fromLatin1(caption), this);
         made->setObjectName(QString::fromLatin1(name));
         made->setAutoDefault(false); // Enter belongs to the boxes
+        made->setToolTip(QString::fromLatin1(tip));
         return made;
     };
     // The keyboard goes from the sheet down the column beside it, and by the row above back to the sheet.
-    cmdUpdate = button("cmdQuit2", "Update Element");
-    cmdNew = button("cmdQuit1", "New Element");
-    cmdExit = button("cmdQuit0", "Exit");
+    cmdUpdate = button("cmdQuit2", "&Update Element", "Ctrl+Enter: the values go into the block");
+    cmdNew = button("cmdQuit1", "&New Element", "Ctrl+N: a block of its own");
+    cmdExit = button("cmdQuit0", "E&xit", "Esc or Ctrl+D: the text stays as it is");
     tools = new SheetTools(*picScroll, *preview, this);
     side = new QWidget(this);
     auto* beside = new QVBoxLayout(side);
     beside->setContentsMargins({});
     beside->addWidget(preview);
     panelArea = new Rolling(panel, side);
-    beside->addWidget(panelArea);
-    beside->addStretch();
+    beside->addWidget(panelArea, 1);
     for (QPushButton* made : {cmdUpdate, cmdNew, cmdExit})
         beside->addWidget(made);
     sheetColumn = new QVBoxLayout;
     sheetColumn->addWidget(tools);
     sheetColumn->addWidget(picScroll, 1);
+    sheetColumn->addWidget(buttonsHint);
     sheetColumn->addWidget(place);
     place->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     auto* middle = new QHBoxLayout;
@@ -82,6 +92,8 @@ void frmPCX::LayOut()
 void frmPCX::ConnectParts()
 {
     connect(picScroll, &SheetView::TilePressed, this, &frmPCX::Press);
+    connect(picScroll, &SheetView::TilesDragged, this, &frmPCX::MarkDragged);
+    connect(picScroll, &SheetView::UsersWanted, this, &frmPCX::GoToUser);
     connect(picScroll, &SheetView::PixelHovered, this, &frmPCX::ShowPlace);
     connect(preview, &AnimationPreview::FrameShown, this, &frmPCX::ShowPlayed);
     connect(panel, &AnimationPanel::RestartWanted, this, &frmPCX::Restart);
@@ -92,6 +104,11 @@ void frmPCX::ConnectParts()
     connect(cmdNew, &QPushButton::clicked, this, &frmPCX::OpenNewElement);
     connect(cmdUpdate, &QPushButton::clicked, this, &frmPCX::UpdateElement);
     connect(tools, &SheetTools::ImageEditorWanted, this, &frmPCX::OpenInEditor);
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter})
+        connect(new QShortcut(QKeySequence(Qt::CTRL | key), this), &QShortcut::activated, this, &frmPCX::AcceptByKey);
+    connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_N), this), &QShortcut::activated, cmdNew,
+            &QPushButton::click);
+    connect(&tmrMouseLeave, &QTimer::timeout, this, &frmPCX::CloseIfLeft);
     connect(&tmrFlash, &QTimer::timeout, this, &frmPCX::FlashMarks);
     connect(&tmrFlashTitle, &QTimer::timeout, this, &frmPCX::FlashTitle);
     readAgain.setSingleShot(true);
@@ -108,8 +125,10 @@ void frmPCX::BecomeQuickPreview()
     setWindowTitle(
         *std::find_if(std::begin(names), std::end(names) - 1, [](const QString& n) { return !n.isEmpty(); }));
     for (QWidget* part :
-         std::initializer_list<QWidget*>{picScroll, tools, panelArea, place, cmdExit, cmdNew, cmdUpdate})
+         std::initializer_list<QWidget*>{picScroll, tools, panelArea, buttonsHint, place, cmdExit, cmdNew, cmdUpdate})
         part->hide();
+    preview->SetZoom(1);
+    tmrMouseLeave.start(10);
     preview->setToolTip(windowTitle().toHtmlEscaped()); // a desktop may leave a title no room beside its buttons
     layout()->setContentsMargins({});
     layout()->setSpacing(0);
@@ -141,6 +160,8 @@ void frmPCX::CentreOnScreen()
 /// size.
 void frmPCX::FitSheetColumn()
 {
-    const int more = side->sizeHint().height() - sheetColumn->sizeHint().height();
+    const int cut =
+        panel->sizeHint().height() - panelArea->sizeHint().height(); // an area hints at no more than it likes
+    const int more = side->sizeHint().height() + qMax(0, cut) - sheetColumn->sizeHint().height();
     place->setMinimumHeight(place->sizeHint().height() + qMax(0, more));
 }

@@ -4,6 +4,7 @@
 
 #include <QFrame>
 
+class QLineEdit;
 class QListWidget;
 class QRadioButton;
 
@@ -17,6 +18,7 @@ public:
 
     /// Fills the lists from the words of the game, nothing chosen, and shows itself.
     void Open();
+    void Make(); ///< what the button does
 
 signals:
     /// `key`: the element with what was chosen after it; `full`: every line of a block.
@@ -25,11 +27,13 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void Make();
+    void Narrow(const QString& typed);
 
     KeyWords words;
+    QLineEdit* txtSearch;
     QListWidget *lstElement, *lstAction, *lstDirection;
     QRadioButton *useTemplate, *useFull;
 };

@@ -56,6 +56,7 @@ void SheetTools::SetZoom(int times, std::optional<QPoint> place)
     for (QAction* action : zooms->actions())
         if (action->data().toInt() == times)
             action->setChecked(true);
+    preview.SetZoom(times);
     if (view.Zoom() == times)
         return;
     view.SetZoom(times, place);
@@ -78,6 +79,15 @@ void SheetTools::AddGround(QToolBar& bar)
         WriteIni(on, Section, QStringLiteral("Grid"));
     });
     grid->setChecked(ReadIni(Section, QStringLiteral("Grid")).toInt() == 1);
+    QAction* dots = bar.addAction(QStringLiteral("Dots"));
+    dots->setCheckable(true);
+    dots->setToolTip(QStringLiteral("Dotted tiles: used by other blocks of the text"));
+    dots->setChecked(ReadIni(Section, QStringLiteral("Dots")) != QStringLiteral("0"));
+    view.SetDots(dots->isChecked());
+    connect(dots, &QAction::toggled, this, [this](bool on) {
+        view.SetDots(on);
+        WriteIni(on, Section, QStringLiteral("Dots"));
+    });
     auto* grounds = new QActionGroup(this);
     const int kept = qBound(0, ReadIni(Section, QStringLiteral("Ground")).toInt(), int(std::size(Grounds)) - 1);
     for (int kind = 0; kind < int(std::size(Grounds)); ++kind) {

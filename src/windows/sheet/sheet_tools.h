@@ -9,7 +9,7 @@ class SheetView;
 class AnimationPreview;
 class QActionGroup;
 
-/// The row above the sheet: zoom, grid, ground behind see-through pixels, pause and single frame, image editor.
+/// The row above the sheet: zoom, grid, dots, ground behind see-through pixels, pause and single frame, image editor.
 class SheetTools : public QWidget
 {
     Q_OBJECT

@@ -1,13 +1,15 @@
 #include "windows/sheet/sheet_view.h"
 
-#include "graphics/sheet.h"
 #include "windows/parts/focus_frame.h"
 #include "windows/parts/icons.h"
 
+#include <QApplication>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QToolTip>
 #include <QWheelEvent>
 
 namespace {
@@ -16,6 +18,7 @@ constexpr QSize ViewSize{770, 521};
 constexpr QRect CurrentSquare{9, 9, 14, 14}; // inside its tile
 constexpr int MarkPictures = 10;             // of each mark
 constexpr int LargestZoom = 4;
+constexpr size_t MostUsersTold = 12;
 constexpr QPoint NoPlace{-1, -1};
 
 } // namespace
@@ -47,7 +50,7 @@ QSize SheetView::sizeHint() const
 
 void SheetView::ShowPicture()
 {
-    picture = QPixmap::fromImage(Sheet.Picture);
+    picture = QPixmap::fromImage(Sheet.AsShown);
     FitScrollBars();
     horizontalScrollBar()->setValue(0);
     verticalScrollBar()->setValue(0);
@@ -56,7 +59,7 @@ void SheetView::ShowPicture()
 
 void SheetView::PictureChanged()
 {
-    picture = QPixmap::fromImage(Sheet.Picture);
+    picture = QPixmap::fromImage(Sheet.AsShown);
     FitScrollBars();
     viewport()->update();
     TellPixel();
@@ -101,9 +104,15 @@ void SheetView::SetGround(SheetGround kind)
     viewport()->update();
 }
 
-void SheetView::SetTilesInUse(QList<QPoint> tiles)
+void SheetView::SetTilesInUse(std::vector<UsedTile> tiles)
 {
     inUse = std::move(tiles);
+    viewport()->update();
+}
+
+void SheetView::SetDots(bool on)
+{
+    dots = on;
     viewport()->update();
 }
 
@@ -121,6 +130,9 @@ void SheetView::SetMarkPhase(int newPhase)
 
 void SheetView::MarksMoved()
 {
+    if (run != MarkedRun())
+        viewport()->update();
+    run = MarkedRun();
     for (const auto& tile : shownMarks)
         UpdateTile(tile);
     shownMarks = {Sheet.Start, Sheet.End, Sheet.InStart};
@@ -212,11 +224,27 @@ void SheetView::DrawGrid(QPainter& painter, const QRect& area) const
         painter.drawLine(area.left(), y, area.right(), y);
 }
 
+/// A faint band over the tiles of the run, a piece a row.
+void SheetView::DrawRun(QPainter& painter) const
+{
+    const int columns = Sheet.SheetColumns;
+    if (!run || columns < 1)
+        return;
+    painter.setPen(QColor(90, 170, 255, 200));
+    painter.setBrush(QColor(90, 170, 255, 70));
+    for (int tile = run->First; tile < run->First + run->Count; tile += columns - tile % columns) {
+        const int row = tile / columns, behind = qMin(run->First + run->Count, (row + 1) * columns);
+        const QRect first = PlaceOf({tile % columns, row}), last = PlaceOf({(behind - 1) % columns, row});
+        painter.drawRect((first | last).adjusted(0, 0, -1, -1));
+    }
+}
+
 void SheetView::DrawTilesInUse(QPainter& painter, const QRect& area) const
 {
-    painter.setPen(QPen(QColor(255, 200, 0, 150), 1, Qt::DotLine));
-    for (const QPoint& tile : inUse)
-        if (const QRect place = PlaceOf(tile); place.intersects(area))
+    painter.setPen(QPen(QColor(255, 200, 0, 220), 1, Qt::DotLine));
+    painter.setBrush(Qt::NoBrush);
+    for (const UsedTile& used : inUse)
+        if (const QRect place = PlaceOf(used.Tile); place.intersects(area))
             painter.drawRect(place.adjusted(1, 1, -2, -2));
 }
 
@@ -247,7 +275,9 @@ void SheetView::paintEvent(QPaintEvent* event)
     painter.drawPixmap(QRect(Origin() + source.topLeft() * zoom, source.size() * zoom), picture, source);
     if (grid)
         DrawGrid(painter, area);
-    DrawTilesInUse(painter, area);
+    DrawRun(painter);
+    if (dots)
+        DrawTilesInUse(painter, area);
     DrawMarks(painter);
 }
 
@@ -280,14 +310,73 @@ void SheetView::TellPixel()
 void SheetView::mousePressEvent(QMouseEvent* event)
 {
     const auto tile = TileAt(event->pos());
-    if (tile && pickable)
-        emit TilePressed(*tile, event->button());
+    if (!tile || !pickable)
+        return;
+    const UsedTile* used = UsedTileAt(event->pos());
+    if (used && event->button() == Qt::LeftButton && event->modifiers() == Qt::ControlModifier) {
+        emit UsersWanted(used->Users);
+        return;
+    }
+    if (event->button() == Qt::LeftButton)
+        dragged = Press{event->pos(), *tile, *tile};
+    emit TilePressed(*tile, event->button());
+}
+
+void SheetView::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        dragged.reset();
+}
+
+/// Outside the view the nearest tile of the sheet counts, which is scrolled into it.
+void SheetView::Drag(QPoint place)
+{
+    if ((place - dragged->Place).manhattanLength() < QApplication::startDragDistance())
+        return; // the hand shook on the edge of a tile
+    const QPoint from = place - Origin();
+    const int side = TileSize * zoom;
+    const auto within = [side](int at, int count) { return at < 0 ? 0 : qMin(at / side, count - 1); };
+    const QPoint tile(within(from.x(), Sheet.SheetColumns), within(from.y(), Sheet.SheetRows));
+    if (tile == dragged->Reached)
+        return;
+    dragged->Reached = tile;
+    emit TilesDragged(dragged->Tile, tile);
+    Uncover(tile);
+}
+
+const UsedTile* SheetView::UsedTileAt(QPoint place) const
+{
+    const auto tile = TileAt(place);
+    const auto found =
+        std::find_if(inUse.begin(), inUse.end(), [&](const UsedTile& used) { return used.Tile == tile; });
+    return dots && tile && found != inUse.end() ? &*found : nullptr;
+}
+
+void SheetView::ShowUsers(const QHelpEvent& event) const
+{
+    const UsedTile* used = UsedTileAt(event.pos());
+    if (!used) {
+        QToolTip::hideText();
+        return;
+    }
+    QStringList lines;
+    for (const TileUser& user : used->Users)
+        if (size_t(lines.size()) < MostUsersTold)
+            lines << QStringLiteral("%1 (line %2)").arg(user.Key).arg(user.Line + 1);
+    if (used->Users.size() > MostUsersTold)
+        lines << QStringLiteral("and %1 more").arg(used->Users.size() - MostUsersTold);
+    lines << QStringLiteral("Ctrl + left button goes there");
+    QToolTip::showText(event.globalPos(),
+                       lines.join(QLatin1Char('\n')).toHtmlEscaped().replace(u'\n', QStringLiteral("<br>")), viewport(),
+                       PlaceOf(used->Tile));
 }
 
 void SheetView::mouseMoveEvent(QMouseEvent* event)
 {
     mouse = event->pos();
     TellPixel();
+    if (dragged && event->buttons() & Qt::LeftButton)
+        Drag(mouse);
 }
 
 bool SheetView::viewportEvent(QEvent* event)
@@ -295,6 +384,10 @@ bool SheetView::viewportEvent(QEvent* event)
     if (event->type() == QEvent::Leave) {
         mouse = NoPlace;
         TellPixel();
+    }
+    if (event->type() == QEvent::ToolTip) {
+        ShowUsers(static_cast<const QHelpEvent&>(*event));
+        return true;
     }
     return QAbstractScrollArea::viewportEvent(event);
 }

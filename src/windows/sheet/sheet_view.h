@@ -1,11 +1,14 @@
 #pragma once
 
+#include "graphics/sheet.h"
+#include "graphics/tiles_in_use.h"
 #include "windows/sheet/sheet_ground.h"
 
 #include <QAbstractScrollArea>
-#include <QList>
 #include <QPixmap>
 #include <array>
+
+class QHelpEvent;
 
 /// `picScroll`: the sheet on show, one of its pixels to one of the screen at zoom 1, with the marks laid over it.
 class SheetView : public QAbstractScrollArea
@@ -25,8 +28,9 @@ public:
     int Zoom() const { return zoom; }
     void SetGrid(bool on);
     void SetGround(SheetGround kind);
-    /// Tiles that other blocks of the text use.
-    void SetTilesInUse(QList<QPoint> tiles);
+    /// Tiles that other blocks of the text use: dotted, unless the dots are off.
+    void SetTilesInUse(std::vector<UsedTile> tiles);
+    void SetDots(bool on);
     /// Presses are taken.
     void SetPickable(bool on);
 
@@ -43,6 +47,10 @@ public:
 
 signals:
     void TilePressed(QPoint tile, Qt::MouseButton button);
+    /// The left button, held since it went down on `from`, has come to another tile.
+    void TilesDragged(QPoint from, QPoint to);
+    /// The blocks that use a dotted tile are wanted.
+    void UsersWanted(const std::vector<TileUser>& users);
     /// Pixel of the picture under the mouse; (-1, -1) when it has left.
     void PixelHovered(QPoint pixel);
     /// By the wheel at `place` of the viewport.
@@ -55,6 +63,7 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override; ///< left to the window: the arrow keys move marks
     void scrollContentsBy(int dx, int dy) override;
@@ -66,6 +75,9 @@ private:
     void FitScrollBars();
     void ScrollTo(QPoint pixel, QPoint place); ///< brings a pixel of the picture to a place of the viewport
     void TellPixel();
+    void Drag(QPoint place);
+    void ShowUsers(const QHelpEvent& event) const;
+    const UsedTile* UsedTileAt(QPoint place) const; ///< null where none is dotted
     void UpdateTile(std::optional<QPoint> tile);
     QPoint Origin() const;                   ///< where the picture's corner lies in the viewport
     QRect PlaceOf(const QPoint& tile) const; ///< of a tile in the viewport
@@ -73,14 +85,22 @@ private:
     std::array<std::optional<QPoint>, MarkCount> MarkTiles() const;
     void DrawGround(QPainter& painter, const QRect& area) const;
     void DrawGrid(QPainter& painter, const QRect& area) const;
+    void DrawRun(QPainter& painter) const;
     void DrawTilesInUse(QPainter& painter, const QRect& area) const;
     void DrawMarks(QPainter& painter) const;
 
     QPixmap picture;
     int zoom = 1, phase = 1;
-    bool grid = false, pickable = true;
+    bool grid = false, pickable = true, dots = true;
     SheetGround ground = SheetGround::Checker;
-    QList<QPoint> inUse;
+    std::vector<UsedTile> inUse;
+    std::optional<TileRun> run;
+    struct Press
+    {
+        QPoint Place, Tile;
+        QPoint Reached; ///< tile that the run was told of last
+    };
+    std::optional<Press> dragged; ///< while the left button is held
     std::array<std::optional<QPoint>, MarkCount> shownMarks;
     std::optional<QPoint> current;
     QPoint mouse{-1, -1}; ///< in the viewport, outside if it has left

@@ -4,6 +4,7 @@
 #include "macro/start_macro.h"
 #include "windows/main/command_keys.h"
 #include "windows/main/main_window_test.h"
+#include "windows/messages/window_asker.h"
 
 #include <QFile>
 #include <QMenu>
@@ -109,6 +110,30 @@ TEST_F(MacroStartTest, EscAndCloseEndIt)
     StartMacro(Frame.MacrosFolder + u"$f.gfb"_s);
     EXPECT_EQ(RunningWork(), 0);
     EXPECT_TRUE(WaitUntil([this] { return !Window->isVisible(); }));
+}
+
+// Catches: a macro that asks for ever and cannot be ended, one that a single Esc at a question ends.
+TEST_F(MacroStartTest, HeldEscEndsOneThatAsksForEver)
+{
+    WindowAsker asker(Window.get());
+    InstallHost(*Window, asker);
+    Write("$q.gfb", "docstart\r\nlabel @a1\r\nprint q\r\nmessage a\r\ngotolabel @a1\r\n");
+    int asked = 0;
+    QTimer looks;
+    QObject::connect(&looks, &QTimer::timeout, [&asked] {
+        QWidget* window = QApplication::activeModalWidget();
+        if (!window || !window->windowHandle())
+            return;
+        const bool held = ++asked == 3;
+        QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, {}, {}, held);
+        QCoreApplication::sendEvent(window->windowHandle(), &escape);
+    });
+    looks.start(20);
+    StartMacro(Frame.MacrosFolder + u"$q.gfb"_s);
+    EXPECT_EQ(asked, 3);
+    EXPECT_TRUE(CurrentPane().GetLine(0).startsWith(u"qqq"_s));
+    EXPECT_FALSE(CurrentPane().GetLine(0).startsWith(u"qqqq"_s));
+    InstallHost(*Window, Run.Scope.Answers);
 }
 
 // Catches: a file's text that passes for the document's own, one that undo does not bring back, a save that leaves tab

@@ -16,6 +16,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QToolButton>
+#include <QToolTip>
 #include <QWheelEvent>
 
 namespace {
@@ -326,9 +328,10 @@ TEST_F(SheetWindow, QuickPreviewIsSmallAndLeavesWithTheMouse)
         EXPECT_EQ(window.windowTitle(), QStringLiteral("A zip"));
         EXPECT_FALSE(view.isVisible());
         EXPECT_TRUE(window.findChild<QWidget*>(QStringLiteral("picPreview"))->isVisible());
-        QEvent left(QEvent::Leave);
-        QCoreApplication::sendEvent(&window, &left);
-        EXPECT_FALSE(window.isVisible());
+        QTest::qWait(50);
+        EXPECT_TRUE(window.isVisible()) << "the mouse is over it";
+        QCursor::setPos(window.frameGeometry().bottomRight() + QPoint(9, 9));
+        EXPECT_TRUE(QTest::qWaitFor([&window] { return !window.isVisible(); })) << "it never was in the window itself";
     });
 }
 
@@ -378,4 +381,159 @@ TEST_F(SheetWindow, MacroPicksAndPreviews)
         EXPECT_FALSE(Sheet.Start);
     });
     frmPCX::Run(nullptr, MacroSheet(file, QStringLiteral("PREVIEW")));
+}
+
+// Catches: a drag that marks its ends only or not at all, a hand that shakes taken for one, a band that stays on the
+// tiles of the run before.
+TEST_F(SheetWindow, ADragMarksARunFaintly)
+{
+    WriteSheet(SmallSheet);
+    HoldBlock(0, 2, 1);
+    Open([](QWidget& window, SheetView& view) {
+        const auto colour = [&view](QPoint tile) {
+            return view.viewport()->grab().toImage().pixelColor(tile * TileSize + QPoint(3, 16));
+        };
+        const auto drag = [&view](QPoint from, QPoint to) {
+            QTest::mousePress(view.viewport(), Qt::LeftButton, {}, from);
+            QMouseEvent move(QEvent::MouseMove, to, view.viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
+            QCoreApplication::sendEvent(view.viewport(), &move);
+            QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, to);
+            QCoreApplication::sendEvent(view.viewport(), &move);
+        };
+        const QColor plain = colour({2, 1});
+        drag({3 * TileSize + 5, 40}, {2 * TileSize + 5, 9});
+        EXPECT_EQ(Text(window, "txtXpos") + Text(window, "txtYpos"), QStringLiteral("20"));
+        EXPECT_EQ(Text(window, "txtFrames"), QStringLiteral("6")) << "upward, past the edge of the sheet";
+        for (const QPoint tile : {QPoint(3, 0), QPoint(0, 1)})
+            EXPECT_NE(colour(tile), plain);
+        EXPECT_EQ(colour({1, 0}), plain);
+        drag({TileSize - 1, 40}, {TileSize + 1, 40});
+        EXPECT_EQ(Text(window, "txtFrames"), QStringLiteral("4")) << "a click on the first tile";
+        EXPECT_EQ(colour({3, 0}), plain);
+        drag({5, 5}, {2000, 2000});
+        EXPECT_EQ(Text(window, "txtFrames"), QStringLiteral("12")) << "as far as the sheet goes";
+    });
+}
+
+// Catches: a field without a line that cannot get one, one that is added unasked, a box not yet taken when the keys of
+// the button are pressed.
+TEST_F(SheetWindow, AddsTheLinesThatAreWanted)
+{
+    WriteSheet(SmallSheet);
+    CurrentPane().LoadBytes("zip: a.png\nzip.xpos: 0\nzip.ypos: 0\nzip.delay: 2\nend\n");
+    Request.Block = BlockPlace{0, 4};
+    Open([](QWidget& window, SheetView& view) {
+        EXPECT_TRUE(Part<QWidget>(window, "cmdAddDelay").isHidden());
+        Click(view, {2, 0}, Qt::RightButton);
+        Part<QToolButton>(window, "cmdAddFrames").click();
+        auto& offset = Part<QLineEdit>(window, "txtOffset");
+        EXPECT_FALSE(offset.isEnabled());
+        Part<QToolButton>(window, "cmdAddOffset").click();
+        EXPECT_EQ(offset.text(), QStringLiteral("32"));
+        auto& name = Part<QToolButton>(window, "cmdAddName");
+        name.click();
+        name.click();
+        EXPECT_FALSE(Part<QLineEdit>(window, "txtName").isEnabled()) << "taken back";
+        offset.setFocus();
+        QTest::keyClicks(&offset, QStringLiteral("0"));
+        QTest::keyClick(&offset, Qt::Key_Return, Qt::ControlModifier);
+        EXPECT_FALSE(window.isVisible());
+    });
+    EXPECT_EQ(CurrentPane().Text().replace(QStringLiteral("\r\n"), QStringLiteral("|")).simplified().remove(u' '),
+              QStringLiteral("zip:a.png|zip.xpos:0|zip.ypos:0|zip.frames:3|zip.delay:2|zip.offset:320|end|"));
+}
+
+// Catches: dots of no block, a tile in use that cannot be marked any more, a way to a block that leads elsewhere or
+// changes the text.
+TEST_F(SheetWindow, LeadsToTheBlocksThatUseATile)
+{
+    WriteSheet(SmallSheet);
+    HoldBlock(0, 0, 1, "mole: a.png\nmole.xpos: 2\nmole.ypos: 1\nmole.frames: 2\n");
+    const QByteArray before = CurrentPane().Bytes().toByteArray();
+    const auto dotted = [](SheetView& view) {
+        const QImage shown = view.viewport()->grab().toImage();
+        int found = 0;
+        for (int x = 2 * TileSize; x < 3 * TileSize; ++x)
+            found += shown.pixelColor(x, TileSize + 1) != shown.pixelColor(x, TileSize + 20);
+        return found > 3;
+    };
+    const auto press = [](SheetView& view, QPoint tile, Qt::KeyboardModifiers keys) {
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, keys, tile * TileSize + QPoint(9, 9));
+    };
+    Open([&](QWidget& window, SheetView& view) {
+        EXPECT_TRUE(dotted(view));
+        QHelpEvent rest(QEvent::ToolTip, {3 * TileSize + 9, TileSize + 9}, window.mapToGlobal(QPoint(9, 9)));
+        QCoreApplication::sendEvent(view.viewport(), &rest);
+        EXPECT_TRUE(QToolTip::text().contains(QStringLiteral("mole (line 10)"))) << QToolTip::text().toStdString();
+        press(view, {2, 1}, {});
+        EXPECT_EQ(Sheet.Start, QPoint(2, 1)) << "without Ctrl it is a tile like any other";
+        press(view, {1, 1}, Qt::ControlModifier);
+        EXPECT_EQ(Sheet.Start, QPoint(1, 1)) << "nothing to lead to";
+        for (QAction* action : window.findChildren<QAction*>())
+            if (action->text() == QStringLiteral("Dots"))
+                action->trigger();
+        EXPECT_FALSE(dotted(view));
+        for (QAction* action : window.findChildren<QAction*>())
+            if (action->text() == QStringLiteral("Dots"))
+                action->trigger();
+        press(view, {3, 1}, Qt::ControlModifier);
+        EXPECT_FALSE(window.isVisible());
+    });
+    EXPECT_EQ(CurrentPane().CaretLine(), 9);
+    EXPECT_EQ(CurrentPane().Bytes(), before);
+}
+
+// Catches: a search that leaves another element chosen than it shows, keys that do nothing in the panel.
+TEST_F(SheetWindow, SearchesTheElements)
+{
+    WriteSheet(SmallSheet);
+    HoldBlock(0, 0, 1);
+    Open([this](QWidget& window, SheetView&) {
+        QTest::keyClick(&window, Qt::Key_N, Qt::ControlModifier);
+        auto& search = Part<QLineEdit>(window, "txtSearch");
+        ASSERT_TRUE(search.isVisible());
+        QTest::keyClicks(&search, QStringLiteral("amya"));
+        auto& list = Part<QListWidget>(window, "lstElement");
+        ASSERT_NE(list.currentItem(), nullptr);
+        EXPECT_FALSE(list.currentItem()->isHidden());
+        EXPECT_TRUE(list.currentItem()->text().contains(QStringLiteral("yamyam")));
+        const int first = list.currentRow();
+        QTest::keyClick(&search, Qt::Key_Down);
+        EXPECT_GT(list.currentRow(), first);
+        search.setText(QStringLiteral("no such thing"));
+        QTest::keyClick(&search, Qt::Key_Return, Qt::ControlModifier);
+        EXPECT_EQ(Run.TakeMessages().size(), 1) << "nothing is chosen";
+        search.setText(QStringLiteral("yamyam"));
+        QTest::keyClick(&search, Qt::Key_Return, Qt::ControlModifier);
+        EXPECT_FALSE(window.isVisible());
+    });
+    EXPECT_TRUE(CurrentPane().Text().contains(QStringLiteral("yamyam:")));
+}
+
+// Catches: black of a sheet without a channel shown as if the game drew it, black of one with a channel not shown; a
+// preview that stays small.
+TEST_F(SheetWindow, ShowsWhatTheGameShows)
+{
+    for (const bool channel : {false, true}) {
+        QImage image(SmallSheet, channel ? QImage::Format_ARGB32 : QImage::Format_RGB32);
+        image.fill(Qt::black);
+        if (channel)
+            image.setPixelColor(0, 0, Qt::transparent);
+        ASSERT_TRUE(image.save(Run.Work.Path() + QStringLiteral("/a.png")));
+        HoldBlock(1, 0, 1);
+        Open([channel](QWidget& window, SheetView&) {
+            const auto& shown = Part<QLabel>(window, "picPreview");
+            ASSERT_TRUE(QTest::qWaitFor([&shown] { return !shown.pixmap().isNull(); }));
+            EXPECT_EQ(shown.pixmap().toImage().pixelColor(1, 1) == QColor(Qt::black), channel);
+            EXPECT_EQ(shown.size(), QSize(TileSize, TileSize));
+            for (const char* zoom : {"4x", "1x"}) {
+                for (QAction* action : window.findChildren<QAction*>())
+                    if (action->text() == QLatin1String(zoom))
+                        action->trigger();
+                const int side = zoom[0] == '4' ? 4 * TileSize : TileSize;
+                EXPECT_EQ(shown.size(), QSize(side, side));
+                EXPECT_TRUE(shown.parentWidget()->rect().contains(shown.geometry())) << "no edge is cut";
+            }
+        });
+    }
 }
