@@ -16,6 +16,7 @@
 #include "macro/test_source.h"
 #include "macro/word_facts.h"
 #include "platform/files/paths.h"
+#include "windows/macro/code_look.h"
 #include "windows/macro/command_list.h"
 #include "windows/macro/kept_code.h"
 #include "windows/macro/live_marks.h"
@@ -36,8 +37,6 @@
 namespace {
 
 constexpr int HighlightedLineSlot = 30;
-constexpr int StepColour = 0xA4FE9E;
-constexpr int CaretLineColour = 0xD4D4D4, FaultColour = 0x8C8CFF, EarlyFaultColour = 0x0000FF;
 
 FileQuestion MacroQuestion(FileQuestion::Use use, const char* title)
 {
@@ -341,8 +340,7 @@ void frmMacroEdit::MarkCaretLine(Side side)
     EditorPane& pane = txtEdit(side);
     if (running || !pane.Visible())
         return;
-    const bool dark = side == Output && FormInUse() == LookForm::Dark;
-    pane.SetColor(HighlightedLineSlot, dark ? LookOf(LookForm::Dark).HighlightedLine : CaretLineColour);
+    pane.SetColor(HighlightedLineSlot, CodeMarks(FormInUse()).Caret);
     pane.SetHighlightedLine(pane.CaretLine());
 }
 
@@ -365,7 +363,8 @@ void frmMacroEdit::ShowFault(const MacroError& error)
     code.FocusPane();
     code.ExecuteCmd(CmdGotoLine, error.Line);
     code.ExecuteCmd(CmdLineStart);
-    code.SetColor(HighlightedLineSlot, error.BeforeRun ? EarlyFaultColour : FaultColour);
+    const LineMarkColours& marks = CodeMarks(FormInUse());
+    code.SetColor(HighlightedLineSlot, error.BeforeRun ? marks.EarlyFault : marks.Fault);
     code.SetHighlightedLine(error.Line);
 }
 
@@ -382,7 +381,7 @@ void frmMacroEdit::WantSteps(bool wanted)
 void frmMacroEdit::ShowStep(int line)
 {
     EditorPane& code = txtEdit(Code);
-    code.SetColor(HighlightedLineSlot, StepColour);
+    code.SetColor(HighlightedLineSlot, CodeMarks(FormInUse()).Step);
     code.ExecuteCmd(CmdGotoLine, line);
     code.SetHighlightedLine(line);
 }
@@ -398,6 +397,17 @@ void frmMacroEdit::ShowLists()
     labcom->setText(watches ? QStringLiteral("Watch") : QStringLiteral("Commands"));
     words->setVisible(!watches);
     lstWatch->setVisible(watches);
+}
+
+/// From a pane to the words or the watch list, and back: Tab belongs to the text.
+void frmMacroEdit::TurnToList()
+{
+    if (!SSmacro->isAncestorOf(focusWidget()))
+        PaneInFront().FocusPane();
+    else if (Watches())
+        lstWatch->setFocus(Qt::ShortcutFocusReason);
+    else
+        words->setFocus(Qt::ShortcutFocusReason);
 }
 
 void frmMacroEdit::InsertCommand(const QString& word)

@@ -95,6 +95,7 @@ private:
     void GoOn(CodeStops::Way how);
     QString HoverOf(const QString& word);
     void ShowLists();
+    void TurnToList();
     void InsertCommand(const QString& word);
     void HelpForCode(bool ofList);
 

@@ -2,10 +2,13 @@
 
 #include "editor/make_pane.h"
 #include "frame/editor_pane.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "macro/basic_words.h"
+#include "macro/watch_lines.h"
 #include "windows/find/find_dialogs.h"
 #include "windows/macro/code_completion.h"
+#include "windows/macro/code_look.h"
 #include "windows/macro/command_list.h"
 #include "windows/macro/jump_list.h"
 #include "windows/macro/kept_code.h"
@@ -33,20 +36,6 @@ namespace {
 constexpr QSize WorkbenchSize{860, 620};    // pixels at 96 dpi
 constexpr QSize WorkbenchFrameRoom{20, 40}; // what a window manager puts around it
 constexpr double CodePoints = 8;
-
-struct CodeColour
-{
-    int Slot, Colour; ///< 0xBBGGRR
-};
-constexpr CodeColour CodeColours[] = {{8, 0xB00000},  {24, 32896}, {20, 29952},   {10, 200},
-                                      {22, 102},      {4, 102},    {6, 102},      {14, 7759126},
-                                      {15, 15131861}, {16, 29952}, {30, 0xD4D4D4}};
-
-struct CodeStyle
-{
-    int Slot, Style;
-};
-constexpr CodeStyle CodeStyles[] = {{2, 0}, {10, 0}, {8, 1}, {3, 1}, {9, 1}, {0, 0}, {1, 0}, {5, 0}, {6, 0}};
 
 QPushButton* WorkbenchButton(const char* name, const char* caption, QWidget* parent)
 {
@@ -114,6 +103,7 @@ frmMacroEdit::frmMacroEdit(QWidget* owner)
     DressCode();
     DressOutput();
     Connect();
+    lstWatch->ShowLines(WatchLinesBeforeRuns());
     const QSize wanted(Pixels(*this, WorkbenchSize.width()), Pixels(*this, WorkbenchSize.height()));
     resize(wanted.boundedTo(screen()->availableSize() - WorkbenchFrameRoom));
 }
@@ -174,15 +164,15 @@ QWidget* frmMacroEdit::MakeSide()
     lblFile->setTextFormat(Qt::PlainText);
     lblFile->setWordWrap(true);
     places = new JumpList(txtEdit(Code), side);
-    cmdTest = WorkbenchButton("cmdTest", "Test", side);
+    cmdTest = WorkbenchButton("cmdTest", "&Test", side);
     cmdTest->setToolTip(QStringLiteral("Runs the code on the output pane (F5). Esc stops it"));
-    cmdClear = WorkbenchButton("cmdClear", "Clear", side);
+    cmdClear = WorkbenchButton("cmdClear", "&Clear", side);
     cmdClear->setToolTip(QStringLiteral("Empties the output pane"));
-    chkClear = WorkbenchCheck("chkClear", "Clear When Run", "Empties the output pane before each run", side);
-    chkSpace = WorkbenchCheck("chkSpace", "Show Spaces + Tabs", "Shows blanks and tabs in both panes", side);
-    chkTerminal9 = WorkbenchCheck("chkTerminal9", "Terminal 9", "The font of the output pane", side);
-    chkStep = WorkbenchCheck("chkStep", "Single Step Mode", "Asks before each line of a run", side);
-    chkWatch = WorkbenchCheck("chkWatch", "Watch Mode", "Shows variables and results in place of the commands", side);
+    chkClear = WorkbenchCheck("chkClear", "Clear &When Run", "Empties the output pane before each run", side);
+    chkSpace = WorkbenchCheck("chkSpace", "Show S&paces + Tabs", "Shows blanks and tabs in both panes", side);
+    chkTerminal9 = WorkbenchCheck("chkTerminal9", "Terminal &9", "The font of the output pane", side);
+    chkStep = WorkbenchCheck("chkStep", "&Single Step Mode", "Asks before each line of a run", side);
+    chkWatch = WorkbenchCheck("chkWatch", "Watch &Mode", "Shows variables and results in place of the commands", side);
     progress = new QProgressBar(side);
     progress->setObjectName(QStringLiteral("ProgressBar"));
     progress->setAccessibleName(QStringLiteral("Progress of the macro"));
@@ -224,10 +214,7 @@ void frmMacroEdit::DressCode()
     Frame.Globals.RegisterLanguage(QStringLiteral("mac"), BasicLanguage(BasicWords()));
     EditorPane& code = txtEdit(Code);
     code.SetLanguage(QStringLiteral("mac"));
-    for (const CodeColour& row : CodeColours)
-        code.SetColor(row.Slot, row.Colour);
-    for (const CodeStyle& row : CodeStyles)
-        code.SetFontStyle(row.Slot, row.Style);
+    GiveCodeLook(code, FormInUse());
     code.SetPaneFont(QStringLiteral("Courier New"), CodePoints);
     OfferCodeWords(code);
 }
@@ -257,6 +244,7 @@ void frmMacroEdit::Connect()
     for (QWidget* part : {WidgetOf(txtEdit(Code)), static_cast<QWidget*>(words)})
         connect(new QShortcut(Qt::Key_F1, part, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
                 &QShortcut::activated, this, [this, part] { HelpForCode(part == words); });
+    connect(new QShortcut(Qt::Key_F6, body), &QShortcut::activated, this, &frmMacroEdit::TurnToList);
     connect(new QShortcut(QKeySequence::SelectAll, body), &QShortcut::activated, this,
             [this] { PaneInFront().ExecuteCmd(CmdSelectAll); });
     connect(chkTerminal9, &QCheckBox::toggled, this, [this](bool on) {
@@ -269,6 +257,10 @@ void frmMacroEdit::Connect()
         connect(&pane, &EditorPane::FindWanted, this,
                 [this, &pane](FindKind kind) { ShowFindDialog(this, pane, kind); });
     }
+    connect(&Events(), &FrameEvents::MediaLooksChanged, this, [this] { // the desktop has turned dark or light
+        GiveCodeLook(txtEdit(Code), FormInUse());
+        GiveLook(txtEdit(Output), LookOf(FormInUse()));
+    });
     connect(&txtEdit(Code), &DocumentText::ModifiedChanged, this, &QWidget::setWindowModified);
     connect(marks.get(), &LiveMarks::Said, lblSays, &QLabel::setText);
     connect(marks.get(), &LiveMarks::Settled, places, &JumpList::Refresh);

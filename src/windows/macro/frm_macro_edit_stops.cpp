@@ -36,7 +36,7 @@ constexpr RunEntry RunEntries[] = {
 
 void frmMacroEdit::MakeRunMenu()
 {
-    mnuRun = menus->addMenu(QStringLiteral("&Run"));
+    mnuRun = menus->addMenu(QStringLiteral("R&un"));
     const auto add = [this](const char* name, const char* caption, int key) {
         QAction* entry = mnuRun->addAction(QString::fromLatin1(caption));
         entry->setObjectName(QString::fromLatin1(name));
