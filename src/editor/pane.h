@@ -101,6 +101,9 @@ public:
     void MarkBlock(int first, int last) override;
     void ShowLineMarks(bool on) override;
     void SetLineMarks(std::vector<LineMark> wanted) override;
+    void SetStops(std::vector<LineMark> wanted) override;
+    std::vector<LineMark> Stops() const override;
+    void SetReadOnly(bool on) override;
     LineSpan VisibleLines() const override;
     bool Visible() const override;
     void SetVisible(bool wanted) override;
@@ -174,6 +177,7 @@ private:
     void BeforePaint(const QRegion& region);
     bool ContextMenu(QEvent* event);
     bool MousePress(QMouseEvent& event);
+    bool PressBesideText(const QMouseEvent& event);
     void PutCaretAt(QPoint place, bool always);
     void ClearComponentKeys();
     bool ClaimKey(QKeyEvent& event);
@@ -249,7 +253,7 @@ private:
     struct SearchPiece;
     SearchPiece PieceFrom(const Search& search, qsizetype at, qsizetype end) const;
     bool ReplaceIn(const Search& search, Span& range, RunScope& run);
-    bool ReplaceAllIn(const Search& search, QList<Span>& pieces);
+    bool ReplaceAllIn(const Search& search, QList<Span>& pieces, const std::function<void()>& select);
     Search StartSearch(bool replacing);
 
     Component text;

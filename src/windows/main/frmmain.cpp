@@ -2,6 +2,7 @@
 
 #include "conf/block_outline.h"
 #include "conf/help_for_word.h"
+#include "conf/value_list.h"
 #include "editor/make_pane.h"
 #include "frame/documents/documents.h"
 #include "frame/files/file_commands.h"
@@ -69,6 +70,12 @@ QString TipOfTab(int tab)
     const Document& document = Frame.Documents.at(tab);
     const QString name = HasFile(document) ? paths::Native(document.Path) : EmptyCaption.trimmed();
     return Panes().Pane(tab).Modified() ? name + QStringLiteral("\nNot saved") : name;
+}
+
+QString FileOfTab(int tab)
+{
+    const Document& document = Frame.Documents.at(tab);
+    return HasFile(document) ? paths::FileNameOfPath(document.Path) : QString();
 }
 
 void MarkBlockAtCaret(EditorPane& pane)
@@ -153,6 +160,7 @@ void frmmain::ConnectParts()
     connect(strip, &TabStrip::NewWanted, commands.MenuOf(OpenTabCommand), &QAction::trigger);
     connect(strip, &TabStrip::CloseWanted, commands.MenuOf(CloseTab), &QAction::trigger);
     strip->TipOf = TipOfTab;
+    strip->FileOf = FileOfTab;
     connect(&commands, &CommandSet::AboutToRun, this, &frmmain::HideLists);
     connect(&commands, &CommandSet::AboutToRun, this, [this] { ssML->NoteSelection(); });
     connect(recording, &MacroRecording::Changed, this, &frmmain::RecordingChanged);
@@ -239,6 +247,8 @@ void frmmain::ConnectPane(int tab, EditorPane& pane)
 {
     pane.CodeList = OfferedWords;
     pane.CodeListPick = PickCodeListItem;
+    pane.CodeValues = ValuesAtCaret;
+    pane.CodePicture = ValuePicture;
     pane.HoverText = [](EditorPane& hovered, int line, int column) {
         return Frame.CurrentMode == ModeGfx ? BlockSummary(LinesOf(hovered), line, column, Frame.Settings.SheetKinds)
                                             : QString();
@@ -316,8 +326,10 @@ void frmmain::EscapePressed()
     } else if (bars.cmbFind()->hasFocus() || strip->Bar()->hasFocus() || ssML->isAncestorOf(focusWidget()) ||
                words->HasKeyboard() || marks->HasKeyboard())
         FocusPane();
-    else
+    else if (AnyRun())
         StopRuns(StopReason::Esc);
+    else
+        StopPreview();
 }
 
 void frmmain::LeaveMenuBar()

@@ -46,6 +46,8 @@ public:
     void RestorePosition();
     /// What follows the start in the frame: the layout, menu icons, the startup time in the caption.
     void ShowStarted();
+    /// Windows for files of tools wait until the program has started: its own questions come first.
+    void HoldTools(bool on);
     /// OnMainWindowClose: keeps what must not be lost. Once.
     void Finish();
     /// Ends the program whatever runs, without a question: for SIGTERM and its like.

@@ -190,6 +190,11 @@ void frmmain::ShowZippedSet(const QString& archive)
     });
 }
 
+void frmmain::HoldTools(bool on)
+{
+    tools->Hold(on);
+}
+
 void frmmain::ShowMacro(const QString& path)
 {
     tools->Add([this, path] {

@@ -56,7 +56,6 @@ TEST_F(CommandTable, EveryRowIsWholeAndItsOwn)
         EXPECT_STRNE(row.Caption, "");
         EXPECT_EQ(row.Action != NotThere, MenuOf(row.Control) != nullptr);
         EXPECT_FALSE(CommandIcon(QString::fromLatin1(row.ButtonKey)).isNull());
-        EXPECT_EQ(HelpIdOf(row), QStringLiteral("H_main_") + QString::fromLatin1(row.ButtonKey));
         if (*row.Shortcut) {
             const QKeySequence keysOf(QString::fromLatin1(row.Shortcut), QKeySequence::PortableText);
             EXPECT_EQ(keysOf.toString(QKeySequence::PortableText), QString::fromLatin1(row.Shortcut));
@@ -64,18 +63,6 @@ TEST_F(CommandTable, EveryRowIsWholeAndItsOwn)
         }
         if (row.Flags & OpensMenu) {
             EXPECT_NE(Window->Menus().Find(QString::fromLatin1(row.Control)), nullptr);
-        }
-    });
-}
-
-// Catches: a command without help, or a help page whose name nobody asks for any more.
-TEST_F(CommandTable, EveryButtonHasAHelpPage)
-{
-    ForEachRow([&](const CommandRow& row) {
-        if (row.Strip != ToolStrip::None && row.Action != NotThere) {
-            const QString page =
-                ProjectFile(QStringLiteral("help/")) + HelpIdOf(row).toLower() + QStringLiteral(".html");
-            EXPECT_TRUE(QFile::exists(page)) << page;
         }
     });
 }
