@@ -278,11 +278,7 @@ bool CodeListBox::TakeAccept(bool always)
 {
     const qsizetype row = IsOpen() ? Selected() : -1;
     Close();
-<<<<<<< HEAD
-    if (row < 0 || (!always && items[row] == TypedFor(row)))
-=======
     if (row < 0 || (!always && Stands(row)))
->>>>>>> main
         return false;
     Pick(row);
     return true;
