@@ -132,6 +132,7 @@ TEST_F(ShippedMacrosTest, EditorLinesStandBehindTheirBlock)
         "sand.digging: A.PNG sand.digging.frames: 1 # kept wall: a.pcx wall.xpos: 2 wall.ypos: 2 wall.frames: 1 "
         "wall.delay: 1 wall.EDITOR: b.pcx acid: c.png acid.EDITOR: c.png acid.EDITOR.xpos: 0 acid.EDITOR.ypos: 0");
     EXPECT_EQ(Made(u"Editor Lines"_s, made), made);
+    EXPECT_EQ(Made(u"Editor Lines"_s, "toon_1: a.pcx\n[title]: b.pcx\n"), "toon_1: a.pcx\n[title]: b.pcx\n");
 }
 
 // Catches: frames for a block that tells them, names for each block of an element, a second comment.

@@ -66,6 +66,12 @@ void MacroRecording::Start()
     emit Changed();
 }
 
+bool MacroRecording::HasCode()
+{
+    Catch();
+    return Running() && !recorder->Source().isEmpty();
+}
+
 RecordedMacro MacroRecording::Stop()
 {
     Catch();

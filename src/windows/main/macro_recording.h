@@ -34,6 +34,7 @@ public:
     bool Running() const { return recorder.has_value(); }
     void Start();
     RecordedMacro Stop();
+    bool HasCode(); ///< is a recording under way that would make a macro?
 
 signals:
     void Changed(); ///< a recording has begun or ended

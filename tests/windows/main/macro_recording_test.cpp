@@ -121,6 +121,27 @@ TEST_F(MacroRecordingTest, OtherCommandsAreTold)
     EXPECT_EQ(Run.TakeMessages().filter(u"Tidy Up^Line Numbers^The macro inner^Open Tab"_s).size(), 1);
 }
 
+// Catches: a recording that is lost when the window is closed, a window that stays.
+TEST_F(MacroRecordingTest, ClosingShowsTheMacroFirst)
+{
+    Begin({});
+    TypeKeys("kept");
+    CurrentPane().SetModified(false);
+    QString code;
+    Window->close();
+    EXPECT_TRUE(Window->isVisible());
+    QTimer::singleShot(0, qApp, [&code] {
+        OnModal([&code](QWidget& window) {
+            EditorPane& pane = static_cast<frmMacroEdit&>(window).txtEdit(frmMacroEdit::Code);
+            code = pane.Text();
+            pane.SetModified(false);
+        });
+    });
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(code.contains(u"print kept"_s)) << code;
+    EXPECT_FALSE(Window->isVisible());
+}
+
 // Catches: a recording of nothing that opens the workbench, a sign that does not end it.
 TEST_F(MacroRecordingTest, NothingDoneIsToldAndTheSignEndsIt)
 {
