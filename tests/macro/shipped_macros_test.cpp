@@ -220,8 +220,8 @@ TEST_F(ShippedMacrosTest, CheckFilesComparesTextAndFolder)
 {
     OpenExample(u"graphics"_s, u"graphicsinfo.conf"_s);
     scope.Folder.Write(u"spare.png"_s, "x");
-    scope.Text().AddText(u"nut: Gone.pcx\nnut.broken: gone.PCX # again\n"_s);
-    const int line = scope.Text().LineCount() - 2; // of the first that was added, counted from 1
+    scope.Text().AddText(u"nut: Gone.pcx\nnut.broken: gone.PCX # again\nacid: spare.pcx\n"_s);
+    const int line = scope.Text().LineCount() - 3; // of the first that was added, counted from 1
     const QString missing = u"Line %1: Gone.pcx is missing"_s.arg(line);
     const MacroTrial trial = Run(u"$k Check Files"_s, {missing});
     EXPECT_EQ(trial.Lists,

@@ -54,6 +54,7 @@ private:
     QToolButton* sign;
     std::optional<MacroRecorder> recorder;
     QPointer<EditorPane> pane;
+    QString path; ///< of its document
     QTimer soon;
     bool happened = false;  ///< something that no command has told of
     bool inCommand = false; ///< which tells of itself when it is done
