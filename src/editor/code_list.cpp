@@ -86,11 +86,6 @@ std::optional<qsizetype> CodeListBox::RowFor(const QString& word) const
     return found < 0 || word.isEmpty() ? std::nullopt : std::optional(found);
 }
 
-QString CodeListBox::TypedFor(qsizetype row) const
-{
-    return row < valueCount ? values.Typed : pane.CurrentWord();
-}
-
 void CodeListBox::Open()
 {
     if (Ask(false))
@@ -239,6 +234,8 @@ QString CodeListBox::SignBefore() const
 /// Is the word at the caret the item, or what stands in front of the item's form?
 bool CodeListBox::Stands(qsizetype row) const
 {
+    if (row < valueCount)
+        return items[row] == values.Typed;
     const QString word = pane.CurrentWord();
     const QString item = items[row].section(u' ', 0, 0);
     return item == word || item == QString(SignBefore() + word);
@@ -278,11 +275,7 @@ bool CodeListBox::TakeAccept(bool always)
 {
     const qsizetype row = IsOpen() ? Selected() : -1;
     Close();
-<<<<<<< HEAD
-    if (row < 0 || (!always && items[row] == TypedFor(row)))
-=======
     if (row < 0 || (!always && Stands(row)))
->>>>>>> main
         return false;
     Pick(row);
     return true;
