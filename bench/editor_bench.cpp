@@ -137,6 +137,29 @@ void ReplaceAllByExpressionAndUndo(benchmark::State& state)
 }
 BENCHMARK(ReplaceAllByExpressionAndUndo)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
 
+void ReplaceAllInOneLongLine(benchmark::State& state)
+{
+    const auto pane = MakePane();
+    pane->LoadBytes(QByteArray("ab \xC3\xA4 ").repeated(state.range(0)));
+    pane->SetFindOptions({.RegularExpression = true});
+    pane->SetFindText(QStringLiteral("(a)b"));
+    pane->SetReplaceText(QStringLiteral("$1b"));
+    for (auto _ : state)
+        pane->ExecuteCmd(CmdReplaceAll);
+}
+BENCHMARK(ReplaceAllInOneLongLine)->Arg(100'000)->Unit(benchmark::kMillisecond);
+
+/// Ten lines of a column block, far down in a text.
+void SelectColumnsFarDown(benchmark::State& state)
+{
+    const auto pane = MakePane();
+    const int line = int(state.range(0));
+    pane->LoadBytes(QByteArray("abcdef\n").repeated(line + 20));
+    for (auto _ : state)
+        pane->SetSel({line, 1, line + 10, 3, true}, false);
+}
+BENCHMARK(SelectColumnsFarDown)->Arg(250'000)->Unit(benchmark::kMillisecond);
+
 void ReplaceLines(benchmark::State& state)
 {
     ShownPane shown(int(state.range(0)));

@@ -72,6 +72,7 @@ bool ScintillaPane::FindPlain(const QString& wanted, bool forward)
 
 bool ScintillaPane::ReplaceFound()
 {
+    const Deed deed(*this, CmdFindNext); // which it ends with
     const Work work(*this);
     const Search search = StartSearch(true);
     const RawSelection selected = text.Selection();

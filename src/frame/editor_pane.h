@@ -64,6 +64,11 @@ public:
     virtual void ShowLineMarks(bool on) = 0;         ///< makes room for them beside the text
     virtual void
     SetLineMarks(std::vector<LineMark> wanted) = 0; ///< in the order of their lines, in place of those before
+    /// Lines in order at which a run stops; a message is the condition that it depends on. They move with their lines.
+    /// From the first call on a click beside the text tells MarginPressed.
+    virtual void SetStops(std::vector<LineMark> wanted) = 0;
+    virtual std::vector<LineMark> Stops() const = 0;
+    virtual void SetReadOnly(bool on) = 0; ///< for its user; edits of the program are lost too
     virtual LineSpan VisibleLines() const = 0;
     virtual bool Visible() const = 0;
     virtual void SetVisible(bool visible) = 0;
@@ -86,12 +91,15 @@ public:
     std::function<bool(const QStringList& paths)> LeaveNames; ///< would files that are dragged leave their names?
 
 signals:
+    void CommandBegins(int number); ///< a numbered command, by a key or by a caller; none of those inside it
+    void CommandDone(int number);
     void FindWanted(FindKind kind);           ///< a command asks for a dialog beside this text
     void LineCut(int line, qsizetype length); ///< a line has come that is too long to be shown whole
     void ViewMoved();                         ///< other lines are in view
     void MouseMoved();
     void FocusGained();
     void MousePressed(Qt::MouseButton button, Qt::KeyboardModifiers keys);
+    void MarginPressed(int line);
     void FilesDropped(const QStringList& paths, const Range& at);
 };
 

@@ -3,17 +3,13 @@
 #include "macro/language/run_state.h"
 #include "platform/files/paths.h"
 
-QStringList WatchLines(const RunState& run)
+namespace {
+
+QStringList ResultLines(const RunResults& last, const BlockState& block, const QString& title, qsizetype listed)
 {
-    QStringList lines;
-    for (const Variable* variable : run.Variables.InOrder())
-        lines << variable->Name + QStringLiteral(" = ") + variable->Held.Text();
-    for (const Label& label : run.Code.Labels.InOrder())
-        lines << label.Name + QStringLiteral(",Line = ") + QString::number(label.Line);
-    const RunResults& last = run.Last;
-    const qint64 loop = qint64(run.Block.LoopLimit) - run.Block.LoopRemaining;
+    const qint64 loop = qint64(block.LoopLimit) - block.LoopRemaining;
     const std::pair<const char*, QString> rows[] = {
-        {"{strMacroMultiTitle} = ", run.ListTitle},
+        {"{strMacroMultiTitle} = ", title},
         {"{strMacroMultiLastChoice} = ", last.ListChoice.Text()},
         {"{intMacroMultiLastnum} = ", last.ListChoiceNumber.Text()},
         {"{strMacroLastListGet} = ", last.ListGet.Text()},
@@ -27,9 +23,27 @@ QStringList WatchLines(const RunState& run)
         {"[LastAsk] = ", last.Ask.Text()},
         {"[LastElement] = ", last.Element.Text()},
         {"[LastLen] = ", last.VarLen.Text()},
-        {"[ListCount] = ", QString::number(run.ListItems.size())},
+        {"[ListCount] = ", QString::number(listed)},
     };
+    QStringList lines;
     for (const auto& [text, value] : rows)
         lines << QLatin1String(text) + value;
     return lines;
+}
+
+} // namespace
+
+QStringList WatchLines(const RunState& run)
+{
+    QStringList lines;
+    for (const Variable* variable : run.Variables.InOrder())
+        lines << variable->Name + QStringLiteral(" = ") + variable->Held.Text();
+    for (const Label& label : run.Code.Labels.InOrder())
+        lines << label.Name + QStringLiteral(",Line = ") + QString::number(label.Line);
+    return lines + ResultLines(run.Last, run.Block, run.ListTitle, run.ListItems.size());
+}
+
+QStringList WatchLinesBeforeRuns()
+{
+    return ResultLines({}, {}, {}, 0);
 }

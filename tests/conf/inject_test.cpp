@@ -4,6 +4,7 @@
 #include "conf/conf_lines.h"
 #include "conf/edit_element.h"
 #include "conf_fixture.h"
+#include "frame/program_scope.h"
 
 #include <QRandomGenerator>
 
@@ -97,6 +98,45 @@ TEST_F(Inject, RebuildKeepsOrderAndAddsAtTheEnd)
     EXPECT_EQ(Rebuilt(QStringLiteral("zip.CRUMBLED: c.png\nzip.CRUMBLED.xpos: 1"),
                       {QStringLiteral("xpos"), QStringLiteral("border_size")}),
               QStringLiteral("zip.CRUMBLED: c.png\r\nzip.CRUMBLED.xpos: 1\r\nzip.CRUMBLED.border_size:4\r\n"));
+}
+
+// Catches: a table of words in another order than the program's, by which a command is added with the value of another.
+TEST(InjectTable, DefaultsAreThoseOfTheShippedCommands)
+{
+    ProgramScope program;
+    program.Start();
+    const QStringList& shipped = Frame.WordLists.at(ModeGfx).at(KindGraphicComs);
+    const std::pair<const char*, const char*> told[] = {{"xpos", "0"},
+                                                        {"ypos", "0"},
+                                                        {"frames", "1"},
+                                                        {"delay", "1"},
+                                                        {"anim_mode", "loop"},
+                                                        {"start_frame", "0"},
+                                                        {"global_sync", "true"},
+                                                        {"offset", "0"},
+                                                        {"name", "Element's Full Name"},
+                                                        {"crumbled_like", "sand"},
+                                                        {"diggable_like", "sand"},
+                                                        {"anim_delay_fixed", "0"},
+                                                        {"anim_delay_random", "0"},
+                                                        {"post_delay_fixed", "0"},
+                                                        {"post_delay_random", "0"},
+                                                        {"EDITOR", "a.png"},
+                                                        {"PREVIEW", "a.png"},
+                                                        {"CRUMBLED", "a.png"},
+                                                        {"border_size", "4"}};
+    const InjectBlock block = ParseBlock(QStringLiteral("mole: a.png"), {});
+    QList<bool> wanted(qsizetype(KnownCommands), false);
+    for (const auto& [word, value] : told) {
+        const qsizetype row = shipped.indexOf(QLatin1StringView(word));
+        ASSERT_TRUE(row >= 0 && row < wanted.size()) << word;
+        wanted[row] = true;
+        const QStringList lines =
+            RebuildBlock(block, block.Parts, wanted, shipped, CurrentValueColumn()).split(QStringLiteral("\r\n"));
+        wanted[row] = false;
+        EXPECT_EQ(lines.value(1).simplified().remove(u' '),
+                  QStringLiteral("mole.%1:%2").arg(QLatin1StringView(word), QLatin1StringView(value)).remove(u' '));
+    }
 }
 
 // Catches: a rebuild that loses, doubles or changes lines of some block, against a plain twin: every line of a command

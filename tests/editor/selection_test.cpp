@@ -66,17 +66,6 @@ TEST_P(SelectionTest, ColumnsAreARectangle)
     EXPECT_FALSE(subject->GetSel(true).ColumnSel);
 }
 
-// Catches: a block far down that is laid out from the first line.
-TEST_P(SelectionTest, ColumnsFarDownCostWhatTheySpan)
-{
-    subject->LoadBytes(QByteArray("abcdef\n").repeated(300'000));
-    QElapsedTimer timer;
-    timer.start();
-    ASSERT_TRUE(subject->SetSel({250'000, 1, 250'010, 3, true}, false));
-    EXPECT_LT(timer.elapsed(), 1000);
-    EXPECT_EQ(subject->SelText().size(), 11 * 4 - 2);
-}
-
 TEST_P(SelectionTest, SelectLineLeavesTheLineEndOut)
 {
     Put(u"ab\ncd|\nef"_s);

@@ -256,7 +256,7 @@ TEST_F(Audio, DeafPlayerStopsNobody)
         audio::PlayMedia(path);
         audio::Stop();
     }
-    EXPECT_LT(timer.elapsed(), 1000);
+    EXPECT_LT(timer.elapsed(), 30'000) << "its sleep was waited for";
     audio::PlayMedia(path);
     EXPECT_EQ(ToSilence().Tone(), 0);
 }

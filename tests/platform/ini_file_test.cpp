@@ -3,7 +3,6 @@
 #include "platform/files/ini_text.h"
 #include "test_support.h"
 
-#include <QElapsedTimer>
 #include <QFile>
 #include <QThread>
 #include <gtest/gtest.h>
@@ -153,21 +152,6 @@ TEST(IniFile, BrokenFilesAreNotWritten)
     IniFile inFolder(folder.Path());
     EXPECT_EQ(inFolder.Read(Text("a"), Text("x")), IniFile::NotFound);
     EXPECT_FALSE(inFolder.Write(Text("a"), Text("x"), Text("3")));
-}
-
-// The vocabulary is read key by key; a look through the lines for each would take minutes.
-TEST(IniFile, ManyNumberedKeys)
-{
-    const TestFolder folder;
-    QByteArray text = "[Elements]\n";
-    for (int i = 1; i <= 20000; ++i)
-        text += QByteArray::number(i) + "=element_" + QByteArray::number(i) + '\n';
-    const IniFile ini(folder.Write(Name, text));
-    QElapsedTimer timer;
-    timer.start();
-    for (int i = 1; i <= 20000; ++i)
-        ASSERT_TRUE(ini.Read(Text("Elements"), QString::number(i)).endsWith(QString::number(i)));
-    EXPECT_LT(timer.elapsed(), 2000);
 }
 
 // Mutated texts: no crash, a key that was written reads back, and nothing else in the text has moved.

@@ -16,9 +16,12 @@
 #include "macro/test_source.h"
 #include "macro/word_facts.h"
 #include "platform/files/paths.h"
+#include "windows/macro/code_look.h"
 #include "windows/macro/command_list.h"
 #include "windows/macro/kept_code.h"
 #include "windows/macro/live_marks.h"
+#include "windows/macro/stop_bar.h"
+#include "windows/macro/watch_list.h"
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/help_subject.h"
 
@@ -26,7 +29,6 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QListWidget>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTabWidget>
@@ -35,8 +37,6 @@
 namespace {
 
 constexpr int HighlightedLineSlot = 30;
-constexpr int StepColour = 0xA4FE9E;
-constexpr int CaretLineColour = 0xD4D4D4, FaultColour = 0x8C8CFF, EarlyFaultColour = 0x0000FF;
 
 FileQuestion MacroQuestion(FileQuestion::Use use, const char* title)
 {
@@ -55,6 +55,14 @@ void frmMacroEdit::Run(QWidget* owner, const QString& macroToEdit)
     Show(owner, [&](frmMacroEdit& window) {
         if (!macroToEdit.isEmpty())
             window.Open(macroToEdit);
+    });
+}
+
+void frmMacroEdit::RunOn(QWidget* owner, const QString& code)
+{
+    Show(owner, [&](frmMacroEdit& window) {
+        window.txtEdit(Code).SetText(code);
+        window.txtEdit(Code).ExecuteCmd(CmdDocumentStart);
     });
 }
 
@@ -187,6 +195,7 @@ void frmMacroEdit::TakeFile(const QString& taken)
 void frmMacroEdit::TakeText(const QString& text)
 {
     kept->GiveUp();
+    stops->Clear();
     EditorPane& code = txtEdit(Code);
     code.SetText(text);
     code.ClearUndoBuffer();
@@ -276,8 +285,9 @@ bool frmMacroEdit::HandCodeToTab()
 
 // Test runs
 
-void frmMacroEdit::Test()
+void frmMacroEdit::TestFrom(CodeStops::Way way)
 {
+    stops->Begin(way, txtEdit(Code).CaretLine());
     if (chkClear->isChecked())
         txtEdit(Output).SetText({});
     SetBusy(true);
@@ -286,6 +296,7 @@ void frmMacroEdit::Test()
     running = true;
     RunTest();
     running = false;
+    bar->hide();
     SetBusy(false);
     if (std::ranges::none_of(StartedWindows.Entries(), &AliasedWindow::IsThere))
         PaneInFront().FocusPane();
@@ -320,7 +331,7 @@ void frmMacroEdit::SetBusy(bool busy)
     menus->setEnabled(!busy);
     for (QAction* menu : menus->actions())
         for (QAction* entry : menu->menu()->actions())
-            entry->setEnabled(!busy); // their keys too
+            entry->setEnabled(!busy && !onlyStopped.contains(entry)); // their keys too
     body->setEnabled(!busy);
 }
 
@@ -337,8 +348,7 @@ void frmMacroEdit::MarkCaretLine(Side side)
     EditorPane& pane = txtEdit(side);
     if (running || !pane.Visible())
         return;
-    const bool dark = side == Output && FormInUse() == LookForm::Dark;
-    pane.SetColor(HighlightedLineSlot, dark ? LookOf(LookForm::Dark).HighlightedLine : CaretLineColour);
+    pane.SetColor(HighlightedLineSlot, CodeMarks(FormInUse()).Caret);
     pane.SetHighlightedLine(pane.CaretLine());
 }
 
@@ -361,7 +371,8 @@ void frmMacroEdit::ShowFault(const MacroError& error)
     code.FocusPane();
     code.ExecuteCmd(CmdGotoLine, error.Line);
     code.ExecuteCmd(CmdLineStart);
-    code.SetColor(HighlightedLineSlot, error.BeforeRun ? EarlyFaultColour : FaultColour);
+    const LineMarkColours& colours = CodeMarks(FormInUse());
+    code.SetColor(HighlightedLineSlot, error.BeforeRun ? colours.EarlyFault : colours.Fault);
     code.SetHighlightedLine(error.Line);
 }
 
@@ -378,7 +389,7 @@ void frmMacroEdit::WantSteps(bool wanted)
 void frmMacroEdit::ShowStep(int line)
 {
     EditorPane& code = txtEdit(Code);
-    code.SetColor(HighlightedLineSlot, StepColour);
+    code.SetColor(HighlightedLineSlot, CodeMarks(FormInUse()).Step);
     code.ExecuteCmd(CmdGotoLine, line);
     code.SetHighlightedLine(line);
 }
@@ -388,18 +399,23 @@ bool frmMacroEdit::Watches() const
     return chkWatch->isChecked();
 }
 
-void frmMacroEdit::ShowWatch(const QStringList& lines)
-{
-    lstWatch->clear();
-    lstWatch->addItems(lines);
-}
-
 void frmMacroEdit::ShowLists()
 {
     const bool watches = Watches();
     labcom->setText(watches ? QStringLiteral("Watch") : QStringLiteral("Commands"));
     words->setVisible(!watches);
     lstWatch->setVisible(watches);
+}
+
+/// From a pane to the words or the watch list, and back: Tab belongs to the text.
+void frmMacroEdit::TurnToList()
+{
+    if (!SSmacro->isAncestorOf(focusWidget()))
+        PaneInFront().FocusPane();
+    else if (Watches())
+        lstWatch->setFocus(Qt::ShortcutFocusReason);
+    else
+        words->setFocus(Qt::ShortcutFocusReason);
 }
 
 void frmMacroEdit::InsertCommand(const QString& word)

@@ -2,20 +2,25 @@
 
 #include "editor/make_pane.h"
 #include "frame/editor_pane.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "macro/basic_words.h"
+#include "macro/watch_lines.h"
 #include "windows/find/find_dialogs.h"
 #include "windows/macro/code_completion.h"
+#include "windows/macro/code_look.h"
 #include "windows/macro/command_list.h"
+#include "windows/macro/jump_list.h"
 #include "windows/macro/kept_code.h"
 #include "windows/macro/live_marks.h"
+#include "windows/macro/stop_bar.h"
+#include "windows/macro/watch_list.h"
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/help_subject.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QListWidget>
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QPushButton>
@@ -31,20 +36,6 @@ namespace {
 constexpr QSize WorkbenchSize{860, 620};    // pixels at 96 dpi
 constexpr QSize WorkbenchFrameRoom{20, 40}; // what a window manager puts around it
 constexpr double CodePoints = 8;
-
-struct CodeColour
-{
-    int Slot, Colour; ///< 0xBBGGRR
-};
-constexpr CodeColour CodeColours[] = {{8, 0xB00000},  {24, 32896}, {20, 29952},   {10, 200},
-                                      {22, 102},      {4, 102},    {6, 102},      {14, 7759126},
-                                      {15, 15131861}, {16, 29952}, {30, 0xD4D4D4}};
-
-struct CodeStyle
-{
-    int Slot, Style;
-};
-constexpr CodeStyle CodeStyles[] = {{2, 0}, {10, 0}, {8, 1}, {3, 1}, {9, 1}, {0, 0}, {1, 0}, {5, 0}, {6, 0}};
 
 QPushButton* WorkbenchButton(const char* name, const char* caption, QWidget* parent)
 {
@@ -87,6 +78,7 @@ frmMacroEdit::frmMacroEdit(QWidget* owner)
     MakePanes();
     kept = std::make_unique<KeptCode>(txtEdit(Code));
     marks = std::make_unique<LiveMarks>(txtEdit(Code));
+    stops = std::make_unique<CodeStops>(txtEdit(Code));
     auto* split = new QSplitter(body);
     split->setObjectName(QStringLiteral("split"));
     split->setChildrenCollapsible(false);
@@ -99,7 +91,9 @@ frmMacroEdit::frmMacroEdit(QWidget* owner)
     lblSays->setTextFormat(Qt::PlainText);
     lblSays->setWordWrap(true);
     auto* rows = new QVBoxLayout(body);
+    bar = new StopBar(body);
     rows->addWidget(split, 1);
+    rows->addWidget(bar);
     rows->addWidget(lblSays);
     MakeMenus();
     auto* column = new QVBoxLayout(this);
@@ -109,6 +103,7 @@ frmMacroEdit::frmMacroEdit(QWidget* owner)
     DressCode();
     DressOutput();
     Connect();
+    lstWatch->ShowLines(WatchLinesBeforeRuns());
     const QSize wanted(Pixels(*this, WorkbenchSize.width()), Pixels(*this, WorkbenchSize.height()));
     resize(wanted.boundedTo(screen()->availableSize() - WorkbenchFrameRoom));
 }
@@ -147,10 +142,15 @@ void frmMacroEdit::MakeMenus()
     connect(mnutest, &QAction::triggered, this, &frmMacroEdit::Test);
     connect(Entry(edit, "mnuClear", "&Clear Test Window"), &QAction::triggered, this, &frmMacroEdit::ClearOutput);
     edit.addSeparator();
+    connect(Entry(edit, "mnuGotoPlace", "&Go To Label Or Sub", Qt::Key_F12), &QAction::triggered, this, [this] {
+        SSmacro->setCurrentIndex(Code);
+        places->GoOrAsk();
+    });
     connect(Entry(edit, "mnuNextMark", "&Next Mark", Qt::Key_F8), &QAction::triggered, this,
             [this] { GotoMark(true); });
     connect(Entry(edit, "mnuPreviousMark", "&Previous Mark", Qt::SHIFT | Qt::Key_F8), &QAction::triggered, this,
             [this] { GotoMark(false); });
+    MakeRunMenu();
     mnuRes = menus->addMenu(QStringLiteral("&Resources"));
     connect(Entry(*mnuRes, "mnuResAdd", "&Add A File"), &QAction::triggered, this, &frmMacroEdit::AddResource);
     mnuRes->addSeparator()->setObjectName(QStringLiteral("mnusepok"));
@@ -163,15 +163,16 @@ QWidget* frmMacroEdit::MakeSide()
     lblFile->setObjectName(QStringLiteral("lblFile"));
     lblFile->setTextFormat(Qt::PlainText);
     lblFile->setWordWrap(true);
-    cmdTest = WorkbenchButton("cmdTest", "Test", side);
+    places = new JumpList(txtEdit(Code), side);
+    cmdTest = WorkbenchButton("cmdTest", "&Test", side);
     cmdTest->setToolTip(QStringLiteral("Runs the code on the output pane (F5). Esc stops it"));
-    cmdClear = WorkbenchButton("cmdClear", "Clear", side);
+    cmdClear = WorkbenchButton("cmdClear", "&Clear", side);
     cmdClear->setToolTip(QStringLiteral("Empties the output pane"));
-    chkClear = WorkbenchCheck("chkClear", "Clear When Run", "Empties the output pane before each run", side);
-    chkSpace = WorkbenchCheck("chkSpace", "Show Spaces + Tabs", "Shows blanks and tabs in both panes", side);
-    chkTerminal9 = WorkbenchCheck("chkTerminal9", "Terminal 9", "The font of the output pane", side);
-    chkStep = WorkbenchCheck("chkStep", "Single Step Mode", "Asks before each line of a run", side);
-    chkWatch = WorkbenchCheck("chkWatch", "Watch Mode", "Shows variables and results in place of the commands", side);
+    chkClear = WorkbenchCheck("chkClear", "Clear &When Run", "Empties the output pane before each run", side);
+    chkSpace = WorkbenchCheck("chkSpace", "Show S&paces + Tabs", "Shows blanks and tabs in both panes", side);
+    chkTerminal9 = WorkbenchCheck("chkTerminal9", "Terminal &9", "The font of the output pane", side);
+    chkStep = WorkbenchCheck("chkStep", "&Single Step Mode", "Asks before each line of a run", side);
+    chkWatch = WorkbenchCheck("chkWatch", "Watch &Mode", "Shows variables and results in place of the commands", side);
     progress = new QProgressBar(side);
     progress->setObjectName(QStringLiteral("ProgressBar"));
     progress->setAccessibleName(QStringLiteral("Progress of the macro"));
@@ -180,6 +181,7 @@ QWidget* frmMacroEdit::MakeSide()
     auto* column = new QVBoxLayout(side);
     column->setContentsMargins({});
     column->addWidget(lblFile);
+    column->addWidget(places);
     for (QWidget* part :
          {static_cast<QWidget*>(cmdTest), static_cast<QWidget*>(cmdClear), static_cast<QWidget*>(chkClear),
           static_cast<QWidget*>(chkSpace), static_cast<QWidget*>(chkStep), static_cast<QWidget*>(chkWatch),
@@ -195,13 +197,12 @@ QWidget* frmMacroEdit::MakeLists(QWidget* side)
     labcom = new QLabel(part);
     labcom->setObjectName(QStringLiteral("labcom"));
     words = new CommandList(part);
-    lstWatch = new QListWidget(part);
+    lstWatch = new WatchList(part);
     lstWatch->setObjectName(QStringLiteral("lstWatch"));
     lstWatch->setAccessibleName(QStringLiteral("Watch"));
     auto* column = new QVBoxLayout(part);
     column->setContentsMargins({});
     column->addWidget(labcom);
-    lstWatch->setUniformItemSizes(true);
     column->addWidget(words, 1);
     column->addWidget(lstWatch, 1);
     ShowLists();
@@ -213,10 +214,7 @@ void frmMacroEdit::DressCode()
     Frame.Globals.RegisterLanguage(QStringLiteral("mac"), BasicLanguage(BasicWords()));
     EditorPane& code = txtEdit(Code);
     code.SetLanguage(QStringLiteral("mac"));
-    for (const CodeColour& row : CodeColours)
-        code.SetColor(row.Slot, row.Colour);
-    for (const CodeStyle& row : CodeStyles)
-        code.SetFontStyle(row.Slot, row.Style);
+    GiveCodeLook(code, FormInUse());
     code.SetPaneFont(QStringLiteral("Courier New"), CodePoints);
     OfferCodeWords(code);
 }
@@ -246,6 +244,7 @@ void frmMacroEdit::Connect()
     for (QWidget* part : {WidgetOf(txtEdit(Code)), static_cast<QWidget*>(words)})
         connect(new QShortcut(Qt::Key_F1, part, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
                 &QShortcut::activated, this, [this, part] { HelpForCode(part == words); });
+    connect(new QShortcut(Qt::Key_F6, body), &QShortcut::activated, this, &frmMacroEdit::TurnToList);
     connect(new QShortcut(QKeySequence::SelectAll, body), &QShortcut::activated, this,
             [this] { PaneInFront().ExecuteCmd(CmdSelectAll); });
     connect(chkTerminal9, &QCheckBox::toggled, this, [this](bool on) {
@@ -258,8 +257,13 @@ void frmMacroEdit::Connect()
         connect(&pane, &EditorPane::FindWanted, this,
                 [this, &pane](FindKind kind) { ShowFindDialog(this, pane, kind); });
     }
+    connect(&Events(), &FrameEvents::MediaLooksChanged, this, [this] { // the desktop has turned dark or light
+        GiveCodeLook(txtEdit(Code), FormInUse());
+        GiveLook(txtEdit(Output), LookOf(FormInUse()));
+    });
     connect(&txtEdit(Code), &DocumentText::ModifiedChanged, this, &QWidget::setWindowModified);
     connect(marks.get(), &LiveMarks::Said, lblSays, &QLabel::setText);
+    connect(marks.get(), &LiveMarks::Settled, places, &JumpList::Refresh);
     // Behind the drop: a question may come.
     connect(&txtEdit(Code), &EditorPane::FilesDropped, this, &frmMacroEdit::TakeDropped, Qt::QueuedConnection);
 }

@@ -1,5 +1,6 @@
 #include "windows/main/command_table.h"
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -17,6 +18,22 @@ std::vector<ShownRow> Collected(const MenuRow& menu, Wanted wanted)
         apart = apart || (row.Flags & SeparatorBehind);
     }
     return shown;
+}
+
+/// The row that opens the sub-menu in which this one stands; a row of the menu bar's own menus itself.
+const CommandRow& OpenerOf(const CommandRow& row)
+{
+    const auto menus = MainMenus();
+    const auto home = std::ranges::find_if(menus, [&row](const MenuRow& menu) {
+        return std::ranges::any_of(menu.Rows, [&row](const CommandRow& one) { return &one == &row; });
+    });
+    if (home == menus.end() || *home->Letter)
+        return row;
+    for (const MenuRow& menu : menus)
+        for (const CommandRow& one : menu.Rows)
+            if (QLatin1StringView(one.Control) == QLatin1StringView(home->Control))
+                return one;
+    return row;
 }
 
 } // namespace
@@ -65,7 +82,7 @@ bool ButtonEnabled(const CommandRow& row, const CommandFacts& now)
 
 QString HelpIdOf(const CommandRow& row)
 {
-    return HelpIdFor(row.ButtonKey);
+    return HelpIdFor(OpenerOf(row).ButtonKey);
 }
 
 QString ToolTipOf(const CommandRow& row)

@@ -30,6 +30,7 @@
 #include "windows/main/dialog_keys.h"
 #include "windows/main/dropped_files.h"
 #include "windows/main/line_hints_view.h"
+#include "windows/main/macro_recording.h"
 #include "windows/main/pane_mouse.h"
 #include "windows/main/pane_split.h"
 #include "windows/main/run_watch.h"
@@ -103,6 +104,7 @@ frmmain::frmmain()
       keys(new WindowKeys(this)),
       runs(new RunWatch(this, *panels)),
       buttons(new MacroButtons(this)),
+      recording(new MacroRecording(commands, *panels, this)),
       tools(new WaitingTools(this))
 {
     setObjectName(QStringLiteral("frmmain"));
@@ -161,6 +163,8 @@ void frmmain::ConnectParts()
     strip->FileOf = FileOfTab;
     connect(&commands, &CommandSet::AboutToRun, this, &frmmain::HideLists);
     connect(&commands, &CommandSet::AboutToRun, this, [this] { ssML->NoteSelection(); });
+    connect(recording, &MacroRecording::Changed, this, &frmmain::RecordingChanged);
+    connect(recording, &MacroRecording::StopWanted, this, &frmmain::RecordMacro);
     connect(recent, &RecentPopup::Chosen, this, RecentOpenSelected, Qt::QueuedConnection);
     connect(recent, &FloatingList::Dismissed, this, &frmmain::CloseLists);
     connect(split, &PaneSplit::LaidOut, this, [this] {
@@ -169,7 +173,6 @@ void frmmain::ConnectParts()
     });
     for (LowerList* list : {static_cast<LowerList*>(words), static_cast<LowerList*>(marks)})
         connect(list, &LowerList::Left, this, &frmmain::FocusPane);
-    connect(&Events(), &FrameEvents::ModeChanged, marks, &MarksPanel::DocumentChanged);
     connect(split, &PaneSplit::Dragged, this, &frmmain::FocusPane);
     connect(subject, &HelpSubject::Moved, this, &frmmain::MouseOver);
     connect(keys, &WindowKeys::EscapePressed, this, &frmmain::EscapePressed);

@@ -8,7 +8,6 @@
 
 #include <QCheckBox>
 #include <QCursor>
-#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QListView>
 
@@ -125,23 +124,6 @@ TEST_F(InjectWindow, ClosesWhenTheMouseLeavesIfWanted)
             EXPECT_EQ(window.isVisible(), quick == 0);
         });
     }
-}
-
-// Catches: a rebuild that costs more than a key press, measured with the sanitizers on.
-TEST_F(InjectWindow, RebuildsALongBlockAtOnce)
-{
-    QByteArray text = "yamyam: x.png\n";
-    for (int line = 0; line < 100; ++line)
-        text += line % 2 ? "yamyam.xpos: 3\n" : "yamyam.EDITOR.frames: 4\n";
-    Edit(text + QByteArray(400'000, '\n'), [](frmInject& window) {
-        QElapsedTimer timer;
-        timer.start();
-        for (int round = 0; round < 10; ++round) {
-            window.chkOption(3)->click();
-            QCoreApplication::processEvents();
-        }
-        EXPECT_LT(timer.elapsed() / 10, 100);
-    });
 }
 
 // Catches: a window across the edge of a screen, or on the first screen when the mouse is on another.

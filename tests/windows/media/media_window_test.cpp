@@ -237,15 +237,12 @@ TEST_F(MediaWindow, ListsFollowTheDisk)
 {
     Click(1);
     Run.Work.Write(QStringLiteral("aa.png.new"), "picture");
-    QElapsedTimer clock;
-    clock.start();
     const auto replace = [&] {
         return std::rename(qPrintable(Run.Work.Path(QStringLiteral("aa.png.new"))),
                            qPrintable(Run.Work.Path(QStringLiteral("aa.png"))));
     };
     ASSERT_EQ(replace(), 0);
     EXPECT_TRUE(WaitUntil([&] { return Shown().contains(QStringLiteral("aa.png")); }));
-    EXPECT_LT(clock.elapsed(), 1'000);
     EXPECT_EQ(List().Selected(), QStringLiteral("b.png"));
     Run.Work.Write(QStringLiteral("aa.png.new"), "picture");
     ASSERT_EQ(replace(), 0);
