@@ -363,8 +363,8 @@ void frmMacroEdit::ShowFault(const MacroError& error)
     code.FocusPane();
     code.ExecuteCmd(CmdGotoLine, error.Line);
     code.ExecuteCmd(CmdLineStart);
-    const LineMarkColours& marks = CodeMarks(FormInUse());
-    code.SetColor(HighlightedLineSlot, error.BeforeRun ? marks.EarlyFault : marks.Fault);
+    const LineMarkColours& colours = CodeMarks(FormInUse());
+    code.SetColor(HighlightedLineSlot, error.BeforeRun ? colours.EarlyFault : colours.Fault);
     code.SetHighlightedLine(error.Line);
 }
 
