@@ -105,6 +105,7 @@ void frmMacroEdit::WaitAt(RunState& run)
     stops->Wait(run);
     lstWatch->LetChange(0);
     LetLook(false);
+    txtEdit(Code).SetHighlightedLine(-1); // it stands there no longer
 }
 
 /// The parts of the window that do not change the code come alive while a run stands still.
