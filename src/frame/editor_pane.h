@@ -27,6 +27,15 @@ struct LineMark
     bool operator==(const LineMark&) const = default;
 };
 
+/// What may stand as the value that the caret is in.
+struct OfferedValues
+{
+    QStringList Items;
+    Range Place;        ///< of the value in the text, in one line: what an item replaces
+    QString Typed;      ///< of the value in front of the caret
+    bool Files = false; ///< the items name files, which may have a picture
+};
+
 /// A text with what a person sees of it: looks, hover, code list, drops, marks in the margin. The class behind it lives
 /// in editor/.
 class EditorPane : public DocumentText
@@ -73,11 +82,17 @@ public:
     /// Asked when the list may open, by a key of its own or because the user is typing; empty answer: none.
     std::function<QStringList(EditorPane&, bool typing)> CodeList;
     std::function<bool(EditorPane&, const QString&)> CodeListPick; ///< item chosen; false: the pane inserts nothing
+    /// Asked beside CodeList; what it offers stands in front and is narrowed while the user types.
+    std::function<OfferedValues(EditorPane&)> CodeValues;
+    /// Small picture of a file; null: none. Where it is not read yet `later` is called once it is.
+    std::function<QImage(EditorPane&, const QString& file, std::function<void()> later)> CodePicture;
     std::function<QString(EditorPane&, int line, int column)> HoverText;   ///< of the text under the mouse; empty: none
     std::function<QImage(EditorPane&, int line, int column)> HoverPicture; ///< beside HoverText; null: none
     std::function<bool(const QStringList& paths)> LeaveNames; ///< would files that are dragged leave their names?
 
 signals:
+    void CommandBegins(int number); ///< a numbered command, by a key or by a caller; none of those inside it
+    void CommandDone(int number);
     void FindWanted(FindKind kind);           ///< a command asks for a dialog beside this text
     void LineCut(int line, qsizetype length); ///< a line has come that is too long to be shown whole
     void ViewMoved();                         ///< other lines are in view

@@ -58,6 +58,14 @@ void frmMacroEdit::Run(QWidget* owner, const QString& macroToEdit)
     });
 }
 
+void frmMacroEdit::RunOn(QWidget* owner, const QString& code)
+{
+    Show(owner, [&](frmMacroEdit& window) {
+        window.txtEdit(Code).SetText(code);
+        window.txtEdit(Code).ExecuteCmd(CmdDocumentStart);
+    });
+}
+
 void frmMacroEdit::TakeBack(QWidget* owner, const RecoveredText& kept)
 {
     Show(owner, [&](frmMacroEdit& window) {

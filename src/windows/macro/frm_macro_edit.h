@@ -30,6 +30,8 @@ class frmMacroEdit : public QDialog, private TestView
 public:
     /// Open until its user leaves it. `macroToEdit`: the macro's file; empty: a new one.
     static void Run(QWidget* owner, const QString& macroToEdit = {});
+    /// The same with the code of a new macro, which is not saved yet.
+    static void RunOn(QWidget* owner, const QString& code);
     /// The same with unsaved code of an earlier window.
     static void TakeBack(QWidget* owner, const RecoveredText& kept);
 

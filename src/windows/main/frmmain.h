@@ -17,6 +17,7 @@ class CommentTree;
 class FloatingList;
 class HelpSubject;
 class LineHintsView;
+class MacroRecording;
 class MacroButtons;
 class MediaTabs;
 class MediaWatch;
@@ -73,6 +74,7 @@ public:
     void PreviewMedia(const MediaRequest& request) override;
     void StopPlayers() override { audio::Stop(); }
     void EditMacro(const QString& path) override;
+    void RecordMacro() override;
     void ShowZippedSet(const QString& archive) override;
     void ShowMacro(const QString& path) override;
     void ShowCode(const RecoveredText& code) override;
@@ -127,6 +129,7 @@ private:
     void RunMacroFile(const QString& path);
     bool RunMacroOfKey(QChar key); ///< false: no macro has it
     void LoadMacroButtons();
+    void RecordingChanged();
     void ShowMenuIcons();
     void TakeDrag(QDropEvent& event) const;
     void ManageLevels(const QString& archive);
@@ -154,6 +157,7 @@ private:
     WindowKeys* keys;
     RunWatch* runs;
     MacroButtons* buttons;
+    MacroRecording* recording;
     WaitingTools* tools;
     std::array<std::unique_ptr<EditorPane>, 8> panes;
     std::unique_ptr<EditorPane> buffer;

@@ -20,6 +20,7 @@
 namespace {
 
 const QColor UnsavedDot(0xE0, 0x6C, 0x00);
+constexpr int LongestFile = 10; ///< characters
 
 } // namespace
 
@@ -80,12 +81,27 @@ void TabStrip::SetTab(int tab, const TabFace& face)
         const QScopedValueRollback code(byCode, true);
         SelectNext(-1);
     }
-    bar->setTabText(tab, WithoutMnemonic(face.Caption));
+    for (int each = 0; each < bar->count(); ++each)
+        bar->setTabText(each, TextOf(each));
     ShowPicture(tab);
     // A disabled tab could not stay selected, and the flash dims the selected one: only its looks change.
     bar->setTabTextColor(tab, face.Enabled ? QColor() : palette().color(QPalette::Disabled, QPalette::WindowText));
     bar->setTabEnabled(tab, face.Visible); // else the wheel and the arrow keys would select what does not show
     bar->setTabVisible(tab, face.Visible);
+}
+
+/// Texts of one folder have one caption, so each tells its conf too.
+QString TabStrip::TextOf(int tab) const
+{
+    const TabFace& face = faces.at(tab);
+    const auto alike = std::ranges::count_if(
+        faces, [&face](const TabFace& other) { return other.Visible && other.Caption == face.Caption; });
+    QString file = alike > 1 && face.Caption != EmptyCaption && FileOf ? FileOf(tab) : QString();
+    file.truncate(file.lastIndexOf(u'.') > 0 ? file.lastIndexOf(u'.') : file.size());
+    if (file.endsWith(QLatin1StringView("info"), Qt::CaseInsensitive) && file.size() > 4)
+        file.chop(4);
+    const QString told = file.isEmpty() ? QString() : u' ' + file.left(LongestFile);
+    return WithoutMnemonic(face.Caption + told);
 }
 
 void TabStrip::SetUnsaved(int tab, bool now)

@@ -23,7 +23,8 @@ public:
     void SelectNext(int step); ///< by key: the next (1) or previous (-1) visible tab, around the ends
     QTabBar* Bar() const { return bar; }
 
-    std::function<QString(int tab)> TipOf; ///< asked when the mouse rests on a tab
+    std::function<QString(int tab)> TipOf;  ///< asked when the mouse rests on a tab
+    std::function<QString(int tab)> FileOf; ///< file name of a tab's text: tells tabs of one caption apart
 
 signals:
     void Changed(int tab); ///< any change of the selected tab
@@ -38,6 +39,7 @@ protected:
 private:
     void CurrentChanged(int tab);
     void ShowPicture(int tab);
+    QString TextOf(int tab) const;
     bool KeyPressed(int key);
     void Released(Qt::MouseButton button, int tab);
     void CloseByMouse(int tab);

@@ -109,3 +109,20 @@ TEST_F(TabStripTest, FaceShowsCaptionAndPicture)
     ShowTab(3);
     EXPECT_NE(Tabs()->tabIcon(3).pixmap(16).toImage(), before);
 }
+
+// Catches: texts of one folder that cannot be told apart, a caption that stays long when its twin has closed, one that
+// the documents take for that of an unsaved text.
+TEST_F(TabStripTest, TextsOfOneFolderTellTheirConf)
+{
+    Run.OpenInNewTab(Run.Work.Write(QStringLiteral("graphicsinfo.conf"), "name: x\n"));
+    const QString alone = Tabs()->tabText(1);
+    Run.OpenInNewTab(Run.Work.Write(QStringLiteral("soundsinfo.conf"), "name: x\n"));
+    Run.OpenInNewTab(Run.Work.Write(QStringLiteral("editorsetup.conf"), "name: x\n"));
+    EXPECT_EQ(Tabs()->tabText(1), alone + QStringLiteral(" graphics"));
+    EXPECT_EQ(Tabs()->tabText(2), alone + QStringLiteral(" sounds"));
+    EXPECT_EQ(Tabs()->tabText(3), alone + QStringLiteral(" editorsetu"));
+    EXPECT_EQ(Frame.Documents.at(2).Face.Caption, alone);
+    ClickTab(2, Qt::MiddleButton);
+    ClickTab(3, Qt::MiddleButton);
+    EXPECT_EQ(Tabs()->tabText(1), alone);
+}
