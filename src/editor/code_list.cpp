@@ -239,8 +239,8 @@ QString CodeListBox::SignBefore() const
 /// Is the word at the caret the item, or what stands in front of the item's form?
 bool CodeListBox::Stands(qsizetype row) const
 {
-    const QString word = pane.CurrentWord();
-    const QString item = items[row].section(u' ', 0, 0);
+    const QString word = TypedFor(row);
+    const QString item = row < valueCount ? items[row] : items[row].section(u' ', 0, 0);
     return item == word || item == QString(SignBefore() + word);
 }
 
@@ -278,11 +278,7 @@ bool CodeListBox::TakeAccept(bool always)
 {
     const qsizetype row = IsOpen() ? Selected() : -1;
     Close();
-<<<<<<< HEAD
-    if (row < 0 || (!always && items[row] == TypedFor(row)))
-=======
     if (row < 0 || (!always && Stands(row)))
->>>>>>> main
         return false;
     Pick(row);
     return true;

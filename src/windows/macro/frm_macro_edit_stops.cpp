@@ -130,5 +130,5 @@ QString frmMacroEdit::HoverOf(const QString& word)
         if (const std::optional<QString> value = ValueNow(*run, word))
             return word + QStringLiteral(" = ") + *value;
     const std::optional<WordFacts> facts = FactsOfWord(word);
-    return facts ? facts->Form + u'\n' + facts->Meaning : QString();
+    return facts ? TipOf(*facts) : QString();
 }
