@@ -94,7 +94,7 @@ Answer AnswerList::Ask(const Question& question)
         return Pressed{message::Consent};
     if (Next.empty())
         return Unprepared(question);
-    const Answer answer = Meaning(question, Next.front());
+    Answer answer = Meaning(question, Next.front());
     if (TakesOnlyItsOwn(question) && !IsConsent(question, answer) && !std::holds_alternative<KeySet>(answer))
         return WayOutOf(question);
     const Answer prepared = std::move(Next.front());

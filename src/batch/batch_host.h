@@ -36,6 +36,7 @@ public:
     void PreviewMedia(const MediaRequest& request) override;
     void StopPlayers() override {}
     void EditMacro(const QString&) override {}
+    void RecordMacro() override {}
     void ShowZippedSet(const QString& archive) override { ZippedSets << archive; }
     void ShowMacro(const QString& path) override { ShownMacros << path; }
     void ShowCode(const RecoveredText& code) override;

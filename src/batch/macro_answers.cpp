@@ -6,7 +6,7 @@ Answer MacroAnswers::Ask(const Question& question)
     if (message && message->Record.Number == message::CallersOwn && OnMessage)
         OnMessage(message->Record);
     const bool fine = Outcome().has_value();
-    const Answer answer = AnswerList::Ask(question);
+    Answer answer = AnswerList::Ask(question);
     if (const Result<> outcome = Outcome(); fine && !outcome && OnMisfit)
         OnMisfit(outcome.error().Reason);
     const bool consent = answer == Answer(Pressed{message::Consent});

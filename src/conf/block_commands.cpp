@@ -8,12 +8,6 @@ namespace {
 
 constexpr int Largest = std::numeric_limits<qint16>::max(), LargestDelay = 5'000'000;
 
-/// The game cuts a line at "#" wherever it stands.
-QString WithoutNote(const QString& value)
-{
-    return value.left(value.indexOf(QLatin1Char('#')));
-}
-
 constexpr BlockCommand Number(const char* word, const char* standard, int ElementRecord::*place, int low,
                               int high = Largest)
 {
@@ -59,7 +53,7 @@ constexpr std::array<BlockCommand, KnownCommands> BlockCommands = {{
      .Group = InjectGroup::Common,
      .Kind = ValueKind::Flag,
      .Number = &R::GlobalSync},
-    Number("offset", "0", &R::Offset, 0),
+    Number("offset", "32", &R::Offset, 0),
     {.Word = "name",
      .Default = "Element's Full Name",
      .Group = InjectGroup::Common,

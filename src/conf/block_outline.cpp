@@ -23,7 +23,8 @@ QString MainKey(const QString& line, const SheetEndings& endings)
 
 QString ValueOf(const QString& line)
 {
-    return CleanValue(line.mid(line.lastIndexOf(QLatin1Char(':')) + 1));
+    const QString plain = WithoutNote(line);
+    return CleanValue(plain.mid(plain.lastIndexOf(QLatin1Char(':')) + 1));
 }
 
 /// The key of a line with what may be its field; empty for a line without one.

@@ -199,6 +199,9 @@ void GotoComment(bool forward)
     if (pane.FindPlain(CurrentMarks().Marker(), forward)) {
         pane.ExecuteCmd(CmdLineStart);
         pane.ExecuteCmd(CmdCharRight);
+    } else {
+        ShowNotice(forward ? QStringLiteral("No comment separator further down")
+                           : QStringLiteral("No comment separator further up"));
     }
     Panes().FocusPane();
 }

@@ -43,6 +43,11 @@ QString CleanValue(const QString& text)
     return Blanked(text, HighestOfAll);
 }
 
+QString WithoutNote(const QString& text)
+{
+    return text.left(text.indexOf(QLatin1Char('#')));
+}
+
 QString PadAfterKey(const QString& key, const ValueColumn& column)
 {
     if (column.SuperTab)

@@ -21,6 +21,9 @@ QString CleanText(const QString& text);
 /// ASCII survive.
 QString CleanValue(const QString& text);
 
+/// What stands in front of a note: the game cuts a line at "#" wherever it stands.
+QString WithoutNote(const QString& text);
+
 /// The filler after a key that ends in its colon: one tab with SuperTab, else up to the value column.
 QString PadAfterKey(const QString& key, const ValueColumn& column);
 QString PadAfterKey(const QString& key);

@@ -3,6 +3,7 @@
 #include "conf/conf_lines.h"
 #include "conf/element_blocks.h"
 #include "conf/sub_groups.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
 
 namespace {
@@ -37,8 +38,10 @@ std::optional<InjectRequest> SelectBlockToEdit(DocumentText& pane)
     const LineReader lines = LinesOf(pane);
     pane.ExecuteCmd(CmdLineStart);
     const auto mainLine = FindMainLine(lines, pane.GetSel(true).StartLine, {Frame.Settings.SheetKinds, EditReach});
-    if (!mainLine)
+    if (!mainLine) {
+        ShowNotice(QStringLiteral("No element block begins in the %1 lines above").arg(EditReach));
         return std::nullopt;
+    }
     const QString main = CleanValue(pane.GetLine(*mainLine));
     if (!main.contains(QLatin1Char(':'))) {
         ShowMessage(message::ColonMissing);

@@ -2,6 +2,7 @@
 
 #include "conf/conf_lines.h"
 #include "conf/sub_groups.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
 
 namespace {
@@ -50,7 +51,7 @@ void SelectElementBlock()
     const std::optional<int> main =
         FindMainLine(lines, pane.GetSel(true).StartLine, {Frame.Settings.SheetKinds, SelectReach});
     if (!main)
-        return;
+        return ShowNotice(QStringLiteral("No element block begins in the %1 lines above").arg(SelectReach));
     const int end = EndOfBlock(lines, *main);
     if (end >= pane.LineCount())
         pane.InsertLine(end, {});

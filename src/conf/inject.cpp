@@ -84,7 +84,7 @@ InjectBlock ParseBlock(const QString& text, const QStringList& directions)
             line.chop(1);
     const QString& main = block.Lines.constFirst();
     block.Key = KeyOfLine(main);
-    block.MainValue = CleanValue(main.mid(block.Key.size() + 1));
+    block.MainValue = CleanValue(WithoutNote(main.mid(block.Key.size() + 1)));
     QStringList parts = block.Key.split(QLatin1Char('.')).mid(0, 3);
     if (parts.size() > 1 && directions.contains(parts.at(1).toLower()))
         parts = {parts.at(0), parts.at(1)};

@@ -76,7 +76,9 @@ ByteLine TakeLine(QByteArrayView bytes, qsizetype& from)
 
 void RunPassOnSelection(DocumentText& text, const QString& name, const LinePass& pass)
 {
-    const Range selection = text.GetSel(true);
+    Range selection = text.GetSel(true);
+    if (selection.EndLine > selection.StartLine && selection.EndCol == 0)
+        --selection.EndLine; // where Select Element Block ends, the next block begins
     const int lines = selection.EndLine - selection.StartLine + 1;
     RunScope run(RunKind::Pass, name);
     Busy().ShowProgress(lines, 0);

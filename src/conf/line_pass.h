@@ -43,6 +43,6 @@ void ForEachLine(QByteArrayView lines, const PassProgress& progress, Visit visit
 PassProgress ThrottledProgress(int maximum, RunScope& run);
 
 /// Runs a pass, `name` in the run panel, over the whole lines that the selection of a text touches: one undo step, with
-/// the progress bar, the caret at the start of the first line afterwards. A selection that ends in column 0 of a line
-/// includes that line. A pass that is stopped leaves the text as it was, as the status bar says.
+/// the progress bar, the caret at the start of the first line afterwards. One of several lines that ends in column 0
+/// has nothing of that last line. A pass that is stopped leaves the text as it was, as the status bar says.
 void RunPassOnSelection(DocumentText& text, const QString& name, const LinePass& pass);

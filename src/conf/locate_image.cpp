@@ -2,6 +2,7 @@
 
 #include "conf/conf_lines.h"
 #include "conf/element_blocks.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
 #include "frame/media/media_lists.h"
@@ -46,6 +47,11 @@ void Locate(bool quick)
     for (const LocateMessage& row : LocateMessages)
         if (row.Why == located.error())
             ShowMessage(row.Message);
+    const QString command = quick ? QStringLiteral("Quick Preview") : QStringLiteral("Edit Animation");
+    if (located.error() == TextSelected)
+        ShowNotice(command + QStringLiteral(" opens what the caret's line names, while nothing is selected"));
+    if (located.error() == NoKey)
+        ShowNotice(QStringLiteral("There is no key in this line for ") + command);
 }
 
 } // namespace
@@ -53,15 +59,15 @@ void Locate(bool quick)
 tl::expected<MediaRequest, NotLocated> LocateElementImage(DocumentText& pane)
 {
     if (pane.SelLength() > 0)
-        return tl::unexpected(NothingToLocate);
+        return tl::unexpected(TextSelected);
     pane.ExecuteCmd(CmdLineStart);
     const int caretLine = pane.GetSel(true).StartLine;
     if (pane.GetLine(caretLine).indexOf(QLatin1Char(':')) <= 0)
-        return tl::unexpected(NothingToLocate);
+        return tl::unexpected(NoKey);
     const std::optional<int> mainLine = MainLineAbove(pane, caretLine);
     if (!mainLine)
         return tl::unexpected(NoMainLine);
-    const QString line = pane.GetLine(*mainLine);
+    const QString line = WithoutNote(pane.GetLine(*mainLine));
     const qsizetype colon = line.lastIndexOf(QLatin1Char(':'));
     const QString name = colon < 0 ? QString() : CleanValue(line.mid(colon + 1));
     if (name.isEmpty())

@@ -8,7 +8,8 @@ class DocumentText;
 
 /// Why LocateElementImage found nothing.
 enum NotLocated : int {
-    NothingToLocate, ///< text is selected, or the caret's line has no key
+    TextSelected, ///< while these commands go by the caret's line
+    NoKey,        ///< in the caret's line
     NoMainLine,
     NoImageName,
     ImageNotInLists,
@@ -19,6 +20,7 @@ enum NotLocated : int {
 tl::expected<MediaRequest, NotLocated> LocateElementImage(DocumentText& pane);
 
 /// "Quick Preview" and "Edit Animation": what LocateElementImage finds is shown in the media lists and opened in the
-/// tool of the mode; returns when that has closed. What it lacked comes as a message.
+/// tool of the mode; returns when that has closed. What it lacked comes as a message, a place without anything to open
+/// as a notice.
 void QuickPreview();
 void EditAnimation();

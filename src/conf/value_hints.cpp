@@ -9,8 +9,6 @@
 
 namespace {
 
-enum class ParameterKind { Number, Truth, Mode, Element };
-
 struct ParameterRow
 {
     const char* Word;
@@ -228,15 +226,20 @@ bool LiesOn(QSize sheet, SheetPlace place, QSize frame)
 
 } // namespace
 
-QString ValueHint(QByteArrayView key, QByteArrayView value, const QStringList& elements)
+ParameterKind KindOfParameter(QByteArrayView key)
 {
     const QByteArrayView word = key.sliced(key.lastIndexOf('.') + 1);
     const auto* row = std::find_if(std::begin(Parameters), std::end(Parameters),
                                    [&](const ParameterRow& one) { return word == QByteArrayView(one.Word); });
+    return row == std::end(Parameters) || word.size() == key.size() ? ParameterKind::Other : row->Kind;
+}
+
+QString ValueHint(QByteArrayView key, QByteArrayView value, const QStringList& elements)
+{
     const QString text = Plain(value);
-    if (row == std::end(Parameters) || word.size() == key.size() || text.isEmpty() || text.startsWith(u'['))
+    if (text.isEmpty() || text.startsWith(u'['))
         return {};
-    switch (row->Kind) {
+    switch (KindOfParameter(key)) {
     case ParameterKind::Number:
         return NumberHint(text);
     case ParameterKind::Truth:
@@ -245,6 +248,8 @@ QString ValueHint(QByteArrayView key, QByteArrayView value, const QStringList& e
         return ModeHint(text);
     case ParameterKind::Element:
         return ElementHint(text, elements);
+    case ParameterKind::Other:
+        break;
     }
     return {};
 }

@@ -7,6 +7,12 @@
 
 /// What the game takes another way than its author meant, without a word: values of a graphics conf (release 4.4.2.1).
 
+/// What a parameter of a graphic takes.
+enum class ParameterKind { Other, Number, Truth, Mode, Element };
+
+/// By the last part of a key; a key of one part has none.
+ParameterKind KindOfParameter(QByteArrayView key);
+
 /// What is to be said of the value of one line; empty: nothing. A value in brackets ("[DEFAULT]") is the game's own.
 QString ValueHint(QByteArrayView key, QByteArrayView value, const QStringList& elements);
 

@@ -1,6 +1,7 @@
 #include "editor/code_list.h"
 
 #include <QListView>
+#include <QPainter>
 #include <QScreen>
 #include <QScrollBar>
 #include <QWindow>
@@ -11,6 +12,7 @@ using Sci = QsciScintillaBase;
 
 namespace {
 
+constexpr int PictureSide = 24; // pixels
 constexpr int RowsShown = 12, FewestTyped = 2, FewestColumns = 16, MostColumns = 60;
 
 /// What a command of the pane means to the list, in rows.
@@ -39,6 +41,13 @@ QListView* MakeView(QWidget* parent)
 
 } // namespace
 
+QVariant CodeListModel::data(const QModelIndex& index, int role) const
+{
+    if (role == Qt::DecorationRole && PictureOf)
+        return PictureOf(QStringListModel::data(index, Qt::DisplayRole).toString());
+    return QStringListModel::data(index, role);
+}
+
 CodeListBox::CodeListBox(EditorPane& owner, Component& component) : pane(owner), text(component) {}
 
 bool CodeListBox::IsOpen() const
@@ -48,14 +57,39 @@ bool CodeListBox::IsOpen() const
 
 bool CodeListBox::Ask(bool typing)
 {
-    items = pane.CodeList ? pane.CodeList(pane, typing) : QStringList();
+    words = pane.CodeList ? pane.CodeList(pane, typing) : QStringList();
+    Narrow();
     return !items.isEmpty();
+}
+
+/// The values that begin with what is typed, then those that hold it.
+void CodeListBox::Narrow()
+{
+    values = pane.CodeValues ? pane.CodeValues(pane) : OfferedValues();
+    QStringList begin, hold;
+    for (const QString& item : values.Items) {
+        if (item.startsWith(values.Typed, Qt::CaseInsensitive))
+            begin << item;
+        else if (item.contains(values.Typed, Qt::CaseInsensitive))
+            hold << item;
+    }
+    beginners = begin.size();
+    valueCount = begin.size() + hold.size();
+    items = begin + hold + words;
+}
+
+std::optional<qsizetype> CodeListBox::RowFor(const QString& word) const
+{
+    if (valueCount > 0 && !values.Typed.isEmpty())
+        return beginners > 0 ? std::max<qsizetype>(items.first(beginners).indexOf(values.Typed), 0) : -1;
+    const qsizetype found = FirstFor(word);
+    return found < 0 || word.isEmpty() ? std::nullopt : std::optional(found);
 }
 
 void CodeListBox::Open()
 {
     if (Ask(false))
-        Show(std::max<qsizetype>(FirstFor(pane.CurrentWord()), 0));
+        Show(valueCount > 0 ? 0 : std::max<qsizetype>(FirstFor(pane.CurrentWord()), 0));
 }
 
 void CodeListBox::Typed(int character)
@@ -68,9 +102,36 @@ void CodeListBox::Typed(int character)
     const QString word = pane.CurrentWord();
     if (word.size() < FewestTyped || !Ask(true))
         return;
-    const qsizetype found = FirstFor(word);
-    if (found >= 0)
-        Show(found);
+    const auto row = RowFor(word);
+    if (row && *row >= 0)
+        Show(*row);
+}
+
+/// A placeholder while it is read, so that all rows begin alike.
+QVariant CodeListBox::PictureOf(const QString& item)
+{
+    const auto known = pictures.constFind(item);
+    if (known != pictures.constEnd())
+        return *known;
+    QPixmap blank(PictureSide, PictureSide);
+    blank.fill(Qt::transparent);
+    if (!values.Files || !values.Items.contains(item) || awaited.contains(item))
+        return blank;
+    awaited << item;
+    const QPointer<QListView> shown = view;
+    const QImage picture = pane.CodePicture(pane, item, [this, shown, item] {
+        if (!shown)
+            return; // and with it this list
+        awaited.remove(item);
+        shown->viewport()->update();
+    });
+    if (picture.isNull())
+        return blank;
+    awaited.remove(item);
+    const QImage small = picture.scaled(PictureSide, PictureSide, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    QPixmap whole(blank);
+    QPainter(&whole).drawImage((PictureSide - small.width()) / 2, (PictureSide - small.height()) / 2, small);
+    return *pictures.insert(item, whole);
 }
 
 void CodeListBox::Show(qsizetype selected)
@@ -88,6 +149,14 @@ void CodeListBox::Show(qsizetype selected)
             QObject::connect(window, &QWindow::yChanged, view, follow);
         }
     }
+    if (!view->isVisible()) { // files may have changed
+        pictures.clear();
+        awaited.clear();
+    }
+    model.PictureOf = nullptr;
+    if (valueCount > 0 && values.Files && pane.CodePicture)
+        model.PictureOf = [this](const QString& item) { return PictureOf(item); };
+    view->setIconSize(model.PictureOf ? QSize(PictureSide, PictureSide) : QSize());
     if (model.stringList() != items)
         model.setStringList(items);
     Place();
@@ -99,7 +168,9 @@ void CodeListBox::Show(qsizetype selected)
 void CodeListBox::Place()
 {
     const qsizetype caret = text.Selection().Caret;
-    const qsizetype wordStart = caret - qMin<qsizetype>(pane.CurrentWord().size(), text.ColumnOf(caret));
+    const qsizetype wordStart = valueCount > 0
+                                    ? text.Position(values.Place.StartLine, values.Place.StartCol)
+                                    : caret - qMin<qsizetype>(pane.CurrentWord().size(), text.ColumnOf(caret));
     const int lineHeight = int(text.Send(Sci::SCI_TEXTHEIGHT, 0L));
     const QWidget* viewport = text.Widget()->viewport();
     const QPoint top = viewport->mapToGlobal(QPoint(int(text.Send(Sci::SCI_POINTXFROMPOSITION, 0, long(wordStart))),
@@ -114,7 +185,7 @@ void CodeListBox::Place()
     const int rows = int(std::min<qsizetype>(items.size(), RowsShown));
     const int frame = 2 * view->frameWidth();
     const QSize size(columns * view->fontMetrics().averageCharWidth() + view->verticalScrollBar()->sizeHint().width() +
-                         frame,
+                         (model.PictureOf ? PictureSide : 0) + frame,
                      rows * std::max(view->sizeHintForRow(0), 1) + frame);
     const QRect screen = text.Widget()->screen()->availableGeometry();
     QRect place(top + QPoint(0, lineHeight), size);
@@ -163,6 +234,8 @@ QString CodeListBox::SignBefore() const
 /// Is the word at the caret the item, or what stands in front of the item's form?
 bool CodeListBox::Stands(qsizetype row) const
 {
+    if (row < valueCount)
+        return items[row] == values.Typed;
     const QString word = pane.CurrentWord();
     const QString item = items[row].section(u' ', 0, 0);
     return item == word || item == QString(SignBefore() + word);
@@ -172,12 +245,12 @@ void CodeListBox::Follow()
 {
     if (!IsOpen())
         return;
-    const QString word = pane.CurrentWord();
-    const qsizetype found = FirstFor(word);
-    if (found < 0 || word.isEmpty())
-        Close();
+    Narrow();
+    const auto row = RowFor(pane.CurrentWord());
+    if (row)
+        Show(*row);
     else
-        Select(found);
+        Close();
 }
 
 void CodeListBox::Close()
@@ -212,6 +285,12 @@ void CodeListBox::Pick(qsizetype row)
 {
     Close();
     const QString item = items[row];
+    if (row < valueCount) {
+        const UndoGroup step(pane);
+        pane.SetSel(values.Place, false);
+        pane.ReplaceSel(item);
+        return;
+    }
     if (pane.CodeListPick && !pane.CodeListPick(pane, item))
         return;
     const UndoGroup step(pane);

@@ -9,7 +9,14 @@ using Sci = QsciScintillaBase;
 namespace {
 
 constexpr int Margin = 3, BarWidth = 3, MarkWidth = 11; // pixels at 96 dpi, as the component counts them
-const QColor Strong(0xD0, 0x20, 0x20), Faint(0xC0, 0x8A, 0x00);
+const QColor Strong(0xD0, 0x20, 0x20), Faint(0xC0, 0x8A, 0x00), Stop(0x2A, 0x6F, 0xC9);
+
+void MoveWithLines(std::vector<LineMark>& marks, int firstMoved, int moved)
+{
+    for (LineMark& mark : marks)
+        if (mark.Line >= firstMoved)
+            mark.Line = qMax(qMax(firstMoved - 1, 0), mark.Line + moved);
+}
 
 } // namespace
 
@@ -54,33 +61,48 @@ void MarginMarks::ShowLines(bool on)
     update();
 }
 
+void MarginMarks::SetStops(std::vector<LineMark> wanted)
+{
+    stopsTaken = true;
+    if (wanted == stops)
+        return;
+    stops = std::move(wanted);
+    update();
+}
+
 QString MarginMarks::MessagesOf(int line) const
 {
     QStringList messages;
+    for (const LineMark& stop : stops)
+        if (stop.Line == line)
+            messages << (stop.Message.isEmpty() ? QStringLiteral("Breakpoint")
+                                                : QStringLiteral("Breakpoint if ") + stop.Message);
     for (const LineMark& mark : marks)
         if (mark.Line == line)
             messages << mark.Message;
     return messages.join(QLatin1Char('\n'));
 }
 
-void MarginMarks::BeforeEdit(qsizetype position)
+void MarginMarks::BeforeEdit(qsizetype position, bool inserting)
 {
     blockFirst = blockLast = -1;
     const int line = text.LineOf(position);
-    if (editedLine < 0)
+    const int moves = inserting && position == text.LineStart(line) ? line : line + 1;
+    if (firstMoved < 0)
         linesBefore = text.Lines();
-    editedLine = editedLine < 0 ? line : qMin(line, editedLine);
+    firstMoved = firstMoved < 0 ? moves : qMin(moves, firstMoved);
 }
 
 void MarginMarks::AfterEdit()
 {
-    if (editedLine < 0)
+    if (firstMoved < 0)
         return;
     const int moved = text.Lines() - linesBefore;
-    for (LineMark& mark : marks)
-        if (mark.Line > editedLine)
-            mark.Line = qMax(editedLine, mark.Line + moved);
-    editedLine = -1;
+    MoveWithLines(marks, firstMoved, moved);
+    MoveWithLines(stops, firstMoved, moved);
+    const auto same = [](const LineMark& a, const LineMark& b) { return a.Line == b.Line; };
+    stops.erase(std::unique(stops.begin(), stops.end(), same), stops.end()); // their lines have gone
+    firstMoved = -1;
     update();
 }
 
@@ -117,6 +139,7 @@ void MarginMarks::paintEvent(QPaintEvent*)
         painter.fillRect(bar & rect(), blockColour);
     }
     painter.setPen(Qt::NoPen);
+    PaintStops(painter);
     // The strong one of a line is drawn last.
     for (const bool strong : {false, true}) {
         painter.setBrush(strong ? Strong : Faint);
@@ -127,5 +150,19 @@ void MarginMarks::paintEvent(QPaintEvent*)
             const double radius = strong ? 4 : 3;
             painter.drawEllipse(place.center(), radius, radius);
         }
+    }
+}
+
+/// One that depends on a condition is hollow.
+void MarginMarks::PaintStops(QPainter& painter) const
+{
+    constexpr double Half = 5, Rounding = 2.5, Hole = 2;
+    for (const LineMark& stop : stops) {
+        const QPointF centre = QRectF(PlaceOf(stop.Line)).adjusted(0, 0, -BarWidth, 0).center();
+        painter.setBrush(Stop);
+        painter.drawRoundedRect(QRectF(centre - QPointF(Half, Half), centre + QPointF(Half, Half)), Rounding, Rounding);
+        painter.setBrush(Qt::white);
+        if (!stop.Message.isEmpty())
+            painter.drawEllipse(centre, Hole, Hole);
     }
 }

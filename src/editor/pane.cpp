@@ -49,7 +49,7 @@ void ScintillaPane::BeforeChange(int position, int kind, int length)
     ++edits;
     colouring.BeforeEdit(position, inserting ? 0 : length, inserting ? length : 0);
     looks.BeforeEdit();
-    marks->BeforeEdit(position);
+    marks->BeforeEdit(position, inserting);
     if (inserting)
         blank = false;
     if (!(kind & (Sci::SC_PERFORMED_UNDO | Sci::SC_PERFORMED_REDO)))

@@ -101,6 +101,9 @@ public:
     void MarkBlock(int first, int last) override;
     void ShowLineMarks(bool on) override;
     void SetLineMarks(std::vector<LineMark> wanted) override;
+    void SetStops(std::vector<LineMark> wanted) override;
+    std::vector<LineMark> Stops() const override;
+    void SetReadOnly(bool on) override;
     LineSpan VisibleLines() const override;
     bool Visible() const override;
     void SetVisible(bool wanted) override;
@@ -133,6 +136,27 @@ private:
     private:
         ScintillaPane& pane;
     };
+    /// One numbered command as it is told. Made in front of the work, so that its end is told behind the changes.
+    class Deed
+    {
+    public:
+        Deed(ScintillaPane& owner, int told) : pane(owner), number(owner.working == 0 ? told : 0)
+        {
+            if (number)
+                emit pane.CommandBegins(number);
+        }
+        ~Deed()
+        {
+            if (number)
+                emit pane.CommandDone(number);
+        }
+        Deed(const Deed&) = delete;
+        Deed& operator=(const Deed&) = delete;
+
+    private:
+        ScintillaPane& pane;
+        const int number;
+    };
     struct CommandRow;
     static const CommandRow CommandRows[];
     struct KeyRow;
@@ -153,6 +177,7 @@ private:
     void BeforePaint(const QRegion& region);
     bool ContextMenu(QEvent* event);
     bool MousePress(QMouseEvent& event);
+    bool PressBesideText(const QMouseEvent& event);
     void PutCaretAt(QPoint place, bool always);
     void ClearComponentKeys();
     bool ClaimKey(QKeyEvent& event);
@@ -228,7 +253,7 @@ private:
     struct SearchPiece;
     SearchPiece PieceFrom(const Search& search, qsizetype at, qsizetype end) const;
     bool ReplaceIn(const Search& search, Span& range, RunScope& run);
-    bool ReplaceAllIn(const Search& search, QList<Span>& pieces);
+    bool ReplaceAllIn(const Search& search, QList<Span>& pieces, const std::function<void()>& select);
     Search StartSearch(bool replacing);
 
     Component text;

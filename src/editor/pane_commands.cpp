@@ -84,6 +84,7 @@ bool ScintillaPane::ExecuteCmd(int number, const QVariant& argument)
                                   [number](const CommandRow& r) { return r.Number == number; });
     if (row == std::end(CommandRows))
         return false;
+    const Deed deed(*this, number);
     const Work work(*this);
     if (row->Run)
         return (this->*row->Run)(argument);

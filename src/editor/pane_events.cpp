@@ -116,8 +116,24 @@ bool ScintillaPane::ContextMenu(QEvent* event)
     return true;
 }
 
+/// In the margins, where somebody listens.
+bool ScintillaPane::PressBesideText(const QMouseEvent& event)
+{
+    if (event.button() != Qt::LeftButton || !marks->TakesPress(event.position().toPoint()))
+        return false;
+    const int height = int(text.Send(Sci::SCI_TEXTHEIGHT, 0L));
+    const int line = int(text.Send(Sci::SCI_GETFIRSTVISIBLELINE)) + int(event.position().y()) / height;
+    if (IsLine(line))
+        emit MarginPressed(line);
+    return true;
+}
+
 bool ScintillaPane::MousePress(QMouseEvent& event)
 {
+    if (PressBesideText(event)) {
+        event.accept();
+        return true;
+    }
     const Qt::MouseButton button = event.button();
     const Qt::KeyboardModifiers keys = event.modifiers();
     const bool alt = keys & Qt::AltModifier;

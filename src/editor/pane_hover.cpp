@@ -76,6 +76,21 @@ void ScintillaPane::SetLineMarks(std::vector<LineMark> wanted)
     marks->SetLines(std::move(wanted));
 }
 
+void ScintillaPane::SetStops(std::vector<LineMark> wanted)
+{
+    marks->SetStops(std::move(wanted));
+}
+
+std::vector<LineMark> ScintillaPane::Stops() const
+{
+    return marks->Stops();
+}
+
+void ScintillaPane::SetReadOnly(bool on)
+{
+    text.Send(Sci::SCI_SETREADONLY, on);
+}
+
 LineSpan ScintillaPane::VisibleLines() const
 {
     const int first = int(text.Send(Sci::SCI_GETFIRSTVISIBLELINE));

@@ -142,6 +142,7 @@ bool ScintillaPane::KeyPressed(QKeyEvent& event)
 
 void ScintillaPane::RunKey(const KeyRow& row)
 {
+    const Deed deed(*this, row.Number);
     const Work work(*this);
     const bool tab = row.Message == Sci::SCI_TAB;
     if (codeList.TakeMove(row.Number) || ((tab || row.Message == Sci::SCI_NEWLINE) && codeList.TakeAccept(tab)))

@@ -72,6 +72,7 @@ bool ScintillaPane::FindPlain(const QString& wanted, bool forward)
 
 bool ScintillaPane::ReplaceFound()
 {
+    const Deed deed(*this, CmdFindNext); // which it ends with
     const Work work(*this);
     const Search search = StartSearch(true);
     const RawSelection selected = text.Selection();
@@ -129,16 +130,20 @@ bool ScintillaPane::ReplaceIn(const Search& search, Span& range, RunScope& run)
     return true;
 }
 
-/// One undo step; a stop takes it back where it can.
-bool ScintillaPane::ReplaceAllIn(const Search& search, QList<Span>& pieces)
+/// One undo step, which `select` ends with the selection that is to stand behind it; a stop takes it back where it can.
+bool ScintillaPane::ReplaceAllIn(const Search& search, QList<Span>& pieces, const std::function<void()>& select)
 {
     replaceCount = 0;
     RunScope run(RunKind::Pass, QStringLiteral("Replace All"));
-    text.Send(Sci::SCI_BEGINUNDOACTION);
+    const int firstLine = FirstLine(); // the component loses it where a piece reaches over it
+    OpenGroup({});
     bool whole = true;
     for (auto piece = pieces.rbegin(); whole && piece != pieces.rend(); ++piece)
         whole = ReplaceIn(search, *piece, run);
-    text.Send(Sci::SCI_ENDUNDOACTION);
+    if (whole)
+        select();
+    text.Send(Sci::SCI_SETFIRSTVISIBLELINE, long(firstLine));
+    CloseGroup({});
     if (whole)
         return replaceCount > 0;
     if (groups == 0 && undoLimit != 0 && replaceCount > 0)
@@ -152,10 +157,14 @@ bool ScintillaPane::ReplaceAllInDocument(const QVariant&)
 {
     Range kept = GetSel(false);
     QList<Span> all = {{0, text.Length()}};
-    const bool replaced = ReplaceAllIn(StartSearch(true), all);
-    kept.StartLine = qMin(kept.StartLine, text.Lines() - 1);
-    kept.EndLine = qMin(kept.EndLine, text.Lines() - 1);
-    SetSel(kept, false);
+    const auto keep = [&] {
+        kept.StartLine = qMin(kept.StartLine, text.Lines() - 1);
+        kept.EndLine = qMin(kept.EndLine, text.Lines() - 1);
+        SetSel(kept, false);
+    };
+    const bool replaced = ReplaceAllIn(StartSearch(true), all, keep);
+    if (!replaced)
+        keep();
     return replaced;
 }
 
@@ -165,11 +174,15 @@ bool ScintillaPane::ReplaceAllInSelection(const QVariant&)
     const RawSelection selected = text.Selection();
     const Range kept = GetSel(false);
     QList<Span> pieces = text.SelectedPieces();
-    if (!ReplaceAllIn(search, pieces) || selected.Columns) {
+    const auto select = [&] {
+        if (selected.Columns || replaceCount == 0) {
+            SetSel(kept, false);
+            return;
+        }
+        const qsizetype start = selected.Start(), end = pieces.constFirst().End;
+        text.Select(selected.Anchor == start ? start : end, selected.Anchor == start ? end : start);
+    };
+    if (!ReplaceAllIn(search, pieces, select))
         SetSel(kept, false);
-        return replaceCount > 0;
-    }
-    const qsizetype start = selected.Start(), end = pieces.constFirst().End;
-    text.Select(selected.Anchor == start ? start : end, selected.Anchor == start ? end : start);
-    return true;
+    return replaceCount > 0;
 }

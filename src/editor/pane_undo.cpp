@@ -56,10 +56,11 @@ void ScintillaPane::ShowRecalled()
         text.SelectColumns(selection);
     else
         text.Select(selection.Anchor, selection.Caret);
-    if (selection.Start() == selection.End())
+    text.Send(Sci::SCI_SETFIRSTVISIBLELINE, long(firstLine));
+    const int behind = text.LineOf(selection.Caret) - firstLine;
+    const bool inView = behind >= 0 && behind < int(text.Send(Sci::SCI_LINESONSCREEN));
+    if (selection.Start() == selection.End() && !inView) // that of a selection may be far from what the user looked at
         ShowCaret();
-    else // its caret may be far from what the user looked at
-        text.Send(Sci::SCI_SETFIRSTVISIBLELINE, long(firstLine));
 }
 
 bool ScintillaPane::OpenGroup(const QVariant&)

@@ -27,6 +27,15 @@ struct LineMark
     bool operator==(const LineMark&) const = default;
 };
 
+/// What may stand as the value that the caret is in.
+struct OfferedValues
+{
+    QStringList Items;
+    Range Place;        ///< of the value in the text, in one line: what an item replaces
+    QString Typed;      ///< of the value in front of the caret
+    bool Files = false; ///< the items name files, which may have a picture
+};
+
 /// A text with what a person sees of it: looks, hover, code list, drops, marks in the margin. The class behind it lives
 /// in editor/.
 class EditorPane : public DocumentText
@@ -55,6 +64,11 @@ public:
     virtual void ShowLineMarks(bool on) = 0;         ///< makes room for them beside the text
     virtual void
     SetLineMarks(std::vector<LineMark> wanted) = 0; ///< in the order of their lines, in place of those before
+    /// Lines in order at which a run stops; a message is the condition that it depends on. They move with their lines.
+    /// From the first call on a click beside the text tells MarginPressed.
+    virtual void SetStops(std::vector<LineMark> wanted) = 0;
+    virtual std::vector<LineMark> Stops() const = 0;
+    virtual void SetReadOnly(bool on) = 0; ///< for its user; edits of the program are lost too
     virtual LineSpan VisibleLines() const = 0;
     virtual bool Visible() const = 0;
     virtual void SetVisible(bool visible) = 0;
@@ -68,17 +82,24 @@ public:
     /// Asked when the list may open, by a key of its own or because the user is typing; empty answer: none.
     std::function<QStringList(EditorPane&, bool typing)> CodeList;
     std::function<bool(EditorPane&, const QString&)> CodeListPick; ///< item chosen; false: the pane inserts nothing
+    /// Asked beside CodeList; what it offers stands in front and is narrowed while the user types.
+    std::function<OfferedValues(EditorPane&)> CodeValues;
+    /// Small picture of a file; null: none. Where it is not read yet `later` is called once it is.
+    std::function<QImage(EditorPane&, const QString& file, std::function<void()> later)> CodePicture;
     std::function<QString(EditorPane&, int line, int column)> HoverText;   ///< of the text under the mouse; empty: none
     std::function<QImage(EditorPane&, int line, int column)> HoverPicture; ///< beside HoverText; null: none
     std::function<bool(const QStringList& paths)> LeaveNames; ///< would files that are dragged leave their names?
 
 signals:
+    void CommandBegins(int number); ///< a numbered command, by a key or by a caller; none of those inside it
+    void CommandDone(int number);
     void FindWanted(FindKind kind);           ///< a command asks for a dialog beside this text
     void LineCut(int line, qsizetype length); ///< a line has come that is too long to be shown whole
     void ViewMoved();                         ///< other lines are in view
     void MouseMoved();
     void FocusGained();
     void MousePressed(Qt::MouseButton button, Qt::KeyboardModifiers keys);
+    void MarginPressed(int line);
     void FilesDropped(const QStringList& paths, const Range& at);
 };
 

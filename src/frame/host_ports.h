@@ -58,6 +58,8 @@ public:
     virtual void StopPlayers() = 0;
     virtual void EditMacro(const QString& path) = 0; ///< on the workbench; empty: a new one. Returns when closed
     // Once the caller has returned and nothing else is at work.
+    /// Begins to record what is done to the text, or ends that and opens the workbench on the macro that came of it.
+    virtual void RecordMacro() = 0;
     virtual void ShowZippedSet(const QString& archive) = 0; ///< in the Level Manager
     virtual void ShowMacro(const QString& path) = 0;        ///< on the workbench
     virtual void ShowCode(const RecoveredText& code) = 0;   ///< unsaved code, on the workbench; its copy goes then

@@ -48,11 +48,16 @@ bool RunScope::Turn()
     if (!Stopped() && turned.elapsed() >= TurnEvery) {
         if (deadline && began.elapsed() >= *deadline)
             Stop(StopReason::Deadline);
-        if (QCoreApplication::instance())
-            QCoreApplication::processEvents(QEventLoop::AllEvents, TurnLasts);
-        turned.start();
+        TurnNow();
     }
     return !Stopped();
+}
+
+void RunScope::TurnNow()
+{
+    if (QCoreApplication::instance())
+        QCoreApplication::processEvents(QEventLoop::AllEvents, TurnLasts);
+    turned.start();
 }
 
 void RunScope::Stop(StopReason reason)

@@ -27,6 +27,9 @@ public:
     /// To be called again and again: lets events run when 20 ms have gone by since they last could. False: a stop is
     /// wanted, and stays so.
     bool Turn();
+    /// Lets events run at once. At the end of work that takes keys, so that one meant for it meets windows that it
+    /// still holds and does not reach the text.
+    void TurnNow();
     bool Stopped() const { return why != StopReason::None; }
     StopReason Why() const { return why; }
     /// The first reason counts. Runs OnStop once.

@@ -173,10 +173,7 @@ QStringList OfferedWords(EditorPane& pane, bool typing)
         before.chop(1);
     if (typing && Frame.CurrentMode == ModeHlt && before.contains(u':'))
         return {};
-    const QStringList words = CodeListWords(Frame.CurrentMode, before);
-    const bool wantsMode = before.section(u':', 0, 0).trimmed().endsWith(QLatin1StringView(".anim_mode")) &&
-                           before.contains(u':') && Frame.CurrentMode == ModeGfx;
-    return wantsMode ? Frame.Settings.AnimModes + ReadWordList(QStringLiteral("AnimModifiers")) + words : words;
+    return CodeListWords(Frame.CurrentMode, before);
 }
 
 bool PickCodeListItem(EditorPane& pane, const QString& item)

@@ -4,7 +4,7 @@
 
 // A level from bytes and back. Nothing here touches a disk.
 
-/// Reads a level. A file that is too short for a field or its map, has a side of 0 or above 128 or fits no layout is
+/// Reads a level. A file that is too short for a field or its map, has a side of 0 or fits no layout is
 /// refused. Numbers of two bytes run to 65535. Failure: the reason, no path.
 [[nodiscard]] Result<LevelRecord> ParseLevel(QByteArrayView bytes, const OffsetTable& table);
 

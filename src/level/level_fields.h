@@ -19,7 +19,7 @@ struct FieldRow
 };
 
 /// Largest width and height that the game knows.
-constexpr int LargestSide = 128;
+constexpr int LargestSide = 255; // cells; what the game itself makes has at most 128
 
 constexpr FieldRow LevelFields[] = {
     {"Width", &LevelOffsets::Width, &LevelInfo::Width, 1, 1, LargestSide, nullptr},

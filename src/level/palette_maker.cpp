@@ -67,7 +67,7 @@ void PaletteMaker::TakeMainLine(QStringView line)
 {
     const qsizetype colon = line.indexOf(u':');
     waiting = ElementOf(line.first(colon).trimmed().toString());
-    sheet = CleanText(line.sliced(colon + 1).toString());
+    sheet = CleanValue(WithoutNote(line.sliced(colon + 1).toString()));
     tileX.reset();
     tileY.reset();
 }

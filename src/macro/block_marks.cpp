@@ -97,11 +97,18 @@ void BlockMarks::TakeDim(int line)
     if (inSub)
         Mark(line, "Can't have Dims inside subs");
     else if (IsOpen(If))
-        Mark(line, "Can't have this command inside an If statement");
+        MarkDim(line, open[If], "Can't have this command inside an If statement");
     else if (IsOpen(Case))
-        Mark(line, "Can't have this command inside a Case statement");
+        MarkDim(line, open[Case], "Can't have this command inside a Case statement");
     else if (IsOpen(Loop))
-        Mark(line, "Can't have Dims inside Loops!");
+        MarkDim(line, open[Loop], "Can't have Dims inside Loops!");
+}
+
+/// Once a block: an end that is yet to be typed would mark them all.
+void BlockMarks::MarkDim(int line, int block, const char* message)
+{
+    if (std::exchange(dimTold, block) != block)
+        Mark(line, message);
 }
 
 /// Labels and subs stand outside every block; a run may come to them from anywhere.

@@ -25,11 +25,13 @@ private:
     void TakeBranch(const QString& word);
     void TakeSub(int line, const QString& word);
     void TakeDim(int line);
+    void MarkDim(int line, int block, const char* message);
     void Unclosed();
 
     std::vector<LineMark>& marks;
     std::array<int, KindCount> open = {-1, -1, -1, -1}; ///< line where each begins; -1: none
     int loopAtIf = -1;                                  ///< each branch begins as the if was reached
+    int dimTold = -1;                                   ///< line of the block whose first dim was told
     int sub = -1;                                       ///< line of the sub whose end is not seen yet
     bool inSub = false, anySub = false, subLeft = false;
 };

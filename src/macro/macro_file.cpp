@@ -11,6 +11,14 @@
 namespace {
 
 constexpr QLatin1StringView SourceOfMacro("basic.txt");
+constexpr qint64 LargestPlain = qint64(64) << 20;
+
+/// Plain source keeps the line ends of its file.
+QByteArray WithEndsOf(const QString& path, QByteArray source)
+{
+    const Result<QByteArray> old = paths::ReadWhole(path, LargestPlain);
+    return old && old->contains('\n') && !old->contains("\r\n") ? source.replace("\r\n", "\n") : source;
+}
 
 } // namespace
 
@@ -22,7 +30,7 @@ ResourceResult<> SaveMacroSource(const DocumentText& code, const QString& path)
     const QByteArray source = SourceToSave(typed).toUtf8();
     if (!IsPlainSource(path))
         return AddBytesToResource(SourceOfMacro, source, path);
-    if (const Result<> written = paths::WriteWhole(path, source); !written)
+    if (const Result<> written = paths::WriteWhole(path, WithEndsOf(path, source)); !written)
         return tl::unexpected(ResourceFailure{ResourceFault::Other, written.error()});
     return {};
 }

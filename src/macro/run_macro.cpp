@@ -52,6 +52,7 @@ std::optional<MacroError> RunMacro(const MacroRequest& request, RunStage& stage,
         run->Random.Seed(*request.Seed);
     stage.SetTurn([&scope] { return scope.Turn(); });
     std::optional<MacroError> error = RunProgram(*run, request.Source);
+    scope.TurnNow();
     stage.SetTurn({});
     return error;
 }

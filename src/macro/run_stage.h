@@ -71,8 +71,10 @@ public:
     virtual bool StepsLines() const { return false; } ///< is a step prompt wanted in front of each line?
     virtual void WantSteps(bool) {}
     virtual StepAnswer Step(int, const QString&) { return StepAnswer::Continue; }
+    virtual void BeforeLine(RunState&) {} ///< each line that has no prompt; may wait, change variables, stop the run
     virtual bool Watches() const { return false; }
-    virtual void Watch(const RunState&) {} ///< behind each line while Watches() is true, and at the end
+    /// Behind each line while Watches() is true. `settled`: a person looks at it now, before a prompt and at the end.
+    virtual void Watch(RunState&, bool /*settled*/) {}
 };
 
 /// Why a macro failed. Line is the index of its line.

@@ -43,6 +43,7 @@ struct PlatformState
     int NotedBy = 0;                   ///< the process
     void* Reserve = nullptr;           ///< of memory; see memory_reserve.h
     std::atomic<bool> ReserveSpent{false};
+    std::function<void()> SoundChange;                      ///< who is told that another sound plays
     std::function<void(const QString& words)> SoundTrouble; ///< who is told that a sound could not be played
 };
 

@@ -3,9 +3,23 @@
 #include "platform/files/paths.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+#include <dirent.h>
+#include <memory>
 
 namespace {
+
+/// A name in the folder that is not in the encoding of the system, as old ones are; lists leave it out. Empty if all
+/// names can be told.
+QString NameInOtherEncoding(const QString& folder)
+{
+    const std::unique_ptr<DIR, int (*)(DIR*)> open(opendir(QFile::encodeName(folder)), closedir);
+    while (const dirent* entry = open ? readdir(open.get()) : nullptr)
+        if (QFile::encodeName(QFile::decodeName(entry->d_name)) != entry->d_name)
+            return QString::fromLatin1(entry->d_name);
+    return {};
+}
 
 class FolderWalk
 {
@@ -25,6 +39,8 @@ public:
         const QDir dir(folder);
         if (!dir.isReadable())
             return Fail(folder, qt_error_string(EACCES));
+        if (const QString other = NameInOtherEncoding(folder); !other.isEmpty())
+            return Fail(folder, QStringLiteral("The name of a file in it is not in this system's encoding: ") + other);
         const auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
         for (const QFileInfo& entry : dir.entryInfoList(all, QDir::Name))
             if (Result<> taken = Take(entry, name); !taken)
@@ -41,6 +57,8 @@ private:
         const QString path = entry.filePath();
         if (turn && !turn(0, 1))
             return Stopped(path);
+        if (entry.fileName().contains(u'\\')) // it would come out as a folder
+            return Fail(path, QStringLiteral("A name with a backslash cannot stand in an archive."));
         if (entry.isSymLink() && !paths::Closed(paths::Canonical(path)).startsWith(paths::Closed(top)))
             return Fail(path, QStringLiteral("The link leads out of the folder."));
         if (entry.isDir())

@@ -1,5 +1,6 @@
 #include "conf/locate_image.h"
 
+#include "conf/element_blocks.h"
 #include "conf_fixture.h"
 #include "frame/media/media_lists.h"
 
@@ -40,12 +41,11 @@ TEST_F(LocateImage, FindsTheFirstListsEntryAndItsBlock)
     {
         const char *Value, *File;
         MediaSource Source;
-    } cases[] = {{"zip.pcx", "zip.pcx", MediaSource::PCXBrowser},
-                 {"Rocks.png", nullptr, MediaSource::None},
-                 {"rocksdoor.PNG", "RocksDoor.pcx", MediaSource::PCXBrowser},
-                 {"far.pcx", "far.PNG", MediaSource::Extra},
-                 {"game.pc", nullptr, MediaSource::None},
-                 {"C:game.pcx", "game.pcx", MediaSource::Rnd}};
+    } cases[] = {
+        {"zip.pcx", "zip.pcx", MediaSource::PCXBrowser}, {"zip.pcx  # see: x", "zip.pcx", MediaSource::PCXBrowser},
+        {"Rocks.png", nullptr, MediaSource::None},       {"rocksdoor.PNG", "RocksDoor.pcx", MediaSource::PCXBrowser},
+        {"far.pcx", "far.PNG", MediaSource::Extra},      {"game.pc", nullptr, MediaSource::None},
+        {"C:game.pcx", "game.pcx", MediaSource::Rnd}};
     for (const auto& one : cases) {
         SCOPED_TRACE(one.Value);
         Load(QByteArray("zip: ") + one.Value + "\nzip.xpos: 4\n", 1);
@@ -118,4 +118,21 @@ TEST_F(LocateImage, OtherModesTakeTheCaretsLine)
     const auto found = LocateElementImage(Pane());
     ASSERT_TRUE(found);
     EXPECT_EQ(found->Entry.Name, QStringLiteral("bang.wav"));
+}
+
+// Catches: a command that does nothing and says nothing.
+TEST_F(LocateImage, SaysWhyNothingOpens)
+{
+    const auto noticed = [this](void (*command)()) {
+        const qsizetype before = Scope.Host.Notices.size();
+        command();
+        return Scope.Host.Notices.mid(before).join(u'|');
+    };
+    Load("zip: zip.pcx\nzip.xpos: 4\n", 1);
+    Select(1, 0, 3);
+    EXPECT_TRUE(noticed(EditAnimation).contains(QStringLiteral("nothing is selected")));
+    Load("\nno key", 1);
+    EXPECT_TRUE(noticed(QuickPreview).contains(QStringLiteral("no key")));
+    EXPECT_TRUE(noticed(SelectElementBlock).contains(QStringLiteral("No element block")));
+    EXPECT_EQ(Shown(), 0) << "none of them is worth a window";
 }

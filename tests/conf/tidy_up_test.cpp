@@ -66,14 +66,15 @@ TEST(TidyLines, AgreesWithTheSlowTwinOnRandomLines)
     }
 }
 
-// Catches: lines outside the selection touched, more than one undo step, a progress bar left standing, a moved caret.
+// Catches: lines outside the selection touched, as the one in whose first column it ends, more than one undo step, a
+// progress bar left standing, a moved caret.
 TEST(TidyUp, ChangesTheSelectedLinesInOneUndoStep)
 {
     HostScope scope;
     EditorPane& pane = CurrentPane();
     const QByteArray before = "a: 1\r\nb:  2\r\nc:   3\r\nd: 4\r\n";
     pane.LoadBytes(before);
-    pane.SetSel({.StartLine = 1, .StartCol = 2, .EndLine = 2, .EndCol = 0}, false);
+    pane.SetSel({.StartLine = 1, .StartCol = 2, .EndLine = 3, .EndCol = 0}, false);
     TidyUp();
     const QByteArray pad(40, ' ');
     EXPECT_EQ(pane.FileBytes(), "a: 1\r\nb:" + pad + "2\r\nc:" + pad + "3\r\nd: 4\r\n");

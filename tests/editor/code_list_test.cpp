@@ -131,4 +131,51 @@ TEST_F(CodeListTest, OpensAnywhereAndTakesAClick)
     EXPECT_FALSE(pane->CodeListOpen());
 }
 
+// Catches: values that are not narrowed, one taken by Enter that only holds what is typed, a piece of the value left
+// over by a pick, words of the mode lost.
+TEST_F(CodeListTest, ValuesStandInFrontAndAreNarrowed)
+{
+    pane->CodeValues = [this](EditorPane&) {
+        const int caret = pane->CaretColumn();
+        const QString line = pane->GetLine(0);
+        OfferedValues offered{{u"rocks.png"_s, u"old rocks.png"_s, u"cave.pcx"_s}, {}, line.mid(2, caret - 2), true};
+        offered.Place = {0, 2, 0, int(line.size())};
+        return offered;
+    };
+    QStringList seen;
+    pane->CodePicture = [&seen](EditorPane&, const QString& file, const std::function<void()>&) {
+        seen << file;
+        QImage picture(8, 8, QImage::Format_RGB32);
+        picture.fill(Qt::red);
+        return picture;
+    };
+    Put(u"k:|rest"_s);
+    Press(Qt::Key_Space, Qt::ControlModifier);
+    const auto* view = Component()->findChild<QListView*>();
+    EXPECT_EQ(view->model()->rowCount(), 3 + words.size());
+    EXPECT_EQ(Selected(), u"rocks.png"_s);
+    const auto picture = view->model()->index(0, 0).data(Qt::DecorationRole).value<QPixmap>();
+    EXPECT_EQ(picture.toImage().pixelColor(picture.rect().center()), QColor(Qt::red));
+    EXPECT_FALSE(seen.contains(words.constFirst())) << "a word is no file";
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Shown(), u"k:rocks.png|"_s);
+
+    Put(u"k:|"_s);
+    Type(u"ro"_s);
+    EXPECT_EQ(view->model()->rowCount(), 2 + words.size());
+    EXPECT_EQ(Selected(), u"rocks.png"_s);
+    Put(u"k:|"_s);
+    Type(u"cave.p"_s);
+    EXPECT_EQ(Selected(), u"cave.pcx"_s) << "over what parts words";
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(Shown(), u"k:cave.pcx|"_s);
+    Put(u"k:|"_s);
+    Press(Qt::Key_Space, Qt::ControlModifier);
+    Type(u"ld"_s);
+    EXPECT_TRUE(pane->CodeListOpen());
+    EXPECT_EQ(Selected(), QString()) << "none begins so";
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Shown(), u"k:ld\n|"_s);
+}
+
 } // namespace

@@ -180,4 +180,25 @@ TEST_F(UndoTest, TypingIsOneStepAndApartFromCommands)
     EXPECT_EQ(pane->Text(), u"one\r\n"_s);
 }
 
+// Catches: a view that jumps to the last hit when Replace All is undone, or when it is redone.
+TEST_F(UndoTest, ReplaceAllKeepsTheView)
+{
+    Component()->resize(400, 200);
+    Component()->show();
+    pane->SetText(u"some line\n"_s.repeated(500));
+    const auto view = [this] { return pane->VisibleLines().First; };
+    pane->SetSel({.StartLine = 200, .EndLine = 200}, true);
+    Component()->setFirstVisibleLine(197);
+    pane->SetFindText(u"line"_s);
+    pane->SetReplaceText(u"word"_s);
+    ASSERT_TRUE(pane->ExecuteCmd(CmdReplaceAll));
+    EXPECT_EQ(view(), 197);
+    for (const int command : {CmdUndo, CmdRedo}) {
+        ASSERT_TRUE(pane->ExecuteCmd(command));
+        EXPECT_EQ(view(), 197) << command;
+        EXPECT_EQ(pane->CaretLine(), 200);
+    }
+    EXPECT_EQ(StepsBack(), 2) << "the text itself is the other step";
+}
+
 } // namespace

@@ -199,7 +199,7 @@ TEST_F(ShippedMacrosTest, MoveTilesMovesTheBlocksOfOneImage)
     EXPECT_TRUE(LastMessage().contains(u"left alone: 1"_s)) << LastMessage();
     EXPECT_EQ(Made(u"$m Move Tiles"_s, "b: s.pcx\nc: t.pcx\n", {u"s.pcx"_s, u"1"_s, u"2"_s}).simplified(),
               "b: s.pcx b.xpos: 1 b.ypos: 2 c: t.pcx");
-    EXPECT_EQ(last.Lists, QStringList{u"Whose tiles have moved?|s.pcx|t.pcx"_s});
+    EXPECT_EQ(last.Lists, QStringList{u"Image that moved|s.pcx|t.pcx"_s});
 }
 
 // Catches: fields of the next block that come along, tiles that the block before uses.
@@ -209,6 +209,8 @@ TEST_F(ShippedMacrosTest, NextBlockTakesTheNextTiles)
         Made(u"$n Next Block"_s, "sand: a.pcx\nsand.xpos: 3\nsand.frames: 4\nsand.digging: b.pcx\n", {u"acid"_s});
     EXPECT_EQ(made.simplified(), "sand: a.pcx sand.xpos: 3 sand.frames: 4 acid: a.pcx acid.xpos: 7 acid.frames: 4 "
                                  "sand.digging: b.pcx");
+    EXPECT_EQ(Made(u"$n Next Block"_s, "sand.digging: a.pcx\nsand.digging.delay: 4\n", {u"acid"_s}).simplified(),
+              "sand.digging: a.pcx sand.digging.delay: 4 acid.digging: a.pcx acid.digging.delay: 4");
     EXPECT_EQ(Made(u"$n Next Block"_s, "# none\n"), "# none\n");
 }
 
@@ -222,7 +224,7 @@ TEST_F(ShippedMacrosTest, CheckFilesComparesTextAndFolder)
     const QString missing = u"Line %1: Gone.pcx is missing"_s.arg(line);
     const MacroTrial trial = Run(u"$k Check Files"_s, {missing});
     EXPECT_EQ(trial.Lists,
-              QStringList{u"Files missing and files unused|"_s + missing +
+              QStringList{u"Missing and unused files|"_s + missing +
                           u"|Not used: grotto_creatures.pcx|Not used: grotto_tiles.png|Not used: spare.png"_s});
     EXPECT_EQ(scope.Text().CaretLine(), line - 1);
     EXPECT_EQ(scope.Text().SelText(), u"nut: Gone.pcx"_s);
@@ -232,14 +234,14 @@ TEST_F(ShippedMacrosTest, CheckFilesComparesTextAndFolder)
 TEST_F(ShippedMacrosTest, ChecksOfKeysAndSounds)
 {
     Start("a: 1\n#a: 2\nA: 3\nb : 1\na:4\n");
-    EXPECT_EQ(Run(u"$d Double Keys"_s).Lists, QStringList{u"Keys that stand in the text before|Line 5: a"_s});
+    EXPECT_EQ(Run(u"$d Double Keys"_s).Lists, QStringList{u"Double keys|Line 5: a"_s});
     scope.Folder.Write(u"here.wav"_s, "x");
     Frame.CurrentFolder = scope.Folder.Path();
     Start(
         "name: x\na: HERE.WAV # \na.volume: 101\na.priority: x\na.mode_loop: yes\nb: [NONE]\nc: no.ogg\nd: e.txt\nf:\n"
         "f.volume: 100\n");
     EXPECT_EQ(Run(u"Check Sounds And Music"_s).Lists,
-              QStringList{u"What the game would not take|Line 3: a volume is a number from 0 to 100|"
+              QStringList{u"Faults|Line 3: a volume is a number from 0 to 100|"
                           "Line 4: this is no number|Line 5: true or false is wanted|Line 7: no.ogg is missing|"
                           "Line 8: e.txt is no file that the game plays|Line 9: there is no value"_s});
     OpenExample(u"sounds"_s, u"soundsinfo.conf"_s);

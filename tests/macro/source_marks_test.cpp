@@ -69,7 +69,8 @@ TEST(SourceMarks, FollowTheBlocks)
         {u"loop 3\nprint a"_s, {u"0 ?Loop without EndLoop"_s}},
         {u"group ?a1\nan item\n?a2\nendgroup\nan item"_s, {u"4 Unrecognised command: an"_s}},
         {u"sub @s1\ndim $a\nprint $a"_s, {u"0 ?Sub statement without EndSub"_s, u"1 Can't have Dims inside subs"_s}},
-        {u"loop 2\ndim $a\nendloop\nendsub"_s, {u"1 Can't have Dims inside Loops!"_s, u"3 EndSub without Sub"_s}},
+        {u"loop 2\ndim $a\ndim $b\nendloop\nendsub"_s,
+         {u"1 Can't have Dims inside Loops!"_s, u"4 EndSub without Sub"_s}},
         {u"dim $a\nif $a ==1\nloop 3\nelse\nloop 4\nendif\nendloop\nsub @s1\nstop"_s, {}},
     };
     for (const auto& [source, wanted] : cases)

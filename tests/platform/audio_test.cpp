@@ -2,6 +2,7 @@
 #include "recorder.h"
 #include "sound_files.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QThread>
@@ -120,6 +121,26 @@ TEST_F(Audio, PlayersAreIndependent)
     }
     QThread::msleep(300);
     EXPECT_LT(Recorded().Seconds(), 0.1);
+}
+
+// Catches: a listener that is not told of a begin, an end by itself or a stop, a name that stays.
+TEST_F(Audio, TellsWhatPlays)
+{
+    QStringList said;
+    audio::OnChange([&said] {
+        if (said.isEmpty() || said.constLast() != audio::Playing())
+            said << audio::Playing();
+    });
+    const QString brief = File("brief.wav", sound_files::Wave(440, 0.1)), song = File("song.mod", sound_files::Mod());
+    ASSERT_TRUE(audio::PlayMedia(brief));
+    QElapsedTimer waited;
+    waited.start();
+    while (said.size() < 2 && waited.elapsed() < 10000)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+    ASSERT_TRUE(audio::PlayModule(song));
+    audio::StopModule();
+    audio::OnChange({});
+    EXPECT_EQ(said, QStringList({brief, QString(), song, QString()}));
 }
 
 // Catches: a broken, huge or strange file that ends the player, goes on for ever or silences the next; a fifo that is

@@ -3,6 +3,7 @@
 
 #include <QBuffer>
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QThread>
@@ -120,6 +121,25 @@ TEST(Images, SeeThroughPixels)
     const auto none = service.Load(folder.Write(QStringLiteral("b.png"), Png({5, 5}, qRgba(0, 0, 0, 0))), -1);
     ASSERT_TRUE(none);
     EXPECT_EQ(none->Pixels.pixel(2, 2), qRgb(0, 0, 0));
+}
+
+// Catches: a sheet refused because its ending is that of another kind, which the game does not look at.
+TEST(Images, BytesTellTheKind)
+{
+    const TestFolder folder;
+    images::Service service({.Decoder = RealHelper()});
+    const QString sheet = folder.Write(QStringLiteral("a.pcx"), Png({64, 32}, qRgb(9, 8, 7)));
+    QFile file(sheet);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    file.setFileTime(QDateTime::currentDateTime().addDays(-1),
+                     QFileDevice::FileModificationTime); // a young one is not kept
+    file.close();
+    for (int round = 0; round < 2; ++round) {
+        const auto picture = service.Load(sheet, -1);
+        ASSERT_TRUE(picture);
+        EXPECT_EQ(picture->Pixels.pixel(40, 3), qRgb(9, 8, 7));
+        EXPECT_TRUE(service.Kept(sheet, -1)) << "under the kind that it was read as";
+    }
 }
 
 // Catches: a helper that cannot be started, dies, talks nonsense, promises more than it sends, echoes, or hangs, and

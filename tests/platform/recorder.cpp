@@ -90,9 +90,15 @@ void Recorder::InsteadAtFirst(const QByteArray& commands)
         Folder.Write(QStringLiteral("player"), "#!/bin/sh\ncd " + folder + "\n" + first + "exec 3<&0\n(" + player +
                                                    " <&3 3<&- 2>>complaints; echo $? >>code) &\nwait\n");
     chmod(QFile::encodeName(script).constData(), 0700);
-    Platform.Player = std::make_unique<PlayerProcess>(script, [this](player::Trouble why, const QString& path) {
-        Troubles.append({why, QFileInfo(path).fileName()});
-    });
+    Platform.Player = std::make_unique<PlayerProcess>(
+        script,
+        [this](player::Trouble why, const QString& path) {
+            Troubles.append({why, QFileInfo(path).fileName()});
+        },
+        [] {
+            if (Platform.SoundChange)
+                Platform.SoundChange();
+        });
 }
 
 Recorder::~Recorder()

@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -218,7 +219,8 @@ TEST_F(SetArchives, WhatDiffersIsSeen)
 
 // Catches: a set that goes although it could not be packed or unpacked whole, for a full disk, a closed folder, an
 // archive of another set, of more than one, or with two files of one name, a link, or a wish to stop; a failure that is
-// told of a hidden name instead of the set's, a link to the set's own folder as one that leads out.
+// told of a hidden name instead of the set's, a link to the set's own folder as one that leads out; a file of an old
+// name, not in UTF-8, that no list of the folder shows; an archive that could not be unpacked again.
 TEST_F(SetArchives, WhatCannotBeDoneChangesNothing)
 {
     const auto untouched = [&] { return FolderIsWhole() && !QFileInfo::exists(Archive) && Hidden().isEmpty(); };
@@ -249,6 +251,13 @@ TEST_F(SetArchives, WhatCannotBeDoneChangesNothing)
     QFile::link(QStringLiteral("/etc/passwd"), Folder + QStringLiteral("/leads_out"));
     EXPECT_FALSE(ZipSet(Folder, Archive));
     QFile::remove(Folder + QStringLiteral("/leads_out"));
+    const QByteArray old = QFile::encodeName(Folder) + "/graphics/b\xf6se.txt";
+    ASSERT_GE(mkdir(old, 0755), 0);
+    EXPECT_TRUE(WhyNot(ZipSet(Folder, Archive)).Reason.endsWith(QStringLiteral("b\u00f6se.txt")));
+    ASSERT_EQ(rmdir(old), 0);
+    const QString slashed = Levels.Write(QStringLiteral("Dig/a\\b.txt"), "would come out in a folder");
+    EXPECT_EQ(WhyNot(ZipSet(Folder, Archive)).Path, slashed);
+    QFile::remove(slashed);
     QFile::link(Folder, Folder + QStringLiteral("/back"));
     EXPECT_EQ(WhyNot(ZipSet(Folder, Archive)).Reason, QStringLiteral("The link leads to a folder that it lies in."));
     QFile::remove(Folder + QStringLiteral("/back"));

@@ -87,6 +87,10 @@ def basic():
     return terminal() + gem("emerald", 11.9, 5.4, 5.4)
 
 
+def record_macro():
+    return terminal() + solid(circle(11.6, 11.2, 3.6), "ruby")
+
+
 def help_sign():
     return solid(circle(8, 8, 6.5), "sapphire") + question(8, 7.2, .95)
 

@@ -67,6 +67,7 @@ GAME = (
 EXTRA = (
     ("game_structure_wizard", game.wand), ("make_level_palette", game.level_palette), ("make_headline", game.headline),
     ("pcx_lab", game.lab), ("avi_to_bitmap", game.film_sheet), ("basic", game.basic),
+    ("record_macro", game.record_macro),
     ("help", game.help_sign), ("about", game.about),
 )
 LISTS = (

@@ -225,7 +225,7 @@ std::vector<std::byte> NumbersOf(FIBITMAP* image)
 {
     const std::size_t row = NumberRow(FreeImage_GetWidth(image));
     const std::size_t height = FreeImage_GetHeight(image);
-    std::vector<std::byte> bytes(MostColours * 4 + row * height);
+    std::vector<std::byte> bytes(std::size_t(MostColours) * 4 + row * height);
     const RGBQUAD* const palette = FreeImage_GetPalette(image);
     for (std::size_t i = 0; i < MostColours; ++i) {
         const RGBQUAD& entry = palette[i];
@@ -233,7 +233,7 @@ std::vector<std::byte> NumbersOf(FIBITMAP* image)
             0xff000000u | std::uint32_t(entry.rgbRed) << 16 | std::uint32_t(entry.rgbGreen) << 8 | entry.rgbBlue;
         std::memcpy(bytes.data() + i * 4, &word, 4);
     }
-    std::byte* to = bytes.data() + MostColours * 4;
+    std::byte* to = bytes.data() + std::size_t(MostColours) * 4;
     for (std::size_t y = height; y-- > 0; to += row)
         std::memcpy(to, FreeImage_GetScanLine(image, int(y)), FreeImage_GetWidth(image));
     return bytes;

@@ -123,7 +123,11 @@ void RevertDocument()
     if (!MayGiveUp(CurrentPane()))
         return;
     const QString path = Frame.CurrentFolder + Frame.CurrentFile;
-    if (!Frame.CurrentFile.isEmpty() && paths::FileExists(path))
+    if (Frame.CurrentFile.isEmpty())
+        ShowNotice(QStringLiteral("This text was never saved, so there is nothing to go back to"));
+    else if (!paths::FileExists(path))
+        ShowNotice(QStringLiteral("The file is not there any more: ") + paths::Native(path));
+    else
         OpenDocument(path, true);
 }
 

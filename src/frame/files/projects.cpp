@@ -109,8 +109,10 @@ bool CreateProject()
         return false;
     }
     const QStringList files = OpenPaths();
-    if (files.size() < 2)
+    if (files.size() < 2) {
+        ShowNotice(QStringLiteral("A project needs two tabs with a file; save the new text first"));
         return false;
+    }
     const InputQuestion question{QStringLiteral("New Project"), QStringLiteral("Name of the project"), {}};
     const QString name = AskText(question).value_or(QString()).trimmed();
     if (name.isEmpty())

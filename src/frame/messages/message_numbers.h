@@ -81,6 +81,7 @@ enum Number : int {
     OutOfMemory = 308,      ///< text: what became of unsaved text
     WordListsDamaged = 309, ///< text: the sections
     PutBack = 320,          ///< text: what was put back after a fast test
+    RecordedInPart = 321,   ///< text: what became comments
     Welcome = 999,
 };
 Q_ENUM_NS(Number)

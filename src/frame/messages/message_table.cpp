@@ -140,6 +140,8 @@ constexpr MessageRow Rows[] = {
      "These lists of words are damaged or empty:-^^%1^^Colours, code list and hints lack their words. Install Gemforge "
      "anew, or put the files back from a backup."},
     {message::PutBack, -1, "Put Back", 1, "whi", "OK", 0, "%1"},
+    {message::RecordedInPart, -1, "Record Macro", 12, "bro", "OK", 0,
+     "These cannot be replayed. Each stands as a comment in the macro:-^^%1"},
     {message::Welcome, -1, "Welcome", 8, "bro", "OK_Read Help_Options_Don't Show This Again", 1,
      "Welcome To Gemforge.^^No Help at the moment! Just set your RND path (in options) and it should be "
      "ok!^^Cheers!^^Ross...."},

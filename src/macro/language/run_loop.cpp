@@ -32,6 +32,7 @@ bool GiveTurn(RunState& run)
 
 void PromptForStep(RunState& run)
 {
+    run.Stage.Watch(run, true);
     switch (run.Stage.Step(run.CurrentLine, run.Code.Lines[size_t(run.CurrentLine)].Written)) {
     case StepAnswer::Next:
         break;
@@ -44,6 +45,18 @@ void PromptForStep(RunState& run)
         run.RequestStop();
         break;
     }
+}
+
+/// What a person has to say in front of a line of a test run. False: the run ends there; a prompt's "Break" still runs
+/// the line.
+bool MayRunLine(RunState& run)
+{
+    if (run.Stage.StepsLines()) {
+        PromptForStep(run);
+        return true;
+    }
+    run.Stage.BeforeLine(run);
+    return !run.StopRequested;
 }
 
 /// To the next line that is neither empty nor a comment. False: there is none; the last entry of the program never
@@ -87,15 +100,15 @@ void RunWatchedLines(RunState& run)
     do {
         if (!GiveTurn(run))
             return;
-        if (run.Stage.StepsLines())
-            PromptForStep(run);
+        if (!MayRunLine(run))
+            return;
         ProgramLine& line = run.Code.Lines[size_t(run.CurrentLine)];
         line.Run(run, line);
         if (run.Failed())
             return;
         const bool more = Advance(run);
         if (run.Stage.Watches())
-            run.Stage.Watch(run);
+            run.Stage.Watch(run, false);
         if (!more)
             return;
     } while (!run.StopRequested);
@@ -280,7 +293,7 @@ std::optional<MacroError> RunProgram(RunState& run, const PreparedSource& source
         const EditBatch batch(run.Text());
         if (run.TestRun) {
             RunWatchedLines(run);
-            run.Stage.Watch(run);
+            run.Stage.Watch(run, true);
         } else
             RunLines(run);
     }

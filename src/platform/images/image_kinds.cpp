@@ -56,10 +56,10 @@ int ImageKindOfName(const QString& fileName)
     return row == Table.end() ? -1 : int(row - Table.begin());
 }
 
-int ImageKindOfFile(const QString& path)
+namespace {
+
+int KindOfBytesIn(const QString& path)
 {
-    if (const int kind = ImageKindOfName(path); kind >= 0)
-        return kind;
     QFile file(paths::Existing(path));
     if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly)) // a fifo would not end
         return -1;
@@ -71,4 +71,19 @@ int ImageKindOfFile(const QString& path)
     };
     const auto kind = decoder::KindOfBytes(bytes(front), bytes(end));
     return kind ? int(*kind) : -1;
+}
+
+} // namespace
+
+int ImageKindOfSheet(const QString& path)
+{
+    const int named = ImageKindOfName(path);
+    const int found = named < 0 ? -1 : KindOfBytesIn(path);
+    return found < 0 ? named : found;
+}
+
+int ImageKindOfFile(const QString& path)
+{
+    const int kind = ImageKindOfName(path);
+    return kind < 0 ? KindOfBytesIn(path) : kind;
 }

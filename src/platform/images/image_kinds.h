@@ -20,5 +20,9 @@ std::span<const ImageKindRow> ImageKinds();
 /// The kind by the ending of a file's name, in any letter case; -1 if it is none of the table's.
 int ImageKindOfName(const QString& fileName);
 
+/// The kind of a sheet: by its bytes, whichever of the table's endings it has, as the game takes it, and by the ending
+/// where they do not tell; -1 without such an ending.
+int ImageKindOfSheet(const QString& path);
+
 /// The kind by the ending or, of a file whose ending no kind has, by its bytes; -1 if neither tells.
 int ImageKindOfFile(const QString& path);

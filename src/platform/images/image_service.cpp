@@ -41,7 +41,7 @@ Result<FileState> StateOf(const QString& told, int kind)
     struct stat facts = {};
     if (stat(QFile::encodeName(path).constData(), &facts) != 0)
         return Fail(path, qt_error_string(errno));
-    const int wanted = kind < 0 ? ImageKindOfName(path) : kind;
+    const int wanted = kind < 0 ? ImageKindOfSheet(path) : kind;
     if (wanted < 0 || wanted >= int(ImageKinds().size()))
         return Fail(path, QStringLiteral("This is no image of a known kind."));
     return FileState{path, wanted, ChangedAt(facts), qint64(facts.st_size), quint64(facts.st_ino)};

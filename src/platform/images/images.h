@@ -36,7 +36,7 @@ struct Header
 
 using PictureReady = std::function<void(const Result<Picture>& picture)>;
 
-/// The image, decoded as `kind` or, without one, as its name's ending says. Waits for it: a few milliseconds for a
+/// The image, decoded as `kind` or, without one, as a sheet: what its bytes say. Waits for it: a few milliseconds for a
 /// sheet. From a fifth of a second on `turn` is called again and again; when it says no, the wait ends with a failure.
 /// Without one the windows repaint and timers fire, while keys, mouse and signals wait. Failure: path, and the system's
 /// reason or why it cannot be read.

@@ -29,7 +29,10 @@ PlayerProcess& Process()
 {
     if (!Platform.Player) {
         const QString program = QCoreApplication::applicationDirPath() + QStringLiteral("/gemforge-player");
-        Platform.Player = std::make_unique<PlayerProcess>(program, TellTrouble);
+        Platform.Player = std::make_unique<PlayerProcess>(program, TellTrouble, [] {
+            if (Platform.SoundChange)
+                Platform.SoundChange();
+        });
     }
     return *Platform.Player;
 }
@@ -112,6 +115,16 @@ void Stop()
 void OnTrouble(std::function<void(const QString& words)> told)
 {
     Platform.SoundTrouble = std::move(told);
+}
+
+void OnChange(std::function<void()> told)
+{
+    Platform.SoundChange = std::move(told);
+}
+
+QString Playing()
+{
+    return Platform.Player ? Platform.Player->Playing() : QString();
 }
 
 bool IsPlaying()

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <QString>
 #include <functional>
 
 class QByteArray;
-class QString;
 
 /// The two players. They know nothing of each other: each goes on while the other plays, and another file on one
 /// replaces what it played. Decoding, mixing and the device are the business of the program gemforge-player, which
@@ -29,8 +29,14 @@ void Stop(); ///< both
 /// Who is told, from the event loop, that a sound could not be played or broke off: a line for the user.
 void OnTrouble(std::function<void(const QString& words)> told);
 
+/// Who is told, from the event loop or out of a call, that another sound plays now or none.
+void OnChange(std::function<void()> told);
+
 /// Whether one of them plays, or is about to.
 bool IsPlaying();
+
+/// Path of the file that is playing, or about to; of both the medium. Empty for bytes in memory and for none.
+QString Playing();
 
 /// Ends the process; the next play starts it afresh.
 void End();

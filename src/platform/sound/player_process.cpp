@@ -20,8 +20,8 @@ constexpr int EndPatience = 400; ///< ms; it has a device to close
 
 } // namespace
 
-PlayerProcess::PlayerProcess(QString program_, Failed failed_)
-    : program(std::move(program_)), failed(std::move(failed_))
+PlayerProcess::PlayerProcess(QString program_, Failed failed_, std::function<void()> changed_)
+    : program(std::move(program_)), failed(std::move(failed_)), changed(std::move(changed_))
 {
 }
 
@@ -58,8 +58,10 @@ bool PlayerProcess::Play(player::Voice voice, int file, const QString& name)
         if (!Start())
             return false;
         names[size_t(voice)] = name;
-        if (Send(request, file))
+        if (Send(request, file)) {
+            TellChange();
             return true;
+        }
         Kill();
     }
     return false;
@@ -68,8 +70,11 @@ bool PlayerProcess::Play(player::Voice voice, int file, const QString& name)
 void PlayerProcess::Stop(player::Voice voice)
 {
     Listen();
-    if (child > 0 && !Send({.Of = voice, .What = player::Task::Stop}, -1))
+    if (child <= 0)
+        return;
+    if (!Send({.Of = voice, .What = player::Task::Stop}, -1))
         Kill();
+    TellChange();
 }
 
 bool PlayerProcess::Send(player::Request request, int file)
@@ -95,6 +100,7 @@ void PlayerProcess::Listen()
         for (std::uint32_t voice = 0; voice < player::Voices; ++voice)
             lost[voice] = MayPlay(player::Voice(voice));
         Kill();
+        TellChange();
         for (std::uint32_t voice = 0; voice < player::Voices; ++voice)
             if (lost[voice])
                 Report(player::Voice(voice), player::Trouble::NoDevice);
@@ -112,6 +118,13 @@ void PlayerProcess::Take(const player::State& state)
         last.What = player::Task::Stop; // told once
         Report(player::Voice(voice), state.Troubles[voice]);
     }
+    TellChange();
+}
+
+void PlayerProcess::TellChange() const
+{
+    if (changed)
+        changed();
 }
 
 void PlayerProcess::Report(player::Voice voice, player::Trouble why)
@@ -131,6 +144,15 @@ bool PlayerProcess::IsPlaying()
 {
     Listen();
     return child > 0 && (MayPlay(player::Voice::Media) || MayPlay(player::Voice::Module));
+}
+
+QString PlayerProcess::Playing()
+{
+    Listen();
+    for (std::uint32_t voice = 0; child > 0 && voice < player::Voices; ++voice)
+        if (MayPlay(player::Voice(voice)))
+            return names[voice];
+    return {};
 }
 
 void PlayerProcess::End()

@@ -16,7 +16,8 @@ class PlayerProcess
 public:
     /// `failed` is told of a sound that could not be played, or not to its end.
     using Failed = std::function<void(player::Trouble why, const QString& name)>;
-    explicit PlayerProcess(QString program, Failed failed = {});
+    /// `changed` is told whenever IsPlaying or Playing may answer otherwise.
+    explicit PlayerProcess(QString program, Failed failed = {}, std::function<void()> changed = {});
     ~PlayerProcess();
     PlayerProcess(const PlayerProcess&) = delete;
     PlayerProcess& operator=(const PlayerProcess&) = delete;
@@ -28,6 +29,7 @@ public:
 
     /// From the moment of Play until the sound has ended or could not be played.
     bool IsPlaying();
+    QString Playing(); ///< name of what is playing so; empty for none
 
     /// Asks it to end and waits a moment for that; by force if it does not.
     void End();
@@ -38,11 +40,13 @@ private:
     void Listen();
     void Take(const player::State& state);
     void Kill();
+    void TellChange() const;
     bool MayPlay(player::Voice voice) const;
     void Report(player::Voice voice, player::Trouble why);
 
     QString program;
     Failed failed;
+    std::function<void()> changed;
     std::unique_ptr<QSocketNotifier> ear; ///< none without an event loop: then failures are told with the next call
     pid_t child = 0;
     int socket = -1;

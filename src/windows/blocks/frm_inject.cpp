@@ -144,7 +144,7 @@ void frmInject::TellForeignLines()
 
 InjectAnswer frmInject::Answer() const
 {
-    InjectAnswer answer{{element->Text(), action->Text(), direction->Text()}, {}};
+    InjectAnswer answer{{element->Word(), action->Word(), direction->Word()}, {}};
     for (const QCheckBox* box : boxes)
         answer.Wanted << box->isChecked();
     return answer;

@@ -73,7 +73,10 @@ RecoveryView ViewOf(const RecoveredText& text)
         return {QStringLiteral("The file has gone. The kept text:"), Plain(text.Bytes)};
     if (!file || text.Bytes.size() > LargestCompared)
         return {QStringLiteral("The file can't be compared. The kept text:"), Plain(text.Bytes)};
-    const QByteArray before = Utf8(*file), after = Utf8(text.Bytes);
+    QByteArray before = Utf8(*file), after = Utf8(text.Bytes);
+    if (text.Code) // has line ends of its own while it is typed
+        for (QByteArray* side : {&before, &after})
+            side->replace("\r\n", "\n");
     const auto changes = CompareLines(before, after);
     if (!changes)
         return {QStringLiteral("File and kept text have little in common. The kept text:"), Plain(text.Bytes)};

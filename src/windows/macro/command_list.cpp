@@ -48,6 +48,7 @@ CommandList::CommandList(QWidget* parent) : QWidget(parent)
     lblForm->setMinimumHeight(LinesOfFacts * lblForm->fontMetrics().lineSpacing());
     lblForm->setMinimumWidth(1); // as narrow as the list may be
     auto* column = new QVBoxLayout(this);
+    setFocusProxy(txtFilter);
     column->setContentsMargins({});
     column->addWidget(txtFilter);
     column->addWidget(lstCom, 1);

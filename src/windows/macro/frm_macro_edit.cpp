@@ -20,6 +20,8 @@
 #include "windows/macro/command_list.h"
 #include "windows/macro/kept_code.h"
 #include "windows/macro/live_marks.h"
+#include "windows/macro/stop_bar.h"
+#include "windows/macro/watch_list.h"
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/help_subject.h"
 
@@ -27,8 +29,6 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTabWidget>
@@ -55,6 +55,14 @@ void frmMacroEdit::Run(QWidget* owner, const QString& macroToEdit)
     Show(owner, [&](frmMacroEdit& window) {
         if (!macroToEdit.isEmpty())
             window.Open(macroToEdit);
+    });
+}
+
+void frmMacroEdit::RunOn(QWidget* owner, const QString& code)
+{
+    Show(owner, [&](frmMacroEdit& window) {
+        window.txtEdit(Code).SetText(code);
+        window.txtEdit(Code).ExecuteCmd(CmdDocumentStart);
     });
 }
 
@@ -187,6 +195,7 @@ void frmMacroEdit::TakeFile(const QString& taken)
 void frmMacroEdit::TakeText(const QString& text)
 {
     kept->GiveUp();
+    stops->Clear();
     EditorPane& code = txtEdit(Code);
     code.SetText(text);
     code.ClearUndoBuffer();
@@ -276,8 +285,9 @@ bool frmMacroEdit::HandCodeToTab()
 
 // Test runs
 
-void frmMacroEdit::Test()
+void frmMacroEdit::TestFrom(CodeStops::Way way)
 {
+    stops->Begin(way, txtEdit(Code).CaretLine());
     if (chkClear->isChecked())
         txtEdit(Output).SetText({});
     SetBusy(true);
@@ -286,6 +296,7 @@ void frmMacroEdit::Test()
     running = true;
     RunTest();
     running = false;
+    bar->hide();
     SetBusy(false);
     if (std::ranges::none_of(StartedWindows.Entries(), &AliasedWindow::IsThere))
         PaneInFront().FocusPane();
@@ -320,7 +331,7 @@ void frmMacroEdit::SetBusy(bool busy)
     menus->setEnabled(!busy);
     for (QAction* menu : menus->actions())
         for (QAction* entry : menu->menu()->actions())
-            entry->setEnabled(!busy); // their keys too
+            entry->setEnabled(!busy && !onlyStopped.contains(entry)); // their keys too
     body->setEnabled(!busy);
 }
 
@@ -388,12 +399,6 @@ bool frmMacroEdit::Watches() const
     return chkWatch->isChecked();
 }
 
-void frmMacroEdit::ShowWatch(const QStringList& lines)
-{
-    lstWatch->clear();
-    lstWatch->addItems(lines);
-}
-
 void frmMacroEdit::ShowLists()
 {
     const bool watches = Watches();
@@ -410,7 +415,7 @@ void frmMacroEdit::TurnToList()
     else if (Watches())
         lstWatch->setFocus(Qt::ShortcutFocusReason);
     else
-        body->findChild<QLineEdit*>(QStringLiteral("txtFilter"))->setFocus(Qt::ShortcutFocusReason);
+        words->setFocus(Qt::ShortcutFocusReason);
 }
 
 void frmMacroEdit::InsertCommand(const QString& word)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "windows/macro/code_stops.h"
 #include "windows/macro/test_stage.h"
 
 #include <QDialog>
@@ -9,14 +10,16 @@
 
 class QCheckBox;
 class QLabel;
-class QListWidget;
 class QMenu;
 class QMenuBar;
 class QPushButton;
 class QTabWidget;
 class CommandList;
+class JumpList;
 class KeptCode;
 class LiveMarks;
+class StopBar;
+class WatchList;
 struct RecoveredText;
 
 /// The workbench of Gemforge BASIC: a pane with a macro's code, and a pane on which its test runs work.
@@ -27,6 +30,8 @@ class frmMacroEdit : public QDialog, private TestView
 public:
     /// Open until its user leaves it. `macroToEdit`: the macro's file; empty: a new one.
     static void Run(QWidget* owner, const QString& macroToEdit = {});
+    /// The same with the code of a new macro, which is not saved yet.
+    static void RunOn(QWidget* owner, const QString& code);
     /// The same with unsaved code of an earlier window.
     static void TakeBack(QWidget* owner, const RecoveredText& kept);
 
@@ -46,6 +51,7 @@ private:
     // Parts
     void MakePanes();
     void MakeMenus();
+    void MakeRunMenu();
     QWidget* MakeSide();
     QWidget* MakeLists(QWidget* side);
     void Connect();
@@ -70,7 +76,8 @@ private:
     bool HandCodeToTab(); ///< where it cannot be kept as code
 
     // Test runs
-    void Test();
+    void Test() { TestFrom(CodeStops::Way::On); }
+    void TestFrom(CodeStops::Way way);
     void RunTest();
     void ClearOutput();
     void SetBusy(bool busy);
@@ -83,7 +90,12 @@ private:
     void WantSteps(bool wanted) override;
     void ShowStep(int line) override;
     bool Watches() const override;
-    void ShowWatch(const QStringList& lines) override;
+    void ShowWatch(RunState& run) override;
+    bool StopsBefore(RunState& run) override;
+    void WaitAt(RunState& run) override;
+    void LetLook(bool on);
+    void GoOn(CodeStops::Way how);
+    QString HoverOf(const QString& word);
     void ShowLists();
     void TurnToList();
     void InsertCommand(const QString& word);
@@ -92,6 +104,7 @@ private:
     std::array<std::unique_ptr<EditorPane>, 2> panes;
     std::unique_ptr<KeptCode> kept;
     std::unique_ptr<LiveMarks> marks;
+    std::unique_ptr<CodeStops> stops;
     QMenuBar* menus;
     QWidget* body;
     QTabWidget* SSmacro;
@@ -100,11 +113,14 @@ private:
     QCheckBox *chkClear, *chkSpace, *chkStep, *chkWatch, *chkTerminal9;
     QLabel* labcom;
     CommandList* words;
-    QListWidget* lstWatch;
+    WatchList* lstWatch;
+    JumpList* places;
+    StopBar* bar;
     QProgressBar* progress;
     QAction *mnusave, *mnutest;
-    QMenu* mnuRes;
-    QString path; ///< MacroFilePath
+    QMenu *mnuRes, *mnuRun;
+    QList<QAction*> onlyStopped; ///< entries for a run that stands still
+    QString path;                ///< MacroFilePath
     const QString keptFolder, keptFile;
     bool running = false, closeWanted = false;
 };

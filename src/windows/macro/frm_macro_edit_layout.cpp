@@ -10,15 +10,17 @@
 #include "windows/macro/code_completion.h"
 #include "windows/macro/code_look.h"
 #include "windows/macro/command_list.h"
+#include "windows/macro/jump_list.h"
 #include "windows/macro/kept_code.h"
 #include "windows/macro/live_marks.h"
+#include "windows/macro/stop_bar.h"
+#include "windows/macro/watch_list.h"
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/help_subject.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QListWidget>
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QPushButton>
@@ -76,6 +78,7 @@ frmMacroEdit::frmMacroEdit(QWidget* owner)
     MakePanes();
     kept = std::make_unique<KeptCode>(txtEdit(Code));
     marks = std::make_unique<LiveMarks>(txtEdit(Code));
+    stops = std::make_unique<CodeStops>(txtEdit(Code));
     auto* split = new QSplitter(body);
     split->setObjectName(QStringLiteral("split"));
     split->setChildrenCollapsible(false);
@@ -88,7 +91,9 @@ frmMacroEdit::frmMacroEdit(QWidget* owner)
     lblSays->setTextFormat(Qt::PlainText);
     lblSays->setWordWrap(true);
     auto* rows = new QVBoxLayout(body);
+    bar = new StopBar(body);
     rows->addWidget(split, 1);
+    rows->addWidget(bar);
     rows->addWidget(lblSays);
     MakeMenus();
     auto* column = new QVBoxLayout(this);
@@ -98,7 +103,7 @@ frmMacroEdit::frmMacroEdit(QWidget* owner)
     DressCode();
     DressOutput();
     Connect();
-    ShowWatch(WatchLinesBeforeRuns());
+    lstWatch->ShowLines(WatchLinesBeforeRuns());
     const QSize wanted(Pixels(*this, WorkbenchSize.width()), Pixels(*this, WorkbenchSize.height()));
     resize(wanted.boundedTo(screen()->availableSize() - WorkbenchFrameRoom));
 }
@@ -137,10 +142,15 @@ void frmMacroEdit::MakeMenus()
     connect(mnutest, &QAction::triggered, this, &frmMacroEdit::Test);
     connect(Entry(edit, "mnuClear", "&Clear Test Window"), &QAction::triggered, this, &frmMacroEdit::ClearOutput);
     edit.addSeparator();
+    connect(Entry(edit, "mnuGotoPlace", "&Go To Label Or Sub", Qt::Key_F12), &QAction::triggered, this, [this] {
+        SSmacro->setCurrentIndex(Code);
+        places->GoOrAsk();
+    });
     connect(Entry(edit, "mnuNextMark", "&Next Mark", Qt::Key_F8), &QAction::triggered, this,
             [this] { GotoMark(true); });
     connect(Entry(edit, "mnuPreviousMark", "&Previous Mark", Qt::SHIFT | Qt::Key_F8), &QAction::triggered, this,
             [this] { GotoMark(false); });
+    MakeRunMenu();
     mnuRes = menus->addMenu(QStringLiteral("&Resources"));
     connect(Entry(*mnuRes, "mnuResAdd", "&Add A File"), &QAction::triggered, this, &frmMacroEdit::AddResource);
     mnuRes->addSeparator()->setObjectName(QStringLiteral("mnusepok"));
@@ -153,6 +163,7 @@ QWidget* frmMacroEdit::MakeSide()
     lblFile->setObjectName(QStringLiteral("lblFile"));
     lblFile->setTextFormat(Qt::PlainText);
     lblFile->setWordWrap(true);
+    places = new JumpList(txtEdit(Code), side);
     cmdTest = WorkbenchButton("cmdTest", "&Test", side);
     cmdTest->setToolTip(QStringLiteral("Runs the code on the output pane (F5). Esc stops it"));
     cmdClear = WorkbenchButton("cmdClear", "&Clear", side);
@@ -170,6 +181,7 @@ QWidget* frmMacroEdit::MakeSide()
     auto* column = new QVBoxLayout(side);
     column->setContentsMargins({});
     column->addWidget(lblFile);
+    column->addWidget(places);
     for (QWidget* part :
          {static_cast<QWidget*>(cmdTest), static_cast<QWidget*>(cmdClear), static_cast<QWidget*>(chkClear),
           static_cast<QWidget*>(chkSpace), static_cast<QWidget*>(chkStep), static_cast<QWidget*>(chkWatch),
@@ -185,13 +197,12 @@ QWidget* frmMacroEdit::MakeLists(QWidget* side)
     labcom = new QLabel(part);
     labcom->setObjectName(QStringLiteral("labcom"));
     words = new CommandList(part);
-    lstWatch = new QListWidget(part);
+    lstWatch = new WatchList(part);
     lstWatch->setObjectName(QStringLiteral("lstWatch"));
     lstWatch->setAccessibleName(QStringLiteral("Watch"));
     auto* column = new QVBoxLayout(part);
     column->setContentsMargins({});
     column->addWidget(labcom);
-    lstWatch->setUniformItemSizes(true);
     column->addWidget(words, 1);
     column->addWidget(lstWatch, 1);
     ShowLists();
@@ -229,11 +240,11 @@ void frmMacroEdit::Connect()
         PaneInFront().FocusPane();
     });
     connect(chkWatch, &QCheckBox::toggled, this, &frmMacroEdit::ShowLists);
-    connect(new QShortcut(Qt::Key_F6, body), &QShortcut::activated, this, &frmMacroEdit::TurnToList);
     connect(words, &CommandList::Chosen, this, &frmMacroEdit::InsertCommand);
     for (QWidget* part : {WidgetOf(txtEdit(Code)), static_cast<QWidget*>(words)})
         connect(new QShortcut(Qt::Key_F1, part, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
                 &QShortcut::activated, this, [this, part] { HelpForCode(part == words); });
+    connect(new QShortcut(Qt::Key_F6, body), &QShortcut::activated, this, &frmMacroEdit::TurnToList);
     connect(new QShortcut(QKeySequence::SelectAll, body), &QShortcut::activated, this,
             [this] { PaneInFront().ExecuteCmd(CmdSelectAll); });
     connect(chkTerminal9, &QCheckBox::toggled, this, [this](bool on) {
@@ -252,6 +263,7 @@ void frmMacroEdit::Connect()
     });
     connect(&txtEdit(Code), &DocumentText::ModifiedChanged, this, &QWidget::setWindowModified);
     connect(marks.get(), &LiveMarks::Said, lblSays, &QLabel::setText);
+    connect(marks.get(), &LiveMarks::Settled, places, &JumpList::Refresh);
     // Behind the drop: a question may come.
     connect(&txtEdit(Code), &EditorPane::FilesDropped, this, &frmMacroEdit::TakeDropped, Qt::QueuedConnection);
 }

@@ -20,9 +20,7 @@ LiveMarks::LiveMarks(EditorPane& ofWorkbench) : code(ofWorkbench)
 {
     soon.setSingleShot(true);
     soon.setInterval(PauseBeforeMarks);
-    if (Frame.Settings.LineHints != 1)
-        return;
-    code.ShowLineMarks(true);
+    code.ShowLineMarks(true); // breakpoints stand there too
     connect(&soon, &QTimer::timeout, this, &LiveMarks::Look);
     connect(&code, &DocumentText::TextChanged, &soon, qOverload<>(&QTimer::start));
     connect(&code, &DocumentText::SelectionChanged, this, &LiveMarks::SayCaretLine);
@@ -31,6 +29,9 @@ LiveMarks::LiveMarks(EditorPane& ofWorkbench) : code(ofWorkbench)
 void LiveMarks::Look()
 {
     soon.stop();
+    emit Settled();
+    if (Frame.Settings.LineHints != 1)
+        return;
     marks = MarksOfSource(LinesOfText(code));
     code.SetLineMarks(marks);
     SayCaretLine();

@@ -16,6 +16,7 @@ public:
     void Goto(bool forward);
 
 signals:
+    void Settled();                 ///< nobody has typed for a moment
     void Said(const QString& text); ///< of the line that the caret stands in; empty: nothing
 
 private:

@@ -3,7 +3,6 @@
 #include "frame/editor_pane.h"
 #include "frame/frame_state.h"
 #include "macro/run_macro.h"
-#include "macro/watch_lines.h"
 #include "platform/files/paths.h"
 
 #include <QProgressBar>
@@ -39,9 +38,23 @@ StepAnswer TestStage::Step(int line, const QString& written)
     }
 }
 
-void TestStage::Watch(const RunState& run)
+void TestStage::BeforeLine(RunState& run)
 {
-    view.ShowWatch(WatchLines(run));
+    if (!view.StopsBefore(run))
+        return;
+    ShowTarget(true);
+    view.WaitAt(run);
+    ShowTarget(false);
+}
+
+/// No oftener than anybody sees it.
+void TestStage::Watch(RunState& run, bool settled)
+{
+    constexpr qint64 EveryMs = 20;
+    if (!settled && watched.isValid() && watched.elapsed() < EveryMs)
+        return;
+    view.ShowWatch(run);
+    watched.start();
 }
 
 void TestStage::Show(int most)

@@ -2,6 +2,8 @@
 
 #include "macro/pane_stage.h"
 
+#include <QElapsedTimer>
+
 class QProgressBar;
 
 /// What a test run shows on the workbench. Told while the run is under way.
@@ -15,7 +17,9 @@ public:
     virtual void WantSteps(bool wanted) = 0;
     virtual void ShowStep(int line) = 0; ///< it runs next
     virtual bool Watches() const = 0;
-    virtual void ShowWatch(const QStringList& lines) = 0;
+    virtual void ShowWatch(RunState& run) = 0;
+    virtual bool StopsBefore(RunState& run) = 0; ///< has its user marked the line at hand?
+    virtual void WaitAt(RunState& run) = 0;      ///< returns when the run is to go on, or is stopped
 };
 
 /// The workbench as a macro's stage: its commands work on the output pane.
@@ -31,7 +35,8 @@ public:
     void WantSteps(bool wanted) override { view.WantSteps(wanted); }
     StepAnswer Step(int line, const QString& written) override;
     bool Watches() const override { return view.Watches(); }
-    void Watch(const RunState& run) override;
+    void BeforeLine(RunState& run) override;
+    void Watch(RunState& run, bool settled) override;
 
 private:
     void Show(int most) override;
@@ -42,4 +47,5 @@ private:
 
     TestView& view;
     int maximum = 1, progress = 0;
+    QElapsedTimer watched; ///< since the watch list was last shown
 };

@@ -52,9 +52,10 @@ QAction* CommandSet::Make(const CommandRow& row, const QString& text)
     action->setObjectName(QString::fromLatin1(row.Control));
     SetHelpSubject(action, HelpIdOf(row));
     action->setCheckable(row.Flags & CheckEntry);
-    connect(action, &QAction::triggered, this, [this, run = row.Action] {
-        emit AboutToRun();
-        run();
+    connect(action, &QAction::triggered, this, [this, &row] {
+        emit AboutToRun(row);
+        row.Action();
+        emit HasRun(row);
     });
     return action;
 }

@@ -30,7 +30,8 @@ public:
     void ShowMenuIcons(bool on);
 
 signals:
-    void AboutToRun();
+    void AboutToRun(const CommandRow& row);
+    void HasRun(const CommandRow& row);
 
 private:
     struct Pair

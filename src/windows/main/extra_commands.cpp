@@ -28,6 +28,12 @@ void BasicCommand()
         Tools().EditMacro({});
 }
 
+void RecordCommand()
+{
+    if (IsRndPathSet())
+        Tools().RecordMacro();
+}
+
 } // namespace
 
 std::span<const CommandRow> ExtraCommands()
@@ -45,6 +51,8 @@ std::span<const CommandRow> ExtraCommands()
         CommandRow{"mnuExtraAVI", "AVI To Bitmap", "", tbExtra, "avi_to_bitmap", nullptr, SeparatorBehind,
                    OpenToolAndFocus<ToolWindow::AVI2BMP>},
         CommandRow{"mnubasic", "Gemforge BASIC", "", tbExtra, "basic", nullptr, NoFlags, BasicCommand},
+        CommandRow{"mnuRecordMacro", "Record Macro", "Ctrl+Shift+R", tbExtra, "record_macro", nullptr, NoFlags,
+                   RecordCommand},
     };
     return Rows;
 }

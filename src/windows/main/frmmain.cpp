@@ -2,6 +2,7 @@
 
 #include "conf/block_outline.h"
 #include "conf/help_for_word.h"
+#include "conf/value_list.h"
 #include "editor/make_pane.h"
 #include "frame/documents/documents.h"
 #include "frame/files/file_commands.h"
@@ -29,6 +30,7 @@
 #include "windows/main/dialog_keys.h"
 #include "windows/main/dropped_files.h"
 #include "windows/main/line_hints_view.h"
+#include "windows/main/macro_recording.h"
 #include "windows/main/pane_mouse.h"
 #include "windows/main/pane_split.h"
 #include "windows/main/run_watch.h"
@@ -70,6 +72,12 @@ QString TipOfTab(int tab)
     return Panes().Pane(tab).Modified() ? name + QStringLiteral("\nNot saved") : name;
 }
 
+QString FileOfTab(int tab)
+{
+    const Document& document = Frame.Documents.at(tab);
+    return HasFile(document) ? paths::FileNameOfPath(document.Path) : QString();
+}
+
 void MarkBlockAtCaret(EditorPane& pane)
 {
     const auto block = Frame.CurrentMode == ModeGfx
@@ -96,6 +104,7 @@ frmmain::frmmain()
       keys(new WindowKeys(this)),
       runs(new RunWatch(this, *panels)),
       buttons(new MacroButtons(this)),
+      recording(new MacroRecording(commands, *panels, this)),
       tools(new WaitingTools(this))
 {
     setObjectName(QStringLiteral("frmmain"));
@@ -151,8 +160,11 @@ void frmmain::ConnectParts()
     connect(strip, &TabStrip::NewWanted, commands.MenuOf(OpenTabCommand), &QAction::trigger);
     connect(strip, &TabStrip::CloseWanted, commands.MenuOf(CloseTab), &QAction::trigger);
     strip->TipOf = TipOfTab;
+    strip->FileOf = FileOfTab;
     connect(&commands, &CommandSet::AboutToRun, this, &frmmain::HideLists);
     connect(&commands, &CommandSet::AboutToRun, this, [this] { ssML->NoteSelection(); });
+    connect(recording, &MacroRecording::Changed, this, &frmmain::RecordingChanged);
+    connect(recording, &MacroRecording::StopWanted, this, &frmmain::RecordMacro);
     connect(recent, &RecentPopup::Chosen, this, RecentOpenSelected, Qt::QueuedConnection);
     connect(recent, &FloatingList::Dismissed, this, &frmmain::CloseLists);
     connect(split, &PaneSplit::LaidOut, this, [this] {
@@ -161,7 +173,6 @@ void frmmain::ConnectParts()
     });
     for (LowerList* list : {static_cast<LowerList*>(words), static_cast<LowerList*>(marks)})
         connect(list, &LowerList::Left, this, &frmmain::FocusPane);
-    connect(&Events(), &FrameEvents::ModeChanged, marks, &MarksPanel::DocumentChanged);
     connect(split, &PaneSplit::Dragged, this, &frmmain::FocusPane);
     connect(subject, &HelpSubject::Moved, this, &frmmain::MouseOver);
     connect(keys, &WindowKeys::EscapePressed, this, &frmmain::EscapePressed);
@@ -236,6 +247,8 @@ void frmmain::ConnectPane(int tab, EditorPane& pane)
 {
     pane.CodeList = OfferedWords;
     pane.CodeListPick = PickCodeListItem;
+    pane.CodeValues = ValuesAtCaret;
+    pane.CodePicture = ValuePicture;
     pane.HoverText = [](EditorPane& hovered, int line, int column) {
         return Frame.CurrentMode == ModeGfx ? BlockSummary(LinesOf(hovered), line, column, Frame.Settings.SheetKinds)
                                             : QString();
@@ -313,8 +326,10 @@ void frmmain::EscapePressed()
     } else if (bars.cmbFind()->hasFocus() || strip->Bar()->hasFocus() || ssML->isAncestorOf(focusWidget()) ||
                words->HasKeyboard() || marks->HasKeyboard())
         FocusPane();
-    else
+    else if (AnyRun())
         StopRuns(StopReason::Esc);
+    else
+        StopPreview();
 }
 
 void frmmain::LeaveMenuBar()

@@ -17,6 +17,7 @@ class CommentTree;
 class FloatingList;
 class HelpSubject;
 class LineHintsView;
+class MacroRecording;
 class MacroButtons;
 class MediaTabs;
 class MediaWatch;
@@ -45,6 +46,8 @@ public:
     void RestorePosition();
     /// What follows the start in the frame: the layout, menu icons, the startup time in the caption.
     void ShowStarted();
+    /// Windows for files of tools wait until the program has started: its own questions come first.
+    void HoldTools(bool on);
     /// OnMainWindowClose: keeps what must not be lost. Once.
     void Finish();
     /// Ends the program whatever runs, without a question: for SIGTERM and its like.
@@ -71,6 +74,7 @@ public:
     void PreviewMedia(const MediaRequest& request) override;
     void StopPlayers() override { audio::Stop(); }
     void EditMacro(const QString& path) override;
+    void RecordMacro() override;
     void ShowZippedSet(const QString& archive) override;
     void ShowMacro(const QString& path) override;
     void ShowCode(const RecoveredText& code) override;
@@ -125,6 +129,7 @@ private:
     void RunMacroFile(const QString& path);
     bool RunMacroOfKey(QChar key); ///< false: no macro has it
     void LoadMacroButtons();
+    void RecordingChanged();
     void ShowMenuIcons();
     void TakeDrag(QDropEvent& event) const;
     void ManageLevels(const QString& archive);
@@ -152,6 +157,7 @@ private:
     WindowKeys* keys;
     RunWatch* runs;
     MacroButtons* buttons;
+    MacroRecording* recording;
     WaitingTools* tools;
     std::array<std::unique_ptr<EditorPane>, 8> panes;
     std::unique_ptr<EditorPane> buffer;

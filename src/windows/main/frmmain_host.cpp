@@ -4,6 +4,7 @@
 #include "frame/documents/documents.h"
 #include "frame/frame_events.h"
 #include "frame/frame_state.h"
+#include "frame/messages/messages.h"
 #include "frame/recovery/recovery.h"
 #include "windows/about/frm_about.h"
 #include "windows/files/frm_project.h"
@@ -21,6 +22,7 @@
 #include "windows/macro/macro_buttons.h"
 #include "windows/main/command_keys.h"
 #include "windows/main/dropped_files.h"
+#include "windows/main/macro_recording.h"
 #include "windows/main/status_panels.h"
 #include "windows/main/tab_strip.h"
 #include "windows/main/waiting_tools.h"
@@ -67,6 +69,8 @@ void frmmain::Listen(FrameEvents& events)
     connect(&events, &FrameEvents::MediaChanged, this, &frmmain::MediaChanged);
     connect(&events, &FrameEvents::MediaLooksChanged, this, &frmmain::StyleMediaLists);
     connect(&events, &FrameEvents::WorkChanged, this, &frmmain::WorkChanged);
+    connect(&events, &FrameEvents::ModeChanged, marks, &MarksPanel::DocumentChanged);
+    recording->Listen(events);
 }
 
 void frmmain::ModeChanged(int mode)
@@ -152,12 +156,43 @@ void frmmain::EditMacro(const QString& path)
     frmMacroEdit::Run(this, path);
 }
 
+void frmmain::RecordMacro()
+{
+    HideLists();
+    if (!recording->Running()) {
+        recording->Start();
+        return;
+    }
+    const RecordedMacro recorded = recording->Stop();
+    if (recorded.Code.isEmpty()) {
+        ShowNotice(QStringLiteral("Nothing was recorded"));
+        return;
+    }
+    if (!recorded.NotReplayed.isEmpty())
+        ShowMessage(message::RecordedInPart, recorded.NotReplayed.join(u'^'));
+    frmMacroEdit::RunOn(this, recorded.Code);
+}
+
+void frmmain::RecordingChanged()
+{
+    const QString caption = recording->Running() ? QStringLiteral("Stop Recording") : QStringLiteral("Record Macro");
+    const QString control = QStringLiteral("mnuRecordMacro");
+    commands.Menu(control)->setText(caption);
+    commands.Button(control)->setText(caption);
+    commands.Button(control)->setToolTip(caption);
+}
+
 void frmmain::ShowZippedSet(const QString& archive)
 {
     tools->Add([this, archive] {
         if (IsRndPathSet())
             ManageLevels(archive);
     });
+}
+
+void frmmain::HoldTools(bool on)
+{
+    tools->Hold(on);
 }
 
 void frmmain::ShowMacro(const QString& path)

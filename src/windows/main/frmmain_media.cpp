@@ -13,6 +13,8 @@
 #include "windows/main/dropped_files.h"
 #include "windows/main/line_hints_view.h"
 #include "windows/main/pane_split.h"
+#include "windows/main/sound_sign.h"
+#include "windows/main/status_panels.h"
 #include "windows/media/extra_page.h"
 #include "windows/media/folder_tree.h"
 #include "windows/media/macro_tree.h"
@@ -60,6 +62,9 @@ void frmmain::AddMediaLists()
     connect(buttons, &MacroButtons::Wanted, this, &frmmain::RunMacroFile, Qt::QueuedConnection);
     split->SetMedia(ssML);
     audio::OnTrouble(ShowNotice);
+    auto* sign = new SoundSign(panels);
+    connect(sign, &SoundSign::StopWanted, this, [] { StopPreview(); });
+    panels->addPermanentWidget(sign);
 }
 
 /// The lists are a palette: the keyboard belongs to the text.

@@ -10,8 +10,8 @@ class QWidget;
 class StatusPanels;
 
 /// What runs, as the user sees and ends it: a panel in the status bar tells its name after half a second and has a
-/// button that stops it, Esc stops it in every window of ours (held down also in those that it opens itself), and a pass
-/// gets no other key or click.
+/// button that stops it, Esc stops it in every window of ours (held down also in those that it opens itself), and a
+/// pass gets no other key or click.
 class RunWatch : public QObject
 {
     Q_OBJECT

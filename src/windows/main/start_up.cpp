@@ -95,6 +95,7 @@ int Run(QApplication& application, const StartFolders& folders, ProgramLooks& lo
 
     window.RestorePosition();
     window.show();
+    window.HoldTools(true);
     const CloseRequests closing(*window.windowHandle(), [&window] {
         if (QApplication::activeModalWidget()) // any other wish arrives by itself
             QTimer::singleShot(0, &window, &frmmain::CloseAfterWork);
@@ -108,6 +109,7 @@ int Run(QApplication& application, const StartFolders& folders, ProgramLooks& lo
         Welcome();
         SweepScratchHomes();
         FindGameAtStart();
+        window.HoldTools(false);
     });
     // A question of the start may have been answered by the end of the session.
     const int code = window.Ending() ? 0 : QApplication::exec();

@@ -16,14 +16,60 @@
 #include <QToolTip>
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace {
 
 const QColor UnsavedDot(0xE0, 0x6C, 0x00);
+constexpr int LongestFile = 10; ///< characters
+constexpr int LeastTab = 64;    ///< pixels at 96 dpi: picture, a letter or two, close button
+
+/// Tabs give way to each other, the longest first, until all are in sight; only where even that is too little the bar
+/// scrolls.
+class TightTabBar : public QTabBar
+{
+public:
+    using QTabBar::QTabBar;
+
+    /// Pixels for all tabs.
+    void SetRoom(int pixels)
+    {
+        if (std::exchange(room, pixels) != pixels)
+            setElideMode(Qt::ElideRight); // has them laid out anew
+    }
+
+protected:
+    QSize tabSizeHint(int tab) const override
+    {
+        QSize size = QTabBar::tabSizeHint(tab);
+        size.setWidth(qMin(size.width(), qMax(Widest(), Pixels(*this, LeastTab))));
+        return size;
+    }
+
+private:
+    int Widest() const
+    {
+        std::vector<int> widths;
+        for (int tab = 0; tab < count(); ++tab)
+            if (isTabVisible(tab))
+                widths.push_back(QTabBar::tabSizeHint(tab).width());
+        std::ranges::sort(widths);
+        int left = room;
+        for (size_t done = 0; done < widths.size(); ++done) {
+            const int share = left / int(widths.size() - done);
+            if (widths[done] > share)
+                return share;
+            left -= widths[done];
+        }
+        return room;
+    }
+
+    int room = QWIDGETSIZE_MAX;
+};
 
 } // namespace
 
-TabStrip::TabStrip(QWidget* parent) : QWidget(parent), bar(new QTabBar(this))
+TabStrip::TabStrip(QWidget* parent) : QWidget(parent), bar(new TightTabBar(this))
 {
     setObjectName(QStringLiteral("ssTxtWindows"));
     SetHelpSubject(this, HelpIdFor("tabs"));
@@ -31,7 +77,7 @@ TabStrip::TabStrip(QWidget* parent) : QWidget(parent), bar(new QTabBar(this))
     bar->setExpanding(false);
     bar->setDocumentMode(true);
     bar->setDrawBase(false);
-    bar->setElideMode(Qt::ElideNone);
+    bar->setElideMode(Qt::ElideRight);
     bar->setUsesScrollButtons(true);
     bar->setTabsClosable(true);
     for (int tab = 0; tab < int(faces.size()); ++tab) {
@@ -45,7 +91,7 @@ TabStrip::TabStrip(QWidget* parent) : QWidget(parent), bar(new QTabBar(this))
     connect(bar, &QTabBar::tabCloseRequested, this, &TabStrip::CloseByMouse);
     connect(bar, &QTabBar::currentChanged, this, &TabStrip::CurrentChanged);
 
-    auto* plus = new QToolButton(this);
+    plus = new QToolButton(this);
     plus->setAutoRaise(true);
     plus->setFocusPolicy(Qt::NoFocus);
     plus->setIcon(CommandIcon(QStringLiteral("open_tab")));
@@ -80,12 +126,27 @@ void TabStrip::SetTab(int tab, const TabFace& face)
         const QScopedValueRollback code(byCode, true);
         SelectNext(-1);
     }
-    bar->setTabText(tab, WithoutMnemonic(face.Caption));
+    for (int each = 0; each < bar->count(); ++each)
+        bar->setTabText(each, TextOf(each));
     ShowPicture(tab);
     // A disabled tab could not stay selected, and the flash dims the selected one: only its looks change.
     bar->setTabTextColor(tab, face.Enabled ? QColor() : palette().color(QPalette::Disabled, QPalette::WindowText));
     bar->setTabEnabled(tab, face.Visible); // else the wheel and the arrow keys would select what does not show
     bar->setTabVisible(tab, face.Visible);
+}
+
+/// Texts of one folder have one caption, so each tells its conf too.
+QString TabStrip::TextOf(int tab) const
+{
+    const TabFace& face = faces.at(tab);
+    const auto alike = std::ranges::count_if(
+        faces, [&face](const TabFace& other) { return other.Visible && other.Caption == face.Caption; });
+    QString file = alike > 1 && face.Caption != EmptyCaption && FileOf ? FileOf(tab) : QString();
+    file.truncate(file.lastIndexOf(u'.') > 0 ? file.lastIndexOf(u'.') : file.size());
+    if (file.endsWith(QLatin1StringView("info"), Qt::CaseInsensitive) && file.size() > 4)
+        file.chop(4);
+    const QString told = file.isEmpty() ? QString() : u' ' + file.left(LongestFile);
+    return WithoutMnemonic(face.Caption + told);
 }
 
 void TabStrip::SetUnsaved(int tab, bool now)
@@ -204,6 +265,12 @@ bool TabStrip::eventFilter(QObject* watched, QEvent* event)
         return true;
     }
     return false;
+}
+
+void TabStrip::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    static_cast<TightTabBar*>(bar)->SetRoom(width() - plus->sizeHint().width() - layout()->spacing());
 }
 
 void TabStrip::mouseReleaseEvent(QMouseEvent* event)

@@ -7,6 +7,8 @@
 #include <array>
 #include <functional>
 
+class QToolButton;
+
 /// ssTxtWindows: the eight tabs. Hidden ones take no room. The strip itself changes no document: it tells what the
 /// user did with the mouse or the keys.
 class TabStrip : public QWidget
@@ -23,7 +25,8 @@ public:
     void SelectNext(int step); ///< by key: the next (1) or previous (-1) visible tab, around the ends
     QTabBar* Bar() const { return bar; }
 
-    std::function<QString(int tab)> TipOf; ///< asked when the mouse rests on a tab
+    std::function<QString(int tab)> TipOf;  ///< asked when the mouse rests on a tab
+    std::function<QString(int tab)> FileOf; ///< file name of a tab's text: tells tabs of one caption apart
 
 signals:
     void Changed(int tab); ///< any change of the selected tab
@@ -34,16 +37,19 @@ signals:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void CurrentChanged(int tab);
     void ShowPicture(int tab);
+    QString TextOf(int tab) const;
     bool KeyPressed(int key);
     void Released(Qt::MouseButton button, int tab);
     void CloseByMouse(int tab);
     void NameCloseButtons();
 
     QTabBar* bar;
+    QToolButton* plus;
     std::array<TabFace, 8> faces;
     std::array<bool, 8> unsaved{};
     bool byCode = false;

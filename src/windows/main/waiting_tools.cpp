@@ -16,9 +16,15 @@ void WaitingTools::Add(std::function<void()> open)
     QMetaObject::invokeMethod(this, &WaitingTools::OpenNext, Qt::QueuedConnection);
 }
 
+void WaitingTools::Hold(bool on)
+{
+    held = on;
+    OpenNext();
+}
+
 void WaitingTools::OpenNext()
 {
-    if (waiting.empty() || IsWorkHeldUp() || Frame.Closing || Frame.Ending)
+    if (held || waiting.empty() || IsWorkHeldUp() || Frame.Closing || Frame.Ending)
         return;
     const std::function<void()> open = std::move(waiting.front());
     waiting.pop_front();

@@ -13,9 +13,11 @@ public:
 
     /// `open` returns when its window has closed.
     void Add(std::function<void()> open);
+    void Hold(bool on); ///< while the program starts: its own questions come first
 
 private:
     void OpenNext();
 
     std::deque<std::function<void()>> waiting;
+    bool held = false;
 };

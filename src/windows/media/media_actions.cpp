@@ -159,6 +159,8 @@ void PopUpMediaMenu(MediaView& view, const QPoint& onScreen)
     if (HasMediaTool(mode))
         menu->setDefaultAction(add(mode == ModeSfx || mode == ModeMus ? "Play" : "Preview",
                                    [entry = view.Entry()] { OpenMediaEntry(entry); }));
+    if (audio::IsPlaying())
+        menu->addAction(QStringLiteral("Stop"), &view, [] { StopPreview(); });
     add("Insert Name", [name = view.Selected()] {
         InsertFileName(name);
         Panes().FocusPane();

@@ -23,6 +23,11 @@
 
 namespace {
 
+bool HasPlaces()
+{
+    return !QGuiApplication::platformName().startsWith(QLatin1StringView("wayland"));
+}
+
 constexpr int LastIcon = 12;
 constexpr double ShareOfScreen = 0.9;
 
@@ -202,12 +207,15 @@ bool frmMess::eventFilter(QObject* watched, QEvent* event)
     if (watched != lblTitle || !mouse)
         return QDialog::eventFilter(watched, event);
     if (event->type() == QEvent::MouseButtonPress && mouse->button() == Qt::LeftButton) {
-        grip = mouse->globalPosition().toPoint() - pos();
-        if (windowHandle() && windowHandle()->startSystemMove())
-            grip = QPoint();
+        // Where windows have no place of their own the system moves them. Elsewhere it would start from where the
+        // pointer was a moment ago, and the window jump.
+        const bool bySystem = !HasPlaces() && windowHandle() && windowHandle()->startSystemMove();
+        grip = bySystem ? std::nullopt : std::optional(mouse->globalPosition().toPoint() - pos());
         return true;
     }
-    if (event->type() == QEvent::MouseMove && mouse->buttons().testFlag(Qt::LeftButton) && !grip.isNull())
-        move(mouse->globalPosition().toPoint() - grip);
+    if (event->type() == QEvent::MouseMove && mouse->buttons().testFlag(Qt::LeftButton) && grip)
+        move(mouse->globalPosition().toPoint() - *grip);
+    if (event->type() == QEvent::MouseButtonRelease)
+        grip.reset();
     return QDialog::eventFilter(watched, event);
 }

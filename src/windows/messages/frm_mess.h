@@ -5,6 +5,7 @@
 #include "windows/messages/message_colour.h"
 
 #include <QDialog>
+#include <optional>
 
 class QLabel;
 class QPlainTextEdit;
@@ -38,5 +39,5 @@ private:
     QLabel *lblTitle, *imgIcon;
     QPlainTextEdit* lblTEXT;
     std::vector<QPushButton*> cmdButton;
-    QPoint grip; ///< where the title was taken, from the window's corner
+    std::optional<QPoint> grip; ///< where the title is held, from the window's corner
 };

@@ -22,6 +22,8 @@ void SearchFor(const QString& text)
 {
     if (!text.isEmpty()) {
         CurrentPane().ExecuteCmd(CmdSetFindText, text);
+        for (int tab = 0; tab < int(Frame.Documents.size()); ++tab)
+            Panes().Pane(tab).SetFindText(text); // F3 goes on with it in every tab
         SearchPane(CmdFindNext);
     }
     Panes().FocusPane();

@@ -2,6 +2,7 @@
 
 #include "frame/documents/documents.h"
 #include "frame/editor_pane.h"
+#include "frame/frame_events.h"
 #include "frame/frame_state.h"
 #include "frame/host_ports.h"
 
@@ -15,7 +16,17 @@ void RunOnPane()
     (pane.ExecuteCmd(Commands), ...);
 }
 
-/// The same, then the pane has the focus.
+/// The same on what is selected; without a selection nothing happens but a notice.
+template <int... Commands>
+void RunOnSelection()
+{
+    if (CurrentPane().SelLength() == 0)
+        ShowNotice(QStringLiteral("Nothing is selected"));
+    else
+        RunOnPane<Commands...>();
+}
+
+/// As RunOnPane, then the pane has the focus.
 template <int... Commands>
 void RunAndFocus()
 {

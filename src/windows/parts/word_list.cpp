@@ -44,14 +44,10 @@ WordList::WordList(const QString& name, const QString& label, const QStringList&
     connect(list, &QListView::clicked, this, &WordList::Pick);
 }
 
-QString WordList::Text() const
-{
-    return line->text();
-}
-
 void WordList::SetText(const QString& text)
 {
     const QScopedValueRollback quiet(filling, true);
+    word = text;
     line->setText(text);
     line->setCursorPosition(0);
     const qsizetype row = words.stringList().indexOf(text, 0);
@@ -72,9 +68,10 @@ void WordList::Seek(const QString& text)
 void WordList::Pick()
 {
     const QModelIndexList selected = list->selectionModel()->selectedIndexes();
-    const QString word = selected.isEmpty() ? QString() : selected.constFirst().data().toString();
-    if (filling || word.isEmpty())
+    const QString chosen = selected.isEmpty() ? QString() : selected.constFirst().data().toString();
+    if (filling || chosen.isEmpty())
         return;
+    word = chosen;
     line->setText(word);
     emit Picked(word);
 }

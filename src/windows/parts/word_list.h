@@ -15,8 +15,8 @@ class WordList : public QWidget
 public:
     WordList(const QString& name, const QString& label, const QStringList& words, QWidget* parent);
 
-    QString Text() const;
-    void SetText(const QString& text); ///< any text; no pick
+    QString Word() const { return word; } ///< picked last, or set: what is only typed does not count
+    void SetText(const QString& text);    ///< any text; no pick
 
     QLineEdit* Line() const { return line; }
     QListView* List() const { return list; }
@@ -34,5 +34,6 @@ private:
     QStringListModel words;
     QLineEdit* line;
     QListView* list;
+    QString word;
     bool filling = false;
 };

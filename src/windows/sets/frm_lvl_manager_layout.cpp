@@ -6,6 +6,7 @@
 #include "windows/sets/set_maps.h"
 
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -173,9 +174,9 @@ QWidget* frmLVLManager::MakeButtons()
 QWidget* frmLVLManager::MakeFacts()
 {
     auto* part = new QWidget(this);
-    auto* form = new QFormLayout(part);
-    form->setContentsMargins({});
-    form->setRowWrapPolicy(QFormLayout::DontWrapRows);
+    auto* grid = new QGridLayout(part); // a form would cut the last of lines that wrap, the first time it shows them
+    grid->setContentsMargins({});
+    grid->setColumnStretch(1, 1);
     for (size_t i = 0; i < facts.size(); ++i) {
         facts[i] = new QLabel(part);
         facts[i]->setTextFormat(Qt::PlainText);
@@ -183,7 +184,8 @@ QWidget* frmLVLManager::MakeFacts()
         facts[i]->setMinimumWidth(Pixels(*this, 150));
         facts[i]->setTextInteractionFlags(Qt::TextSelectableByMouse);
         facts[i]->setObjectName(QStringLiteral("lblFact%1").arg(i));
-        form->addRow(QString::fromLatin1(FactCaptions[i]), facts[i]);
+        grid->addWidget(new QLabel(QString::fromLatin1(FactCaptions[i]), part), int(i), 0, Qt::AlignTop);
+        grid->addWidget(facts[i], int(i), 1);
     }
     return part;
 }

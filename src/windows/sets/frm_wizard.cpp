@@ -91,8 +91,10 @@ frmWizard::frmWizard(QWidget* owner) : QDialog(DialogParent(owner)), page(new QS
     cmdNext = button("cmdNext", "Next");
     cmdCancel = button("cmdCancel", "Cancel");
     cmdBack->setEnabled(false);
+    lblMaking = new QLabel(this);
+    lblMaking->setObjectName(QStringLiteral("lblMaking"));
     auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
+    buttons->addWidget(lblMaking, 1);
     for (QPushButton* one : {cmdBack, cmdNext, cmdCancel})
         buttons->addWidget(one);
     auto* column = new QVBoxLayout(this);
@@ -193,10 +195,21 @@ void frmWizard::TakeLastTime()
 
 void frmWizard::reject()
 {
-    if (isEnabled())
-        QDialog::reject();
-    else
+    if (making)
         StopRuns(StopReason::Break);
+    else
+        QDialog::reject();
+}
+
+/// All but Cancel is off meanwhile.
+void frmWizard::SetMaking(bool on)
+{
+    making = on;
+    for (QWidget* part : std::initializer_list<QWidget*>{page, cmdBack})
+        part->setEnabled(!on);
+    lblMaking->setText(on ? QStringLiteral("The game is being made. Cancel stops it.") : QString());
+    Busy().BusyPointer(on);
+    (on ? cmdCancel : cmdDone)->setFocus();
 }
 
 void frmWizard::MakeGame()
@@ -206,11 +219,9 @@ void frmWizard::MakeGame()
         ShowMessage(message::NotFinished);
         return;
     }
-    setEnabled(false);
-    Busy().BusyPointer(true);
+    SetMaking(true);
     const auto made = MakeSet(set, DumpOfGame);
-    Busy().BusyPointer(false);
-    setEnabled(true);
+    SetMaking(false);
     if (!made) {
         if (!WasStopped(made.error()))
             ShowFailure(made.error());

@@ -48,16 +48,18 @@ private:
     void ShowPath(bool withMessage);
     void ShowArtwork(size_t number);
     void TakeLastTime();
+    void SetMaking(bool on);
     void MakeGame();
 
     NewSet set;
     QStackedWidget* page;
     QPushButton *cmdBack, *cmdNext, *cmdCancel, *cmdDone = nullptr, *cmdLastTime = nullptr;
     QLineEdit *txtGameName = nullptr, *txtGameShortName = nullptr, *txtAuthor = nullptr, *txtPath = nullptr;
-    QLabel* lblTaken = nullptr;
+    QLabel *lblTaken = nullptr, *lblMaking;
     QComboBox* Drive1 = nullptr;
     FolderTree* Dir1 = nullptr;
     QPlainTextEdit* txtLevelinfoPrev = nullptr;
     std::array<QPlainTextEdit*, 3> txtExamples{};
     std::array<QCheckBox*, SetExtraCount> checks{};
+    bool making = false;
 };

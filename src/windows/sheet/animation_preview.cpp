@@ -13,7 +13,8 @@
 
 namespace {
 
-constexpr QSize HintSize{136, 136};   // a tile at the largest zoom
+constexpr QSize HintSize{136, 96};
+constexpr int Around = 4;             // pixels at each side of a zoomed tile
 constexpr int MostTicksAtOnce = 1000; // after a sleep of the machine the run just goes on
 
 int AnyTile(int frames)
@@ -41,7 +42,7 @@ AnimationPreview::AnimationPreview(QWidget* parent) : QFrame(parent), picPreview
 
 QSize AnimationPreview::sizeHint() const
 {
-    return HintSize;
+    return HintSize.expandedTo(QSize(1, 1) * (TileSize * zoom + 2 * Around));
 }
 
 void AnimationPreview::Start()
@@ -128,6 +129,7 @@ void AnimationPreview::SetZoom(int times)
 {
     zoom = times;
     setMinimumHeight(qMax(TileSize * 3 / 2, TileSize * zoom + 2 * frameWidth()));
+    updateGeometry();
     if (!picPreview->pixmap().isNull())
         Redraw();
 }

@@ -46,3 +46,19 @@ QImage HoverTile(EditorPane& pane, int line, int column)
     const QRect tile(block->Read.Element.XPos * TileSize, block->Read.Element.YPos * TileSize, TileSize, TileSize);
     return sheet->Pixels.rect().contains(tile) ? sheet->Pixels.copy(tile) : QImage();
 }
+
+QImage ValuePicture(EditorPane& pane, const QString& file, std::function<void()> later)
+{
+    const std::optional<MediaHit> hit =
+        HasSheetName(file, Frame.Settings.SheetKinds) ? FindImageInLists(file) : std::nullopt;
+    if (!hit)
+        return {};
+    const QString path = PathOf(hit->Source, hit->Name);
+    if (const auto sheet = images::Kept(path))
+        return sheet->Pixels;
+    images::LoadLater(path, &pane, [later = std::move(later)](const Result<images::Picture>& loaded) {
+        if (loaded)
+            later();
+    });
+    return {};
+}

@@ -1,7 +1,6 @@
 #include "frame/media/media_lists.h"
 #include "frame/program_scope.h"
 
-
 using MediaListsTest = FrameTest;
 
 namespace {

@@ -54,9 +54,9 @@ TEST_F(InjectWindow, EveryPickRebuildsAndOneUndoTakesTheVisitBack)
 {
     Edit(Block, [&](frmInject& window) {
         EXPECT_EQ(window.windowTitle(), QStringLiteral("Edit Element"));
-        EXPECT_EQ(window.lstElement()->Text(), QStringLiteral("yamyam"));
-        EXPECT_EQ(window.lstAction()->Text(), QStringLiteral("<None>"));
-        EXPECT_EQ(window.lstDirection()->Text(), QStringLiteral("left"));
+        EXPECT_EQ(window.lstElement()->Word(), QStringLiteral("yamyam"));
+        EXPECT_EQ(window.lstAction()->Word(), QStringLiteral("<None>"));
+        EXPECT_EQ(window.lstDirection()->Word(), QStringLiteral("left"));
         EXPECT_TRUE(window.chkOption(0)->isChecked() && window.chkOption(0)->font().bold());
         EXPECT_EQ(window.chkOption(0)->palette().color(QPalette::WindowText), QColor(0, 0x70, 0));
         EXPECT_FALSE(window.chkOption(1)->isChecked() || window.chkOption(1)->font().bold());
@@ -64,6 +64,9 @@ TEST_F(InjectWindow, EveryPickRebuildsAndOneUndoTakesTheVisitBack)
         EXPECT_EQ(Bytes(), "yamyam.left:  x.png\nyamyam.left.xpos:\t3 # note\n\nother: y.png\n");
         QTest::keyClicks(window.lstAction()->Line(), QStringLiteral("mov"));
         EXPECT_TRUE(Bytes().startsWith("yamyam.left:")) << "typing alone";
+        window.chkOption(2)->click();
+        window.chkOption(2)->click();
+        EXPECT_TRUE(Bytes().startsWith("yamyam.left:")) << "half a word is no part of a key";
         Pick(window.lstAction(), QStringLiteral("moving"));
         EXPECT_TRUE(Bytes().startsWith("yamyam.moving.left:  x.png\nyamyam.moving.left.xpos:\t3 # note\n\n"));
         window.chkOption(0)->click();
@@ -99,7 +102,7 @@ TEST_F(InjectWindow, CrumbledBlocksHaveTheirOwnBoxes)
     Edit("sand.CRUMBLED: x.png\nsand.CRUMBLED.frames: 3\n\n", [](frmInject& window) {
         for (int box = 0; box < int(KnownCommands); ++box)
             EXPECT_EQ(window.chkOption(box)->isEnabled(), box < 8 || box == 18) << box;
-        EXPECT_EQ(window.lstAction()->Text(), NoPart);
+        EXPECT_EQ(window.lstAction()->Word(), NoPart);
         Pick(window.lstElement(), QStringLiteral("wall"));
         window.chkOption(18)->click();
         EXPECT_TRUE(Bytes().startsWith("wall.CRUMBLED: x.png\nwall.CRUMBLED.frames: 3\nwall.CRUMBLED.border_size:"));

@@ -55,7 +55,7 @@ protected:
 // document or without its macro, undo that does not show what the file holds.
 TEST_F(KeptCodeTest, OutlivesItsRunAndComesBackOnTheWorkbench)
 {
-    const QString macro = Run.Work.Write(u"mine.gfbasic"_s, "print old\r\n");
+    const QString macro = Run.Work.Write(u"mine.gfbasic"_s, "print old\n");
     Open(macro, [&](QWidget& window) {
         Code(window).InsertText(u"# new\r\n"_s, {});
         EXPECT_TRUE(WaitUntil([&] { return HasCopy(); }));
@@ -68,7 +68,7 @@ TEST_F(KeptCodeTest, OutlivesItsRunAndComesBackOnTheWorkbench)
         Frame.Closing = false;
     });
     EXPECT_FALSE(CurrentPane().Modified());
-    EXPECT_EQ(Run.Work.Read(u"mine.gfbasic"_s), "# new\r\nprint old\r\n");
+    EXPECT_EQ(Run.Work.Read(u"mine.gfbasic"_s), "# new\nprint old\n");
     NewRun();
     const auto found = keeper->FindRecovered();
     ASSERT_EQ(found.size(), 1U);

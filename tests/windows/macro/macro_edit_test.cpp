@@ -4,6 +4,7 @@
 #include "frame/host_ports.h"
 #include "frame/program_scope.h"
 #include "frame/run_scope.h"
+#include "frame/settings/form_looks.h"
 #include "macro/run_macro.h"
 #include "platform/images/contrast.h"
 #include "services/archive_tool.h"
@@ -108,6 +109,26 @@ TEST_F(Workbench, AFaultIsMarkedInTheCode)
         EXPECT_EQ(Code(window).CaretLine(), 1);
         EXPECT_EQ(Code(window).GetColor(LineSlot), 0x0000FF);
     });
+}
+
+// Catches: a white pane in the dark form, words or marks that only a white one carries.
+TEST_F(Workbench, TheDarkFormIsDarkAllOver)
+{
+    constexpr int Texts[] = {4, 6, 8, 10, 14, 16, 20, 22, 24};
+    const auto grey = [](int bgr) { return qGray(bgr & 0xFF, bgr >> 8 & 0xFF, bgr >> 16 & 0xFF); };
+    SetDesktopForm(LookForm::Dark);
+    Open([&](frmMacroEdit& window) {
+        const EditorPane& code = Code(window);
+        EXPECT_LT(grey(code.GetColor(0)), 64);
+        for (const int slot : Texts)
+            EXPECT_GT(grey(code.GetColor(slot)), 144) << slot;
+        for (const auto& source : {u"noword"_s, u"$b"_s}) {
+            RunTest(window, source);
+            EXPECT_LT(grey(code.GetColor(LineSlot)), 80);
+        }
+        EXPECT_EQ(Run.TakeMessages().size(), 2);
+    });
+    SetDesktopForm(LookForm::Light);
 }
 
 // Catches: a save that costs the resources or asks for a name again, one over another macro, code that is not what was

@@ -112,6 +112,21 @@ TEST_F(MacroStartTest, EscAndCloseEndIt)
     EXPECT_TRUE(WaitUntil([this] { return !Window->isVisible(); }));
 }
 
+// Catches: the key that a macro waited for, typed into the text behind it.
+TEST_F(MacroStartTest, KeysForTheMacroDoNotReachTheText)
+{
+    Write("$k.gfb", "docend\r\nprint end\r\n");
+    const auto typed = [this](QEvent::Type type) {
+        QCoreApplication::postEvent(Window->windowHandle(),
+                                    new QKeyEvent(type, Qt::Key_Return, Qt::NoModifier, u"\r"_s));
+    };
+    typed(QEvent::KeyPress);
+    typed(QEvent::KeyRelease);
+    StartMacro(Frame.MacrosFolder + u"$k.gfb"_s);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(CurrentPane().Text().endsWith(u"end"_s));
+}
+
 // Catches: a macro that asks for ever and cannot be ended, one that a single Esc at a question ends.
 TEST_F(MacroStartTest, HeldEscEndsOneThatAsksForEver)
 {

@@ -85,7 +85,7 @@ TEST_F(CommandTable, MenusStandInTheToldOrder)
         {"mnuRND", "RnD|Run Rocks'n'Diamonds|Run RnD - Fast Test Selected Element|Test Set Safely|Level Manager|-|"
                    "Check For Errors|-|Check With The Game|View Error Log|The Game's Words|Extract From RnD|-|Games"},
         {"mnuExtra", "Extra|Game Structure Wizard|Make Level Preview Palette|Make Editor Headline|-|PCX Lab|"
-                     "AVI To Bitmap|-|Gemforge BASIC"},
+                     "AVI To Bitmap|-|Gemforge BASIC|Record Macro"},
         {"mnuHelp", "Help|Help|-|About"}};
     for (const auto& [control, whole] : told) {
         const auto row = std::ranges::find(MainMenus(), QLatin1StringView(control),

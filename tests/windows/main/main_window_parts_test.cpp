@@ -1,6 +1,7 @@
 #include "editor/make_pane.h"
 #include "frame/frame_events.h"
 #include "frame/host_ports.h"
+#include "platform/sound/audio.h"
 #include "windows/main/dropped_files.h"
 #include "windows/main/main_window_test.h"
 #include "windows/main/pane_split.h"
@@ -9,6 +10,7 @@
 #include "windows/parts/window_position.h"
 
 #include <QDropEvent>
+#include <QLabel>
 #include <QMimeData>
 #include <QProgressBar>
 #include <QScreen>
@@ -195,4 +197,28 @@ TEST_F(MainWindowTest, UnsavedTextsShow)
     EXPECT_EQ(status(), QStringLiteral("Saved, backup _000"));
     ShowNotice({});
     EXPECT_TRUE(status().endsWith(QStringLiteral("a.conf")) && !status().startsWith(QStringLiteral("Not")));
+}
+
+// Catches: a sound that nobody sees or can stop, a sign that stays when it is over.
+TEST_F(MainWindowParts, TellsWhatPlaysAndStopsIt)
+{
+    qputenv("SDL_AUDIODRIVER", "dummy");
+    QByteArray wave("RIFF\0\0\0\0WAVEfmt \x10\0\0\0\1\0\1\0\x40\x1f\0\0\x40\x1f\0\0\1\0\x08\0data\0\0\1\0", 44);
+    wave += QByteArray(0x10000, '\x80'); // eight seconds
+    const QString path = Run.Work.Write(QStringLiteral("long song.wav"), wave);
+    auto& sign = *Window->findChild<QWidget*>(QStringLiteral("SoundSign"));
+    const auto becomes = [&sign](bool shown) { return QTest::qWaitFor([&] { return sign.isVisible() == shown; }); };
+    EXPECT_FALSE(sign.isVisible());
+    const std::function<void()> ways[] = {
+        [this] { Press(Qt::Key_Escape); },
+        [&sign] { QTest::mouseClick(sign.findChild<QWidget*>(QStringLiteral("cmdStopSound")), Qt::LeftButton); }};
+    for (const auto& stop : ways) {
+        ASSERT_TRUE(audio::PlayMedia(path));
+        ASSERT_TRUE(becomes(true));
+        EXPECT_TRUE(sign.findChild<QLabel*>()->text().contains(QStringLiteral("long song.wav")));
+        stop();
+        EXPECT_TRUE(becomes(false));
+        EXPECT_FALSE(audio::IsPlaying());
+    }
+    audio::End();
 }

@@ -46,6 +46,21 @@ TEST_F(WindowKeysTest, FindBoxKeepsItsClipboardKeys)
     EXPECT_EQ(CurrentPane().Text(), text);
 }
 
+// Catches: F3 that searches in the tab of the find box only, and asks again in every other.
+TEST_F(WindowKeysTest, FindBoxSetsTheSearchOfEveryTab)
+{
+    Run.OpenInNewTab(Run.Work.Write(QStringLiteral("a.txt"), "one\ntwo\n"));
+    Run.OpenInNewTab(Run.Work.Write(QStringLiteral("b.txt"), "none\ntwo\n"));
+    FindBox* box = Window->Bars().cmbFind();
+    box->setFocus();
+    box->setEditText(QStringLiteral("two"));
+    Press(Qt::Key_Return);
+    EXPECT_EQ(CurrentPane().CaretLine(), 1);
+    ClickTab(1, Qt::LeftButton);
+    Press(Qt::Key_F3);
+    EXPECT_EQ(CurrentPane().SelText(), QStringLiteral("two"));
+}
+
 // Catches: an Esc that stops the work while a list floats, one that a disabled window never sees.
 TEST_F(WindowKeysTest, EscapeClosesWhatFloatsBeforeItStops)
 {
