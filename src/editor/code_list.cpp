@@ -86,11 +86,6 @@ std::optional<qsizetype> CodeListBox::RowFor(const QString& word) const
     return found < 0 || word.isEmpty() ? std::nullopt : std::optional(found);
 }
 
-QString CodeListBox::TypedFor(qsizetype row) const
-{
-    return row < valueCount ? values.Typed : pane.CurrentWord();
-}
-
 void CodeListBox::Open()
 {
     if (Ask(false))
@@ -239,6 +234,8 @@ QString CodeListBox::SignBefore() const
 /// Is the word at the caret the item, or what stands in front of the item's form?
 bool CodeListBox::Stands(qsizetype row) const
 {
+    if (row < valueCount)
+        return items[row] == values.Typed;
     const QString word = pane.CurrentWord();
     const QString item = items[row].section(u' ', 0, 0);
     return item == word || item == QString(SignBefore() + word);

@@ -43,7 +43,6 @@ private:
     bool Ask(bool typing);
     void Narrow();
     std::optional<qsizetype> RowFor(const QString& word) const; ///< -1: shown without a selection; nothing: not shown
-    QString TypedFor(qsizetype row) const;                      ///< what an item of this row would complete
     QVariant PictureOf(const QString& item);
     void Show(qsizetype selected);
     void Select(qsizetype row);

@@ -16,15 +16,60 @@
 #include <QToolTip>
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace {
 
 const QColor UnsavedDot(0xE0, 0x6C, 0x00);
 constexpr int LongestFile = 10; ///< characters
+constexpr int LeastTab = 64;    ///< pixels at 96 dpi: picture, a letter or two, close button
+
+/// Tabs give way to each other, the longest first, until all are in sight; only where even that is too little the bar
+/// scrolls.
+class TightTabBar : public QTabBar
+{
+public:
+    using QTabBar::QTabBar;
+
+    /// Pixels for all tabs.
+    void SetRoom(int pixels)
+    {
+        if (std::exchange(room, pixels) != pixels)
+            setElideMode(Qt::ElideRight); // has them laid out anew
+    }
+
+protected:
+    QSize tabSizeHint(int tab) const override
+    {
+        QSize size = QTabBar::tabSizeHint(tab);
+        size.setWidth(qMin(size.width(), qMax(Widest(), Pixels(*this, LeastTab))));
+        return size;
+    }
+
+private:
+    int Widest() const
+    {
+        std::vector<int> widths;
+        for (int tab = 0; tab < count(); ++tab)
+            if (isTabVisible(tab))
+                widths.push_back(QTabBar::tabSizeHint(tab).width());
+        std::ranges::sort(widths);
+        int left = room;
+        for (size_t done = 0; done < widths.size(); ++done) {
+            const int share = left / int(widths.size() - done);
+            if (widths[done] > share)
+                return share;
+            left -= widths[done];
+        }
+        return room;
+    }
+
+    int room = QWIDGETSIZE_MAX;
+};
 
 } // namespace
 
-TabStrip::TabStrip(QWidget* parent) : QWidget(parent), bar(new QTabBar(this))
+TabStrip::TabStrip(QWidget* parent) : QWidget(parent), bar(new TightTabBar(this))
 {
     setObjectName(QStringLiteral("ssTxtWindows"));
     SetHelpSubject(this, HelpIdFor("tabs"));
@@ -32,7 +77,7 @@ TabStrip::TabStrip(QWidget* parent) : QWidget(parent), bar(new QTabBar(this))
     bar->setExpanding(false);
     bar->setDocumentMode(true);
     bar->setDrawBase(false);
-    bar->setElideMode(Qt::ElideNone);
+    bar->setElideMode(Qt::ElideRight);
     bar->setUsesScrollButtons(true);
     bar->setTabsClosable(true);
     for (int tab = 0; tab < int(faces.size()); ++tab) {
@@ -46,7 +91,7 @@ TabStrip::TabStrip(QWidget* parent) : QWidget(parent), bar(new QTabBar(this))
     connect(bar, &QTabBar::tabCloseRequested, this, &TabStrip::CloseByMouse);
     connect(bar, &QTabBar::currentChanged, this, &TabStrip::CurrentChanged);
 
-    auto* plus = new QToolButton(this);
+    plus = new QToolButton(this);
     plus->setAutoRaise(true);
     plus->setFocusPolicy(Qt::NoFocus);
     plus->setIcon(CommandIcon(QStringLiteral("open_tab")));
@@ -220,6 +265,12 @@ bool TabStrip::eventFilter(QObject* watched, QEvent* event)
         return true;
     }
     return false;
+}
+
+void TabStrip::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    static_cast<TightTabBar*>(bar)->SetRoom(width() - plus->sizeHint().width() - layout()->spacing());
 }
 
 void TabStrip::mouseReleaseEvent(QMouseEvent* event)

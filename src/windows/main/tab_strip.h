@@ -7,6 +7,8 @@
 #include <array>
 #include <functional>
 
+class QToolButton;
+
 /// ssTxtWindows: the eight tabs. Hidden ones take no room. The strip itself changes no document: it tells what the
 /// user did with the mouse or the keys.
 class TabStrip : public QWidget
@@ -35,6 +37,7 @@ signals:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void CurrentChanged(int tab);
@@ -46,6 +49,7 @@ private:
     void NameCloseButtons();
 
     QTabBar* bar;
+    QToolButton* plus;
     std::array<TabFace, 8> faces;
     std::array<bool, 8> unsaved{};
     bool byCode = false;
