@@ -88,7 +88,7 @@ private:
     QProgressBar& ProgressBar() override { return *progress; }
     bool StepsLines() const override;
     void WantSteps(bool wanted) override;
-    void ShowStep(int line) override;
+    void ShowStep(RunState& run) override;
     bool Watches() const override;
     void ShowWatch(RunState& run) override;
     bool StopsBefore(RunState& run) override;

@@ -5,6 +5,7 @@
 #include "macro/stopped_run.h"
 #include "macro/watch_lines.h"
 #include "macro/word_facts.h"
+#include "windows/macro/code_look.h"
 #include "windows/macro/command_list.h"
 #include "windows/macro/stop_bar.h"
 #include "windows/macro/watch_list.h"
@@ -91,14 +92,22 @@ bool frmMacroEdit::StopsBefore(RunState& run)
     return stops->StopsBefore(run);
 }
 
-void frmMacroEdit::WaitAt(RunState& run)
+void frmMacroEdit::ShowStep(RunState& run)
 {
-    SSmacro->setCurrentIndex(Code);
-    ShowStep(run.CurrentLine);
     const QString& fault = stops->Fault();
     bar->ShowPlace(GosubChain(run),
                    fault.isEmpty() ? QString() : QStringLiteral("The condition can't be told: ") + fault);
     ShowWatch(run);
+    EditorPane& code = txtEdit(Code);
+    code.SetColor(HighlightedLineSlot, CodeMarks(FormInUse()).Step);
+    code.ExecuteCmd(CmdGotoLine, run.CurrentLine);
+    code.SetHighlightedLine(run.CurrentLine);
+}
+
+void frmMacroEdit::WaitAt(RunState& run)
+{
+    SSmacro->setCurrentIndex(Code);
+    ShowStep(run);
     LetLook(true);
     lstWatch->LetChange(run.Variables.Count());
     txtEdit(Code).FocusPane();
