@@ -94,6 +94,7 @@ private:
     bool StopsBefore(RunState& run) override;
     void WaitAt(RunState& run) override;
     void LetLook(bool on);
+    void MarkLine(int colour, int line); ///< of the code
     void GoOn(CodeStops::Way how);
     QString HoverOf(const QString& word);
     void ShowLists();

@@ -98,10 +98,14 @@ void frmMacroEdit::ShowStep(RunState& run)
     bar->ShowPlace(GosubChain(run),
                    fault.isEmpty() ? QString() : QStringLiteral("The condition can't be told: ") + fault);
     ShowWatch(run);
-    EditorPane& code = txtEdit(Code);
-    code.SetColor(HighlightedLineSlot, CodeMarks(FormInUse()).Step);
-    code.ExecuteCmd(CmdGotoLine, run.CurrentLine);
-    code.SetHighlightedLine(run.CurrentLine);
+    txtEdit(Code).ExecuteCmd(CmdGotoLine, run.CurrentLine);
+    MarkLine(CodeMarks(FormInUse()).Step, run.CurrentLine);
+}
+
+void frmMacroEdit::MarkLine(int colour, int line)
+{
+    txtEdit(Code).SetColor(HighlightedLineSlot, colour);
+    txtEdit(Code).SetHighlightedLine(line);
 }
 
 void frmMacroEdit::WaitAt(RunState& run)
@@ -114,7 +118,7 @@ void frmMacroEdit::WaitAt(RunState& run)
     stops->Wait(run);
     lstWatch->LetChange(0);
     LetLook(false);
-    txtEdit(Code).SetHighlightedLine(-1); // it stands there no longer
+    MarkLine(CodeMarks(FormInUse()).Caret, txtEdit(Code).CaretLine()); // it stands there no longer
 }
 
 /// The parts of the window that do not change the code come alive while a run stands still.
