@@ -15,6 +15,7 @@ from collections import OrderedDict
 
 import basic_words
 import help_words as words
+import word_examples
 
 
 def lines(facts, name):
@@ -51,6 +52,9 @@ class Page:
         marks = "".join('<a name="%s"></a>' % anchor(w) for w in new)
         self.parts.append("<h3>%s%s</h3>" % (marks, html.escape(title)))
         self.parts.extend("<p>%s</p>" % text for text in texts if text)
+
+    def example(self, of):
+        self.parts.extend(word_examples.shown(of))
 
     def write(self, out):
         head = ('<!DOCTYPE html>\n<html lang="en">\n<head><meta charset="utf-8"><title>%s</title></head>\n<body>\n'
@@ -332,16 +336,19 @@ def basic():
     page.parts.append("<p>%s</p>" % words.BASIC_LINES)
     for title, texts in words.BASIC_RULES.items():
         page.section(title, [title.lower().replace(" ", "_")], *texts)
+    examples = word_examples.examples()
     for family in basic_words.commands() + basic_words.text_commands():
         page.chapter(family.title)
         for word in family.words:
             page.section(word.name, [word.name], code(("%s %s" % (word.name, word.usage)).strip()),
                          html.escape(word.help))
+            page.example(examples[word.name])
     for family in basic_words.tags():
         page.chapter(family.title)
         for word in family.words:
             plain = word.name.strip("[:]")
             page.section(word.name, [word.name, plain], code(word.usage), html.escape(word.help))
+            page.example(examples[word.name])
     page.chapter("Arguments", "Words that stand as arguments: %s." % ", ".join(code(w) for w in basic_words.ARGUMENTS))
     return page
 

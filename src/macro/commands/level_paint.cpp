@@ -197,7 +197,7 @@ constexpr CommandWord LevelPaintRows[] = {
      {1, 3, 0},
      NoWordFlags,
      "VALUE [CONDITION]",
-     "Draws a circle around the first corner of the box; the second one is its two radii.",
+     "Draws a circle around the first corner of the box; its two radii are the second one, less 1.",
      OnLevel<LevCircle>},
     {"levline",
      {1, 2, 0},

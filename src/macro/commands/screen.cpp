@@ -123,7 +123,9 @@ constexpr CommandWord ScreenRows[] = {
      "Writes the values at the caret, one behind the other. &N behind a value repeats it N more times.", Print},
     {"locate", ExactlyAny(2), NoWordFlags, "X Y", "Caret to column X of line Y; both count from 0.", Locate},
     {"colour", ExactlyAny(6), NoWordFlags, "R G B R G B",
-     "Colours of what is printed and of what it stands on, from 0 to 255.", Colour},
+     "Colours of text on the screen and of what it stands on, red, green and blue from 0 to 255. They are the pane's "
+     "slots 16 and 17, which colour what stands between two characters of code 8.",
+     Colour},
     {"forceterminal9", Exactly(0), NoWordFlags, "", "A font of equal widths, 9 points high, until the macro ends.",
      ForceTerminal9},
     {"refresh", Exactly(0), TakesTime, "", "Shows the text as it stands for a moment.", Refresh},

@@ -1,5 +1,6 @@
 #include "windows/macro/frm_macro_edit.h"
 
+#include "frame/editor_pane.h"
 #include "macro/language/run_state.h"
 #include "macro/stopped_run.h"
 #include "macro/watch_lines.h"
@@ -8,6 +9,7 @@
 #include "windows/macro/stop_bar.h"
 #include "windows/macro/watch_list.h"
 
+#include <QAction>
 #include <QMenuBar>
 #include <QTabWidget>
 
