@@ -172,6 +172,21 @@ TEST(LineText, DoesWhatThePaneDoes)
         CompareRandomly(seed, u"a\tb \u00E4\n"_s, u"\tone\ttwo\n\n\u00E4\u00F6 three\nfive\t"_s);
 }
 
+// Catches: a column to which the caret wants to go back from the text before.
+TEST(LineText, ALoadForgetsTheWantedColumn)
+{
+    Twins twins;
+    twins.Do([](DocumentText& text) {
+        text.LoadBytes("abcdef\nx\nabcdef");
+        text.SetSel({0, 5, 0, 5}, false);
+        text.ExecuteCmd(CmdLineDown);
+        text.LoadBytes("abcdef\nabcdef");
+        text.ExecuteCmd(CmdLineDown);
+    });
+    EXPECT_EQ(twins.Pane(), twins.Lines());
+    EXPECT_EQ(twins.lines.CaretColumn(), 0);
+}
+
 /// A rectangle, then what may be done to it.
 void CompareColumns(quint32 seed)
 {

@@ -83,6 +83,13 @@ TEST(GameMessages, EveryFormIsOneFinding)
     EXPECT_FALSE(HasGivenUp("[WARN] [FATAL] in a warning\n[FATAL]no mark\n"));
 }
 
+// Catches: an empty line or a rule of dashes for the last that the game has said.
+TEST(GameMessages, TheLastLineIsOneWithWords)
+{
+    EXPECT_EQ(LastLineOf("first\nloading b.png \n\n" + Rule + "half a l"), QStringLiteral("loading b.png"));
+    EXPECT_EQ(LastLineOf("no end"), QString());
+}
+
 // Catches: a crash or an endless loop on output that is cut, torn or no text at all; a place outside the conf; other
 // words when they are read piece by piece.
 TEST(GameMessages, TornOutputIsSurvived)

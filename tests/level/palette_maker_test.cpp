@@ -94,6 +94,7 @@ TEST(PaletteMaker, EditorBlocksAndWhatCannotBeDrawn)
                                u".xpos: 8"_s,
                                u".ypos: 99999999"_s};
     EXPECT_EQ(Tile(Made(lines).Palette(), 1), "1,1");
+    EXPECT_EQ(Tile(Made(lines).Palette(), 3), "4,4");
     const PaletteMaker edited = Made(lines, true);
     EXPECT_EQ(Tile(edited.Palette(), 1), "2,2");
     EXPECT_EQ(Tile(edited.Palette(), 3), "4,4");

@@ -143,6 +143,12 @@ TEST_F(MapglassTest, KeysLeadThroughTheFolder)
     while (!strip.Levels().IsWhole() && clock.elapsed() < 20'000)
         QApplication::processEvents();
     EXPECT_TRUE(strip.Levels().IsWhole());
+    int shownAnew = 0;
+    QObject::connect(strip.model(), &QAbstractItemModel::dataChanged, &strip, [&shownAnew] { ++shownAnew; });
+    strip.Levels().MakeAnew(u"2.level"_s);
+    while (!strip.Levels().IsWhole() && clock.elapsed() < 20'000)
+        QApplication::processEvents();
+    EXPECT_EQ(shownAnew, 1) << "a picture is there and does not show";
     EXPECT_EQ(strip.currentIndex().row(), 1);
     const auto shown = [&](int row, int role) { return strip.model()->index(row, 0).data(role); };
     const auto tile = [&](int row) { return shown(row, Qt::DecorationRole).value<QIcon>().pixmap(112, 84).toImage(); };
@@ -176,6 +182,11 @@ TEST_F(MapglassTest, TheSetsGraphicsAndWhatTheyLack)
     EXPECT_EQ(In<QComboBox>("palettes").currentText(), u"Classic"_s);
     Show(level);
     EXPECT_EQ(elements.Undrawn(), 2);
+    auto& palettes = In<QComboBox>("palettes");
+    const QImage before = In<MapView>().viewport()->grab().toImage();
+    QKeyEvent other(QEvent::KeyPress, palettes.currentIndex() > 0 ? Qt::Key_Up : Qt::Key_Down, Qt::NoModifier);
+    QApplication::sendEvent(&palettes, &other);
+    EXPECT_NE(In<MapView>().viewport()->grab().toImage(), before) << palettes.currentText().toStdString();
 }
 
 // Catches: names that are cut to nothing by the numbers beside them where there is little room, a number that is then

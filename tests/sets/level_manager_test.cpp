@@ -202,6 +202,11 @@ TEST_F(LevelManagerTest, ZipAndUnzipMoveTheNode)
     EXPECT_EQ(Manager.CurrentGame, QStringLiteral("*NONE*"));
     EXPECT_EQ(LastLevelSeries(Setup()), QStringLiteral("*NONE*"));
 
+    Scope.Game.Write(QStringLiteral("levels/tutorial/mine.txt"), "mine");
+    Answers.Next = {QStringLiteral("Cancel"), QStringLiteral("Overwrite")};
+    Manager.UnzipAndSet();
+    EXPECT_EQ(Manager.SelectedNode()->Key, Level("tutorial.levzip"));
+    EXPECT_EQ(Scope.Game.Read(QStringLiteral("levels/tutorial/mine.txt")), "mine");
     Manager.UnzipAndSet();
     EXPECT_EQ(Manager.SelectedNode()->Key, Level("tutorial"));
     EXPECT_EQ(LastLevelSeries(Setup()), QStringLiteral("tutorial"));

@@ -249,6 +249,11 @@ TEST_F(RecoveryTest, ATakenTextIsUnsavedTextOfItsFile)
     EXPECT_EQ(Run.Work.Read(QStringLiteral("soundsinfo.conf")), "b\n") << "no question";
     NewRun();
     EXPECT_EQ(keeper->FindRecovered().size(), 1U) << "the taken text is unsaved still";
+    const int holder = Frame.CurrentTab;
+    OpenNewTab();
+    ActivateTab();
+    ASSERT_TRUE(TakeRecovered(found[0]));
+    EXPECT_EQ(Frame.CurrentTab, holder) << "its file stands in two tabs";
 }
 
 // Catches: a state folder that fills up during a session, and copies that fail from then on although a spare folder has

@@ -1,6 +1,7 @@
 #include "frame/settings/colour_styles.h"
 
 #include "editor/looks.h"
+#include "frame/frame_events.h"
 #include "frame/program_scope.h"
 #include "frame/settings/settings_table.h"
 #include "platform/images/contrast.h"
@@ -79,8 +80,11 @@ TEST_F(FormLooks, PanesAndListsFollowTheDesktopUnlessFixed)
     SetDesktopForm(LookForm::Dark);
     EXPECT_TRUE(shows(standard.Dark));
     EXPECT_EQ(Window.Pane(3).FontName(), QString::fromLatin1(standard.MainFont));
+    int fixed = 0; // the windows' own colours go by it
+    QObject::connect(&Events(), &FrameEvents::ColourFormChanged, &Events(), [&fixed] { ++fixed; });
     ChangeSetting(SettingOf(QLatin1StringView("Misc"), QLatin1StringView("ColourForm")), AlwaysLight);
     EXPECT_TRUE(shows(standard.Light));
+    EXPECT_EQ(fixed, 1);
     SetDesktopForm(LookForm::Light);
     ChangeSetting(SettingOf(QLatin1StringView("Misc"), QLatin1StringView("ColourForm")), AlwaysDark);
     EXPECT_TRUE(shows(standard.Dark));

@@ -153,6 +153,7 @@ TEST_F(GameWindowTest, GamesAreAddedUsedAndNamed)
         for (int more = 0; more < 3; ++more)
             click("cmdAdd");
         ASSERT_EQ(list->topLevelItemCount(), 2);
+        EXPECT_TRUE(Run.UserIni().contains(other.toUtf8()));
         EXPECT_EQ(list->topLevelItem(1)->text(1), QStringLiteral("4.4.2.1"));
         auto* arguments = window->findChild<QLineEdit*>(QStringLiteral("txtArguments"));
         arguments->setText(QStringLiteral("--verbose"));

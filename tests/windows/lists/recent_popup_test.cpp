@@ -48,6 +48,13 @@ TEST_F(RecentPopupTest, GoesWhenTheMouseLeavesIt)
     EXPECT_FALSE(list->isVisible());
 }
 
+// Catches: a list that stands over a pane of another size.
+TEST_F(RecentPopupTest, GoesWhenTheWindowIsLaidOutAnew)
+{
+    Window->resize(Window->size() + QSize(120, 40));
+    EXPECT_TRUE(WaitUntil([this] { return !list->isVisible(); }));
+}
+
 // Catches: an entry of a vanished file that opens an empty text or stays in the list; a message that the click's own
 // handling cannot survive.
 TEST_F(RecentPopupTest, ClickOnAVanishedFileRemovesItAndTells)

@@ -79,8 +79,13 @@ TEST_F(Workbench, TestRunsWorkOnTheOutput)
         EXPECT_EQ(Output(window).Text(), u"four"_s);
         EXPECT_TRUE(Part<QPushButton>(window, "cmdTest").isEnabled());
         EXPECT_TRUE(Part<QAction>(window, "mnusave").isEnabled());
-        Part<QPushButton>(window, "cmdClear").click();
-        EXPECT_EQ(Output(window).Text(), QString());
+        for (const auto& clear : {std::function<void()>([&] { Part<QPushButton>(window, "cmdClear").click(); }),
+                                  std::function<void()>([&] { Choose(window, "mnuClear"); })}) {
+            EXPECT_NE(Output(window).Text(), QString());
+            clear();
+            EXPECT_EQ(Output(window).Text(), QString());
+            RunTest(window, u"print five"_s);
+        }
     });
     EXPECT_EQ(CurrentPane().Text(), document);
 }
@@ -150,9 +155,16 @@ TEST_F(Workbench, MacrosAreSavedAndOpened)
         EXPECT_EQ(*ListResource(path), QStringList({u"basic.txt"_s, u"pic.pcx"_s}));
         Choose(window, "mnuNew");
         EXPECT_EQ(Code(window).Text() + name.text(), QString());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_EQ(window.findChild<QAction*>(u"mnuRESMENU2"_s), nullptr);
         AnswerNext(path);
         Choose(window, "mnuOpen");
         EXPECT_EQ(name.text(), u"mine.gfb"_s);
+        EXPECT_EQ(Part<QAction>(window, "mnuRESMENU2").text(), u"pic.pcx"_s);
+        AnswerNext(Run.Work.Path(u"copy.gfb"_s));
+        Choose(window, "mnusaveas");
+        EXPECT_EQ(name.text(), u"copy.gfb"_s);
+        EXPECT_TRUE(ReadMacroSource(Run.Work.Path(u"copy.gfb"_s)));
         EXPECT_FALSE(Code(window).Modified());
     });
     EXPECT_EQ(Run.Work.Read(u"other.gfb"_s), "print other");

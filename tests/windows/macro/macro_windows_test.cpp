@@ -106,7 +106,12 @@ TEST(MacroWindows, APauseEndsByClickOrTime)
     EXPECT_EQ(frmMacroPause::Ask({u"short"_s, 50}, nullptr), Answer(Cancelled{}));
     EXPECT_GE(clock.elapsed(), 45);
     OnModal([](QWidget& window) {
-        EXPECT_TRUE(static_cast<frmMacroPause&>(window).lblMessage()->text().startsWith(u"Mouse X: "_s));
+        const QLabel* label = static_cast<frmMacroPause&>(window).lblMessage();
+        for (const int at : {33, 57}) {
+            QCursor::setPos(at, at + 11);
+            const QString place = u"Mouse X: %1  Mouse Y: %2"_s.arg(at).arg(at + 11);
+            EXPECT_TRUE(QTest::qWaitFor([&] { return label->text() == place; })) << label->text();
+        }
     });
     frmMacroPause::Ask({u"PauseMouse"_s, {}}, nullptr);
 }

@@ -107,6 +107,8 @@ TEST_F(CommandTable, MenusStandInTheToldOrder)
         EXPECT_FALSE(texts.join(QString()).contains(QLatin1String("--")));
         EXPECT_FALSE(menu->actions().constFirst()->isEnabled());
     }
+    emit Events().MenuStripsChanged(true);
+    EXPECT_EQ(Texts(Window->Menus().Find(QStringLiteral("mnuView"))->actions()).constFirst(), QStringLiteral("View"));
     emit Events().MenuStripsChanged(false);
     EXPECT_EQ(Texts(Window->Menus().Find(QStringLiteral("mnuView"))->actions()).constFirst(),
               QStringLiteral("Line Numbers"));
@@ -175,6 +177,9 @@ TEST_F(CommandTable, ViewTogglesKeepEntryButtonAndKeyTogether)
             EXPECT_EQ(ButtonOf(toggle.Control)->isChecked(), on);
             EXPECT_TRUE(Run.UserIni().contains(QByteArray(QByteArray(toggle.Key) + (on ? "=1" : "=0"))));
         }
+        WriteIni(on ? QStringLiteral("0") : QStringLiteral("1"), QStringLiteral("Misc"), QLatin1StringView(toggle.Key));
+        LoadSettings();
+        EXPECT_EQ(MenuOf(toggle.Control)->isChecked(), !on) << "settings read anew";
     }
 }
 

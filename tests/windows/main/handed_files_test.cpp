@@ -39,6 +39,12 @@ TEST_F(HandedFilesTest, AreOpenedOnceNothingElseIsAtWork)
     EXPECT_EQ(shown(), first);
     EXPECT_FALSE(Window->isMinimized());
     EXPECT_EQ(fileOf(2), QString());
+    QWidget inFront;
+    inFront.show();
+    inFront.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&inFront));
+    handed.Take(second);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(Window.get()));
 }
 
 // Catches: a macro that shows its bytes in a tab or runs, two windows of it above each other, one that opens although

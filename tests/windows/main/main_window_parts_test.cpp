@@ -83,6 +83,8 @@ TEST_F(MainWindowParts, StatusBarShowsNoticesAndProgress)
     EXPECT_EQ(Window->StatusBar().PanelText(3), QStringLiteral("told"));
     emit Events().PathChanged(QStringLiteral("/path"));
     EXPECT_EQ(Window->StatusBar().PanelText(3), QStringLiteral("/path"));
+    ShowNotice(QStringLiteral("told"));
+    EXPECT_TRUE(WaitUntil([this] { return Window->StatusBar().PanelText(3) == QLatin1String("/path"); }));
     Busy().ShowProgress(0, 0);
     const QProgressBar* bar = Window->StatusBar().Progress();
     EXPECT_TRUE(bar->isVisible());

@@ -376,6 +376,7 @@ TEST_F(MediaWindow, MacrosShowWithTheirKeys)
         shown << tree.topLevelItem(row)->text(0);
     EXPECT_EQ(shown, QStringList({QStringLiteral("(Alt+k) - nights"), QStringLiteral("align.all")}));
     Window->Media().setCurrentIndex(3);
+    Window->Bars().cmbFind()->setFocus();
     QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualItemRect(tree.topLevelItem(1)).center());
     EXPECT_TRUE(WidgetOf(CurrentPane())->hasFocus());
     ASSERT_TRUE(write("zoo.gfb"));

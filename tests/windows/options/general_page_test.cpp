@@ -115,8 +115,10 @@ TEST_F(GeneralPageTest, WrongValuesAreMendedWhenTheBoxIsLeftOrApplied)
         auto& box = Part<QLineEdit>(window, "txtRecentMax");
         box.setFocus();
         box.setText(QStringLiteral("1"));
+        Part<QLineEdit>(window, "txtline").setText(QString());
         Click(window, "cmblApply0");
         EXPECT_EQ(box.text(), QStringLiteral("10"));
+        EXPECT_EQ(Frame.Settings.LineCommentLineChar, QStringLiteral("-"));
     });
     EXPECT_EQ(Frame.Settings.RecentLimit, 10);
 }

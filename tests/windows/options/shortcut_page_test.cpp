@@ -121,6 +121,12 @@ TEST_F(ShortcutPageTest, CommandsAreFoundByNameAndExported)
         EXPECT_EQ(ShownCommands(window), QStringList{QStringLiteral("Goto Comment")});
         find.clear();
         EXPECT_GT(ShownCommands(window).size(), 40);
+        const auto& tree = Part<QTreeWidget>(window, "treeCommands");
+        QStringList groups;
+        for (int group = 0; group < tree.topLevelItemCount(); ++group)
+            groups << tree.topLevelItem(group)->text(0);
+        EXPECT_TRUE(groups.contains(QStringLiteral("File")) && groups.contains(QStringLiteral("RnD")));
+        EXPECT_EQ(groups.removeDuplicates(), 0);
         EXPECT_TRUE(ShownCommands(window).contains(QStringLiteral("My Macro")));
         const QString file = Run.Work.Path(QStringLiteral("keys.html"));
         Run.Scope.Answers.Next.emplace_back(file);
