@@ -370,6 +370,7 @@ TEST_F(MediaWindow, MacrosShowWithTheirKeys)
     MacroTree& tree = Window->Media().Macros();
     QEvent activate(QEvent::WindowActivate);
     QCoreApplication::sendEvent(Window.get(), &activate);
+    QCoreApplication::processEvents();
     EXPECT_EQ(tree.SelectedRow(), -1) << "nobody has chosen one yet";
     QStringList shown;
     for (int row = 0; row < tree.topLevelItemCount(); ++row)
