@@ -222,3 +222,15 @@ TEST_F(MainWindowParts, TellsWhatPlaysAndStopsIt)
     }
     audio::End();
 }
+
+// Catches: entries that keep their pictures until the next start.
+TEST_F(MainWindowParts, MenuIconsFollowAtEachActivation)
+{
+    for (const int wanted : {1, 0, 1}) {
+        Frame.Settings.MenuIcons = wanted;
+        QEvent activate(QEvent::WindowActivate);
+        QCoreApplication::sendEvent(Window.get(), &activate);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(MenuOf("mnuUndo")->isIconVisibleInMenu(), wanted == 1);
+    }
+}
