@@ -22,6 +22,20 @@ QString FormOf(const CommandWord& command)
     return form.trimmed();
 }
 
+QString TipOf(const WordFacts& facts)
+{
+    constexpr qsizetype LongestLine = 80;
+    QString tip = facts.Form + u'\n';
+    qsizetype length = 0;
+    for (const QString& word : facts.Meaning.split(u' ')) {
+        const bool first = length == 0, fits = length + word.size() < LongestLine;
+        tip += first ? QString() : fits ? QStringLiteral(" ") : QStringLiteral("\n");
+        tip += word;
+        length = first || !fits ? word.size() : length + 1 + word.size();
+    }
+    return tip;
+}
+
 std::optional<WordFacts> FactsOfWord(const QString& word)
 {
     if (const CommandWord* command = FindCommand(word))

@@ -16,6 +16,9 @@ struct WordFacts
 /// Of a command, or of a tag in its brackets, with or without arguments; nothing for any other word.
 std::optional<WordFacts> FactsOfWord(const QString& word);
 
+/// Both for a tool tip, which wraps nothing: in lines of moderate length.
+QString TipOf(const WordFacts& facts);
+
 /// A command with what stands behind it.
 QString FormOf(const CommandWord& command);
 

@@ -62,6 +62,10 @@ void LineText::Select(Place from, Place to)
 
 void LineText::MoveTo(Place place, bool extend)
 {
+    if (columns) { // of a rectangle both ends may have stood behind their lines
+        anchor = Clamped(anchor.Line, anchor.Column);
+        place = Clamped(place.Line, place.Column);
+    }
     Select(extend ? anchor : place, place);
 }
 

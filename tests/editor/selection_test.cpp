@@ -66,6 +66,21 @@ TEST_P(SelectionTest, ColumnsAreARectangle)
     EXPECT_FALSE(subject->GetSel(true).ColumnSel);
 }
 
+// Catches: a caret that stays behind the end of its line once the rectangle is gone.
+TEST_P(SelectionTest, ARectangleBehindTheLinesEndsInThem)
+{
+    subject->SetText(QStringLiteral("one two\r\nab\r\n"));
+    for (const int command : {CmdWordRight, CmdWordRightExtend, CmdCharRight, CmdCharRightExtend, CmdLineUpExtend}) {
+        ASSERT_TRUE(subject->SetSel({1, 4, 2, 9, true}, false));
+        subject->ExecuteCmd(command);
+        const Range after = subject->GetSel(true);
+        EXPECT_LE(subject->CaretColumn(), subject->GetLineLength(subject->CaretLine())) << command;
+        EXPECT_LE(after.StartCol, subject->GetLineLength(after.StartLine)) << command;
+        EXPECT_LE(after.EndCol, subject->GetLineLength(after.EndLine)) << command;
+        EXPECT_FALSE(after.ColumnSel) << command;
+    }
+}
+
 TEST_P(SelectionTest, SelectLineLeavesTheLineEndOut)
 {
     Put(u"ab\ncd|\nef"_s);

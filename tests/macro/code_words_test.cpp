@@ -77,4 +77,8 @@ TEST(CodeWords, AreExplained)
         EXPECT_TRUE(pages.contains(u"\"w_%1\""_s.arg(facts->HelpId.section(u'\\', 1)))) << facts->HelpId;
     }
     EXPECT_FALSE(FactsOfWord(u"$a"_s));
+    const WordFacts facts = *FactsOfWord(u"if"_s);
+    for (const QString& row : TipOf(facts).split(u'\n'))
+        EXPECT_TRUE(row.size() <= 80 && row == row.trimmed()) << row;
+    EXPECT_EQ(TipOf(facts).replace(u'\n', u' '), facts.Form + u' ' + facts.Meaning);
 }

@@ -64,8 +64,8 @@ QString FuzzMacro(QByteArrayView bytes, const QString& folder)
         return QStringLiteral("an error in line %1").arg(error->Line);
     const Range selection = text.GetSel(true);
     const int last = qMax(text.LineCount(), 1) - 1;
-    if (selection.StartLine < 0 || selection.EndLine > last ||
-        text.CaretColumn() > text.GetLineLength(text.CaretLine()))
+    const bool beyond = !selection.ColumnSel && text.CaretColumn() > text.GetLineLength(text.CaretLine());
+    if (selection.StartLine < 0 || selection.EndLine > last || beyond)
         return QStringLiteral("the caret is outside the text");
     LineText again(clipboard);
     again.LoadBytes(text.FileBytes());

@@ -14,6 +14,7 @@
 namespace {
 
 constexpr int LinesOfFacts = 6;
+constexpr int MeaningRole = Qt::UserRole;
 
 bool IsWordEntry(const QListWidgetItem& entry)
 {
@@ -71,7 +72,10 @@ void CommandList::Fill()
             lstCom->addItem(group.Heading);
         for (const QString& word : group.Words) {
             auto* entry = new QListWidgetItem(word, lstCom);
-            entry->setToolTip(FactsText(word));
+            if (const std::optional<WordFacts> facts = FactsOfWord(word)) {
+                entry->setData(MeaningRole, facts->Meaning);
+                entry->setToolTip(TipOf(*facts));
+            }
         }
     }
 }
@@ -80,12 +84,11 @@ void CommandList::Fill()
 void CommandList::Filter(const QString& typed)
 {
     const auto fits = [&](const QString& text) { return text.contains(typed, Qt::CaseInsensitive); };
-    using TextOf = QString (QListWidgetItem::*)() const;
-    for (const TextOf text : {&QListWidgetItem::text, &QListWidgetItem::toolTip}) {
+    for (const int role : {int(Qt::DisplayRole), MeaningRole}) {
         bool any = false;
         for (int row = 0; row < lstCom->count(); ++row) {
             QListWidgetItem& entry = *lstCom->item(row);
-            const bool shown = typed.isEmpty() || (IsWordEntry(entry) && fits((entry.*text)()));
+            const bool shown = typed.isEmpty() || (IsWordEntry(entry) && fits(entry.data(role).toString()));
             entry.setHidden(!shown);
             any = any || shown;
         }

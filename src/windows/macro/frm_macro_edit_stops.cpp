@@ -105,6 +105,7 @@ void frmMacroEdit::WaitAt(RunState& run)
     stops->Wait(run);
     lstWatch->LetChange(0);
     LetLook(false);
+    txtEdit(Code).SetHighlightedLine(-1); // it stands there no longer
 }
 
 /// The parts of the window that do not change the code come alive while a run stands still.
@@ -129,5 +130,5 @@ QString frmMacroEdit::HoverOf(const QString& word)
         if (const std::optional<QString> value = ValueNow(*run, word))
             return word + QStringLiteral(" = ") + *value;
     const std::optional<WordFacts> facts = FactsOfWord(word);
-    return facts ? facts->Form + u'\n' + facts->Meaning : QString();
+    return facts ? TipOf(*facts) : QString();
 }

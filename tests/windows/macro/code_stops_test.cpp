@@ -171,6 +171,17 @@ TEST_F(Stops, AStandingRunIsLookedIntoAndChanged)
     });
 }
 
+// Catches: a window that cannot be closed while a run stands still, or leaves the run behind.
+TEST_F(Stops, AStandingRunEndsWithTheWindow)
+{
+    Open(Counting, [&] {
+        Code().SetModified(false);
+        EXPECT_EQ(Stood("mnuStep", {Entry("mnuStep"), [&] { Window->close(); }}), QStringList({u"0"_s, u"1"_s}));
+        EXPECT_FALSE(Window->isVisible());
+        EXPECT_FALSE(AnyRun());
+    });
+}
+
 // Catches: a place that the list lacks, or that it does not go to; a jump whose name is not followed.
 TEST_F(Stops, PlacesAreGoneTo)
 {
