@@ -51,6 +51,7 @@ TEST(FindSeparators, TellsChaptersInOrder)
     EXPECT_EQ(FindSeparators(text, marks, true).front().Text, QStringLiteral("Ant"));
     EXPECT_EQ(LineOfSeparator(text, nodes[1].Line), 3);
     EXPECT_EQ(LineOfSeparator(text, QStringLiteral("gone")), -1);
+    EXPECT_EQ(LineOfSeparator(text.repeated(2), nodes[1].Line), 3) << "of two, the first";
 }
 
 // Catches: a line that the selection only ends in front of, more than one "#" taken, breaks changed, more than one undo

@@ -118,6 +118,7 @@ TEST_F(MainWindowParts, TextAndListsShareEveryWidth)
         QCoreApplication::sendEvent(handle, &drag);
         EXPECT_EQ(handle->x(), qMax(whole.width() / 2, 333));
         EXPECT_EQ(text->width(), handle->x() - 4);
+        EXPECT_EQ(lists->x(), handle->geometry().right() + 1);
         EXPECT_GT(lists->width(), 100);
     }
 }
