@@ -230,11 +230,17 @@ TEST_F(ShippedMacrosTest, CheckFilesComparesTextAndFolder)
     EXPECT_EQ(scope.Text().SelText(), u"nut: Gone.pcx"_s);
 }
 
-// Catches: keys in comments that count, letter case that is not minded, a value told wrong that the game takes.
+// Catches: keys in comments that count, letter case that is not minded, keys far down that are passed over, a value
+// told wrong that the game takes.
 TEST_F(ShippedMacrosTest, ChecksOfKeysAndSounds)
 {
     Start("a: 1\n#a: 2\nA: 3\nb : 1\na:4\n");
     EXPECT_EQ(Run(u"$d Double Keys"_s).Lists, QStringList{u"Double keys|Line 5: a"_s});
+    QByteArray many;
+    for (int k = 0; k < 9000; ++k)
+        many += "key_" + QByteArray::number(k) + ": 1\n";
+    Start(many + "key_8999: 2\n");
+    EXPECT_EQ(Run(u"$d Double Keys"_s).Lists, QStringList{u"Double keys|Line 9001: key_8999"_s});
     scope.Folder.Write(u"here.wav"_s, "x");
     Frame.CurrentFolder = scope.Folder.Path();
     Start(

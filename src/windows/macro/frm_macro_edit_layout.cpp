@@ -245,14 +245,15 @@ void frmMacroEdit::Connect()
         connect(new QShortcut(Qt::Key_F1, part, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
                 &QShortcut::activated, this, [this, part] { HelpForCode(part == words); });
     connect(new QShortcut(Qt::Key_F6, body), &QShortcut::activated, this, &frmMacroEdit::TurnToList);
-    connect(new QShortcut(QKeySequence::SelectAll, body), &QShortcut::activated, this,
-            [this] { PaneInFront().ExecuteCmd(CmdSelectAll); });
     connect(chkTerminal9, &QCheckBox::toggled, this, [this](bool on) {
         txtEdit(Output).SetPaneFont(on ? QStringLiteral("Terminal") : QStringLiteral("Courier New"),
                                     on ? TerminalPoints : OutputPoints);
     });
     for (const Side side : {Code, Output}) {
         EditorPane& pane = txtEdit(side);
+        connect(
+            new QShortcut(QKeySequence::SelectAll, WidgetOf(pane), nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
+            &QShortcut::activated, this, [&pane] { pane.ExecuteCmd(CmdSelectAll); });
         connect(&pane, &DocumentText::SelectionChanged, this, [this, side] { MarkCaretLine(side); });
         connect(&pane, &EditorPane::FindWanted, this,
                 [this, &pane](FindKind kind) { ShowFindDialog(this, pane, kind); });

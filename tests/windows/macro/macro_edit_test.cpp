@@ -327,7 +327,8 @@ TEST_F(Workbench, ResourcesAreAddedAndTakenAway)
     });
 }
 
-// Catches: parts that only the mouse reaches, a key of the text that goes astray, an empty watch list before a run.
+// Catches: parts that only the mouse reaches, a key of the text that goes astray or that a list sends to the code, an
+// empty watch list before a run.
 TEST_F(Workbench, KeysAloneReachEveryPart)
 {
     Open([&](frmMacroEdit& window) {
@@ -358,6 +359,13 @@ TEST_F(Workbench, KeysAloneReachEveryPart)
         EXPECT_TRUE(Part<QLineEdit>(window, "txtFilter").hasFocus());
         key(Qt::Key_F6);
         QTest::keyClicks(window.focusWidget(), u"print \"mine\""_s);
+        key(Qt::Key_F6);
+        Part<QListWidget>(window, "lstCom").setFocus();
+        key(Qt::Key_A, Qt::ControlModifier);
+        EXPECT_EQ(Code(window).SelText(), QString());
+        Code(window).FocusPane();
+        key(Qt::Key_A, Qt::ControlModifier);
+        EXPECT_EQ(Code(window).SelText(), u"print \"mine\""_s);
         Part<QCheckBox>(window, "chkStep").setChecked(false);
         key(Qt::Key_T, Qt::AltModifier);
         EXPECT_TRUE(QTest::qWaitFor([&] { return Output(window).Text() == u"mine"_s; }));
