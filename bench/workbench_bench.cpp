@@ -4,6 +4,7 @@
 
 #include "editor/make_pane.h"
 #include "frame/frame_state.h"
+#include "frame/run_scope.h"
 #include "frame/start/start_up.h"
 #include "macro/code_words.h"
 #include "macro/source_marks.h"

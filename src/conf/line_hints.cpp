@@ -78,7 +78,9 @@ std::vector<LineHint> UnknownWords(QByteArrayView key, const HintContext& contex
         found.push_back(Unknown(QStringLiteral("The element"), parts.first(), words.Elements));
     for (qsizetype i = 1; i < parts.size(); ++i) {
         const QByteArray& part = parts[i];
-        const bool level = context.LevelNumbers && i + 1 == parts.size() && IsLevelNumber(part);
+        const bool atEnd =
+            i + 1 == parts.size() || (i + 2 == parts.size() && words.ParameterSet.contains(parts.last()));
+        const bool level = context.LevelNumbers && atEnd && IsLevelNumber(part);
         if (!level && !words.PartSet.contains(part))
             found.push_back(Unknown(QStringLiteral("The word"), part, words.Parts));
     }
@@ -222,6 +224,8 @@ HintWords MakeHintWords(const std::array<QStringList, WordKindCount>& lists)
         words.ElementSet.insert(word.toUtf8());
     for (const QString& word : words.Parts)
         words.PartSet.insert(word.toUtf8());
+    for (const QString& word : lists[KindGraphicComs])
+        words.ParameterSet.insert(word.toUtf8());
     return words;
 }
 

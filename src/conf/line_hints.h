@@ -30,6 +30,7 @@ struct HintWords
 {
     QStringList Elements, Parts; ///< first parts; further parts of a key
     QSet<QByteArray> ElementSet, PartSet;
+    QSet<QByteArray> ParameterSet; ///< of the further parts those that say how it is shown or played
 };
 HintWords MakeHintWords(const std::array<QStringList, WordKindCount>& lists);
 
@@ -37,9 +38,9 @@ struct HintContext
 {
     CheckContext Check;
     HintWords Words;
-    bool Values = false;              ///< graphics mode: values and frames are looked at too
-    bool LevelNumbers = false;        ///< music mode: a key may end in the three digits of a level
-    QSet<QString> FileNames;          ///< of all files in the lists, as they are spelled (graphics, sounds, music)
+    bool Values = false;       ///< graphics mode: values and frames are looked at too
+    bool LevelNumbers = false; ///< music mode: a key may end in the three digits of a level, a parameter behind them
+    QSet<QString> FileNames;   ///< of all files in the lists, as they are spelled (graphics, sounds, music)
     QHash<QString, QString> Spelling; ///< of a name in lower case
     /// Size in pixels of the sheet that a value names; empty if it is not known (yet).
     std::function<QSize(const QString& value)> SheetSize;

@@ -70,11 +70,10 @@ public:
     // Of a test run
     virtual bool StepsLines() const { return false; } ///< is a step prompt wanted in front of each line?
     virtual void WantSteps(bool) {}
-    virtual StepAnswer Step(int, const QString&) { return StepAnswer::Continue; }
+    virtual StepAnswer Step(RunState&) { return StepAnswer::Continue; } ///< the prompt in front of the line at hand
     virtual void BeforeLine(RunState&) {} ///< each line that has no prompt; may wait, change variables, stop the run
     virtual bool Watches() const { return false; }
-    /// Behind each line while Watches() is true. `settled`: a person looks at it now, before a prompt and at the end.
-    virtual void Watch(RunState&, bool /*settled*/) {}
+    virtual void Watch(RunState&, bool /*last*/) {} ///< behind each line while Watches() is true, and at the end
 };
 
 /// Why a macro failed. Line is the index of its line.

@@ -30,6 +30,8 @@ TEST_F(ConfVerbs, CheckPrintsTheFirstBadLineOfEachFile)
     EXPECT_EQ(Called({QStringLiteral("check"), good}).Out, QString());
     const Spoken found = Called({QStringLiteral("check"), good, conf});
     EXPECT_EQ(found.Code, VerbFound);
+    EXPECT_EQ(Called({QStringLiteral("check"), conf, good}).Code, VerbFound);
+    EXPECT_EQ(Called({QStringLiteral("check"), folder.Path(QStringLiteral("none.conf")), good}).Code, VerbFailed);
     EXPECT_EQ(found.Out, conf + QStringLiteral(":3: Missing value after the colon.\n") + conf +
                              QStringLiteral(":3: Spaces where found on the left side of the colon.\n"));
 

@@ -73,6 +73,7 @@ TEST_F(ImageVerbs, FailuresLeaveNothing)
 {
     folder.Write(QStringLiteral("in.bmp"), BitmapFile(Slopes()));
     folder.Write(QStringLiteral("bad.png"), "bad");
+    folder.Write(QStringLiteral("good.bmp"), BitmapFile(FilmFrames(1, {32, 32}).front()));
     folder.Write(QStringLiteral("wide.avi"), BuildAvi(FilmFrames(2, {40, 32}), {.Size = {40, 32}}));
     folder.Write(QStringLiteral("out.pcx"), "old");
     folder.Write(QStringLiteral("out.bmp"), "old");
@@ -80,7 +81,7 @@ TEST_F(ImageVerbs, FailuresLeaveNothing)
     for (const char* call :
          {"pcx @bad.png @out.pcx", "pcx @none.png @out.pcx", "pcx @in.bmp @missing/out.pcx", "film @bad.png @out.bmp",
           "film @wide.avi @out.bmp", "film @none.avi @out.bmp", "sheet @out.bmp @bad.png", "sheet @out.bmp @in.bmp",
-          "sheet @missing/out.png @in.bmp --fit whole"}) {
+          "sheet @new.bmp @good.bmp @bad.png", "sheet @missing/out.png @in.bmp --fit whole"}) {
         const Spoken spoken = Call(call);
         EXPECT_EQ(spoken.Code, VerbFailed) << call;
         EXPECT_TRUE(spoken.Err.contains(folder.Path())) << call << ": " << spoken.Err.toStdString();

@@ -1,5 +1,6 @@
 #include "conf/comments.h"
 
+#include "conf/element_blocks.h"
 #include "host_scope.h"
 
 #include <gtest/gtest.h>
@@ -50,6 +51,7 @@ TEST(FindSeparators, TellsChaptersInOrder)
     EXPECT_EQ(FindSeparators(text, marks, true).front().Text, QStringLiteral("Ant"));
     EXPECT_EQ(LineOfSeparator(text, nodes[1].Line), 3);
     EXPECT_EQ(LineOfSeparator(text, QStringLiteral("gone")), -1);
+    EXPECT_EQ(LineOfSeparator(text.repeated(2), nodes[1].Line), 3) << "of two, the first";
 }
 
 // Catches: a line that the selection only ends in front of, more than one "#" taken, breaks changed, more than one undo
@@ -75,6 +77,20 @@ TEST(CommentSelected, PutsAndTakesOneMarkALine)
     pane.SetSel({.StartLine = 1, .EndLine = 2}, false);
     UncommentSelected();
     EXPECT_EQ(pane.FileBytes(), "a: 1\r\nb\n\nlast\n");
+}
+
+// Catches: a block that takes the main line of the next one into its comment, whose picture is then gone.
+TEST(CommentSelected, LeavesTheBlockBehindTheSelectedOne)
+{
+    const HostScope scope;
+    Frame.CurrentMode = ModeGfx;
+    Frame.Settings.SheetKinds = {QStringLiteral("pcx")};
+    EditorPane& pane = CurrentPane();
+    pane.LoadBytes("zip: a.pcx\nzip.xpos: 1\nmole: a.pcx\n");
+    pane.SetSel({.StartLine = 1, .EndLine = 1}, false);
+    SelectElementBlock();
+    CommentSelected();
+    EXPECT_EQ(pane.FileBytes(), "#zip: a.pcx\n#zip.xpos: 1\nmole: a.pcx\n");
 }
 
 // Catches: the lower separator inside the selection, a walk beyond either end.

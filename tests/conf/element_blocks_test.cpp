@@ -34,6 +34,7 @@ TEST(SelectElementBlock, EndsWhereThereIsNoKeyAndBehindTheLastLine)
 {
     HostScope scope;
     EXPECT_EQ(BlockAround("see a.pcx\nother\n", 0), (Range{.StartLine = 0, .EndLine = 1}));
+    EXPECT_EQ(BlockAround("see a.pcx\nsee a.pcx too\n", 0), (Range{.StartLine = 0, .EndLine = 1}));
     EXPECT_EQ(BlockAround(": a.pcx\nother\n", 0), (Range{.StartLine = 0, .EndLine = 1}));
     EXPECT_EQ(BlockAround("zip: a.pcx\nzip.xpos: 1", 1), (Range{.StartLine = 0, .EndLine = 2}));
     EXPECT_EQ(CurrentPane().LineCount(), 3);

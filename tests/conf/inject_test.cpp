@@ -113,7 +113,7 @@ TEST(InjectTable, DefaultsAreThoseOfTheShippedCommands)
                                                         {"anim_mode", "loop"},
                                                         {"start_frame", "0"},
                                                         {"global_sync", "true"},
-                                                        {"offset", "0"},
+                                                        {"offset", "32"},
                                                         {"name", "Element's Full Name"},
                                                         {"crumbled_like", "sand"},
                                                         {"diggable_like", "sand"},

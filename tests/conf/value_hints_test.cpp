@@ -111,9 +111,13 @@ TEST(ValueHints, StandWithTheOtherHints)
     music.LevelNumbers = true;
     music.Spelling = {{QStringLiteral("a.ogg"), QStringLiteral("A.ogg")}};
     music.FileNames = {QStringLiteral("A.ogg")};
-    music.Words = MakeHintWords({QStringList{QStringLiteral("background")}, {}, {}, {QStringLiteral("PLAYING")}});
+    music.Words = MakeHintWords({QStringList{QStringLiteral("background")},
+                                 {},
+                                 QStringList{QStringLiteral("mode_loop")},
+                                 {QStringLiteral("PLAYING")}});
     const auto count = [&](const QByteArray& line) { return HintsForLines(line, 0, 0, 0, music).size(); };
     EXPECT_EQ(count("background.PLAYING.007: a.mod"), 0U);
+    EXPECT_EQ(count("background.PLAYING.007.mode_loop: true"), 0U);
     EXPECT_EQ(count("background.PLAYING.07: a.mod"), 1U);
     EXPECT_EQ(count("background.007.PLAYING: a.mod"), 1U);
     EXPECT_EQ(count("background: a.ogg"), 1U);

@@ -199,10 +199,9 @@ TEST_F(ColouringTest, SlotsColourTheirKinds)
                                 {8, 16, 17, 6}, {2, 20, 21, 8}, {3, 22, 23, 9}, {4, 24, 25, 10}, {33, 26, 27, 11}};
     const auto get = [&](unsigned message, int style) { return int(Component()->SendScintilla(message, long(style))); };
     pane->SetColor(0, 0x123456);
-    pane->SetColor(9, -1);
-    EXPECT_EQ(get(Sci::SCI_STYLEGETBACK, 1), 0x123456);
-    EXPECT_EQ(pane->GetColor(9), -1);
     for (const auto& [style, fore, back, font] : kinds) {
+        EXPECT_EQ(get(Sci::SCI_STYLEGETBACK, style), 0x123456) << "as the window until it is set";
+        EXPECT_EQ(pane->GetColor(back), -1);
         pane->SetColor(fore, 0x100000 + fore);
         pane->SetColor(back, 0x200000 + back);
         pane->SetFontStyle(font, font % 4);

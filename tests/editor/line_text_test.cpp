@@ -172,6 +172,21 @@ TEST(LineText, DoesWhatThePaneDoes)
         CompareRandomly(seed, u"a\tb \u00E4\n"_s, u"\tone\ttwo\n\n\u00E4\u00F6 three\nfive\t"_s);
 }
 
+// Catches: a hit that lies across the edge of the stretches that a search backward looks through.
+TEST(LineText, FindsBackwardAcrossItsStretches)
+{
+    constexpr int Stretch = 16 * 1024;
+    Twins twins;
+    for (const int inFront : {1, 3, 5})
+        twins.Do([&](DocumentText& text) {
+            text.SetText(QString(100, u'.') + u"needle"_s + QString(Stretch - inFront, u'.'));
+            text.ExecuteCmd(CmdDocumentEnd);
+            text.SetFindText(u"needle"_s);
+            text.ExecuteCmd(CmdFindPrevious);
+            EXPECT_EQ(text.GetSel(true), (Range{.StartCol = 100, .EndCol = 106})) << inFront;
+        });
+}
+
 // Catches: a column to which the caret wants to go back from the text before.
 TEST(LineText, ALoadForgetsTheWantedColumn)
 {

@@ -225,6 +225,7 @@ TEST_F(SafeTestOfSet, AStopEndsItForGood)
     ASSERT_TRUE(Ends());
     EXPECT_EQ(Scope.TakeStarts().size(), 1);
     EXPECT_EQ(RunningWork(), 0);
+    EXPECT_TRUE(Answers.Asked.empty() && Window.Notices.empty()) << "trouble is told that is none";
 }
 
 // Catches: the home of a game that still plays swept away, or one that is never swept.

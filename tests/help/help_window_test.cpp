@@ -8,7 +8,9 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QScrollBar>
+#include <QTreeWidget>
 #include <memory>
 
 namespace {
@@ -81,6 +83,19 @@ TEST_F(HelpWindowTest, ShowsPlacesGoesBackAndStaysInside)
     QApplication::processEvents();
     EXPECT_EQ(File(window), QStringLiteral("words_graphics_info.html"));
     EXPECT_EQ(View(window).verticalScrollBar()->value(), line);
+
+    auto* contents = window.findChild<QTreeWidget*>();
+    QTreeWidgetItem* page = contents->findItems(QStringLiteral("Save"), Qt::MatchExactly | Qt::MatchRecursive).value(0);
+    ASSERT_TRUE(page);
+    contents->scrollToItem(page);
+    const QPointF place = contents->visualItemRect(page).center();
+    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        QMouseEvent click(type, place, contents->viewport()->mapToGlobal(place), Qt::LeftButton,
+                          type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, {});
+        QApplication::sendEvent(contents->viewport(), &click);
+    }
+    EXPECT_EQ(File(window), QStringLiteral("h_main_save.html"));
+    View(window).backward();
 
     int refused = 0;
     QObject::connect(&View(window), &PageView::LinkRefused, &window, [&refused] { ++refused; });

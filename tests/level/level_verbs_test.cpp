@@ -110,13 +110,13 @@ TEST(LevelVerbs, DiffTellsFieldsAndCells)
     const QString before = folder.Write(QStringLiteral("a.level"), built.Bytes);
     EXPECT_EQ(Batch("level diff", {before, before}).Out, QString());
     EXPECT_EQ(Batch("level diff", {before, before}).End, VerbDone);
-    built.Bytes[built.At.Mapdata + 2 * 6 + 1] = 77; // column 2, row 2 of a map 5 wide
+    built.Bytes[built.At.Mapdata + 2 * 7 + 1] = 77; // column 3, row 2 of a map 5 wide
     built.Bytes[built.At.Cavename] = 'c';
     built.Bytes[built.At.Cavename + 40] = char(built.Bytes[built.At.Cavename + 40] + 1);
     built.Bytes.chop(1);
     const QString after = folder.Write(QStringLiteral("b.level"), built.Bytes);
     const Ran ran = Batch("level diff", {before, after});
-    EXPECT_EQ(ran.Out, QStringLiteral("name: old -> cld\n2,2: 138 -> 77\nsettings: 1 bytes -> 1 other bytes\n"
+    EXPECT_EQ(ran.Out, QStringLiteral("name: old -> cld\n3,2: 145 -> 77\nsettings: 1 bytes -> 1 other bytes\n"
                                       "customs: 28 bytes -> 27 bytes\n"));
     EXPECT_EQ(ran.End, VerbFound);
     const QString old = folder.Write(QStringLiteral("c.level"), BuildLevel({.Form = "1.4"}).Bytes);

@@ -123,3 +123,15 @@ TEST_F(LevelShowTest, ARunLeavesItsClipboardAlone)
                    u"levpaste 62 32"_s, u"levreplace 7 9"_s, u"print [lvp:63:32]"_s, u"levclear"_s}),
               u"3219"_s);
 }
+
+// Catches: custom elements that are written cut, or over a file that then is gone.
+TEST_F(LevelShowTest, CustomElementsKeepTheFileBeforeThem)
+{
+    const QByteArray level = LevelImage(u"LEVEL"_s) + "CUS4" + QByteArray("\0\0\0\6custom", 10);
+    const QByteArray customs = level.sliced(level.indexOf("CUS4"));
+    scope.Folder.Write(u"caves/001.level"_s, level);
+    scope.Folder.Write(u"caves/mine.cust"_s, "older");
+    EXPECT_EQ(Run({u"cd caves"_s, u"levload 001.level"_s, u"levsavecustoms mine"_s}), QString());
+    EXPECT_EQ(scope.Folder.Read(u"caves/mine.cust"_s), customs);
+    EXPECT_EQ(scope.Folder.Read(u"caves/mine.cust_000.GemforgeBackup"_s), "older");
+}

@@ -132,6 +132,7 @@ TEST_F(ShippedMacrosTest, EditorLinesStandBehindTheirBlock)
         "sand.digging: A.PNG sand.digging.frames: 1 # kept wall: a.pcx wall.xpos: 2 wall.ypos: 2 wall.frames: 1 "
         "wall.delay: 1 wall.EDITOR: b.pcx acid: c.png acid.EDITOR: c.png acid.EDITOR.xpos: 0 acid.EDITOR.ypos: 0");
     EXPECT_EQ(Made(u"Editor Lines"_s, made), made);
+    EXPECT_EQ(Made(u"Editor Lines"_s, "toon_1: a.pcx\n[title]: b.pcx\n"), "toon_1: a.pcx\n[title]: b.pcx\n");
 }
 
 // Catches: frames for a block that tells them, names for each block of an element, a second comment.
@@ -219,13 +220,12 @@ TEST_F(ShippedMacrosTest, CheckFilesComparesTextAndFolder)
 {
     OpenExample(u"graphics"_s, u"graphicsinfo.conf"_s);
     scope.Folder.Write(u"spare.png"_s, "x");
-    scope.Text().AddText(u"nut: Gone.pcx\nnut.broken: gone.PCX # again\n"_s);
-    const int line = scope.Text().LineCount() - 2; // of the first that was added, counted from 1
+    scope.Text().AddText(u"nut: Gone.pcx\nnut.broken: gone.PCX # again\nacid: spare.pcx\n"_s);
+    const int line = scope.Text().LineCount() - 3; // of the first that was added, counted from 1
     const QString missing = u"Line %1: Gone.pcx is missing"_s.arg(line);
     const MacroTrial trial = Run(u"$k Check Files"_s, {missing});
-    EXPECT_EQ(trial.Lists,
-              QStringList{u"Missing and unused files|"_s + missing +
-                          u"|Not used: grotto_creatures.pcx|Not used: grotto_tiles.png|Not used: spare.png"_s});
+    EXPECT_EQ(trial.Lists, QStringList{u"Missing and unused files|"_s + missing +
+                                       u"|Not used: grotto_creatures.pcx|Not used: grotto_tiles.png"_s});
     EXPECT_EQ(scope.Text().CaretLine(), line - 1);
     EXPECT_EQ(scope.Text().SelText(), u"nut: Gone.pcx"_s);
 }

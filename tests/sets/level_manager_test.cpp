@@ -30,6 +30,7 @@ protected:
         Scope.MakeSet(QStringLiteral("mine"), "name: mine\n");
         WriteSetup("last_level_series:                      tutorial\n");
         QObject::connect(&Manager, &LevelManager::Told, &Manager, [this](const QString& text) { Told << text; });
+        QObject::connect(&Manager, &LevelManager::Busy, &Manager, [this](const QString& text) { BusyWith = text; });
     }
 
     QString Level(const char* name) const { return Scope.Game.Path(QStringLiteral("levels/") + QLatin1String(name)); }
@@ -71,6 +72,7 @@ protected:
 
     LevelManager Manager;
     QStringList Told;
+    QString BusyWith = QStringLiteral("never told");
 };
 
 } // namespace
@@ -215,6 +217,7 @@ TEST_F(LevelManagerTest, ZipAndUnzipMoveTheNode)
     Scope.Game.Write(QStringLiteral("levels/box/Boxed.levzip"), "damaged");
     Manager.UnzipAndSet();
     EXPECT_EQ(Last().MessageText, QStringLiteral("Couldn't unzip this game!"));
+    EXPECT_EQ(BusyWith, QString()) << "the strip stays";
     EXPECT_EQ(LastLevelSeries(Setup()), QStringLiteral("tutorial"));
     EXPECT_TRUE(Window.Enabled);
 }

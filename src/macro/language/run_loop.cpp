@@ -32,8 +32,7 @@ bool GiveTurn(RunState& run)
 
 void PromptForStep(RunState& run)
 {
-    run.Stage.Watch(run, true);
-    switch (run.Stage.Step(run.CurrentLine, run.Code.Lines[size_t(run.CurrentLine)].Written)) {
+    switch (run.Stage.Step(run)) {
     case StepAnswer::Next:
         break;
     case StepAnswer::Continue:

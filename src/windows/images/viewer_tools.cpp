@@ -1,4 +1,5 @@
 #include "windows/images/viewer_tools.h"
+#include "windows/parts/extension_arrow.h"
 
 #include "frame/settings/settings.h"
 #include "windows/images/picture_viewer.h"
@@ -18,6 +19,7 @@ ViewerTools::ViewerTools(QString kept, std::vector<PictureViewer*> shown, QWidge
     : QWidget(parent), section(std::move(kept)), viewers(std::move(shown)), zooms(new QActionGroup(this))
 {
     auto* bar = new QToolBar(this);
+    ColourExtensionArrow(*bar);
     bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
     for (const int times : Zooms) {
         QAction* action = bar->addAction(QStringLiteral("%1x").arg(times), this, [this, times] { SetZoom(times); });

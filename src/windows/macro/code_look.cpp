@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr int WindowSlot = 0, CommentSlot = 14, CommentBackSlot = 15, StringSlot = 16, LineSlot = 30;
+constexpr int WindowSlot = 0, CommentSlot = 14, CommentBackSlot = 15, StringSlot = 16;
 
 constexpr LineMarkColours LightMarks{.Caret = 0xD4D4D4, .Step = 0xA4FE9E, .Fault = 0x8C8CFF, .EarlyFault = 0x0000FF};
 constexpr LineMarkColours DarkMarks{.Caret = 0x36302C, .Step = 0x2A4A1E, .Fault = 0x262670, .EarlyFault = 0x080890};
@@ -26,7 +26,7 @@ constexpr CodeColour CodeColours[] = {
     {CommentSlot, 7759126, 0xD8D0A0},
     {CommentBackSlot, 15131861, 0x332F26},
     {StringSlot, 29952, 0x90E090},
-    {LineSlot, LightMarks.Caret, DarkMarks.Caret},
+    {HighlightedLineSlot, LightMarks.Caret, DarkMarks.Caret},
 };
 
 struct CodeStyle

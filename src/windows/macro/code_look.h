@@ -4,6 +4,8 @@
 
 class EditorPane;
 
+constexpr int HighlightedLineSlot = 30;
+
 /// Colours of the marked line, 0x00BBGGRR.
 struct LineMarkColours
 {

@@ -36,8 +36,6 @@
 
 namespace {
 
-constexpr int HighlightedLineSlot = 30;
-
 FileQuestion MacroQuestion(FileQuestion::Use use, const char* title)
 {
     return {.For = use,
@@ -384,14 +382,6 @@ bool frmMacroEdit::StepsLines() const
 void frmMacroEdit::WantSteps(bool wanted)
 {
     chkStep->setChecked(wanted);
-}
-
-void frmMacroEdit::ShowStep(int line)
-{
-    EditorPane& code = txtEdit(Code);
-    code.SetColor(HighlightedLineSlot, CodeMarks(FormInUse()).Step);
-    code.ExecuteCmd(CmdGotoLine, line);
-    code.SetHighlightedLine(line);
 }
 
 bool frmMacroEdit::Watches() const

@@ -88,12 +88,13 @@ private:
     QProgressBar& ProgressBar() override { return *progress; }
     bool StepsLines() const override;
     void WantSteps(bool wanted) override;
-    void ShowStep(int line) override;
+    void ShowStep(RunState& run) override;
     bool Watches() const override;
     void ShowWatch(RunState& run) override;
     bool StopsBefore(RunState& run) override;
     void WaitAt(RunState& run) override;
     void LetLook(bool on);
+    void MarkLine(int colour, int line); ///< of the code
     void GoOn(CodeStops::Way how);
     QString HoverOf(const QString& word);
     void ShowLists();

@@ -5,6 +5,7 @@
 #include "macro/stopped_run.h"
 #include "macro/watch_lines.h"
 #include "macro/word_facts.h"
+#include "windows/macro/code_look.h"
 #include "windows/macro/command_list.h"
 #include "windows/macro/stop_bar.h"
 #include "windows/macro/watch_list.h"
@@ -91,21 +92,33 @@ bool frmMacroEdit::StopsBefore(RunState& run)
     return stops->StopsBefore(run);
 }
 
-void frmMacroEdit::WaitAt(RunState& run)
+void frmMacroEdit::ShowStep(RunState& run)
 {
-    SSmacro->setCurrentIndex(Code);
-    ShowStep(run.CurrentLine);
     const QString& fault = stops->Fault();
     bar->ShowPlace(GosubChain(run),
                    fault.isEmpty() ? QString() : QStringLiteral("The condition can't be told: ") + fault);
     ShowWatch(run);
+    txtEdit(Code).ExecuteCmd(CmdGotoLine, run.CurrentLine);
+    MarkLine(CodeMarks(FormInUse()).Step, run.CurrentLine);
+}
+
+void frmMacroEdit::MarkLine(int colour, int line)
+{
+    txtEdit(Code).SetColor(HighlightedLineSlot, colour);
+    txtEdit(Code).SetHighlightedLine(line);
+}
+
+void frmMacroEdit::WaitAt(RunState& run)
+{
+    SSmacro->setCurrentIndex(Code);
+    ShowStep(run);
     LetLook(true);
     lstWatch->LetChange(run.Variables.Count());
     txtEdit(Code).FocusPane();
     stops->Wait(run);
     lstWatch->LetChange(0);
     LetLook(false);
-    txtEdit(Code).SetHighlightedLine(-1); // it stands there no longer
+    MarkLine(CodeMarks(FormInUse()).Caret, txtEdit(Code).CaretLine()); // it stands there no longer
 }
 
 /// The parts of the window that do not change the code come alive while a run stands still.

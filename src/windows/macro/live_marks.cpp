@@ -3,11 +3,15 @@
 #include "frame/frame_state.h"
 #include "macro/source_marks.h"
 
+#include <QCoreApplication>
+#include <QPointer>
+#include <QThreadPool>
 #include <algorithm>
 
 namespace {
 
 constexpr int PauseBeforeMarks = 250; // milliseconds without a key
+constexpr qsizetype LongCode = 1000;  // lines
 
 } // namespace
 
@@ -22,7 +26,10 @@ LiveMarks::LiveMarks(EditorPane& ofWorkbench) : code(ofWorkbench)
     soon.setInterval(PauseBeforeMarks);
     code.ShowLineMarks(true); // breakpoints stand there too
     connect(&soon, &QTimer::timeout, this, &LiveMarks::Look);
-    connect(&code, &DocumentText::TextChanged, &soon, qOverload<>(&QTimer::start));
+    connect(&code, &DocumentText::TextChanged, this, [this] {
+        ++version;
+        soon.start();
+    });
     connect(&code, &DocumentText::SelectionChanged, this, &LiveMarks::SayCaretLine);
 }
 
@@ -32,7 +39,29 @@ void LiveMarks::Look()
     emit Settled();
     if (Frame.Settings.LineHints != 1)
         return;
-    marks = MarksOfSource(LinesOfText(code));
+    const QStringList lines = LinesOfText(code);
+    if (lines.size() > LongCode)
+        LookBeside(lines);
+    else
+        Show(MarksOfSource(lines));
+}
+
+void LiveMarks::LookBeside(const QStringList& lines)
+{
+    QThreadPool::globalInstance()->start([lines, asked = version, self = QPointer(this)] {
+        std::vector<LineMark> found = MarksOfSource(lines);
+        const auto show = [self, asked, found = std::move(found)] {
+            if (self && self->version == asked)
+                self->Show(found);
+        };
+        QMetaObject::invokeMethod(QCoreApplication::instance(), show, Qt::QueuedConnection);
+    });
+}
+
+void LiveMarks::Show(std::vector<LineMark> found)
+{
+    marks = std::move(found);
+    marked = version;
     code.SetLineMarks(marks);
     SayCaretLine();
 }
@@ -40,7 +69,7 @@ void LiveMarks::Look()
 void LiveMarks::SayCaretLine()
 {
     QStringList said;
-    if (!soon.isActive()) // else lines may have moved
+    if (marked == version) // else lines may have moved
         for (const LineMark& mark : std::ranges::equal_range(marks, code.CaretLine(), {}, &LineMark::Line))
             said << QString(mark.Message).replace(u'\n', QLatin1String("   "));
     emit Said(said.join(QStringLiteral("   ")));
@@ -48,8 +77,8 @@ void LiveMarks::SayCaretLine()
 
 void LiveMarks::Goto(bool forward)
 {
-    if (soon.isActive())
-        Look();
+    if (marked != version && Frame.Settings.LineHints == 1)
+        Show(MarksOfSource(LinesOfText(code)));
     if (marks.empty()) {
         emit Said(QStringLiteral("No line of this macro has a mark"));
         return;

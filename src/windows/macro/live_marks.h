@@ -4,7 +4,8 @@
 
 #include <QTimer>
 
-/// Marks in the margin of the code, anew whenever its user has stopped typing for a moment.
+/// Marks in the margin of the code, anew whenever its user has stopped typing for a moment. Long code is looked at
+/// beside the user's work.
 class LiveMarks : public QObject
 {
     Q_OBJECT
@@ -21,11 +22,15 @@ signals:
 
 private:
     void Look();
+    void LookBeside(const QStringList& lines);
+    void Show(std::vector<LineMark> found);
     void SayCaretLine();
 
     EditorPane& code;
     QTimer soon;
     std::vector<LineMark> marks;
+    int version = 0; ///< of the code: what was found in another one is of no use
+    int marked = 0;  ///< version that the marks are of
 };
 
 /// All lines of a text.

@@ -2,6 +2,7 @@
 
 #include "frame/editor_pane.h"
 #include "frame/frame_state.h"
+#include "macro/language/run_state.h"
 #include "macro/run_macro.h"
 #include "platform/files/paths.h"
 
@@ -24,11 +25,12 @@ void TestStage::ReportError(const MacroError& error)
     view.ShowFault(error);
 }
 
-StepAnswer TestStage::Step(int line, const QString& written)
+StepAnswer TestStage::Step(RunState& run)
 {
+    const int line = run.CurrentLine;
     ShowTarget(true);
-    view.ShowStep(line);
-    switch (ShowMessage(message::BasicStep, written, QString::number(line))) {
+    view.ShowStep(run);
+    switch (ShowMessage(message::BasicStep, run.Code.Lines[size_t(line)].Written, QString::number(line))) {
     case 1:
         return StepAnswer::Next;
     case 2:
@@ -48,10 +50,10 @@ void TestStage::BeforeLine(RunState& run)
 }
 
 /// No oftener than anybody sees it.
-void TestStage::Watch(RunState& run, bool settled)
+void TestStage::Watch(RunState& run, bool last)
 {
     constexpr qint64 EveryMs = 20;
-    if (!settled && watched.isValid() && watched.elapsed() < EveryMs)
+    if (!last && watched.isValid() && watched.elapsed() < EveryMs)
         return;
     view.ShowWatch(run);
     watched.start();

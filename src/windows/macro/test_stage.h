@@ -15,7 +15,7 @@ public:
     virtual QProgressBar& ProgressBar() = 0;
     virtual bool StepsLines() const = 0;
     virtual void WantSteps(bool wanted) = 0;
-    virtual void ShowStep(int line) = 0; ///< it runs next
+    virtual void ShowStep(RunState& run) = 0; ///< where it stands; the line at hand runs next
     virtual bool Watches() const = 0;
     virtual void ShowWatch(RunState& run) = 0;
     virtual bool StopsBefore(RunState& run) = 0; ///< has its user marked the line at hand?
@@ -33,10 +33,10 @@ public:
     void ReportError(const MacroError& error) override;
     bool StepsLines() const override { return view.StepsLines(); }
     void WantSteps(bool wanted) override { view.WantSteps(wanted); }
-    StepAnswer Step(int line, const QString& written) override;
+    StepAnswer Step(RunState& run) override;
     bool Watches() const override { return view.Watches(); }
     void BeforeLine(RunState& run) override;
-    void Watch(RunState& run, bool settled) override;
+    void Watch(RunState& run, bool last) override;
 
 private:
     void Show(int most) override;

@@ -4,6 +4,7 @@
 #include "windows/main/command_set.h"
 #include "windows/main/menu_tree.h"
 #include "windows/parts/dialog_help.h"
+#include "windows/parts/extension_arrow.h"
 #include "windows/parts/help_subject.h"
 
 #include <QEvent>
@@ -47,6 +48,7 @@ CoolBar::CoolBar(QMainWindow* owner, const CommandSet& commands, const MenuTree&
         order.push_back(bar);
         window->addToolBar(bar);
         bar->installEventFilter(this);
+        ColourExtensionArrow(*bar);
     }
     for (const BarRow& row : Bars)
         FillBar(row.Strip, commands, menus);

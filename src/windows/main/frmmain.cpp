@@ -433,6 +433,14 @@ void frmmain::closeEvent(QCloseEvent* event)
         CloseAfterWork();
         return;
     }
+    if (!ending && recording->HasCode()) { // shown first: what was recorded is work too
+        event->ignore();
+        QTimer::singleShot(0, this, [this] {
+            RecordMacro();
+            close();
+        });
+        return;
+    }
     finished = MayClose();
     if (finished)
         StartedWindows.CloseAll();

@@ -66,6 +66,12 @@ void MacroRecording::Start()
     emit Changed();
 }
 
+bool MacroRecording::HasCode()
+{
+    Catch();
+    return Running() && !recorder->Source().isEmpty();
+}
+
 RecordedMacro MacroRecording::Stop()
 {
     Catch();
@@ -88,6 +94,7 @@ void MacroRecording::Watch(EditorPane& wanted)
     if (pane)
         disconnect(pane, nullptr, this, nullptr);
     pane = &wanted;
+    path = Frame.CurrentFolder + Frame.CurrentFile;
     connect(pane, &EditorPane::TextChanged, this, &MacroRecording::Note);
     connect(pane, &EditorPane::SelectionChanged, this, &MacroRecording::Note);
     connect(pane, &EditorPane::CommandBegins, this, &MacroRecording::CommandBegins);
@@ -110,6 +117,8 @@ void MacroRecording::Catch()
     happened = false;
     if (pane != &CurrentPane())
         CannotReplay(QStringLiteral("Going to another tab"));
+    else if (path != Frame.CurrentFolder + Frame.CurrentFile)
+        CannotReplay(QStringLiteral("Opening another text"));
     else
         recorder->Changed(MomentOf(*pane));
 }
@@ -117,8 +126,7 @@ void MacroRecording::Catch()
 void MacroRecording::CannotReplay(const QString& name)
 {
     happened = false;
-    if (pane != &CurrentPane())
-        Watch(CurrentPane());
+    Watch(CurrentPane());
     recorder->CannotReplay(name, MomentOf(*pane));
 }
 

@@ -34,6 +34,7 @@ public:
     bool Running() const { return recorder.has_value(); }
     void Start();
     RecordedMacro Stop();
+    bool HasCode(); ///< is a recording under way that would make a macro?
 
 signals:
     void Changed(); ///< a recording has begun or ended
@@ -53,6 +54,7 @@ private:
     QToolButton* sign;
     std::optional<MacroRecorder> recorder;
     QPointer<EditorPane> pane;
+    QString path; ///< of its document
     QTimer soon;
     bool happened = false;  ///< something that no command has told of
     bool inCommand = false; ///< which tells of itself when it is done

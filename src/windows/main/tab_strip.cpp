@@ -35,7 +35,7 @@ public:
     void SetRoom(int pixels)
     {
         if (std::exchange(room, pixels) != pixels)
-            setElideMode(Qt::ElideRight); // has them laid out anew
+            setElideMode(Qt::ElideLeft); // has them laid out anew
     }
 
 protected:
@@ -77,7 +77,7 @@ TabStrip::TabStrip(QWidget* parent) : QWidget(parent), bar(new TightTabBar(this)
     bar->setExpanding(false);
     bar->setDocumentMode(true);
     bar->setDrawBase(false);
-    bar->setElideMode(Qt::ElideRight);
+    bar->setElideMode(Qt::ElideLeft);
     bar->setUsesScrollButtons(true);
     bar->setTabsClosable(true);
     for (int tab = 0; tab < int(faces.size()); ++tab) {

@@ -152,7 +152,7 @@ void MediaTabs::RestoreSelection()
         if (std::exchange(awaited.at(size_t(view->Source())), false) && (row != view->SelectedRow() || row == 0))
             view->SelectRow(row > 0 ? row : -1);
     }
-    if (macros->SelectedRow() < 0)
+    if (std::exchange(awaited.at(MacrosIndex), false) && macros->SelectedRow() < 0)
         macros->SelectRow(Lists().SavedListIndex.at(MacrosIndex));
 }
 

@@ -56,5 +56,5 @@ private:
     std::array<MediaView*, 3> views;
     ExtraPage* extra;
     MacroTree* macros;
-    std::array<bool, 4> awaited{}; ///< by MediaSource: saved and not yet restored
+    std::array<bool, 5> awaited{}; ///< as SavedListIndex: saved and not yet restored
 };

@@ -23,11 +23,6 @@
 
 namespace {
 
-bool HasPlaces()
-{
-    return !QGuiApplication::platformName().startsWith(QLatin1StringView("wayland"));
-}
-
 constexpr int LastIcon = 12;
 constexpr double ShareOfScreen = 0.9;
 
@@ -209,7 +204,7 @@ bool frmMess::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::MouseButtonPress && mouse->button() == Qt::LeftButton) {
         // Where windows have no place of their own the system moves them. Elsewhere it would start from where the
         // pointer was a moment ago, and the window jump.
-        const bool bySystem = !HasPlaces() && windowHandle() && windowHandle()->startSystemMove();
+        const bool bySystem = !WindowsHavePlaces() && windowHandle() && windowHandle()->startSystemMove();
         grip = bySystem ? std::nullopt : std::optional(mouse->globalPosition().toPoint() - pos());
         return true;
     }

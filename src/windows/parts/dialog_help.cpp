@@ -27,6 +27,11 @@ QWidget* DialogParent(QWidget* owner)
     return owner ? owner->window() : nullptr;
 }
 
+bool WindowsHavePlaces()
+{
+    return !QGuiApplication::platformName().startsWith(QLatin1StringView("wayland"));
+}
+
 QString WithoutMnemonic(QString caption)
 {
     return caption.replace(QLatin1Char('&'), QStringLiteral("&&"));

@@ -26,6 +26,9 @@ int Pixels(const QWidget& widget, int at96);
 /// Parent for a new dialog: the modal window that is open, else `owner`'s window. May be null.
 QWidget* DialogParent(QWidget* owner);
 
+/// Does the desktop tell windows where they and the pointer are? Wayland does not.
+bool WindowsHavePlaces();
+
 /// Caption for a button or label that must show each "&" and have no shortcut letter.
 QString WithoutMnemonic(QString caption);
 

@@ -95,6 +95,9 @@ void AnimationPanel::MakePlace()
     form->addRow(QStringLiteral("Frames"), WithAdd(txtFrames, FramesField, "Frames"));
     form->addRow(QStringLiteral("Start"), WithAdd(txtStart, StartFrameField, "Start"));
     form->addRow(QStringLiteral("Current"), txtCurrent);
+    QWidget* const order[] = {txtFrames, cmdAdd[FramesField], txtStart, cmdAdd[StartFrameField], txtCurrent};
+    for (size_t at = 1; at < std::size(order); ++at)
+        setTabOrder(order[at - 1], order[at]);
 }
 
 void AnimationPanel::MakePlay()

@@ -191,7 +191,9 @@ void frmPCX::CloseIfLeft()
 {
     const bool hasMessage = QApplication::activeModalWidget() != this; // the mouse went to that
     const bool shown = windowHandle() && windowHandle()->isExposed();
-    if (Frame.Settings.QuickClose && shown && !hasMessage && !frameGeometry().contains(QCursor::pos()))
+    mouseWasHere = mouseWasHere || underMouse();
+    const bool left = WindowsHavePlaces() ? !frameGeometry().contains(QCursor::pos()) : mouseWasHere && !underMouse();
+    if (Frame.Settings.QuickClose && shown && !hasMessage && left)
         close();
 }
 

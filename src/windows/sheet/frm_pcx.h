@@ -89,6 +89,7 @@ private:
     QFileSystemWatcher watcher; ///< of the file
     FolderWatch folderWatch;
     int MarkerPhase = 1;
+    bool mouseWasHere = false;
 };
 
 /// Opens the window on a sheet of the current document and writes what it gives back.

@@ -1,4 +1,5 @@
 #include "windows/sheet/sheet_tools.h"
+#include "windows/parts/extension_arrow.h"
 
 #include "frame/settings/settings.h"
 #include "windows/sheet/animation_preview.h"
@@ -21,6 +22,7 @@ SheetTools::SheetTools(SheetView& sheet, AnimationPreview& player, QWidget* pare
     : QWidget(parent), view(sheet), preview(player), zooms(new QActionGroup(this))
 {
     auto* bar = new QToolBar(this);
+    ColourExtensionArrow(*bar);
     bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
     AddZoom(*bar);
     bar->addSeparator();

@@ -71,6 +71,13 @@ TEST_F(GameWindowTest, TheGamesWordsLeadToTheirLines)
     EXPECT_FALSE(Panel().HasKeyboard());
     EXPECT_TRUE(Panel().isVisible());
 
+    const QString other = Run.Work.Write(QStringLiteral("other.conf"), "name: other\n");
+    ASSERT_TRUE(OpenDocument(other, false));
+    MenuOf("mnuRndWords")->trigger();
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Frame.CurrentTab, 1) << "in place of the text that stood there";
+    EXPECT_EQ(Frame.Documents.at(0).Path, other);
+
     Panel().CloseButton()->click();
     TriggerAndWait("mnuRndGameCheck");
     EXPECT_FALSE(Panel().isVisible()); // nothing new

@@ -1,4 +1,7 @@
 #include "windows/lists/marks_panel.h"
+
+#include "editor/make_pane.h"
+#include "editor/margin_marks.h"
 #include "windows/main/main_window_test.h"
 
 #include <QTreeView>
@@ -46,6 +49,21 @@ TEST_F(MarksPanelTest, LeadsToLinesAndPutsWordsIn)
     EXPECT_FALSE(Panel().HasKeyboard());
     Press(Qt::Key_F8);
     EXPECT_EQ(CurrentPane().CaretLine(), 2);
+}
+
+// Catches: marks beside the first lines only, of lines that are no longer in view.
+TEST_F(MarksPanelTest, MarksFollowTheView)
+{
+    Load("emeradl.xpos: 1\n" + QByteArray(4'000, '\n') + "emeradl.xpos: 1\n");
+    const MarginMarks* marks = nullptr;
+    for (const QObject* child : WidgetOf(CurrentPane())->children())
+        if (!marks)
+            marks = dynamic_cast<const MarginMarks*>(child);
+    ASSERT_TRUE(marks);
+    EXPECT_TRUE(QTest::qWaitFor([marks] { return !marks->MessagesOf(0).isEmpty(); }));
+    EXPECT_TRUE(marks->MessagesOf(4'001).isEmpty());
+    CurrentPane().ExecuteCmd(CmdDocumentEnd);
+    EXPECT_TRUE(QTest::qWaitFor([marks] { return !marks->MessagesOf(4'001).isEmpty(); }));
 }
 
 // Catches: a list of a document without marks, or of a plain text, that opens empty.

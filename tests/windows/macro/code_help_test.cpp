@@ -66,6 +66,20 @@ TEST_F(CodeHelp, MarksComeWhileTypingAndAreGoneThrough)
     });
 }
 
+// Catches: marks of long code that never come, or of code that has been typed over meanwhile.
+TEST_F(CodeHelp, LongCodeIsLookedAtBeside)
+{
+    Open(QString(u"print a\n"_s).repeated(5000) + u"noword"_s, [](QWidget& window, EditorPane& code) {
+        const auto& says = Part<QLabel>(window, "lblSays");
+        code.SetSel({5000, 0, 5000, 0}, true);
+        EXPECT_TRUE(WaitUntil([&] { return says.text().contains(u"noword"_s); }));
+        code.InsertText(u"other\r\n"_s, {});
+        EXPECT_TRUE(WaitUntil([&] { return says.text().contains(u"noword"_s); }));
+        code.SetSel({0, 0, 0, 0}, true);
+        EXPECT_EQ(says.text(), u"Unrecognised command: other"_s);
+    });
+}
+
 // Catches: a list that does not open in the workbench, an item whose form is put in, Enter taken from a whole word.
 TEST_F(CodeHelp, TheCodeListCompletes)
 {

@@ -128,6 +128,12 @@ TEST_F(Stops, StepsGoIntoOverAndOut)
         EXPECT_EQ(Stood("mnuRunToCaret", {Entry("mnuContinue")}), QStringList(u"10"_s));
         EXPECT_EQ(Output(), u"a123b"_s);
         EXPECT_FALSE(Part<QAction>(*Window, "mnuStepOut").isEnabled());
+        Part<QCheckBox>(*Window, "chkStep").setChecked(true);
+        for (const int answer : {1, 1, 3})
+            Run.Scope.Answers.Next.emplace_back(Pressed{answer});
+        Choose("mnutest");
+        EXPECT_EQ(Part<QListWidget>(*Window, "lstChain").item(0)->text(), u"line 1: gosub @one"_s)
+            << "the prompts show it too";
         EXPECT_TRUE(Part<QAction>(*Window, "mnutest").isEnabled());
     });
 }

@@ -114,11 +114,35 @@ TEST_F(MacroRecordingTest, OtherCommandsAreTold)
     QCoreApplication::processEvents();
     MenuOf("mnuAddTab")->trigger();
     TypeKeys("new");
+    CurrentPane().SetModified(false);
+    OpenDocument(Run.Work.Write(u"other.txt"_s, "other"), true);
+    QCoreApplication::processEvents();
     const QStringList lines = Stop();
     EXPECT_EQ(lines, (QStringList{u"# Tidy Up cannot be replayed"_s, u"# Line Numbers cannot be replayed"_s,
                                   u"# The macro inner cannot be replayed"_s, u"# Open Tab cannot be replayed"_s,
-                                  u"print new"_s}));
-    EXPECT_EQ(Run.TakeMessages().filter(u"Tidy Up^Line Numbers^The macro inner^Open Tab"_s).size(), 1);
+                                  u"print new"_s, u"# Opening another text cannot be replayed"_s}));
+    EXPECT_EQ(Run.TakeMessages().filter(u"Tidy Up^Line Numbers^The macro inner^Open Tab^Opening"_s).size(), 1);
+}
+
+// Catches: a recording that is lost when the window is closed, a window that stays.
+TEST_F(MacroRecordingTest, ClosingShowsTheMacroFirst)
+{
+    Begin({});
+    TypeKeys("kept");
+    CurrentPane().SetModified(false);
+    QString code;
+    Window->close();
+    EXPECT_TRUE(Window->isVisible());
+    QTimer::singleShot(0, qApp, [&code] {
+        OnModal([&code](QWidget& window) {
+            EditorPane& pane = static_cast<frmMacroEdit&>(window).txtEdit(frmMacroEdit::Code);
+            code = pane.Text();
+            pane.SetModified(false);
+        });
+    });
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(code.contains(u"print kept"_s)) << code;
+    EXPECT_FALSE(Window->isVisible());
 }
 
 // Catches: a recording of nothing that opens the workbench, a sign that does not end it.

@@ -118,6 +118,7 @@ TEST_F(MainWindowParts, TextAndListsShareEveryWidth)
         QCoreApplication::sendEvent(handle, &drag);
         EXPECT_EQ(handle->x(), qMax(whole.width() / 2, 333));
         EXPECT_EQ(text->width(), handle->x() - 4);
+        EXPECT_EQ(lists->x(), handle->geometry().right() + 1);
         EXPECT_GT(lists->width(), 100);
     }
 }
@@ -221,4 +222,16 @@ TEST_F(MainWindowParts, TellsWhatPlaysAndStopsIt)
         EXPECT_FALSE(audio::IsPlaying());
     }
     audio::End();
+}
+
+// Catches: entries that keep their pictures until the next start.
+TEST_F(MainWindowParts, MenuIconsFollowAtEachActivation)
+{
+    for (const int wanted : {1, 0, 1}) {
+        Frame.Settings.MenuIcons = wanted;
+        QEvent activate(QEvent::WindowActivate);
+        QCoreApplication::sendEvent(Window.get(), &activate);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(MenuOf("mnuUndo")->isIconVisibleInMenu(), wanted == 1);
+    }
 }

@@ -368,6 +368,10 @@ TEST_F(MediaWindow, MacrosShowWithTheirKeys)
     ASSERT_TRUE(write("Align.All.GFB") && write("$Knights.gfb") && write("notes.txt"));
     RefreshMedia();
     MacroTree& tree = Window->Media().Macros();
+    QEvent activate(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(Window.get(), &activate);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(tree.SelectedRow(), -1) << "nobody has chosen one yet";
     QStringList shown;
     for (int row = 0; row < tree.topLevelItemCount(); ++row)
         shown << tree.topLevelItem(row)->text(0);

@@ -5,6 +5,7 @@
 #include "windows/parts/dialog_help.h"
 #include "windows/parts/dialog_support.h"
 
+#include <QClipboard>
 #include <QImage>
 #include <QLabel>
 #include <QPainter>
@@ -134,6 +135,14 @@ TEST(MessageWindow, AnswersByMouseAndKeys)
     expect(AnswerTo(record, [](QWidget& window) { Press(window, {Qt::Key_Left, Qt::Key_Space}); }), 3);
     expect(AnswerTo(record, [](QWidget& window) { Press(window, {Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Space}); }), 3);
     expect(AnswerTo(Record(""), [](QWidget& window) { Press(window, {Qt::Key_Return}); }), 1);
+    QGuiApplication::clipboard()->clear();
+    AnswerTo(record, [](QWidget& window) {
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        QTest::keyClick(&window, Qt::Key_C, Qt::ControlModifier);
+    });
+    EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith(record.MessageTitle));
+    EXPECT_TRUE(QGuiApplication::clipboard()->text().contains(record.MessageText));
 }
 
 // Catches: Esc, the close box or the program's end answering with "", with the first button although that would lose

@@ -115,10 +115,10 @@ TEST_F(GeneralPageTest, WrongValuesAreMendedWhenTheBoxIsLeftOrApplied)
         auto& box = Part<QLineEdit>(window, "txtRecentMax");
         box.setFocus();
         box.setText(QStringLiteral("1"));
-        Part<QLineEdit>(window, "txtline").setText(QString());
+        Part<QLineEdit>(window, "txtline").setText(TextOf(window, "txtSearch"));
         Click(window, "cmblApply0");
         EXPECT_EQ(box.text(), QStringLiteral("10"));
-        EXPECT_EQ(Frame.Settings.LineCommentLineChar, QStringLiteral("-"));
+        EXPECT_NE(Frame.Settings.LineCommentLineChar, Frame.Settings.LineCommentSearchChar);
     });
     EXPECT_EQ(Frame.Settings.RecentLimit, 10);
 }

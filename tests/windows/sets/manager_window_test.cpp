@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTimer>
 #include <QTreeView>
@@ -119,7 +120,10 @@ TEST_F(ManagerWindowTest, TheButtonsWork)
     InManager([&] {
         Click("cmdScan");
         Select(QStringLiteral("box"));
+        int moves = 0;
+        QObject::connect(Manager->findChild<QProgressBar*>(), &QProgressBar::valueChanged, Manager, [&] { ++moves; });
         Click("cmdZip1");
+        EXPECT_GT(moves, 0) << "nothing is seen of the work";
         EXPECT_TRUE(Of<QGroupBox>("frmDir")->isEnabled());
         EXPECT_EQ(Of<QLineEdit>("txtCurSetGame")->text(), QStringLiteral("box"));
         EXPECT_EQ(Tree()->currentIndex().data(SetTree::ImageRole).toInt(), SetTree::CurrentSetGame);

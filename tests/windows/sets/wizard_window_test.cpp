@@ -1,6 +1,7 @@
 #include "frame/run_scope.h"
 #include "game/stand_in_place.h"
 #include "windows/main/main_window_test.h"
+#include "windows/media/folder_tree.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -121,6 +122,8 @@ TEST_F(WizardWindowTest, FinishedMakesTheGame)
         Next(6);
         Click("cmdDone");
         EXPECT_EQ(LastMessage(), QStringLiteral("Not Finished"));
+        emit Of<FolderTree>("Dir1")->Picked(Place.Game.Path(QStringLiteral("elsewhere/")));
+        EXPECT_TRUE(Of<QLineEdit>("txtPath")->text().contains(QLatin1String("elsewhere")));
     });
     InWizard([&] {
         TypeNames(QStringLiteral("deep"));

@@ -117,6 +117,11 @@ TEST_F(SheetWindow, TellsWhatIsWrongWithTheImage)
     EXPECT_EQ(frmPCX::Run(nullptr, Request).Outcome, SheetOutcome::NotShown);
     EXPECT_EQ(Run.TakeMessages(), QStringList(QStringLiteral("Not a valid PCX image!")));
 
+    Request.File = QStringLiteral("A.PNG");
+    EXPECT_EQ(frmPCX::Run(nullptr, Request).Outcome, SheetOutcome::NotShown);
+    EXPECT_EQ(Run.TakeMessages(), QStringList(QStringLiteral("Not a valid PCX image!"))) << "found by other letters";
+    Request.File = QStringLiteral("a.png");
+
     WriteSheet({40, 31});
     HoldBlock(0, 0, 1);
     Open([this](QWidget& window, SheetView& view) {
