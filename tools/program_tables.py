@@ -118,7 +118,7 @@ MISC = [
     ("ColourForm", 0),
 ]
 
-# Tag, control, width in pixels, starts a row. Together they fill two rows of a window 1200 pixels wide.
+# Tag, control, width in pixels, starts a row. Together they fill two rows of a window 1240 pixels wide.
 BANDS = [("File", "tbFile", 360, True), ("Edit", "tbEdit", 620, False), ("Find", "tbFind", 500, True),
          ("View", "tbView", 140, False), ("RnD", "tbRnD", 190, False), ("Extra", "tbExtra", 230, False)]
 
@@ -151,7 +151,7 @@ def make_user(out):
                  ["Words of the code list: elements, actions, graphic commands, special words."]),
          section("Nags", [(number, 1) for number in range(5)],
                  ["Messages: document changed, save, image errors, text errors, file errors."]),
-         section("Window Positions", [("Width", 1200), ("Height", 760), ("Left", 40), ("Top", 60), ("Max", 0)],
+         section("Window Positions", [("Width", 1240), ("Height", 760), ("Left", 20), ("Top", 60), ("Max", 0)],
                  ["In pixels. Max: 0 normal, 1 minimised, 2 maximised."]),
          section("Coolbar Bands", bands,
                  ["A tool bar each: T its tag, C its control, W its width in pixels, N whether it starts a new row."]),

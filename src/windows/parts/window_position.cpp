@@ -11,7 +11,7 @@
 namespace {
 
 constexpr Qt::WindowState States[] = {Qt::WindowNoState, Qt::WindowMinimized, Qt::WindowMaximized};
-constexpr QRect FirstPlace{40, 60, 1200, 760};
+constexpr QRect FirstPlace{20, 60, 1240, 760};
 
 int Pixels(const char* key, int missing)
 {

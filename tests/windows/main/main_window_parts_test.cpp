@@ -59,7 +59,7 @@ TEST_F(MainWindowParts, StoredPositionIsBroughtOntoTheScreen)
     WriteIni(2, QStringLiteral("Window Positions"), QStringLiteral("Max"));
     WriteIni(QStringLiteral("wide"), QStringLiteral("Window Positions"), QStringLiteral("Width"));
     EXPECT_EQ(StoredPosition().State, Qt::WindowMaximized);
-    EXPECT_EQ(StoredPosition().Place.width(), 1200);
+    EXPECT_EQ(StoredPosition().Place.width(), 1240);
 }
 
 // Catches: an edit that clears or forgets Modified; a caret status that another tab's pane writes.

@@ -131,7 +131,7 @@ TEST_F(GeneralPageTest, ThePositionIsStoredWhereTicked)
     Window->move(30, 40);
     Options([&](frmOptions& window) {
         Click(window, "cmblApply0");
-        EXPECT_EQ(Ini("Window Positions", "Width"), QStringLiteral("1200"));
+        EXPECT_EQ(Ini("Window Positions", "Width"), QStringLiteral("1240"));
         Click(window, "chkOther0");
         Click(window, "cmblApply0");
     });
