@@ -9,6 +9,8 @@
 #include "frame/run_scope.h"
 #include "platform/images/images.h"
 
+#include <QRegularExpression>
+
 namespace {
 
 constexpr int LinesForKeys = 2000; // of a large text: how far above an equal key is looked for
@@ -60,6 +62,27 @@ std::vector<LineHint> NearestMark(int first, int last, bool forward, RunScope& r
     return {};
 }
 
+/// Where the part `word` of the key begins; -1: nowhere.
+int ColumnInKey(const QString& line, const QString& word)
+{
+    int column = 0;
+    for (const QString& part : line.section(u':', 0, 0).split(u'.')) {
+        if (part == word)
+            return column;
+        column += int(part.size()) + 1;
+    }
+    return -1;
+}
+
+/// Where `word` stands alone in the value; -1: nowhere.
+int ColumnInValue(const QString& line, const QString& word)
+{
+    const QRegularExpression alone(QStringLiteral("(?<!\\w)%1(?!\\w)").arg(QRegularExpression::escape(word)),
+                                   QRegularExpression::UseUnicodePropertiesOption);
+    const qsizetype colon = line.indexOf(u':');
+    return colon < 0 ? -1 : int(alone.match(line.section(u'#', 0, 0), colon + 1).capturedStart());
+}
+
 } // namespace
 
 DocumentHints& HintsOfDocument()
@@ -80,7 +103,7 @@ const HintContext& DocumentHints::Context()
         context->Values = context->Check.LookForImages;
         context->LevelNumbers = mode == ModeMus;
         context->SheetSize = [this](const QString& value) { return SizeOf(value); };
-        if (context->Values)
+        if (context->Values || mode == ModeSfx || mode == ModeMus)
             TakeNames(*context);
         context->Words = MakeHintWords(Frame.WordLists.at(mode));
     }
@@ -153,14 +176,9 @@ void PutNearestWordIn(const LineHint& hint)
 {
     DocumentText& pane = CurrentPane();
     const QString line = pane.GetLine(hint.Line);
-    int column = 0;
-    for (const QString& part : line.section(u':', 0, 0).split(u'.')) {
-        if (part == hint.Wrong && !hint.Wrong.isEmpty()) {
-            pane.SetSel({hint.Line, column, hint.Line, column + int(part.size())}, true);
-            pane.SetSelText(hint.Right);
-            return;
-        }
-        column += int(part.size()) + 1;
-    }
-    ShowNotice(QStringLiteral("The word \"%1\" is no longer in that line").arg(hint.Wrong));
+    const int column = hint.InValue ? ColumnInValue(line, hint.Wrong) : ColumnInKey(line, hint.Wrong);
+    if (column < 0 || hint.Wrong.isEmpty())
+        return ShowNotice(QStringLiteral("The word \"%1\" is no longer in that line").arg(hint.Wrong));
+    pane.SetSel({hint.Line, column, hint.Line, column + int(hint.Wrong.size())}, true);
+    pane.SetSelText(hint.Right);
 }

@@ -33,7 +33,7 @@ DocumentHints& HintsOfDocument();
 /// document; the status bar says it.
 void GotoMark(bool forward);
 
-/// Puts the word that was probably meant in place of the one in the key of the hint's line, if it stands there still.
+/// Puts the word that was probably meant in place of the one in the hint's line, if it stands there still.
 void PutNearestWordIn(const LineHint& hint);
 
 /// Can a document of the current mode have marks?

@@ -1,5 +1,6 @@
 #include "conf/element_blocks.h"
 
+#include "conf/block_outline.h"
 #include "conf/conf_lines.h"
 #include "conf/sub_groups.h"
 #include "frame/frame_events.h"
@@ -36,11 +37,14 @@ std::optional<LineSpan> BlockAtCaret(const DocumentText& pane)
 {
     if (Frame.CurrentMode != ModeGfx)
         return {};
-    const LineReader lines = LinesOf(pane);
-    const std::optional<int> main =
-        FindMainLine(lines, pane.CaretLine(), {Frame.Settings.SheetKinds, SelectReach, GroupRule::FromWithin});
-    const int end = main ? EndOfBlock(lines, *main) : 0;
-    return main && pane.CaretLine() < end ? std::optional(LineSpan{*main, end - 1}) : std::nullopt;
+    LineReader lines = LinesOf(pane);
+    if (pane.GetLine(pane.CaretLine()).startsWith(u'#'))
+        lines = [plain = std::move(lines)](int line) {
+            const std::optional<QString> text = plain(line);
+            return text && text->startsWith(u'#') ? std::optional(text->mid(1)) : std::nullopt;
+        };
+    const auto block = BlockAround(lines, pane.CaretLine(), Frame.Settings.SheetKinds);
+    return block ? std::optional(LineSpan{block->First, block->Last}) : std::nullopt;
 }
 
 void SelectElementBlock()

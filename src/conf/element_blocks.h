@@ -25,7 +25,8 @@ std::optional<int> FindMainLine(const LineReader& lines, int from, const MainLin
 /// line count. A main line without a key is a block of its own.
 int EndOfBlock(const LineReader& lines, int mainLine);
 
-/// The block that holds the caret; nothing outside of one and in other modes than graphics.
+/// The block that holds the caret, one that is commented out too; nothing outside of one and in other modes than
+/// graphics. It is the one that the margin marks, without a block whose key only begins alike.
 std::optional<LineSpan> BlockAtCaret(const DocumentText& pane);
 
 /// "Select Element Block": the block around the caret of the current pane; nothing if there is none.

@@ -57,13 +57,13 @@ bool IsLevelNumber(const QByteArray& part)
 }
 
 /// The game tells letters apart where the file system does.
-QString SpellingHint(QByteArrayView value, const HintContext& context)
+ValueSaying SpellingHint(QByteArrayView value, const HintContext& context)
 {
     const QString name = CleanValue(QString::fromUtf8(value));
     const QString spelled = context.Spelling.value(name.toLower(), name);
-    return spelled == name || context.FileNames.contains(name)
-               ? QString()
-               : QStringLiteral("The file is spelled \"") + spelled + QStringLiteral("\".");
+    if (spelled == name || context.FileNames.contains(name))
+        return {};
+    return {QStringLiteral("The file is spelled \"") + spelled + QStringLiteral("\"."), name, spelled};
 }
 
 /// Each part of the key must be a word of the mode: the first an element, the others anything that may follow one.
@@ -172,6 +172,8 @@ public:
                 QStringLiteral("Line %1 has the same key already; the later line counts.").arg(earlier + 1));
         if (context.Values)
             LookAtValue(line.first(colon), line.sliced(colon + 1), number, rest);
+        else
+            Say(number, SpellingHint(line.sliced(colon + 1), context));
     }
 
     std::vector<LineHint> Found;
@@ -185,13 +187,17 @@ private:
         Say(number, SpellingHint(value, context));
         const QString name = CleanValue(QString::fromUtf8(value));
         for (const BlockHint& hint : BlockHints(rest, context.SheetSize ? context.SheetSize(name) : QSize()))
-            Say(number + hint.Line, hint.Message);
+            Add(number + hint.Line, HintLevel::Faint, hint.Message);
     }
 
-    void Say(int number, const QString& message)
+    void Say(int number, ValueSaying said)
     {
-        if (!message.isEmpty())
-            Add(number, HintLevel::Faint, message);
+        if (!said.Message.isEmpty())
+            Found.push_back({.Line = number,
+                             .Message = std::move(said.Message),
+                             .Wrong = std::move(said.Wrong),
+                             .Right = std::move(said.Right),
+                             .InValue = true});
     }
 
     void Add(int line, HintLevel level, const QString& message)

@@ -20,6 +20,7 @@ struct LineHint
     HintLevel Level = HintLevel::Faint;
     QString Message;
     QString Wrong = {}, Right = {}; ///< a part of the key and the word that was probably meant; empty: nothing fits
+    bool InValue = false;           ///< `Wrong` stands in the value
 
     bool operator==(const LineHint&) const = default;
 };
@@ -39,7 +40,7 @@ struct HintContext
     HintWords Words;
     bool Values = false;       ///< graphics mode: values and frames are looked at too
     bool LevelNumbers = false; ///< music mode: a key may end in the three digits of a level, a parameter behind them
-    QSet<QString> FileNames;   ///< of all files in the lists, as they are spelled
+    QSet<QString> FileNames;   ///< of all files in the lists, as they are spelled (graphics, sounds, music)
     QHash<QString, QString> Spelling; ///< of a name in lower case
     /// Size in pixels of the sheet that a value names; empty if it is not known (yet).
     std::function<QSize(const QString& value)> SheetSize;

@@ -5,6 +5,7 @@
 
 #include <QHash>
 #include <algorithm>
+#include <cstdlib>
 #include <limits>
 
 namespace {
@@ -66,6 +67,7 @@ const QStringList ModeWords = {
     QStringLiteral("tiled"),    QStringLiteral("level_nr"),      QStringLiteral("reverse"),
     QStringLiteral("once"),     QStringLiteral("opaque_player"), QStringLiteral("static_panel"),
 };
+constexpr qsizetype BesideModes = 4; ///< the last of them stand beside a mode and are none
 const QStringList TruthWords = {QStringLiteral("true"), QStringLiteral("false"), QStringLiteral("yes"),
                                 QStringLiteral("no"),   QStringLiteral("on"),    QStringLiteral("off"),
                                 QStringLiteral("1"),    QStringLiteral("0")};
@@ -75,47 +77,63 @@ QString Plain(QByteArrayView value)
     return QString::fromUtf8(value.first(value.contains('#') ? value.indexOf('#') : value.size())).trimmed();
 }
 
-QString Meant(const QString& word, const QStringList& known)
+/// `message`, with the known word that is near to `word` as it stands in the value.
+ValueSaying Said(const QString& message, const QString& word, const QStringList& known)
 {
-    const QString near = NearestWord(word, known);
-    return near.isEmpty() ? QString() : QStringLiteral(" Did you mean \"") + near + QStringLiteral("\"?");
+    const QString near = NearestWord(word.toLower(), known);
+    if (near.isEmpty())
+        return {message};
+    return {message + QStringLiteral(" Did you mean \"") + near + QStringLiteral("\"?"), word, near};
 }
 
-QString NumberHint(const QString& value)
+/// Words of truth are numbers too; of anything else the digits in front count.
+long TakenNumber(const QString& value)
+{
+    const int truth = int(TruthWords.indexOf(value.toLower()));
+    return truth >= 0 ? 1 - truth % 2 : std::strtol(value.toUtf8().constData(), nullptr, 10);
+}
+
+ValueSaying NumberHint(const QString& value)
 {
     bool isNumber = false;
     value.toInt(&isNumber);
-    return isNumber ? QString()
-                    : QStringLiteral("\"%1\" is no number; the game takes what stands in front.").arg(value);
+    if (isNumber)
+        return {};
+    return {QStringLiteral("\"%1\" is no number; the game takes %2.").arg(value).arg(int(TakenNumber(value)))};
 }
 
-QString TruthHint(const QString& value)
+ValueSaying TruthHint(const QString& value)
 {
-    const QString word = value.toLower();
-    return TruthWords.contains(word)
-               ? QString()
-               : QStringLiteral("\"%1\" is neither true nor false; the game takes it for false.").arg(value) +
-                     Meant(word, TruthWords);
+    if (TruthWords.contains(value.toLower()))
+        return {};
+    return Said(QStringLiteral("\"%1\" is neither true nor false; the game takes it for false.").arg(value), value,
+                TruthWords);
 }
 
-QString ModeHint(const QString& value)
+ValueSaying ModeHint(const QString& value)
 {
+    QStringList unknown;
+    bool plays = false; // one of the words is a mode
     for (const QString& part : value.split(u',')) {
-        const QString word = part.trimmed().toLower();
-        if (!ModeWords.contains(word))
-            return QStringLiteral("The mode \"%1\" is not known; the game plays loop.").arg(part.trimmed()) +
-                   Meant(word, ModeWords);
+        const qsizetype row = ModeWords.indexOf(part.trimmed().toLower());
+        plays = plays || (row >= 0 && row < ModeWords.size() - BesideModes);
+        if (row < 0)
+            unknown << part.trimmed();
     }
-    return {};
+    if (unknown.isEmpty())
+        return {};
+    return Said(QStringLiteral("The mode \"%1\" is not known; the game ").arg(unknown.first()) +
+                    (plays ? QStringLiteral("passes it over.") : QStringLiteral("plays loop.")),
+                unknown.first(), ModeWords);
 }
 
 /// A graphic is cloned from any key; what can be told is its element.
-QString ElementHint(const QString& value, const QStringList& elements)
+ValueSaying ElementHint(const QString& value, const QStringList& elements)
 {
     const QString element = value.section(u'.', 0, 0);
-    return elements.isEmpty() || elements.contains(element)
-               ? QString()
-               : QStringLiteral("There is no \"%1\" to take this from.").arg(value) + Meant(element, elements);
+    if (elements.isEmpty() || elements.contains(element))
+        return {};
+    return Said(QStringLiteral("There is no \"%1\" to take this from.").arg(value), element, elements);
 }
 
 constexpr int Largest = std::numeric_limits<qint16>::max(); ///< of a number: no sheet is larger
@@ -234,7 +252,7 @@ ParameterKind KindOfParameter(QByteArrayView key)
     return row == std::end(Parameters) || word.size() == key.size() ? ParameterKind::Other : row->Kind;
 }
 
-QString ValueHint(QByteArrayView key, QByteArrayView value, const QStringList& elements)
+ValueSaying ValueHint(QByteArrayView key, QByteArrayView value, const QStringList& elements)
 {
     const QString text = Plain(value);
     if (text.isEmpty() || text.startsWith(u'['))

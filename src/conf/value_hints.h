@@ -13,8 +13,15 @@ enum class ParameterKind { Other, Number, Truth, Mode, Element };
 /// By the last part of a key; a key of one part has none.
 ParameterKind KindOfParameter(QByteArrayView key);
 
-/// What is to be said of the value of one line; empty: nothing. A value in brackets ("[DEFAULT]") is the game's own.
-QString ValueHint(QByteArrayView key, QByteArrayView value, const QStringList& elements);
+/// What is to be said of a value; no message: nothing.
+struct ValueSaying
+{
+    QString Message;
+    QString Wrong = {}, Right = {}; ///< a word of the value and the one that was probably meant; empty: nothing fits
+};
+
+/// Of the value of one line. A value in brackets ("[DEFAULT]") is the game's own.
+ValueSaying ValueHint(QByteArrayView key, QByteArrayView value, const QStringList& elements);
 
 struct BlockHint
 {

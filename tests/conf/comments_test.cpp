@@ -113,7 +113,7 @@ TEST(SelectBetweenComments, TakesTheUpperSeparatorOnly)
 }
 
 // Catches: a second "#" where all are comments, one taken away where some are not, blank lines made comments, the line
-// below a selection or a block taken along, the caret lost.
+// below a selection or a block taken along, a block whose key begins alike too, the caret lost.
 TEST(Comments, ToggleGoesThereAndBack)
 {
     EXPECT_EQ(ToggleLines("a: 1\r\n\n#b: 2\n"), "#a: 1\r\n\n##b: 2\n");
@@ -132,6 +132,16 @@ TEST(Comments, ToggleGoesThereAndBack)
     EXPECT_EQ(pane.CaretLine(), 2);
     ToggleComment();
     EXPECT_EQ(pane.FileBytes(), before);
+
+    pane.LoadBytes("a: s.pcx\na.xpos: 2\na_b: s.pcx\na_b.xpos: 1\na.c: s.pcx\n");
+    const QByteArray alike = "\na_b: s.pcx\na_b.xpos: 1\na.c: s.pcx\n";
+    pane.SetSel({1, 0, 1, 0}, false);
+    ToggleComment();
+    EXPECT_EQ(pane.FileBytes(), "#a: s.pcx\n#a.xpos: 2" + alike);
+    ToggleComment();
+    EXPECT_EQ(pane.FileBytes(), "a: s.pcx\na.xpos: 2" + alike);
+
+    pane.LoadBytes(before);
     pane.SetSel({0, 0, 1, 0}, false);
     ToggleComment();
     EXPECT_EQ(pane.FileBytes(), "#x: 1\na: s.pcx\na.xpos: 2\nb: t.pcx\n");

@@ -54,3 +54,20 @@ TEST_F(DocumentHintsTest, TheNearestWordTakesTheWrongOnesPlace)
     PutNearestWordIn(hint);
     EXPECT_EQ(CurrentPane().FileBytes(), "a.elemnt.element: elemnt\nb: 1\n");
 }
+
+// Catches: a word of a value looked for in the key, in a note or inside of a longer word; a hint of a value without the
+// word that it tells.
+TEST_F(DocumentHintsTest, TheNearestWordOfAValueIsPutInToo)
+{
+    SetMode(ModeGfx);
+    CurrentPane().LoadBytes("lop.anim_mode: xlop, lop # lop\nemerald.anim_mode: Pingpnog,reverse\n"
+                            "emerald.global_sync: ture\n");
+    PutNearestWordIn({.Message = {}, .Wrong = QStringLiteral("lop"), .Right = QStringLiteral("loop"), .InValue = true});
+    EXPECT_EQ(CurrentPane().GetLine(0), QStringLiteral("lop.anim_mode: xlop, loop # lop"));
+    HintsOfDocument().Forget();
+    for (const LineHint& hint : HintsOfDocument().InLines(1, 2))
+        if (hint.InValue)
+            PutNearestWordIn(hint);
+    EXPECT_EQ(CurrentPane().GetLine(1), QStringLiteral("emerald.anim_mode: pingpong,reverse"));
+    EXPECT_EQ(CurrentPane().GetLine(2), QStringLiteral("emerald.global_sync: true"));
+}

@@ -8,7 +8,7 @@ namespace {
 
 QString OfValue(const char* key, const char* value)
 {
-    return ValueHint(key, value, {QStringLiteral("emerald"), QStringLiteral("custom_1")});
+    return ValueHint(key, value, {QStringLiteral("emerald"), QStringLiteral("custom_1")}).Message;
 }
 
 QString OfBlock(const QByteArray& block, QSize sheet)
@@ -31,7 +31,11 @@ TEST(ValueHints, TellWhatTheGameTakesOtherwise)
     EXPECT_TRUE(OfValue("emerald.anim_mode", "pingpnog").contains(QStringLiteral("Did you mean \"pingpong\"?")));
     EXPECT_TRUE(OfValue("emerald.EDITOR.anim_mode", "loop,,").startsWith(QStringLiteral("The mode \"\"")));
     EXPECT_EQ(OfValue("emerald.xpos", "-3"), QString());
-    EXPECT_TRUE(OfValue("emerald.frames", "4x").startsWith(QStringLiteral("\"4x\" is no number")));
+    EXPECT_EQ(OfValue("emerald.frames", "4x"), QStringLiteral("\"4x\" is no number; the game takes 4."));
+    EXPECT_TRUE(OfValue("emerald.frames", "four").endsWith(QStringLiteral("takes 0.")));
+    EXPECT_TRUE(OfValue("emerald.frames", "Yes").endsWith(QStringLiteral("takes 1.")));
+    EXPECT_TRUE(OfValue("emerald.anim_mode", "pingpong,revers").contains(QStringLiteral("passes it over. Did")));
+    EXPECT_TRUE(OfValue("emerald.anim_mode", "lop,reverse").contains(QStringLiteral("plays loop. Did")));
     EXPECT_TRUE(OfValue("emerald.global_sync", "ture").contains(QStringLiteral("\"true\"")));
     EXPECT_EQ(OfValue("emerald.vertical", "Yes"), QString());
     EXPECT_EQ(OfValue("emerald.clone_from", "custom_1.moving"), QString());
@@ -105,6 +109,8 @@ TEST(ValueHints, StandWithTheOtherHints)
 
     HintContext music;
     music.LevelNumbers = true;
+    music.Spelling = {{QStringLiteral("a.ogg"), QStringLiteral("A.ogg")}};
+    music.FileNames = {QStringLiteral("A.ogg")};
     music.Words = MakeHintWords({QStringList{QStringLiteral("background")},
                                  {},
                                  QStringList{QStringLiteral("mode_loop")},
@@ -114,4 +120,6 @@ TEST(ValueHints, StandWithTheOtherHints)
     EXPECT_EQ(count("background.PLAYING.007.mode_loop: true"), 0U);
     EXPECT_EQ(count("background.PLAYING.07: a.mod"), 1U);
     EXPECT_EQ(count("background.007.PLAYING: a.mod"), 1U);
+    EXPECT_EQ(count("background: a.ogg"), 1U);
+    EXPECT_EQ(count("background: A.ogg"), 0U);
 }

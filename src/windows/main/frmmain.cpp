@@ -269,11 +269,15 @@ void frmmain::ConnectPane(int tab, EditorPane& pane)
             panels->SetUnsaved(modified);
     });
     connect(&pane, &EditorPane::FindWanted, this, [this, &pane](FindKind kind) { ShowFindDialog(this, pane, kind); });
-    connect(&pane, &EditorPane::LineCut, this, [](int line, qsizetype length) {
-        ShowNotice(QStringLiteral("Line %1 is %2 bytes long; only its front is shown")
-                       .arg(line + 1)
-                       .arg(QLocale().toString(qlonglong(length))));
-    });
+    // Behind the opening of a file, which ends with its path in the same place.
+    connect(
+        &pane, &EditorPane::LineCut, this,
+        [](int line, qsizetype length) {
+            ShowNotice(QStringLiteral("Line %1 is %2 bytes long; only its front is shown")
+                           .arg(line + 1)
+                           .arg(QLocale().toString(qlonglong(length))));
+        },
+        Qt::QueuedConnection);
     connect(&pane, &EditorPane::MousePressed, this, &frmmain::PanePressed);
     hints->Watch(pane);
     connect(&pane, &EditorPane::TextChanged, marks, &MarksPanel::DocumentChanged);

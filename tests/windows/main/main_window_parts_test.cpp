@@ -200,6 +200,14 @@ TEST_F(MainWindowTest, UnsavedTextsShow)
     EXPECT_TRUE(status().endsWith(QStringLiteral("a.conf")) && !status().startsWith(QStringLiteral("Not")));
 }
 
+// Catches: a line of which only the front is shown and that nobody tells of, since its file's path follows at once.
+TEST_F(MainWindowParts, TellsOfALineThatIsTooLongWhenItsFileOpens)
+{
+    const TestFolder work;
+    ASSERT_TRUE(OpenDocument(work.Write(QStringLiteral("a.conf"), "a: " + QByteArray(300'000, 'x') + "\n"), false));
+    EXPECT_TRUE(WaitUntil([this] { return Window->StatusBar().PanelText(3).startsWith(QLatin1String("Line 1 is")); }));
+}
+
 // Catches: a sound that nobody sees or can stop, a sign that stays when it is over.
 TEST_F(MainWindowParts, TellsWhatPlaysAndStopsIt)
 {
