@@ -9,7 +9,6 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QStyle>
 #include <QToolButton>
 #include <QWindow>
 #include <algorithm>
@@ -69,9 +68,7 @@ RunWatch::RunWatch(QWidget* mainWindow, StatusPanels& panels)
     line->addWidget(stop);
     what->setTextFormat(Qt::PlainText);
     stop->setObjectName(QStringLiteral("cmdStopRuns"));
-    stop->setText(QStringLiteral("Stop"));
-    stop->setIcon(stop->style()->standardIcon(QStyle::SP_MediaStop));
-    stop->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    stop->setText(QStringLiteral("\u25A0 Stop")); // the style's own sign is black on any ground
     stop->setAutoRaise(true);
     stop->setToolTip(QStringLiteral("Stops what is running (Esc)"));
     SetHelpSubject(panel, HelpIdFor("st_run"));

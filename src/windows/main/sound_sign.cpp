@@ -7,7 +7,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPointer>
-#include <QStyle>
 #include <QToolButton>
 
 namespace {
@@ -21,7 +20,7 @@ SoundSign::SoundSign(QWidget* parent) : QWidget(parent), what(new QLabel(this))
     setObjectName(QStringLiteral("SoundSign"));
     auto* stop = new QToolButton(this);
     stop->setObjectName(QStringLiteral("cmdStopSound"));
-    stop->setIcon(stop->style()->standardIcon(QStyle::SP_MediaStop));
+    stop->setText(QStringLiteral("\u25A0")); // the style's own sign is black on any ground
     stop->setAutoRaise(true);
     stop->setToolTip(QStringLiteral("Stops the sound (Esc)"));
     stop->setAccessibleName(stop->toolTip());

@@ -125,7 +125,7 @@ void AnimationPanel::MakePlay()
     delay->addWidget(txtDelay, 1);
     delay->addWidget(cmdDelaySpin[0]);
     delay->addWidget(cmdDelaySpin[1]);
-    delay->addWidget(AddButton(DelayField, "Delay"));
+    delay->addWidget(AddButton(txtDelay, DelayField, "Delay"));
     cmbAnimMode = new QComboBox(Frame3);
     cmbAnimMode->setObjectName(QStringLiteral("cmbAnimMode"));
     cmbAnimMode->addItems(Frame.Settings.AnimModes);
@@ -154,7 +154,7 @@ void AnimationPanel::MakePlay()
         setTabOrder(order[place - 1], order[place]);
 }
 
-QToolButton* AnimationPanel::AddButton(BlockField field, const char* what)
+QToolButton* AnimationPanel::AddButton(QWidget* box, BlockField field, const char* what)
 {
     auto* made = new QToolButton(this);
     made->setObjectName(QStringLiteral("cmdAdd") + QLatin1String(what));
@@ -164,6 +164,10 @@ QToolButton* AnimationPanel::AddButton(BlockField field, const char* what)
     made->setAccessibleName(made->toolTip());
     made->hide();
     connect(made, &QToolButton::toggled, this, [this, field](bool on) { Add(field, on); });
+    connect(made, &QToolButton::clicked, box, [box](bool on) {
+        if (on)
+            box->setFocus(Qt::TabFocusReason); // its value is typed next
+    });
     cmdAdd.at(field) = made;
     return made;
 }
@@ -173,7 +177,7 @@ QHBoxLayout* AnimationPanel::WithAdd(QWidget* box, BlockField field, const char*
     auto* row = new QHBoxLayout;
     row->setSpacing(1);
     row->addWidget(box, 1);
-    row->addWidget(AddButton(field, what));
+    row->addWidget(AddButton(box, field, what));
     return row;
 }
 

@@ -39,7 +39,7 @@ private:
     void MakePlace();
     void MakePlay();
     void ConnectPlay();
-    QToolButton* AddButton(BlockField field, const char* what);
+    QToolButton* AddButton(QWidget* box, BlockField field, const char* what);
     QHBoxLayout* WithAdd(QWidget* box, BlockField field, const char* what);
     void EnableField(BlockField field, bool on);
     void Add(BlockField field, bool on);
