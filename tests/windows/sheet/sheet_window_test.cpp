@@ -431,7 +431,7 @@ TEST_F(SheetWindow, AddsTheLinesThatAreWanted)
         EXPECT_TRUE(Part<QWidget>(window, "cmdAddDelay").isHidden());
         Click(view, {2, 0}, Qt::RightButton);
         Part<QToolButton>(window, "cmdAddFrames").click();
-        EXPECT_EQ(window.focusWidget()->objectName(), u"txtFrames"_s);
+        EXPECT_EQ(window.focusWidget()->objectName(), QStringLiteral("txtFrames"));
         auto& offset = Part<QLineEdit>(window, "txtOffset");
         EXPECT_FALSE(offset.isEnabled());
         Part<QToolButton>(window, "cmdAddOffset").click();
