@@ -93,7 +93,7 @@ TEST_F(WindowKeysTest, RunPanelStaysAsLongAsTheRun)
     const auto shown = [this] {
         const auto buttons = Window->findChildren<QToolButton*>();
         return std::ranges::any_of(buttons, [](const QToolButton* button) {
-            return button->text() == QStringLiteral("Stop") && button->isVisible();
+            return button->objectName() == QStringLiteral("cmdStopRuns") && button->isVisible();
         });
     };
     const WorkScope window;
