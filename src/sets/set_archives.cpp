@@ -188,6 +188,24 @@ private:
     QByteArray name;
 };
 
+/// Brings a folder back into sight: to its place or, if that is taken by now, beside it. Where it stands then; empty:
+/// it could not be moved.
+QString PutBack(const QString& taken, const QString& folder)
+{
+    constexpr int MostNames = 1000;
+    for (int number = 0; number < MostNames; ++number) {
+        const QString place = number == 0 ? folder : QStringLiteral("%1_%2").arg(folder).arg(number);
+        const QByteArray to = QFile::encodeName(place);
+        if (Steps().RenameNew(QFile::encodeName(taken), to) == 0) {
+            static_cast<void>(SyncFolderOf(to)); // a failed sync is no reason to take it out of sight again
+            return place;
+        }
+        if (errno != EEXIST)
+            break;
+    }
+    return {};
+}
+
 /// Removes a folder of which an archive with these traces stands. It goes out of sight at once, so that no half of it
 /// is ever seen; one that has changed meanwhile comes back.
 Result<> RemoveZipped(const QString& folder, const std::vector<Trace>& traces)
@@ -204,7 +222,8 @@ Result<> RemoveZipped(const QString& folder, const std::vector<Trace>& traces)
                        : *now != traces ? Fail(folder, QStringLiteral("The folder has changed meanwhile."))
                                         : RemoveTree(taken);
     if (!removed && QFileInfo::exists(taken))
-        static_cast<void>(away->MoveToNew(name, folder));
+        if (const QString place = PutBack(taken, folder); !place.isEmpty() && place != folder)
+            return Fail(place, removed.error().Reason);
     return removed.map_error([&](const Failure& failure) { return away->InOpenWords(failure); });
 }
 

@@ -177,6 +177,30 @@ TEST_F(SetArchives, ASetIsWholeInOneFormAtEachStep)
     }
 }
 
+// Catches: what was written into a folder while it was packed going with it, if its name is taken by then.
+TEST_F(SetArchives, AFolderThatWasWrittenToMeanwhileComesBackBesideANewOne)
+{
+    FileSteps steps = Table();
+    const QByteArray folder = QFile::encodeName(Folder);
+    steps.RenameNew = [&, real = steps.RenameNew](const char* from, const char* to) {
+        const int outcome = real(from, to);
+        if (from == folder && outcome == 0) { // another program keeps on writing, and makes the folder anew
+            QFile late(QFile::decodeName(to) + QStringLiteral("/late.txt"));
+            if (late.open(QIODevice::WriteOnly))
+                late.write("work");
+            QDir().mkpath(Folder);
+        }
+        return outcome;
+    };
+    const FileStepsScope scope(steps);
+    const auto zipped = ZipSet(Folder, Archive);
+    ASSERT_TRUE(zipped && zipped->OldFormStays);
+    EXPECT_EQ(zipped->Why.Path, Folder + QStringLiteral("_1"));
+    EXPECT_EQ(Levels.Read(QStringLiteral("Dig_1/late.txt")), "work");
+    EXPECT_EQ(Levels.Read(QStringLiteral("Dig_1/levelinfo.conf")), "name: dig\n");
+    EXPECT_TRUE(ArchiveIsWhole() && Hidden().isEmpty());
+}
+
 // Catches: a form that stays beside its replacement, or that goes although it is to be kept; work left behind.
 TEST_F(SetArchives, TheFormsTakeEachOthersPlace)
 {

@@ -61,6 +61,8 @@ void MacroRecording::Start()
     Watch(CurrentPane());
     recorder.emplace(MomentOf(*pane));
     happened = inCommand = false;
+    rows = 0; // a command may have ended the recording before
+    macro.clear();
     sign->show();
     ShowNotice(QStringLiteral("Recording: what you do to the text becomes a macro"));
     emit Changed();
