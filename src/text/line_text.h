@@ -241,8 +241,7 @@ private:
     quint64 edits = 0;
     bool changed = false;            ///< since it was copied or written
     int sameFront = 0, sameBack = 0; ///< lines at both ends that are as they were then
-    mutable QByteArray whole;        ///< all bytes put together, of the text that `wholeOf` counts
-    mutable quint64 wholeOf = ~quint64(0);
+    mutable QByteArray whole;        ///< where bytes that were asked for are put together
     struct
     {
         quint64 Edits = 0;
